@@ -1,0 +1,5 @@
+/// What the library takes from the machine and from its host.
+#pragma once
+
+#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/platform/logging.hpp>

@@ -1,0 +1,8 @@
+/// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts.
+#pragma once
+
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
+#include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/text_backed.hpp>
+#include <quillonic/support/text_dictionary.hpp>

@@ -1,0 +1,58 @@
+/// A reference to a callable, for blocks that are called and not kept.
+#pragma once
+
+#include <concepts>
+#include <functional>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace quillonic {
+
+template <class Signature> class FunctionRef;
+
+/// Refers to any callable of the signature for the length of a call. Never allocates, never owns: an
+/// operation that takes one calls it before it returns and keeps nothing of it.
+template <class Result, class... Arguments> class FunctionRef<Result(Arguments...)> {
+ public:
+  template <class Callable>
+  requires(!std::same_as<std::remove_cvref_t<Callable>, FunctionRef> &&
+           std::is_invocable_r_v<Result, Callable&, Arguments...>)
+      // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): binds like a
+      // reference
+      FunctionRef(Callable&& callable)
+  noexcept {
+    using Target = std::remove_reference_t<Callable>;
+    if constexpr (std::is_function_v<Target>) {
+      target_.function = reinterpret_cast<void (*)()>(&callable);
+      call_ = [](Bound bound, Arguments... arguments) -> Result {
+        return reinterpret_cast<Target*>(bound.function)(std::forward<Arguments>(arguments)...);
+      };
+    } else {
+      target_.object = std::addressof(callable);
+      call_ = [](Bound bound, Arguments... arguments) -> Result {
+        auto& target = *static_cast<Target*>(const_cast<void*>(bound.object));
+        if constexpr (std::is_void_v<Result>) {
+          std::invoke(target, std::forward<Arguments>(arguments)...);
+        } else {
+          return std::invoke(target, std::forward<Arguments>(arguments)...);
+        }
+      };
+    }
+  }
+
+  Result operator()(Arguments... arguments) const {
+    return call_(target_, std::forward<Arguments>(arguments)...);
+  }
+
+ private:
+  union Bound {
+    const void* object;
+    void (*function)();
+  };
+
+  Bound target_{};
+  Result (*call_)(Bound, Arguments...);
+};
+
+}  // namespace quillonic

@@ -1,0 +1,86 @@
+/// A dictionary from text to text that always iterates in the same order.
+///
+///     TextDictionary lookup{{"-vcodec", "h264"}, {"-vn", ""}};
+///     lookup.set("-web", "");
+///     for (const auto& [flag, value] : lookup) { ... }          // "-vcodec", "-vn", "-web"
+///     if (const auto* codec = lookup.find("-vcodec")) use(codec->value);
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <initializer_list>
+#include <ranges>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <quillonic/export.hpp>
+
+namespace quillonic {
+
+/// Texts by text, in ascending byte order of the keys, so that the same content reads the same in every
+/// process. Entries lie side by side in one block: a dictionary costs one allocation and what its longer
+/// texts need. Looking up takes logarithmic time; adding or removing a single key moves the entries behind
+/// it.
+class QUILLONIC_EXPORT TextDictionary {
+ public:
+  /// One key and its value.
+  struct Entry {
+    std::string key;
+    std::string value;
+
+    friend bool operator==(const Entry&, const Entry&) = default;
+  };
+
+  using const_iterator = std::vector<Entry>::const_iterator;
+
+  TextDictionary() = default;
+
+  /// Takes the entries in any order; of equal keys the last one stays.
+  TextDictionary(std::initializer_list<Entry> entries) : TextDictionary(std::vector<Entry>(entries)) {}
+
+  /// As above, without a copy.
+  explicit TextDictionary(std::vector<Entry> entries);
+
+  /// Copies any map or list of pairs of texts; of equal keys the last one stays.
+  template <std::ranges::input_range Pairs>
+  requires std::convertible_to<decltype(std::declval<std::ranges::range_reference_t<Pairs>>().first),
+                               std::string_view>
+  explicit TextDictionary(const Pairs& pairs) : TextDictionary(copied(pairs)) {}
+
+  /// The entry of a key, or null. Valid until the dictionary changes.
+  const Entry* find(std::string_view key) const noexcept;
+  bool contains(std::string_view key) const noexcept { return find(key) != nullptr; }
+
+  /// Stores a value, replacing an earlier one.
+  void set(std::string_view key, std::string_view value);
+  /// Stores every entry of another dictionary; the other's values win.
+  void merge(const TextDictionary& other);
+  /// Removes a key; false when there was none.
+  bool remove(std::string_view key);
+  /// Removes every key that begins with a text.
+  void removePrefixed(std::string_view prefix);
+
+  /// The entries whose key begins with a text, in order. Valid until the dictionary changes.
+  std::span<const Entry> prefixed(std::string_view prefix) const noexcept;
+
+  const_iterator begin() const noexcept { return entries_.begin(); }
+  const_iterator end() const noexcept { return entries_.end(); }
+  std::size_t size() const noexcept { return entries_.size(); }
+  bool empty() const noexcept { return entries_.empty(); }
+
+  friend bool operator==(const TextDictionary&, const TextDictionary&) = default;
+
+ private:
+  template <class Pairs> static std::vector<Entry> copied(const Pairs& pairs) {
+    std::vector<Entry> entries;
+    for (const auto& [key, value] : pairs) entries.push_back({std::string(key), std::string(value)});
+    return entries;
+  }
+
+  std::vector<Entry> entries_;
+};
+
+}  // namespace quillonic

@@ -1,0 +1,10 @@
+/// The command lines of child tools: cleaning and grouping of argument lists, custodial flags, argument
+/// stores.
+#pragma once
+
+#include <quillonic/tool_cli/argument_store.hpp>
+#include <quillonic/tool_cli/argument_words.hpp>
+#include <quillonic/tool_cli/exit_code_error.hpp>
+#include <quillonic/tool_cli/flags.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+#include <quillonic/tool_cli/sanitizer.hpp>

@@ -1,0 +1,66 @@
+/// What any record of command-line settings can do: write itself as words, as one text, and as lists.
+#pragma once
+
+#include <concepts>
+#include <ranges>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+
+namespace quillonic {
+
+/// Mix-in for a record of command-line settings. A record supplies its ordered texts and its dictionary, and
+/// may change the list syntax.
+class QUILLONIC_EXPORT CliArgumentStore {
+ public:
+  virtual ~CliArgumentStore();
+
+  /// The texts that `cliString` is built from, in order.
+  virtual std::vector<std::string> orderedCLITexts() const = 0;
+  /// The settings by flag; a flag without a value has the empty text.
+  virtual TextDictionary argumentLookup() const = 0;
+  /// The characters that open a list; any of them is removed from the ends of a list that is read.
+  virtual std::string_view listPrefix() const;
+  /// What stands between two values of a list that is written; any of its characters divides one that is
+  /// read.
+  virtual std::string_view listValueSeparator() const;
+
+  /// The ordered texts one after another with nothing between them: no blank, no quoting. This is a fixed
+  /// form, kept even though it cannot be taken apart again.
+  virtual std::string cliString() const;
+
+  /// Every flag and its value as two words, in key order. A flag without a value is followed by an empty
+  /// word.
+  virtual std::vector<std::string> commandLineArguments() const;
+
+  /// Writes several values as one: "[a b c". There is no closing mark. No values give the empty text.
+  template <std::ranges::forward_range Values>
+  requires std::convertible_to<std::ranges::range_reference_t<Values>, std::string_view> std::string
+  buildCLIList(const Values& fromValues)
+  const {
+    std::string list;
+    std::string_view before = listPrefix();
+    for (std::string_view value : fromValues) {
+      list.append(before).append(value);
+      before = listValueSeparator();
+    }
+    return list;
+  }
+
+  /// Calls `block` with each value of a list, in order; the views lie in `list`. Two separators in a row
+  /// enclose an empty value, and an empty text is one empty value.
+  void enumerateListValues(std::string_view list, FunctionRef<void(std::string_view value)> block) const;
+
+ protected:
+  CliArgumentStore() = default;
+  CliArgumentStore(const CliArgumentStore&) = default;
+  CliArgumentStore(CliArgumentStore&&) = default;
+  CliArgumentStore& operator=(const CliArgumentStore&) = default;
+  CliArgumentStore& operator=(CliArgumentStore&&) = default;
+};
+
+}  // namespace quillonic

@@ -1,0 +1,26 @@
+/// The error with which a tool ends.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include <quillonic/export.hpp>
+
+namespace quillonic {
+
+/// Raised by a tool that must end with a given exit status. Which statuses there are is the tool's choice.
+class QUILLONIC_EXPORT CLIExitCodeError : public std::runtime_error {
+ public:
+  /// `exitStatus` is kept as given; a system passes on its low eight bits only. `message` is for people.
+  explicit CLIExitCodeError(int exitStatus, const std::string& message = "the tool must end");
+  CLIExitCodeError(const CLIExitCodeError&);
+  CLIExitCodeError& operator=(const CLIExitCodeError&);
+  ~CLIExitCodeError() override;
+
+  int exitStatus() const noexcept { return exitStatus_; }
+
+ private:
+  int exitStatus_;
+};
+
+}  // namespace quillonic

@@ -1,0 +1,84 @@
+/// What every flag of every tool answers, and the flags that a parent adds to each child's command line.
+///
+///     std::vector<std::string> list = settings.commandLineArguments();
+///     list.emplace_back(cliFlag(CLICustodialFlag::parentPid));
+///     list.push_back(std::to_string(getpid()));
+#pragma once
+
+#include <array>
+#include <concepts>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
+namespace quillonic {
+
+/// A command-line flag: its text with the leading hyphen, and whether a value follows it.
+template <class T>
+concept CliFlag = RawHashCase<T> && requires(const T& flag) {
+  { cliFlag(flag) } -> std::convertible_to<std::string_view>;
+  { acceptsArguments(flag) } -> std::same_as<bool>;
+};
+
+/// Every flag's text passed through the options, in case order: the `validCommandFlags` of a sanitizer.
+template <CliFlag Flag> std::vector<std::string> sanitizeAllCLIFlags(CLISanitizationOptions options) {
+  std::vector<std::string> texts;
+  for (const Flag& flag : allCases<Flag>()) texts.push_back(options.sanitize(cliFlag(flag)));
+  return texts;
+}
+
+/// One case of a closed flag enumeration. Its text is the flag without the hyphen.
+template <class Flag> struct FlagRow : CaseRow<Flag> {
+  consteval FlagRow(Flag flag, std::string_view text, bool takesValue)
+      : CaseRow<Flag>{flag, text.substr(1)}, cliFlag(text), acceptsArguments(takesValue) {}
+
+  std::string_view cliFlag;
+  bool acceptsArguments;
+};
+
+/// An `enum class` whose table consists of flag rows.
+template <class T>
+concept ClosedFlagEnumeration = ClosedEnumeration<T> && std::same_as < const FlagRow<T>
+&, decltype(CaseTable<T>::rows[0]) > ;
+
+/// The flag as it stands on a command line, a hyphen and the raw value; empty for a number that no case
+/// bears.
+template <ClosedFlagEnumeration Flag> constexpr std::string_view cliFlag(Flag flag) noexcept {
+  for (const auto& row : CaseTable<Flag>::rows) {
+    if (row.value == flag) return row.cliFlag;
+  }
+  return {};
+}
+
+/// Whether a value follows the flag.
+template <ClosedFlagEnumeration Flag> constexpr bool acceptsArguments(Flag flag) noexcept {
+  for (const auto& row : CaseTable<Flag>::rows) {
+    if (row.value == flag) return row.acceptsArguments;
+  }
+  return false;
+}
+
+/// The flags that a parent application adds to every child tool's command line.
+enum class CLICustodialFlag : std::uint8_t {
+  /// The process identifier of the parent application.
+  parentPid,
+  /// The number that identifies the parent application.
+  parentAppNumber,
+};
+
+/// The custodial flags in case order.
+template <> struct CaseTable<CLICustodialFlag> {
+  static constexpr auto rows = std::to_array<FlagRow<CLICustodialFlag>>({
+      {CLICustodialFlag::parentPid, "-parentPid", true},
+      {CLICustodialFlag::parentAppNumber, "-parentAppNumber", true},
+  });
+};
+
+static_assert(CliFlag<CLICustodialFlag> && CodableRawHashCase<CLICustodialFlag>);
+
+}  // namespace quillonic

@@ -1,0 +1,153 @@
+/// The model of one transcoder command line: words in, settings read and changed, words out.
+///
+///     TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv), true);   // true: keep the words'
+///     order if (!settings.allFlagsAreValid()) report(*settings.unknownFlags()); auto codec =
+///     settings.argumentFlagValue(VAVVideoFormatFlag);                 // "h264"
+///     settings.setArgumentFlagValue(VAVOutputFileFlag, "/media/out.mov");
+///     std::vector<std::string> words = settings.commandLineArguments();
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+#include <quillonic/tool_cli/argument_store.hpp>
+#include <quillonic/tool_cli/argument_words.hpp>
+#include <quillonic/transcode_cli/vocabulary.hpp>
+
+namespace quillonic {
+
+/// Input files by group number, each group's files in the order of their positions.
+using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
+
+/// The settings of one transcoder command line.
+///
+/// Flags are kept lower-cased and trimmed of white space at both ends. A value is trimmed, and lower-cased
+/// too unless its flag takes a path ("-clut", "-out", "-progress_file", "-work_dir" and every flag that
+/// begins with
+/// "-in"): a watermark's text or file is lower-cased, which is a fixed contract with the tool. Lower-casing
+/// is Unicode's simple mapping whatever the locale; bytes that are not UTF-8 stay as they are. A path keeps
+/// every byte between its trimmed ends; blanks at the very ends of a name, and a value that begins with a
+/// hyphen, cannot travel on a command line, so hand over absolute paths.
+///
+/// A flag is valid when a flag of `allKnownCommandFlags` occurs within it, so "-in_0_0" and "-tc_burn_anchor"
+/// are; other flags are set aside and reported. A flag that occurs again replaces its earlier value.
+///
+/// The model can be moved but not copied; share it through a `std::shared_ptr`. One thread at a time uses one
+/// model. Only running out of memory makes its operations throw, except for decoding.
+class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore {
+ public:
+  /// A model without settings.
+  TranscodeCliArguments();
+
+  /// Reads the words that follow the tool's name. A flag's value is the next word unless that begins with
+  /// "-", in which case, and at the end, the value is empty; whether the flag takes a value is not asked.
+  /// Words that belong to no flag are dropped. With `maintainOriginalOrdering` the flags are written back in
+  /// the order in which they first stood, otherwise in the order of their texts. Never fails, whatever the
+  /// words hold.
+  explicit TranscodeCliArguments(ArgumentWords cliArgs, bool maintainOriginalOrdering = false);
+
+  /// Reads flags and values as if they had stood on a command line. A key without a hyphen is checked like
+  /// any other; of keys that become equal when lower-cased and trimmed, the last in key order wins.
+  static TranscodeCliArguments fromArgumentLookup(const TextDictionary& argumentLookup);
+  /// The same under its second name.
+  static TranscodeCliArguments from(const TextDictionary& argumentLookup);
+
+  /// Reads back what `encode` gave. Throws a `DecodingError` that names the key that is missing or mistyped.
+  static TranscodeCliArguments from(const CodedValue& coded);
+  /// The whole state, set-aside flags and the order of flags included: a record with "flagValueLookup" and,
+  /// where they are present, "orderedFlags" and "invalidKeyValueLookup".
+  CodedValue encode() const;
+
+  TranscodeCliArguments(TranscodeCliArguments&&) noexcept;
+  TranscodeCliArguments& operator=(TranscodeCliArguments&&) noexcept;
+  ~TranscodeCliArguments() override;
+
+  /// The texts of all flags that the transcoder knows, enumeration after enumeration. "-tc_burn_anchor" and
+  /// "-wmf_burn_anchors" are not among them, on purpose.
+  static constexpr std::span<const std::string_view> allKnownCommandFlags() noexcept {
+    return detail::knownCommandFlags;
+  }
+
+  /// Every valid flag with its value; a flag without one has the empty text.
+  const TextDictionary& flagValueLookup() const noexcept { return flagValueLookup_; }
+
+  /// The flags that are not valid, in the order of their texts; absent when there are none.
+  std::optional<std::vector<std::string>> unknownFlags() const;
+  bool allFlagsAreValid() const noexcept { return invalidKeyValueLookup_.empty(); }
+
+  /// Whether the flag is set. The query is trimmed but not lower-cased, on purpose: " -vn " finds "-vn", and
+  /// "-VN" finds nothing.
+  bool hasArgumentFlag(std::string_view flag) const noexcept;
+  /// The value of a flag, empty for a flag without one; nothing when the flag is not set. The query is taken
+  /// as above. The view is valid until the model changes.
+  std::optional<std::string_view> argumentFlagValue(std::string_view flag) const noexcept;
+
+  /// Stores a value as given: it is neither trimmed nor lower-cased. The flag is taken in the form that
+  /// parsing gives it. No value removes the flag; a switch is set by the empty text. False, and nothing
+  /// changes, when the flag is not valid.
+  bool setArgumentFlagValue(std::string_view flag, std::optional<std::string_view> value);
+
+  /// The numbered input files; absent when there are none. A file is numbered by a key of exactly the form
+  /// "-in_<group>_<position>", both decimal integers of 64 bits, where "-" may precede the digits; other keys
+  /// are passed over. Two keys for one place both count, in key order.
+  std::optional<InputFileGroups> inputFileGroups() const;
+  /// Replaces all input files, a plain "-in" included. The files of a group get the positions 0, 1, 2 and so
+  /// on. Absent, and groups without files, just remove.
+  void setInputFileGroups(const std::optional<InputFileGroups>& groups);
+
+  /// All input files: the one of a plain "-in" that has a value, then group by group. Absent when there are
+  /// none.
+  std::optional<std::vector<std::string>> inputFiles() const;
+  /// The first of `inputFiles`.
+  std::optional<std::string> firstInputFile() const;
+
+  /// Calls the block once per group, in ascending order of the group numbers, with the group's files in
+  /// ascending order of their positions. The list lives until the block returns.
+  void enumerateInputFileGroups(
+      FunctionRef<void(std::span<const std::string_view> files, std::int64_t group)> didFindGroup) const;
+
+  /// Every flag and its value as two words, also where the value is empty. Flags whose order was recorded
+  /// come first, in that order; the others follow in the order of their texts. Set-aside flags are not
+  /// written.
+  std::vector<std::string> commandLineArguments() const override;
+  /// The words of `commandLineArguments` one after another with nothing between them; a fixed form.
+  std::string cliString() const override;
+  std::vector<std::string> orderedCLITexts() const override { return commandLineArguments(); }
+  TextDictionary argumentLookup() const override { return flagValueLookup_; }
+
+  /// The flags and values of the built-in presets, to be merged into a dictionary of one's own.
+  static TextDictionary vantiroCloudPresetArguments();
+  static TextDictionary vantiroProRes4444XQPresetArguments();
+
+ private:
+  class Intake;
+  class FlagOrder {
+   public:
+    void append(std::string_view flag);
+    std::size_t size() const noexcept { return ends_.size(); }
+    std::string_view operator[](std::size_t position) const noexcept;
+
+   private:
+    // All flags in one text, so that recording the order costs no allocation per flag.
+    std::string flags_;
+    std::vector<std::size_t> ends_;
+  };
+
+  template <class Visit> void visitArguments(Visit visit) const;
+
+  TextDictionary flagValueLookup_;
+  std::optional<FlagOrder> orderedFlags_;
+  TextDictionary invalidKeyValueLookup_;
+};
+
+}  // namespace quillonic

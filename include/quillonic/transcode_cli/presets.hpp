@@ -1,0 +1,44 @@
+/// The presets that are built into the transcoder.
+///
+///     TextDictionary lookup = presetArguments(TranscodeCliPreset::vantiroCloud);
+///     lookup.set(VAVOutputFileFlag, "/media/review.mov");
+///     auto settings = TranscodeCliArguments::fromArgumentLookup(lookup);
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/enumeration.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+#include <quillonic/transcode_cli/vocabulary.hpp>
+
+namespace quillonic {
+
+/// The built-in presets.
+enum class TranscodeCliPreset : std::uint8_t { vantiroCloud, proRes4444XQ };
+
+/// The presets in order, by the names of their cases.
+template <> struct CaseTable<TranscodeCliPreset> {
+  static constexpr auto rows = std::to_array<CaseRow<TranscodeCliPreset>>({
+      {TranscodeCliPreset::vantiroCloud, "vantiroCloud"},
+      {TranscodeCliPreset::proRes4444XQ, "proRes4444XQ"},
+  });
+};
+
+/// The preset's name for people: "cloud" or "ProRes 4444 XQ".
+QUILLONIC_EXPORT std::string_view description(TranscodeCliPreset preset) noexcept;
+
+/// The preset's name on a command line, the value of "-preset".
+QUILLONIC_EXPORT const VAVTranscodePresetValue& presetCliValue(TranscodeCliPreset preset) noexcept;
+
+/// The preset's flags and values in their order: flag, value, flag, value. A switch is followed by an empty
+/// text. The span stays valid for the life of the program.
+QUILLONIC_EXPORT std::span<const std::string_view> orderedArgumentsAsList(TranscodeCliPreset preset) noexcept;
+
+/// The preset's values by flag.
+QUILLONIC_EXPORT TextDictionary presetArguments(TranscodeCliPreset preset);
+
+}  // namespace quillonic

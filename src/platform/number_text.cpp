@@ -1,0 +1,29 @@
+#include "platform/number_text.hpp"
+
+#include <array>
+#include <cmath>
+
+namespace quillonic::number_text {
+namespace {
+
+template <class Number> std::string fixedText(Number number) {
+  if (std::isnan(number)) return "nan";
+  // The longest is the smallest denormal number: 324 places and the digits that tell it apart.
+  std::array<char, 400> buffer;
+  const auto result =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
+  std::string text(buffer.data(), result.ptr);
+  if (std::isfinite(number) && text.find('.') == std::string::npos) text += ".0";
+  return text;
+}
+
+}  // namespace
+
+std::string shortest(double number) {
+  return fixedText(number);
+}
+std::string shortest(float number) {
+  return fixedText(number);
+}
+
+}  // namespace quillonic::number_text

@@ -1,0 +1,30 @@
+// Numbers as text, the same in every locale.
+#pragma once
+
+#include <charconv>
+#include <concepts>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace quillonic::number_text {
+
+// The shortest decimal that reads back to the same value, without an exponent and with a digit behind the
+// point: "400.0", "0.25". Otherwise "inf", "-inf" or "nan".
+std::string shortest(double number);
+std::string shortest(float number);
+
+// The number that the whole text is: decimal digits behind an optional "-"; a floating-point number may have
+// a fraction and an exponent, or be "inf" or "nan". Nothing for blanks, a "+", an empty text, or what does
+// not fit.
+template <class Number>
+requires std::integral<Number> || std::floating_point<Number> std::optional<Number> read(
+    std::string_view text)
+noexcept {
+  Number number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace quillonic::number_text

@@ -1,0 +1,100 @@
+#include "platform/text.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
+
+#include "platform/utf8.hpp"
+
+namespace quillonic::text {
+namespace {
+
+constexpr bool isWhiteSpace(char32_t scalar) noexcept {
+  return (scalar >= 0x09 && scalar <= 0x0D) || scalar == 0x20 || scalar == 0x85 || scalar == 0xA0 ||
+         scalar == 0x1680 || (scalar >= 0x2000 && scalar <= 0x200A) || scalar == 0x2028 || scalar == 0x2029 ||
+         scalar == 0x202F || scalar == 0x205F || scalar == 0x3000;
+}
+
+constexpr bool isAscii(char c) noexcept {
+  return static_cast<unsigned char>(c) < 0x80;
+}
+
+// How many bytes of white space the text begins with, 0 when it begins with something else.
+std::size_t leadingWhiteSpace(std::string_view text) noexcept {
+  const auto [scalar, length, valid] = utf8::decode(text);
+  return valid && isWhiteSpace(scalar) ? length : 0;
+}
+
+// The same for its end. White space takes at most three bytes, and a byte that begins a scalar is never the
+// middle of another one, so looking back from the end finds what reading from the start would.
+std::size_t trailingWhiteSpace(std::string_view text) noexcept {
+  for (std::size_t length = 1; length <= std::min<std::size_t>(3, text.size()); ++length) {
+    const auto tail = text.substr(text.size() - length);
+    if (leadingWhiteSpace(tail) == length) return length;
+  }
+  return 0;
+}
+
+// Upper-case scalars from `first` to `last`, `step` apart, each `distance` away from its lower-case form.
+struct LowerCaseRange {
+  char32_t first;
+  char32_t last;
+  std::uint32_t step;
+  std::int32_t distance;
+};
+
+constexpr auto lowerCaseRanges = std::to_array<LowerCaseRange>({
+#include "platform/lower_case_table.inc"
+});
+
+char32_t simpleLowerCase(char32_t scalar) noexcept {
+  const auto next = std::ranges::upper_bound(lowerCaseRanges, scalar, {}, &LowerCaseRange::first);
+  if (next == lowerCaseRanges.begin()) return scalar;
+  const auto& range = *std::prev(next);
+  if (scalar > range.last || (scalar - range.first) % range.step != 0) return scalar;
+  return static_cast<char32_t>(static_cast<std::int32_t>(scalar) + range.distance);
+}
+
+constexpr char asciiLowerCase(char c) noexcept {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const auto length = leadingWhiteSpace(text);
+    if (length == 0) break;
+    text.remove_prefix(length);
+  }
+  while (!text.empty()) {
+    const auto length = trailingWhiteSpace(text);
+    if (length == 0) break;
+    text.remove_suffix(length);
+  }
+  return text;
+}
+
+std::string lowerCased(std::string_view text) {
+  const auto ascii = static_cast<std::size_t>(std::ranges::find_if_not(text, isAscii) - text.begin());
+  std::string result(text.substr(0, ascii));
+  std::ranges::transform(result, result.begin(), asciiLowerCase);
+  if (ascii == text.size()) return result;
+
+  result.reserve(text.size());
+  for (std::size_t at = ascii; at < text.size();) {
+    const auto [scalar, length, valid] = utf8::decode(text.substr(at));
+    if (!valid) {
+      result.push_back(text[at]);
+    } else if (scalar == 0x130) {
+      result.append("i\u0307");
+    } else {
+      utf8::append(result, simpleLowerCase(scalar));
+    }
+    at += length;
+  }
+  return result;
+}
+
+}  // namespace quillonic::text

@@ -1,0 +1,44 @@
+#include <algorithm>
+
+#include <quillonic/support/coding.hpp>
+
+namespace quillonic {
+namespace {
+
+std::string message(std::string_view key, std::string_view reason) {
+  std::string text = "cannot decode ";
+  if (key.empty()) {
+    text += "the value";
+  } else {
+    text.append("'").append(key).append("'");
+  }
+  return text.append(": ").append(reason);
+}
+
+}  // namespace
+
+DecodingError::DecodingError(std::string_view key, std::string_view reason)
+    : std::runtime_error(message(key, reason)), key_(key) {}
+
+DecodingError::DecodingError(const DecodingError&) = default;
+DecodingError& DecodingError::operator=(const DecodingError&) = default;
+DecodingError::~DecodingError() = default;
+
+void CodedRecord::add(std::string_view key, CodedValue value) {
+  members_.push_back({std::string(key), std::move(value)});
+}
+
+const CodedValue* CodedRecord::find(std::string_view key) const noexcept {
+  const auto found = std::ranges::find(members_, key, &CodedMember::key);
+  return found != members_.end() ? &found->value : nullptr;
+}
+
+bool operator==(const CodedRecord& a, const CodedRecord& b) {
+  return a.members_ == b.members_;
+}
+
+bool operator==(const CodedValue& a, const CodedValue& b) {
+  return static_cast<const CodedValue::Base&>(a) == static_cast<const CodedValue::Base&>(b);
+}
+
+}  // namespace quillonic

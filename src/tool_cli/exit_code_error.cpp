@@ -1,0 +1,13 @@
+#include <quillonic/tool_cli/exit_code_error.hpp>
+
+namespace quillonic {
+
+CLIExitCodeError::CLIExitCodeError(int exitStatus, const std::string& message)
+    : std::runtime_error(message), exitStatus_(exitStatus) {}
+
+// Here and not in the header, so that the type is thrown and caught as one across library borders.
+CLIExitCodeError::CLIExitCodeError(const CLIExitCodeError&) = default;
+CLIExitCodeError& CLIExitCodeError::operator=(const CLIExitCodeError&) = default;
+CLIExitCodeError::~CLIExitCodeError() = default;
+
+}  // namespace quillonic

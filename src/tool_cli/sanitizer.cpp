@@ -1,0 +1,87 @@
+#include <utility>
+
+#include <quillonic/tool_cli/sanitizer.hpp>
+
+#include "platform/text.hpp"
+#include "tool_cli/contained_texts.hpp"
+
+namespace quillonic {
+
+// The valid flags in the form in which they are searched: lower-cased, as the flags that are compared with
+// them.
+class CLIArgumentSanitizer::KnownFlags {
+ public:
+  explicit KnownFlags(std::span<const std::string> flags) {
+    lowered_.reserve(flags.size());
+    for (const auto& flag : flags) lowered_.push_back(text::lowerCased(flag));
+    views_.assign(lowered_.begin(), lowered_.end());
+    texts_ = ContainedTexts(withoutExtensions(views_));
+  }
+
+  bool anyOccursIn(std::string_view flag) const { return texts_.anyOccursIn(text::lowerCased(flag)); }
+
+ private:
+  std::vector<std::string> lowered_;
+  std::vector<std::string_view> views_;
+  ContainedTexts texts_{{}};
+};
+
+CLIArgumentSanitizer::CLIArgumentSanitizer(std::vector<std::string> validCommandFlags,
+                                           std::optional<CLISanitizationOptions> flagSanitizationOptions)
+    : validCommandFlags_(std::move(validCommandFlags)),
+      options_(flagSanitizationOptions),
+      known_(std::make_unique<const KnownFlags>(validCommandFlags_)) {}
+
+CLIArgumentSanitizer::~CLIArgumentSanitizer() = default;
+
+// Calls `visit` for each flag with its sanitized text, whether it is valid, its position, and the position
+// behind its last value. What stands before the first flag is visited by nobody.
+template <class Visit> void CLIArgumentSanitizer::walk(ArgumentWords cliArgs, Visit visit) const {
+  const auto options = options_.value_or(CLISanitizationOptions{});
+  const auto isFlag = [&](std::size_t position) {
+    auto word = cliArgs[position];
+    if (options.contains(CLISanitizationOptions::trimWhiteSpace)) word = text::trimmed(word);
+    return word.starts_with('-');
+  };
+  const auto nextFlag = [&](std::size_t position) {
+    while (position < cliArgs.size() && !isFlag(position)) ++position;
+    return position;
+  };
+  for (std::size_t at = nextFlag(0); at < cliArgs.size();) {
+    const auto end = nextFlag(at + 1);
+    const auto flag = options.sanitize(cliArgs[at]);
+    visit(std::string_view(flag), known_->anyOccursIn(flag), at, end);
+    at = end;
+  }
+}
+
+void CLIArgumentSanitizer::enumerateSanitizedCLIEntries(
+    ArgumentWords cliArgs,
+    FunctionRef<CLISanitizationOptions(std::string_view flag)> sanitizationOptionsCallback,
+    PairBlock validPairBlock, PairBlock invalidPairBlock) const {
+  walk(cliArgs, [&](std::string_view flag, bool valid, std::size_t position, std::size_t end) {
+    const auto& block = valid ? validPairBlock : invalidPairBlock;
+    const auto options = sanitizationOptionsCallback(flag);
+    if (position + 1 == end) block(flag, std::nullopt);
+    for (auto at = position + 1; at < end; ++at) {
+      const auto value = options.sanitize(cliArgs[at]);
+      block(flag, std::string_view(value));
+    }
+  });
+}
+
+CLIArgumentSanitizer::Split CLIArgumentSanitizer::splitByValidity(ArgumentWords cliArgs) const {
+  Split split;
+  std::size_t done = 0;
+  const auto move = [&](std::vector<std::string_view>& target, std::size_t end) {
+    for (; done < end; ++done) target.push_back(cliArgs[done]);
+  };
+  walk(cliArgs, [&](std::string_view /*flag*/, bool valid, std::size_t position, std::size_t end) {
+    move(split.rest, position);
+    move(valid ? split.valid : split.rest, end);
+  });
+  move(split.rest, cliArgs.size());
+  return split;
+}
+
+}  // namespace quillonic

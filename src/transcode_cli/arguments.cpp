@@ -1,0 +1,301 @@
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <numeric>
+#include <utility>
+
+#include <quillonic/transcode_cli/arguments.hpp>
+
+#include "platform/number_text.hpp"
+#include "platform/text.hpp"
+#include "transcode_cli/known_flags.hpp"
+
+namespace quillonic {
+namespace {
+
+constexpr std::string_view lookupKey = "flagValueLookup";
+constexpr std::string_view orderKey = "orderedFlags";
+constexpr std::string_view invalidKey = "invalidKeyValueLookup";
+
+// A word is a flag when it begins with a hyphen once it is trimmed; lower-casing does not change that.
+constexpr bool isFlag(std::string_view trimmed) noexcept {
+  return trimmed.starts_with('-');
+}
+
+struct NumberedFile {
+  std::int64_t group;
+  std::int64_t position;
+  std::string_view path;
+
+  auto place() const noexcept { return std::pair(group, position); }
+};
+
+// Reads "-in_<group>_<position>".
+std::optional<NumberedFile> numberedFile(const TextDictionary::Entry& entry) noexcept {
+  std::string_view rest = entry.key;
+  rest.remove_prefix(VAVInputPrefixFlag.rawValue().size());
+  if (!rest.starts_with('_')) return std::nullopt;
+  rest.remove_prefix(1);
+  const auto divide = rest.find('_');
+  if (divide == std::string_view::npos) return std::nullopt;
+  const auto group = number_text::read<std::int64_t>(rest.substr(0, divide));
+  const auto position = number_text::read<std::int64_t>(rest.substr(divide + 1));
+  if (!group || !position) return std::nullopt;
+  return NumberedFile{*group, *position, entry.value};
+}
+
+CodedRecord coded(const TextDictionary& lookup) {
+  CodedRecord record;
+  for (const auto& [key, value] : lookup) record.add(key, value);
+  return record;
+}
+
+TextDictionary decoded(const CodedRecord& record) {
+  std::vector<TextDictionary::Entry> entries;
+  for (const auto& [key, value] : record.members()) entries.push_back({key, value.require<std::string>(key)});
+  return TextDictionary(std::move(entries));
+}
+
+}  // namespace
+
+void TranscodeCliArguments::FlagOrder::append(std::string_view flag) {
+  flags_.append(flag);
+  ends_.push_back(flags_.size());
+}
+
+std::string_view TranscodeCliArguments::FlagOrder::operator[](std::size_t position) const noexcept {
+  const auto begin = position == 0 ? 0 : ends_[position - 1];
+  return std::string_view(flags_).substr(begin, ends_[position] - begin);
+}
+
+// Takes flags and values in, and sorts them into a model at the end. A known flag that occurs again
+// overwrites its entry in place, so that a long list of repeats takes no more room than the flags there are;
+// equal keys among all others are settled by the dictionary.
+class TranscodeCliArguments::Intake {
+ public:
+  explicit Intake(bool maintainOriginalOrdering) : keepsOrder_(maintainOriginalOrdering) {
+    entryOfKnown_.fill(npos);
+  }
+
+  // Both texts trimmed.
+  void add(std::string_view flag, std::string_view value) {
+    auto key = text::lowerCased(flag);
+    const auto known = known_flags::indexOf(key);
+    auto stored = known_flags::takesPath(key, known) ? std::string(value) : text::lowerCased(value);
+    if (known != known_flags::none) {
+      auto& entry = entryOfKnown_[known];
+      if (entry != npos) {
+        valid_[entry].value = std::move(stored);
+        return;
+      }
+      entry = valid_.size();
+    }
+    if (keepsOrder_) seen_.append(key);
+    auto& target = known_flags::isValid(key, known) ? valid_ : invalid_;
+    target.push_back({std::move(key), std::move(stored)});
+  }
+
+  TranscodeCliArguments model() && {
+    TranscodeCliArguments model;
+    model.flagValueLookup_ = TextDictionary(std::move(valid_));
+    model.invalidKeyValueLookup_ = TextDictionary(std::move(invalid_));
+    if (seen_.size() > 0) model.orderedFlags_ = firstOccurrences();
+    return model;
+  }
+
+ private:
+  FlagOrder firstOccurrences() const {
+    std::vector<std::size_t> positions(seen_.size());
+    std::iota(positions.begin(), positions.end(), std::size_t{0});
+    const auto flag = [&](std::size_t position) { return seen_[position]; };
+    std::ranges::stable_sort(positions, {}, flag);
+    positions.erase(std::ranges::unique(positions, {}, flag).begin(), positions.end());
+    std::ranges::sort(positions);
+    FlagOrder order;
+    for (const auto position : positions) order.append(seen_[position]);
+    return order;
+  }
+
+  static constexpr auto npos = static_cast<std::size_t>(-1);
+
+  bool keepsOrder_;
+  std::vector<TextDictionary::Entry> valid_;
+  std::vector<TextDictionary::Entry> invalid_;
+  std::array<std::size_t, known_flags::count> entryOfKnown_;
+  FlagOrder seen_;
+};
+
+TranscodeCliArguments::TranscodeCliArguments() = default;
+TranscodeCliArguments::TranscodeCliArguments(TranscodeCliArguments&&) noexcept = default;
+TranscodeCliArguments& TranscodeCliArguments::operator=(TranscodeCliArguments&&) noexcept = default;
+TranscodeCliArguments::~TranscodeCliArguments() = default;
+
+TranscodeCliArguments::TranscodeCliArguments(ArgumentWords cliArgs, bool maintainOriginalOrdering) {
+  Intake intake(maintainOriginalOrdering);
+  auto next = cliArgs.empty() ? std::string_view{} : text::trimmed(cliArgs[0]);
+  for (std::size_t at = 0; at < cliArgs.size(); ++at) {
+    const auto word = next;
+    next = at + 1 < cliArgs.size() ? text::trimmed(cliArgs[at + 1]) : std::string_view{};
+    if (isFlag(word)) intake.add(word, isFlag(next) ? std::string_view{} : next);
+  }
+  *this = std::move(intake).model();
+}
+
+TranscodeCliArguments TranscodeCliArguments::fromArgumentLookup(const TextDictionary& argumentLookup) {
+  Intake intake(false);
+  for (const auto& [flag, value] : argumentLookup) intake.add(text::trimmed(flag), text::trimmed(value));
+  return std::move(intake).model();
+}
+
+TranscodeCliArguments TranscodeCliArguments::from(const TextDictionary& argumentLookup) {
+  return fromArgumentLookup(argumentLookup);
+}
+
+TranscodeCliArguments TranscodeCliArguments::from(const CodedValue& coded) {
+  const auto& record = coded.require<CodedRecord>();
+  TranscodeCliArguments model;
+  model.flagValueLookup_ = decoded(record.require<CodedRecord>(lookupKey));
+  if (const auto* flags = record.optional<CodedList>(orderKey)) {
+    model.orderedFlags_.emplace();
+    for (const auto& flag : *flags) model.orderedFlags_->append(flag.require<std::string>(orderKey));
+  }
+  if (const auto* invalid = record.optional<CodedRecord>(invalidKey)) {
+    model.invalidKeyValueLookup_ = decoded(*invalid);
+  }
+  return model;
+}
+
+CodedValue TranscodeCliArguments::encode() const {
+  CodedRecord record;
+  record.add(lookupKey, coded(flagValueLookup_));
+  if (orderedFlags_) {
+    CodedList flags;
+    for (std::size_t i = 0; i < orderedFlags_->size(); ++i)
+      flags.emplace_back(std::string((*orderedFlags_)[i]));
+    record.add(orderKey, std::move(flags));
+  }
+  if (!invalidKeyValueLookup_.empty()) record.add(invalidKey, coded(invalidKeyValueLookup_));
+  return record;
+}
+
+std::optional<std::vector<std::string>> TranscodeCliArguments::unknownFlags() const {
+  if (allFlagsAreValid()) return std::nullopt;
+  std::vector<std::string> flags;
+  flags.reserve(invalidKeyValueLookup_.size());
+  for (const auto& entry : invalidKeyValueLookup_) flags.push_back(entry.key);
+  return flags;
+}
+
+bool TranscodeCliArguments::hasArgumentFlag(std::string_view flag) const noexcept {
+  return flagValueLookup_.contains(text::trimmed(flag));
+}
+
+std::optional<std::string_view> TranscodeCliArguments::argumentFlagValue(
+    std::string_view flag) const noexcept {
+  const auto* entry = flagValueLookup_.find(text::trimmed(flag));
+  return entry ? std::optional<std::string_view>(entry->value) : std::nullopt;
+}
+
+bool TranscodeCliArguments::setArgumentFlagValue(std::string_view flag,
+                                                 std::optional<std::string_view> value) {
+  const auto key = text::lowerCased(text::trimmed(flag));
+  if (!known_flags::isValid(key, known_flags::indexOf(key))) return false;
+  if (value) {
+    flagValueLookup_.set(key, *value);
+  } else {
+    flagValueLookup_.remove(key);
+  }
+  return true;
+}
+
+void TranscodeCliArguments::enumerateInputFileGroups(
+    FunctionRef<void(std::span<const std::string_view> files, std::int64_t group)> didFindGroup) const {
+  std::vector<NumberedFile> files;
+  for (const auto& entry : flagValueLookup_.prefixed(VAVInputPrefixFlag)) {
+    if (const auto file = numberedFile(entry)) files.push_back(*file);
+  }
+  // Stable: two spellings of one place ("-in_1_0", "-in_01_0") stay in key order.
+  std::ranges::stable_sort(files, {}, &NumberedFile::place);
+  std::vector<std::string_view> paths;
+  for (auto file = files.begin(); file != files.end();) {
+    const auto group = file->group;
+    paths.clear();
+    for (; file != files.end() && file->group == group; ++file) paths.push_back(file->path);
+    didFindGroup(paths, group);
+  }
+}
+
+std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
+  InputFileGroups groups;
+  enumerateInputFileGroups([&](std::span<const std::string_view> files, std::int64_t group) {
+    groups.emplace_hint(groups.end(), group, std::vector<std::string>(files.begin(), files.end()));
+  });
+  return groups.empty() ? std::nullopt : std::optional(std::move(groups));
+}
+
+void TranscodeCliArguments::setInputFileGroups(const std::optional<InputFileGroups>& groups) {
+  flagValueLookup_.removePrefixed(VAVInputPrefixFlag);
+  if (!groups) return;
+  std::vector<TextDictionary::Entry> entries;
+  for (const auto& [group, files] : *groups) {
+    const auto prefix = std::string(VAVInputPrefixFlag) + "_" + std::to_string(group) + "_";
+    for (std::size_t position = 0; position < files.size(); ++position) {
+      entries.push_back({prefix + std::to_string(position), files[position]});
+    }
+  }
+  flagValueLookup_.merge(TextDictionary(std::move(entries)));
+}
+
+std::optional<std::vector<std::string>> TranscodeCliArguments::inputFiles() const {
+  std::vector<std::string> all;
+  const auto* plain = flagValueLookup_.find(VAVInputPrefixFlag);
+  if (plain && !plain->value.empty()) all.push_back(plain->value);
+  enumerateInputFileGroups([&](std::span<const std::string_view> files, std::int64_t /*group*/) {
+    all.insert(all.end(), files.begin(), files.end());
+  });
+  return all.empty() ? std::nullopt : std::optional(std::move(all));
+}
+
+std::optional<std::string> TranscodeCliArguments::firstInputFile() const {
+  auto files = inputFiles();
+  return files ? std::optional(std::move(files->front())) : std::nullopt;
+}
+
+// The one order in which settings are written.
+template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) const {
+  std::vector<bool> written;
+  if (orderedFlags_) {
+    written.resize(flagValueLookup_.size());
+    for (std::size_t i = 0; i < orderedFlags_->size(); ++i) {
+      const auto* entry = flagValueLookup_.find((*orderedFlags_)[i]);
+      if (!entry) continue;
+      const auto position = static_cast<std::size_t>(entry - std::to_address(flagValueLookup_.begin()));
+      if (written[position]) continue;
+      written[position] = true;
+      visit(*entry);
+    }
+  }
+  std::size_t position = 0;
+  for (const auto& entry : flagValueLookup_) {
+    if (written.empty() || !written[position]) visit(entry);
+    ++position;
+  }
+}
+
+std::vector<std::string> TranscodeCliArguments::commandLineArguments() const {
+  std::vector<std::string> words;
+  words.reserve(2 * flagValueLookup_.size());
+  visitArguments([&](const TextDictionary::Entry& entry) {
+    words.push_back(entry.key);
+    words.push_back(entry.value);
+  });
+  return words;
+}
+
+std::string TranscodeCliArguments::cliString() const {
+  std::string joined;
+  visitArguments([&](const TextDictionary::Entry& entry) { joined.append(entry.key).append(entry.value); });
+  return joined;
+}
+
+}  // namespace quillonic

@@ -1,0 +1,72 @@
+#include <vector>
+
+#include <quillonic/transcode_cli/arguments.hpp>
+#include <quillonic/transcode_cli/presets.hpp>
+
+namespace quillonic {
+namespace {
+
+constexpr std::string_view cloudArguments[] = {
+    VAVFileFormatFlag,         VAVQuickTimeFileFormat,
+    VAVVideoFormatFlag,        VAVAvcH264Codec,
+    VAVVideoDimensionsFlag,    "960x540",
+    VAVVideoAspectScalingFlag, VAVStretchAspect,
+    VAVVideoBitRateFlag,       "3",
+    VAVPrepareForWebFlag,      "",
+    VAVAudioFormatFlag,        VAVAacAudioFormatValue,
+    VAVAudioSampleRateFlag,    "48000",
+    VAVAudioChannelLayoutFlag, VAVStereoAudioLayout,
+};
+
+constexpr std::string_view proRes4444XQArguments[] = {
+    VAVFileFormatFlag,  VAVQuickTimeFileFormat,  //
+    VAVVideoFormatFlag, VAVProRes4444XQ,         //
+    VAVAudioFormatFlag, VAVLpcmAudioFormatValue,
+};
+
+struct PresetRow {
+  std::string_view description;
+  const VAVTranscodePresetValue& cliValue;
+  std::span<const std::string_view> arguments;
+};
+
+constexpr PresetRow cloud{"cloud", VAVVantiroCloudPresetValue, cloudArguments};
+constexpr PresetRow proRes4444XQ{"ProRes 4444 XQ", VAVVantiroProRes4444XQPresetValue, proRes4444XQArguments};
+
+constexpr const PresetRow& row(TranscodeCliPreset preset) noexcept {
+  return preset == TranscodeCliPreset::vantiroCloud ? cloud : proRes4444XQ;
+}
+
+}  // namespace
+
+std::string_view description(TranscodeCliPreset preset) noexcept {
+  return row(preset).description;
+}
+
+const VAVTranscodePresetValue& presetCliValue(TranscodeCliPreset preset) noexcept {
+  return row(preset).cliValue;
+}
+
+std::span<const std::string_view> orderedArgumentsAsList(TranscodeCliPreset preset) noexcept {
+  return row(preset).arguments;
+}
+
+TextDictionary presetArguments(TranscodeCliPreset preset) {
+  const auto arguments = row(preset).arguments;
+  std::vector<TextDictionary::Entry> entries;
+  entries.reserve(arguments.size() / 2);
+  for (std::size_t i = 0; i < arguments.size(); i += 2) {
+    entries.push_back({std::string(arguments[i]), std::string(arguments[i + 1])});
+  }
+  return TextDictionary(std::move(entries));
+}
+
+TextDictionary TranscodeCliArguments::vantiroCloudPresetArguments() {
+  return presetArguments(TranscodeCliPreset::vantiroCloud);
+}
+
+TextDictionary TranscodeCliArguments::vantiroProRes4444XQPresetArguments() {
+  return presetArguments(TranscodeCliPreset::proRes4444XQ);
+}
+
+}  // namespace quillonic

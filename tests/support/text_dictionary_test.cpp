@@ -1,0 +1,57 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+#include <string>
+
+#include <quillonic/support/text_dictionary.hpp>
+
+namespace quillonic {
+namespace {
+
+std::map<std::string, std::string> asMap(const TextDictionary& dictionary) {
+  std::map<std::string, std::string> map;
+  for (const auto& [key, value] : dictionary) map.emplace_hint(map.end(), key, value);
+  return map;
+}
+
+// Any sequence of changes leaves what the same changes leave in a std::map.
+TEST(TextDictionary, BehavesLikeAMap) {
+  std::mt19937 random(7);
+  const auto text = [&] { return std::string(random() % 3, static_cast<char>('a' + random() % 3)); };
+  for (int round = 0; round < 2000; ++round) {
+    std::map<std::string, std::string> map;
+    std::vector<TextDictionary::Entry> entries;
+    for (auto n = random() % 8; n > 0; --n) {
+      entries.push_back({text(), text()});
+      map[entries.back().key] = entries.back().value;
+    }
+    TextDictionary dictionary(entries);
+    ASSERT_EQ(asMap(dictionary), map);
+
+    const auto key = text();
+    const auto value = text();
+    dictionary.set(key, value);
+    map[key] = value;
+    const TextDictionary other{{text(), text()}, {text(), text()}};
+    dictionary.merge(other);
+    for (const auto& [k, v] : other) map[k] = v;
+    const auto gone = text();
+    ASSERT_EQ(dictionary.remove(gone), map.erase(gone) == 1);
+    const auto prefix = text();
+    const auto begins = [&](const auto& entry) { return entry.first.starts_with(prefix); };
+    ASSERT_EQ(dictionary.prefixed(prefix).size(),
+              static_cast<std::size_t>(std::ranges::count_if(map, begins)));
+    if (!prefix.empty()) {
+      dictionary.removePrefixed(prefix);
+      std::erase_if(map, begins);
+    }
+    ASSERT_EQ(asMap(dictionary), map);
+    for (const auto& [k, v] : map) ASSERT_EQ(dictionary.find(k)->value, v);
+    ASSERT_EQ(dictionary.find("absent"), nullptr);
+    ASSERT_EQ(dictionary, TextDictionary(map));
+  }
+}
+
+}  // namespace
+}  // namespace quillonic
