@@ -3,6 +3,9 @@
 //
 //     offload_app TOOL OUTPUT_FOLDER FILE...
 
+#include <quillonic/tool_cli.hpp>
+#include <quillonic/transcode_cli.hpp>
+
 #include <algorithm>
 #include <cstdio>
 #include <fcntl.h>
@@ -15,9 +18,6 @@
 #include <system_error>
 #include <unistd.h>
 #include <vector>
-
-#include <quillonic/tool_cli.hpp>
-#include <quillonic/transcode_cli.hpp>
 
 using namespace quillonic;
 

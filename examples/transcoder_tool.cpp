@@ -2,6 +2,9 @@
 // work. Its work is to join the input files into the output file, which shows progress without needing a
 // codec.
 
+#include <quillonic/tool_cli.hpp>
+#include <quillonic/transcode_cli.hpp>
+
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -13,9 +16,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/tool_cli.hpp>
-#include <quillonic/transcode_cli.hpp>
 
 using namespace quillonic;
 

@@ -1,6 +1,6 @@
-#include <algorithm>
-
 #include <quillonic/support/coding.hpp>
+
+#include <algorithm>
 
 namespace quillonic {
 namespace {

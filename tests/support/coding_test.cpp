@@ -1,8 +1,8 @@
+#include <quillonic/support/coding.hpp>
+
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
-
-#include <quillonic/support/coding.hpp>
 
 namespace quillonic {
 namespace {

@@ -1,8 +1,8 @@
+#include <quillonic/tool_cli/argument_store.hpp>
+
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
-
-#include <quillonic/tool_cli/argument_store.hpp>
 
 namespace quillonic {
 namespace {

@@ -1,9 +1,9 @@
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
 #include <clocale>
 #include <cwctype>
 #include <gtest/gtest.h>
 #include <string>
-
-#include <quillonic/tool_cli/sanitization_options.hpp>
 
 namespace quillonic {
 namespace {

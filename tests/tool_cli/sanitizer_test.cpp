@@ -1,9 +1,9 @@
+#include <quillonic/tool_cli.hpp>
+
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include <quillonic/tool_cli.hpp>
 
 namespace quillonic {
 namespace {

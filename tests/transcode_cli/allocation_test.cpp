@@ -1,14 +1,14 @@
 // How often the main trip asks for memory. Counts every `operator new` of this program, the library's
 // included.
 
+#include <quillonic/transcode_cli.hpp>
+
 #include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <new>
 #include <string>
 #include <vector>
-
-#include <quillonic/transcode_cli.hpp>
 
 namespace {
 std::atomic<std::size_t> allocations = 0;

@@ -1,3 +1,5 @@
+#include <quillonic/transcode_cli.hpp>
+
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -5,8 +7,6 @@
 #include <set>
 #include <string>
 #include <vector>
-
-#include <quillonic/transcode_cli.hpp>
 
 namespace quillonic {
 namespace {

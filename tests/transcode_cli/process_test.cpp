@@ -1,13 +1,13 @@
 // The command line over a real process boundary: the example programs, and a child that echoes its words.
 
+#include <quillonic/transcode_cli.hpp>
+
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include <quillonic/transcode_cli.hpp>
 
 #include "child_process.hpp"
 

@@ -1,3 +1,5 @@
+#include <quillonic/transcode_cli.hpp>
+
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +8,6 @@
 #include <type_traits>
 #include <unordered_set>
 #include <vector>
-
-#include <quillonic/transcode_cli.hpp>
 
 namespace quillonic {
 namespace {

@@ -1,9 +1,9 @@
 // A child that gives back what it received: every word, then every input file and the output file of the
 // model that it made of the words, each ended by a NUL.
 
-#include <iostream>
-
 #include <quillonic/transcode_cli.hpp>
+
+#include <iostream>
 
 int main(int argc, char** argv) {
   using namespace quillonic;

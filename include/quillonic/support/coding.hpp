@@ -4,6 +4,9 @@
 ///     auto copy = decode<TranscodeCliArguments>(coded);                // throws DecodingError
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/enumeration.hpp>
+
 #include <concepts>
 #include <cstdint>
 #include <stdexcept>
@@ -13,9 +16,6 @@
 #include <utility>
 #include <variant>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 

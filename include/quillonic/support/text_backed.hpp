@@ -5,6 +5,8 @@
 ///     wrapped bool same = codec == other;                                                // by text
 #pragma once
 
+#include <quillonic/support/enumeration.hpp>
+
 #include <concepts>
 #include <cstddef>
 #include <functional>
@@ -14,8 +16,6 @@
 #include <string_view>
 #include <type_traits>
 #include <variant>
-
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 
