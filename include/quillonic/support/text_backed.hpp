@@ -54,8 +54,7 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
 
   /// The value's text, valid as long as the value.
   constexpr std::string_view rawValue() const noexcept {
-    if (const auto* literal = std::get_if<std::string_view>(&text_)) return *literal;
-    return *std::get_if<std::string>(&text_);
+    return text_.index() == 0 ? std::get<0>(text_) : std::string_view(std::get<1>(text_));
   }
 
   /// Reads as its text wherever a text is wanted, such as a look-up in a dictionary of flags.
