@@ -85,6 +85,29 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
   std::variant<std::string_view, std::string> text_;
 };
 
+/// The listed values of an open enumeration. They are literals and own nothing, so they are never destroyed: to
+/// destroy them one by one is no constant expression for every compiler under its sanitisers.
+template <class Value, std::size_t count> class CaseList {
+ public:
+  template <class... Rest>
+  constexpr explicit CaseList(const Value& first, const Rest&... rest) noexcept : values_{first, rest...} {}
+  CaseList(const CaseList&) = delete;
+  CaseList& operator=(const CaseList&) = delete;
+  // NOLINTNEXTLINE(modernize-use-equals-default): the default is deleted
+  constexpr ~CaseList() {}
+
+  // NOLINTNEXTLINE(google-explicit-constructor): a list reads as its values
+  constexpr operator std::span<const Value>() const noexcept { return values_; }
+
+ private:
+  union {
+    Value values_[count];
+  };
+};
+
+template <class First, class... Rest>
+CaseList(const First&, const Rest&...) -> CaseList<First, 1 + sizeof...(Rest)>;
+
 /// An open enumeration: a class over `TextBacked`.
 template <class T>
 concept OpenEnumeration = std::derived_from<T, detail::TextBackedMark>;
