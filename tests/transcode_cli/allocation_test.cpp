@@ -14,15 +14,22 @@ namespace {
 std::atomic<std::size_t> allocations = 0;
 }
 
-void* operator new(std::size_t size) {
+// Not inlined, or the compiler takes the pair of malloc and free for a mistake.
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   ++allocations;
-  if (void* memory = std::malloc(size > 0 ? size : 1)) return memory;
+  return std::malloc(size > 0 ? size : 1);
+}
+[[gnu::noinline]] void* operator new(std::size_t size) {
+  if (void* memory = operator new(size, std::nothrow)) return memory;
   throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
   std::free(memory);
 }
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+[[gnu::noinline]] void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
   std::free(memory);
 }
 
