@@ -2,4 +2,5 @@
 #pragma once
 
 #include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/platform/localization.hpp>
 #include <quillonic/platform/logging.hpp>
