@@ -2,14 +2,14 @@
 // line per file and per still frame into the results file.
 //
 //     media_analysis_tool -pathToAnalyze /media/a.mov -workDirectory /tmp -resultsFilePath /tmp/results
+#include <quillonic/tool_cli.hpp>
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
 #include <string_view>
 #include <system_error>
-
-#include <quillonic/tool_cli.hpp>
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include <atomic>
-#include <utility>
-
 #include <quillonic/media/sample_rate.hpp>
 #include <quillonic/platform/localization.hpp>
+
+#include <atomic>
+#include <utility>
 
 #include "platform/number_text.hpp"
 

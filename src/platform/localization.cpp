@@ -1,6 +1,6 @@
-#include <utility>
-
 #include <quillonic/platform/localization.hpp>
+
+#include <utility>
 
 #include "support/settable.hpp"
 

@@ -1,14 +1,14 @@
+#include <quillonic/tool_cli/flags.hpp>
+#include <quillonic/tool_cli/media_analysis_arguments.hpp>
+#include <quillonic/tool_cli/media_analysis_flags.hpp>
+#include <quillonic/tool_cli/sanitizer.hpp>
+
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
 #include <utility>
 #include <variant>
-
-#include <quillonic/tool_cli/flags.hpp>
-#include <quillonic/tool_cli/media_analysis_arguments.hpp>
-#include <quillonic/tool_cli/media_analysis_flags.hpp>
-#include <quillonic/tool_cli/sanitizer.hpp>
 
 #include "platform/number_text.hpp"
 

@@ -1,6 +1,6 @@
-#include <string>
-
 #include <quillonic/tool_cli/media_analysis_errors.hpp>
+
+#include <string>
 
 namespace quillonic {
 namespace {

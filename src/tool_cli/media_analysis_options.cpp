@@ -1,10 +1,10 @@
-#include <algorithm>
-#include <iterator>
-#include <utility>
-
 #include <quillonic/tool_cli/flags.hpp>
 #include <quillonic/tool_cli/media_analysis_flags.hpp>
 #include <quillonic/tool_cli/media_analysis_options.hpp>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "platform/number_text.hpp"
 

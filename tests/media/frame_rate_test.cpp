@@ -1,10 +1,10 @@
+#include <quillonic/media.hpp>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
 #include <syslog.h>
-
-#include <quillonic/media.hpp>
 
 namespace quillonic {
 namespace {

@@ -1,4 +1,7 @@
 // What holds for all settings alike.
+#include <quillonic/media.hpp>
+#include <quillonic/platform.hpp>
+
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -9,9 +12,6 @@
 #include <random>
 #include <string>
 #include <unordered_set>
-
-#include <quillonic/media.hpp>
-#include <quillonic/platform.hpp>
 
 namespace quillonic {
 namespace {

@@ -1,11 +1,11 @@
 // The settings that are little more than a number: data rates, sample rates, channel layouts, colour depths,
 // container extensions and resolutions.
+#include <quillonic/media.hpp>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
-
-#include <quillonic/media.hpp>
 
 namespace quillonic {
 namespace {

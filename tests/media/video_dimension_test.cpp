@@ -1,9 +1,9 @@
+#include <quillonic/media.hpp>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
-
-#include <quillonic/media.hpp>
 
 namespace quillonic {
 namespace {

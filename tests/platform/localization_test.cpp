@@ -1,8 +1,8 @@
+#include <quillonic/platform/localization.hpp>
+
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-
-#include <quillonic/platform/localization.hpp>
 
 namespace quillonic {
 namespace {

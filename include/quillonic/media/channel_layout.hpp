@@ -4,16 +4,16 @@
 ///     ChannelLayout::custom(12).description();                               // "12 Channels"
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 
 namespace quillonic {
 

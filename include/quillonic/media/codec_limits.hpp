@@ -3,10 +3,10 @@
 ///     static_assert(!codecLimits(Cloud_ConversionOptions::CodecType::dnxhd).anyFrameRate);
 #pragma once
 
+#include <quillonic/platform/conversion_options.hpp>
+
 #include <array>
 #include <cstdint>
-
-#include <quillonic/platform/conversion_options.hpp>
 
 namespace quillonic {
 

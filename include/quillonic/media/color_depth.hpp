@@ -5,6 +5,11 @@
 ///     description(ColorDepth::bpp10);                                       // "10 bpp"
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/enumeration.hpp>
+
 #include <algorithm>
 #include <array>
 #include <concepts>
@@ -14,11 +19,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/media/codec_limits.hpp>
-#include <quillonic/platform/conversion_options.hpp>
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 

@@ -6,6 +6,11 @@
 ///     for (const FrameRate& rate : FrameRate::allowed(preset.codecType)) { ... }
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -14,11 +19,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/media/codec_limits.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 
 namespace quillonic {
 

@@ -4,16 +4,16 @@
 ///     SampleRate::fromHertz(22050).description();                            // "22.05 kHz"
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 
 namespace quillonic {
 

@@ -4,16 +4,16 @@
 ///     VideoDataRate::auto_.description();                                    // "Auto"
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
 #include <array>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/media/codec_limits.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 
 namespace quillonic {
 

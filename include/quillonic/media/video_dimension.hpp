@@ -6,6 +6,12 @@
 ///     VideoDimension dimension = VideoDimension::fromProto(preset.videoOptions);
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/video_size.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -15,12 +21,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/media/codec_limits.hpp>
-#include <quillonic/media/video_size.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 
 namespace quillonic {
 

@@ -4,17 +4,17 @@
 ///     for (VideoExtension extension : allowed<VideoExtension>(preset.codecType)) { ... }
 #pragma once
 
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
+
 #include <array>
 #include <concepts>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
-
-#include <quillonic/media/codec_limits.hpp>
-#include <quillonic/platform/conversion_options.hpp>
-#include <quillonic/support/coding.hpp>
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 

@@ -4,6 +4,11 @@
 ///     static_assert(standardDimensions(VideoResolution::twoK) == VideoSize{2048, 1080});
 #pragma once
 
+#include <quillonic/media/video_size.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
+
 #include <algorithm>
 #include <array>
 #include <concepts>
@@ -11,11 +16,6 @@
 #include <optional>
 #include <span>
 #include <string_view>
-
-#include <quillonic/media/video_size.hpp>
-#include <quillonic/platform/conversion_options.hpp>
-#include <quillonic/support/coding.hpp>
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 

@@ -5,12 +5,12 @@
 ///     quillonic::Localization::setLocalizer(std::make_shared<const HostTexts>());
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

@@ -5,14 +5,14 @@
 ///     for (const std::string& path : arguments.basic->pathsToAnalyze) analyze(path);
 #pragma once
 
-#include <optional>
-#include <string>
-#include <vector>
-
 #include <quillonic/export.hpp>
 #include <quillonic/tool_cli/argument_words.hpp>
 #include <quillonic/tool_cli/media_analysis_errors.hpp>
 #include <quillonic/tool_cli/media_analysis_options.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace quillonic {
 

@@ -3,12 +3,12 @@
 ///     throw std::system_error(MediaAnalysisCLIError::workDirectoryNotSupplied);
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/enumeration.hpp>
+
 #include <array>
 #include <cstdint>
 #include <system_error>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 

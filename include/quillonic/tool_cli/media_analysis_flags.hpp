@@ -5,6 +5,11 @@
 ///     auto known = sanitizeAllCLIFlags<MediaAnalysisCLIFlag>(CLISanitizationOptions::lowercase);
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/tool_cli/flags.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
 #include <array>
 #include <concepts>
 #include <cstdint>
@@ -12,11 +17,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/coding.hpp>
-#include <quillonic/tool_cli/flags.hpp>
-#include <quillonic/tool_cli/sanitization_options.hpp>
 
 namespace quillonic {
 

@@ -11,15 +11,15 @@
 /// That includes a number below 0.
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+#include <quillonic/tool_cli/argument_store.hpp>
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/text_dictionary.hpp>
-#include <quillonic/tool_cli/argument_store.hpp>
 
 namespace quillonic {
 
