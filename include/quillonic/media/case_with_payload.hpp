@@ -31,8 +31,8 @@ template <class KindType, class PayloadType> class CaseWithPayload {
   friend constexpr bool operator==(const CaseWithPayload&, const CaseWithPayload&) = default;
 
  protected:
-  constexpr explicit CaseWithPayload(Kind kind, Payload payload = {}) noexcept
-      : kind_(kind), payload_(payload) {}
+  constexpr explicit CaseWithPayload(Kind kind) noexcept : CaseWithPayload(kind, {}) {}
+  constexpr CaseWithPayload(Kind kind, Payload payload) noexcept : kind_(kind), payload_(payload) {}
 
   constexpr const Payload& payload() const noexcept { return payload_; }
 

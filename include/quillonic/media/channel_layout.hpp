@@ -62,7 +62,7 @@ class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
   static const ChannelLayout octagonal;
   /// Any number of channels, taken as it is.
   static constexpr ChannelLayout custom(std::int64_t channelCount) noexcept {
-    return ChannelLayout(Kind::custom, channelCount);
+    return {Kind::custom, channelCount};
   }
 
   /// The number of channels that a picker proposes.

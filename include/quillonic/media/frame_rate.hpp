@@ -79,7 +79,7 @@ class FrameRate : public CaseWithPayload<FrameRateKind, double> {
   static const FrameRate fps59_94;
   static const FrameRate fps60;
   /// Any rate, taken as it is. One of 0 or below, or NaN, stands for a rate that is yet to be typed.
-  static constexpr FrameRate custom(double value) noexcept { return FrameRate(Kind::custom, value); }
+  static constexpr FrameRate custom(double value) noexcept { return {Kind::custom, value}; }
 
   /// The rate that a picker proposes.
   static constexpr double defaultCustomFrameRate = 1.0;

@@ -46,7 +46,7 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
   static const SampleRate hz48000;
   static const SampleRate hz96000;
   /// Any rate in hertz, taken as it is.
-  static constexpr SampleRate custom(std::int64_t hertz) noexcept { return SampleRate(Kind::custom, hertz); }
+  static constexpr SampleRate custom(std::int64_t hertz) noexcept { return {Kind::custom, hertz}; }
 
   /// The rate in hertz that a picker proposes: 48000 until a host sets another. Any number is taken as it is,
   /// also while other threads read it.

@@ -28,9 +28,7 @@ class VideoDataRate : public CaseWithPayload<VideoDataRateKind, double> {
   static const VideoDataRate auto_;
   /// At most this many megabits per second, taken as it is. A rate of 0 or below, or NaN, stands for one that
   /// is yet to be typed.
-  static constexpr VideoDataRate restrict(double rate) noexcept {
-    return VideoDataRate(Kind::restrict, rate);
-  }
+  static constexpr VideoDataRate restrict(double rate) noexcept { return {Kind::restrict, rate}; }
 
   /// The rate that a picker proposes, in megabits per second.
   static constexpr double defaultCustomDataRate = 2.0;

@@ -91,12 +91,10 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
   /// Any size in pixels, taken as it is. Sides of 0 or below, or NaN, stand for a size that is yet to be
   /// typed.
   static constexpr VideoDimension custom(double width, double height) noexcept {
-    return VideoDimension(Kind::custom, {width, height});
+    return {Kind::custom, {width, height}};
   }
   /// The source's size times any factor, taken as it is.
-  static constexpr VideoDimension scaled(double factor) noexcept {
-    return VideoDimension(Kind::scaled, {factor, factor});
-  }
+  static constexpr VideoDimension scaled(double factor) noexcept { return {Kind::scaled, {factor, factor}}; }
 
   /// The factor that a picker proposes.
   static constexpr double customScaleDefaultValue = 0.9;
