@@ -2,6 +2,7 @@
 #include <quillonic/media.hpp>
 #include <quillonic/platform.hpp>
 
+#include <atomic>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -11,6 +12,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <thread>
 #include <unordered_set>
 
 namespace quillonic {
@@ -169,6 +171,24 @@ TEST(Settings, DisplayTextsAreLookedUpAndTagsAreNot) {
   EXPECT_EQ(SampleRate::custom(5).description(), "~5 Hz");
   Localization::setLocalizer(nullptr);
   EXPECT_EQ(FrameRate::match.description(), "Match");
+}
+
+TEST(Settings, TheHostSetsItsPartWhileOthersRead) {
+  std::atomic<bool> done = false;
+  std::thread reader([&] {
+    while (!done) {
+      const auto hertz = SampleRate::defaultCustomHz();
+      EXPECT_TRUE(hertz == 48000 || hertz == 32000) << hertz;
+      const auto text = FrameRate::match.description();
+      EXPECT_TRUE(text == "Match" || text == "~Match") << text;
+    }
+  });
+  for (int round = 0; round < 2000; ++round) {
+    SampleRate::setDefaultCustomHz(round % 2 ? 48000 : 32000);
+    Localization::setLocalizer(round % 2 ? nullptr : std::make_shared<const Marked>());
+  }
+  done = true;
+  reader.join();
 }
 
 }  // namespace

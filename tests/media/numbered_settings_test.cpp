@@ -2,6 +2,7 @@
 // container extensions and resolutions.
 #include <quillonic/media.hpp>
 
+#include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
@@ -13,35 +14,31 @@ namespace {
 constexpr auto least = std::numeric_limits<std::int64_t>::min();
 constexpr auto greatest = std::numeric_limits<std::int64_t>::max();
 
-static_assert(fromRawValue<ColorDepth>(12) == ColorDepth::bpp12 && !fromRawValue<ColorDepth>(9));
+static_assert(allowed<ColorDepth>(Cloud_ConversionOptions::CodecType::h265).size() == 2);
 static_assert(fromRawValue<VideoExtension>("mp4") == VideoExtension::mp4);
 static_assert(!fromRawValue<VideoExtension>("MP4") && !fromRawValue<VideoExtension>("mxf"));
 static_assert(VideoDataRate::fromRawValue(0.5) == VideoDataRate::restrict(0.5));
 static_assert(SampleRate::fromHertz(22050) == SampleRate::custom(22050));
 static_assert(ChannelLayout::wellDefinedCases().front() == ChannelLayout::mono);
 
-TEST(VideoDataRate, RestrictsAboveNothingOnly) {
-  constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_EQ(VideoDataRate::fromRawValue(5e-324), VideoDataRate::restrict(5e-324));
-  for (const double number : {0.0, -0.0, -2.0, nan}) {
-    EXPECT_EQ(VideoDataRate::fromRawValue(number), VideoDataRate::auto_) << number;
-  }
-  EXPECT_EQ(VideoDataRate::auto_.doubleForProto(), 0.0);
-  EXPECT_EQ(VideoDataRate::restrict(7.5).doubleForProto(), 7.5);
-}
-
-TEST(VideoDataRate, NamesTheRateAboveOneMegabit) {
-  const std::pair<VideoDataRate, std::string> rows[] = {
-      {VideoDataRate::auto_, "Auto"},
-      {VideoDataRate::restrict(1.0), "Restrict"},
-      {VideoDataRate::restrict(-5.0), "Restrict"},
-      {VideoDataRate::restrict(1.5), "Retrict to 1.5 mbps"},
-      {VideoDataRate::restrict(2.0), "Retrict to 2.0 mbps"},
+TEST(VideoDataRate, RestrictsAboveNothingAndNamesTheRateAboveOneMegabit) {
+  const std::pair<double, std::string> rows[] = {
+      {0.0, "Auto"},
+      {-2.0, "Auto"},
+      {std::nan(""), "Auto"},
+      {5e-324, "Restrict"},
+      {1.0, "Restrict"},
+      {1.5, "Retrict to 1.5 mbps"},
+      {2.0, "Retrict to 2.0 mbps"},
   };
-  for (const auto& [rate, text] : rows) {
+  for (const auto& [number, text] : rows) {
+    const auto rate = VideoDataRate::fromRawValue(number);
+    const bool isRestrict = text != "Auto";
+    EXPECT_EQ(rate, isRestrict ? VideoDataRate::restrict(number) : VideoDataRate::auto_) << number;
+    EXPECT_EQ(rate.doubleForProto(), isRestrict ? number : 0.0);
     EXPECT_EQ(rate.description(), text);
-    EXPECT_EQ(rate.pickerDescription(), rate.isRestrict() ? "Restrict" : "Auto");
-    EXPECT_EQ(rate.tag(), rate.isRestrict() ? "restrict" : "auto");
+    EXPECT_EQ(rate.pickerDescription(), isRestrict ? "Restrict" : "Auto");
+    EXPECT_EQ(rate.tag(), isRestrict ? "restrict" : "auto");
     EXPECT_EQ(rate.id(), rate.tag());
   }
 }
@@ -79,8 +76,7 @@ TEST(SampleRate, TheSharedListKeepsTheDefaultOfItsFirstUse) {
   EXPECT_EQ(SampleRate::defaultCustomHz(), 48000);
   SampleRate::setDefaultCustomHz(32000);
   const auto common = SampleRate::allCommonCases();
-  SampleRate::setDefaultCustomHz(16000);
-  EXPECT_EQ(SampleRate::defaultCustomHz(), 16000);
+  SampleRate::setDefaultCustomHz(48000);
   EXPECT_THAT(SampleRate::allowed(Cloud_ConversionOptions::CodecType::dnxhd),
               testing::ElementsAre(SampleRate::matchSource, SampleRate::hz44100, SampleRate::hz48000,
                                    SampleRate::hz96000, SampleRate::custom(32000)));
@@ -107,14 +103,12 @@ TEST(ChannelLayout, NamesTheCommonCounts) {
 }
 
 TEST(ColorDepth, IsItsNumberOfBits) {
-  for (const std::int64_t bits : {8, 10, 12, 16}) {
+  for (std::int64_t bits = -1; bits < 20; ++bits) {
     const auto depth = fromRawValue<ColorDepth>(bits);
-    ASSERT_TRUE(depth);
-    EXPECT_EQ(rawValue(*depth), bits);
-    EXPECT_EQ(description(*depth), std::to_string(bits) + " bpp");
-  }
-  for (const std::int64_t bits : {std::int64_t{0}, std::int64_t{9}, std::int64_t{-8}, least, greatest}) {
-    EXPECT_EQ(fromRawValue<ColorDepth>(bits), std::nullopt);
+    ASSERT_EQ(depth.has_value(), bits == 8 || bits == 10 || bits == 12 || bits == 16) << bits;
+    if (depth) {
+      EXPECT_EQ(description(*depth), std::to_string(bits) + " bpp");
+    }
   }
 }
 
@@ -140,14 +134,10 @@ TEST(VideoResolution, IsFoundByEachOfItsSizes) {
 }
 
 TEST(VideoResolution, IsFoundByItsWidth) {
-  const std::pair<double, std::optional<VideoResolution>> rows[] = {
-      {320, VideoResolution::qvga},   {1920, VideoResolution::fullHd},
-      {1998, VideoResolution::twoK},  {3840, VideoResolution::fourK},
-      {5120, VideoResolution::fiveK}, {15360, VideoResolution::sixteenK},
-      {1919.9, std::nullopt},         {0, std::nullopt},
-      {-1920, std::nullopt},          {std::numeric_limits<double>::quiet_NaN(), std::nullopt}};
-  for (const auto& [width, resolution] : rows) {
-    EXPECT_EQ(fromWidth<VideoResolution>(width), resolution) << width;
+  EXPECT_EQ(fromWidth<VideoResolution>(1920), VideoResolution::fullHd);
+  EXPECT_EQ(fromWidth<VideoResolution>(3840), VideoResolution::fourK);
+  for (const double width : {1919.9, 0.0, -1920.0, std::nan("")}) {
+    EXPECT_EQ(fromWidth<VideoResolution>(width), std::nullopt) << width;
   }
 }
 

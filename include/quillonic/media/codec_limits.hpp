@@ -34,11 +34,12 @@ inline constexpr auto codecLimitRows = [] {
   using enum Cloud_ConversionOptions::CodecType;
   // The columns: codec, least and greatest depth, mp4, any frame rate, any frame size, data rate on request.
   return std::to_array<CodecLimits>({
-      // SMPTE ST 2019-1 (VC-3): 8 or 10 bits, a closed list of compression identifiers, each for one frame
-      // size of 1280 x 720 or 1920 x 1080 and with a constant rate per frame. In QuickTime files by
-      // SMPTE RP 2019-2's sample entry, in no mp4 file.
+      // SMPTE ST 2019-1 (VC-3): 8 or 10 bits, a closed list of compression identifiers, each of one frame
+      // size and one number of bytes per frame. The DNxHD white paper lists the frame rates that they are
+      // for. QuickTime files hold it, mp4 files do not.
       {dnxhd, 8, 10, false, false, false, false},
-      // ITU-T H.264, High profile: 8 bits. ISO/IEC 14496-15 stores it in mp4 and mov alike.
+      // ITU-T H.264, High profile: 8 bits. ISO/IEC 14496-15 defines its samples in mp4 files, and mov files
+      // use the same.
       {h264, 8, 8, true, true, true, true},
       // ITU-T H.265, profiles Main and Main 10: 8 or 10 bits. ISO/IEC 14496-15 again.
       {h265, 8, 10, true, true, true, true},
@@ -46,7 +47,7 @@ inline constexpr auto codecLimitRows = [] {
       {motionJpeg, 8, 8, false, true, true, true},
       // ISO/IEC 14496-2, Advanced Simple profile: 8 bits. ISO/IEC 14496-14 stores it in mp4.
       {mpeg4, 8, 8, true, true, true, true},
-      // SMPTE RDD 36 and the ProRes white paper: QuickTime only, any size and rate, target data rates that
+      // SMPTE RDD 36 and the ProRes white paper: mov but not mp4, any size and rate, target data rates that
       // follow from both. The 4444 family carries up to 12 bits, the 422 family 10.
       {proRes4444, 10, 12, false, true, true, false},
       {proRes4444XQ, 10, 12, false, true, true, false},

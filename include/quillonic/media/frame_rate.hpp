@@ -168,7 +168,7 @@ inline constexpr auto frameRates = std::to_array<FrameRate>({
     FrameRate::custom(0.0),
 });
 
-// The progressive rates of the VC-3 compression identifiers.
+// The progressive rates of high-definition VC-3.
 inline constexpr auto highDefinitionFrameRates = std::to_array<FrameRate>({
     FrameRate::match,
     FrameRate::fps23_98,
