@@ -35,6 +35,9 @@ template <class Options, class T> void expectRoundTrip(const T& value) {
   } else {
     storeIn(value, stored);
     EXPECT_EQ(fromProto<T>(stored), value) << tag(value);
+    if constexpr (std::same_as<T, VideoResolution>) {
+      EXPECT_EQ(stored.scale, 0) << tag(value);
+    }
   }
 }
 

@@ -272,10 +272,8 @@ constexpr VideoDimension VideoDimension::fromProto(
     return match;
   }
   const auto size = inPixels ? VideoSize{video.width, video.height} : VideoSize{video.scale, video.scale};
-  const auto fits = [&](const VideoDimension& dimension) {
-    return dimension.size() == size && (inPixels || dimension.isScaleOption());
-  };
-  const auto* const fixed = std::ranges::find_if(detail::fixedVideoDimensions, fits);
+  // A stored scale is never taken for a size in pixels, because no fixed size is square.
+  const auto* const fixed = std::ranges::find(detail::fixedVideoDimensions, size, &VideoDimension::size);
   if (fixed != detail::fixedVideoDimensions.end()) return *fixed;
   return inPixels ? custom(size.width, size.height) : scaled(size.width);
 }
