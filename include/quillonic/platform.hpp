@@ -3,4 +3,5 @@
 
 #include <quillonic/platform/color.hpp>
 #include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/platform/localization.hpp>
 #include <quillonic/platform/logging.hpp>
