@@ -3,3 +3,4 @@
 
 #include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/platform/logging.hpp>
+#include <quillonic/platform/mount_table.hpp>
