@@ -3,6 +3,7 @@
 #pragma once
 
 #include <quillonic/support/any_value.hpp>
+#include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/function_ref.hpp>

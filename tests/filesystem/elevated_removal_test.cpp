@@ -4,9 +4,9 @@
 #include <quillonic/filesystem.hpp>
 #include <quillonic/platform/script_runner.hpp>
 
-#include "filesystem/private_process.hpp"
-#include "filesystem/temporary_folder.hpp"
+#include "private_process.hpp"
 #include "recorded_log.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {

@@ -5,9 +5,9 @@
 
 #include <quillonic/filesystem.hpp>
 
-#include "filesystem/private_process.hpp"
-#include "filesystem/temporary_folder.hpp"
+#include "private_process.hpp"
 #include "recorded_log.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {

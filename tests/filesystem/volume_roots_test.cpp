@@ -6,8 +6,8 @@
 #include <quillonic/filesystem.hpp>
 #include <quillonic/platform/mount_table.hpp>
 
-#include "filesystem/private_process.hpp"
-#include "filesystem/temporary_folder.hpp"
+#include "private_process.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {

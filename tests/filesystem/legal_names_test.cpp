@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+
+#include <quillonic/filesystem/legal_names.hpp>
+
+namespace quillonic {
+namespace {
+
+static_assert(legalLtfsCharacters.size() == 88 && legalLtfsCharacters.starts_with(" !#$%") &&
+              legalLtfsCharacters.ends_with("yz{}~"));
+static_assert(validLtfsCharacters.contains(U':') && validLtfsCharacters.contains(U'/') &&
+              !validLtfsCharacters.contains(U'|') && !validLtfsCharacters.contains(U'\x7F'));
+static_assert(invalidLtfsCharacters.contains(U'\0') && invalidLtfsCharacters.contains(U'\u00E9') &&
+              !invalidLtfsCharacters.contains(U'a'));
+
+TEST(LegalNames, DropWhatAVolumeDoesNotTake) {
+  struct Row {
+    std::string name;
+    std::string onLtfs;
+    std::string onDesktop;
+  };
+  const Row rows[] = {
+      {"", "", ""},
+      {"a:b/c*d?", "a:b/cd", "abc*d?"},
+      {"*?<>\"|\\", "", "*?<>\"|\\"},
+      {"e\u0301t\u00E9 \U0001F3AC.mov", "et .mov", "e\u0301t\u00E9 \U0001F3AC.mov"},
+      {"\u65E5\u672C", "", "\u65E5\u672C"},
+      {std::string("a\0\t\n\x7F:b", 7), "a:b",
+       std::string("a\0\t\n\x7F"
+                   "b",
+                   6)},
+      {"\xFF"
+       "a\xC3/\xE2\x82:",
+       "a/:",
+       "\xFF"
+       "a\xC3\xE2\x82"},
+  };
+  for (const auto& [name, onLtfs, onDesktop] : rows) {
+    EXPECT_EQ(removingInvalidLtfsCharacters(name), onLtfs) << name;
+    EXPECT_EQ(removingDisallowedMacOSFilesystemCharacters(name), onDesktop) << name;
+  }
+}
+
+// Whatever the set, it parts a text in two: what one cleaning keeps, the other drops, and a set and its
+// complement swap them.
+TEST(LegalNames, PartATextByItsScalars) {
+  const std::string pieces[] = {"a",          "/",    "*",        "\u00E9", "e\u0301",
+                                "\U0001F3AC", "\xFF", "\xE2\x82", "\x80",   "~"};
+  std::mt19937 random(3);
+  const auto text = [&] {
+    std::string made;
+    for (auto n = random() % 9; n > 0; --n) made += pieces[random() % std::size(pieces)];
+    return made;
+  };
+  for (int round = 0; round < 3000; ++round) {
+    const auto set = CharacterSet::of(text());
+    const auto name = text();
+    const auto kept = removingAllExcept(name, set);
+    const auto dropped = removingDisallowedCharacters(name, set);
+    ASSERT_EQ(kept.size() + dropped.size(), name.size());
+    ASSERT_EQ(removingDisallowedCharacters(name, set.inverted()), kept);
+    ASSERT_EQ(removingAllExcept(name, set.inverted()), dropped);
+    ASSERT_EQ(removingAllExcept(kept, set), kept);
+    ASSERT_EQ(set.inverted().inverted(), set);
+  }
+  const auto accents = CharacterSet::of(
+      "\u00E9\xC3"
+      "a");
+  EXPECT_EQ(removingDisallowedCharacters("a\u00E9\u00E8\xC3/e\u0301", accents), "\u00E8\xC3/e\u0301");
+  EXPECT_EQ(removingAllExcept("a\u00E9\u00E8\xC3/", accents), "a\u00E9");
+}
+
+}  // namespace
+}  // namespace quillonic
