@@ -11,7 +11,7 @@ void CharacterSet::addBeyondAscii(std::string_view text) {
     at += length;
   }
   std::ranges::sort(beyondAscii_);
-  beyondAscii_.erase(std::ranges::unique(beyondAscii_).begin(), beyondAscii_.end());
+  beyondAscii_.erase(std::unique(beyondAscii_.begin(), beyondAscii_.end()), beyondAscii_.end());
 }
 
 }  // namespace quillonic
