@@ -1,13 +1,13 @@
 // Records what the library logs for as long as it lives.
 #pragma once
 
+#include <quillonic/platform/logging.hpp>
+
 #include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/platform/logging.hpp>
 
 namespace quillonic {
 

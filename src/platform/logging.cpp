@@ -1,8 +1,8 @@
+#include <quillonic/platform/logging.hpp>
+
 #include <cstdio>
 #include <string>
 #include <utility>
-
-#include <quillonic/platform/logging.hpp>
 
 #include "support/settable.hpp"
 

@@ -1,23 +1,73 @@
+#include <quillonic/support/text_dictionary.hpp>
+
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <iterator>
-
-#include <quillonic/support/text_dictionary.hpp>
 
 namespace quillonic {
 namespace {
 
-constexpr auto key = &TextDictionary::Entry::key;
+using Entry = TextDictionary::Entry;
+
+constexpr auto key = &Entry::key;
+
+std::size_t commonPrefix(std::string_view a, std::string_view b) noexcept {
+  return static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
+}
+
+// The first eight bytes of a text as a number that sorts as they do.
+std::uint64_t leadingBytes(std::string_view text) noexcept {
+  std::uint64_t bytes = 0;
+  for (std::size_t i = 0; i < sizeof bytes; ++i) {
+    bytes = bytes << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+  }
+  return bytes;
+}
+
+// The entries in ascending order of their keys; of equal keys the last one. Long lists are mostly numbered keys that
+// share a long beginning, so what is sorted is eight bytes behind that beginning, and two whole keys are compared only
+// where these are equal.
+std::vector<Entry> sorted(std::vector<Entry> entries) {
+  const std::string_view first = entries.front().key;
+  auto shared = first.size();
+  for (const auto& entry : entries) shared = commonPrefix(first.substr(0, shared), entry.key);
+
+  struct Rank {
+    std::uint64_t bytes;
+    std::size_t position;
+  };
+  std::vector<Rank> ranks;
+  ranks.reserve(entries.size());
+  for (const auto& entry : entries) {
+    ranks.push_back({leadingBytes(std::string_view(entry.key).substr(shared)), ranks.size()});
+  }
+  std::ranges::sort(ranks, [&](const Rank& a, const Rank& b) {
+    if (a.bytes != b.bytes) return a.bytes < b.bytes;
+    const int order = entries[a.position].key.compare(entries[b.position].key);
+    return order != 0 ? order < 0 : a.position < b.position;
+  });
+
+  std::vector<Entry> result;
+  result.reserve(entries.size());
+  for (const auto& rank : ranks) {
+    auto& entry = entries[rank.position];
+    if (!result.empty() && result.back().key == entry.key) {
+      result.back() = std::move(entry);
+    } else {
+      result.push_back(std::move(entry));
+    }
+  }
+  return result;
+}
 
 }  // namespace
 
 TextDictionary::TextDictionary(std::vector<Entry> entries) : entries_(std::move(entries)) {
   const auto ascending = [](const Entry& a, const Entry& b) { return a.key < b.key; };
-  if (std::ranges::adjacent_find(entries_, std::not_fn(ascending)) == entries_.end()) return;
-  std::ranges::stable_sort(entries_, ascending);
-  // Backwards, so that the last of several equal keys is the first one met and stays.
-  const auto superseded = std::ranges::unique(entries_.rbegin(), entries_.rend(), {}, key);
-  entries_.erase(entries_.begin(), superseded.begin().base());
+  if (std::ranges::adjacent_find(entries_, std::not_fn(ascending)) != entries_.end()) {
+    entries_ = sorted(std::move(entries_));
+  }
 }
 
 const TextDictionary::Entry* TextDictionary::find(std::string_view wanted) const noexcept {

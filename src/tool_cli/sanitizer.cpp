@@ -1,6 +1,6 @@
-#include <utility>
-
 #include <quillonic/tool_cli/sanitizer.hpp>
+
+#include <utility>
 
 #include "platform/text.hpp"
 #include "tool_cli/contained_texts.hpp"

@@ -1,13 +1,12 @@
-#include <algorithm>
-#include <array>
-#include <memory>
-#include <numeric>
-#include <utility>
-
 #include <quillonic/transcode_cli/arguments.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
 
 #include "platform/number_text.hpp"
 #include "platform/text.hpp"
+#include "transcode_cli/intake.hpp"
 #include "transcode_cli/known_flags.hpp"
 
 namespace quillonic {
@@ -58,6 +57,12 @@ TextDictionary decoded(const CodedRecord& record) {
 
 }  // namespace
 
+void TranscodeCliArguments::FlagOrder::reserve(std::size_t flags) {
+  constexpr std::size_t usualLength = 12;
+  flags_.reserve(flags * usualLength);
+  ends_.reserve(flags);
+}
+
 void TranscodeCliArguments::FlagOrder::append(std::string_view flag) {
   flags_.append(flag);
   ends_.push_back(flags_.size());
@@ -68,70 +73,13 @@ std::string_view TranscodeCliArguments::FlagOrder::operator[](std::size_t positi
   return std::string_view(flags_).substr(begin, ends_[position] - begin);
 }
 
-// Takes flags and values in, and sorts them into a model at the end. A known flag that occurs again
-// overwrites its entry in place, so that a long list of repeats takes no more room than the flags there are;
-// equal keys among all others are settled by the dictionary.
-class TranscodeCliArguments::Intake {
- public:
-  explicit Intake(bool maintainOriginalOrdering) : keepsOrder_(maintainOriginalOrdering) {
-    entryOfKnown_.fill(npos);
-  }
-
-  // Both texts trimmed.
-  void add(std::string_view flag, std::string_view value) {
-    auto key = text::lowerCased(flag);
-    const auto known = known_flags::indexOf(key);
-    auto stored = known_flags::takesPath(key, known) ? std::string(value) : text::lowerCased(value);
-    if (known != known_flags::none) {
-      auto& entry = entryOfKnown_[known];
-      if (entry != npos) {
-        valid_[entry].value = std::move(stored);
-        return;
-      }
-      entry = valid_.size();
-    }
-    if (keepsOrder_) seen_.append(key);
-    auto& target = known_flags::isValid(key, known) ? valid_ : invalid_;
-    target.push_back({std::move(key), std::move(stored)});
-  }
-
-  TranscodeCliArguments model() && {
-    TranscodeCliArguments model;
-    model.flagValueLookup_ = TextDictionary(std::move(valid_));
-    model.invalidKeyValueLookup_ = TextDictionary(std::move(invalid_));
-    if (seen_.size() > 0) model.orderedFlags_ = firstOccurrences();
-    return model;
-  }
-
- private:
-  FlagOrder firstOccurrences() const {
-    std::vector<std::size_t> positions(seen_.size());
-    std::iota(positions.begin(), positions.end(), std::size_t{0});
-    const auto flag = [&](std::size_t position) { return seen_[position]; };
-    std::ranges::stable_sort(positions, {}, flag);
-    positions.erase(std::ranges::unique(positions, {}, flag).begin(), positions.end());
-    std::ranges::sort(positions);
-    FlagOrder order;
-    for (const auto position : positions) order.append(seen_[position]);
-    return order;
-  }
-
-  static constexpr auto npos = static_cast<std::size_t>(-1);
-
-  bool keepsOrder_;
-  std::vector<TextDictionary::Entry> valid_;
-  std::vector<TextDictionary::Entry> invalid_;
-  std::array<std::size_t, known_flags::count> entryOfKnown_;
-  FlagOrder seen_;
-};
-
 TranscodeCliArguments::TranscodeCliArguments() = default;
 TranscodeCliArguments::TranscodeCliArguments(TranscodeCliArguments&&) noexcept = default;
 TranscodeCliArguments& TranscodeCliArguments::operator=(TranscodeCliArguments&&) noexcept = default;
 TranscodeCliArguments::~TranscodeCliArguments() = default;
 
 TranscodeCliArguments::TranscodeCliArguments(ArgumentWords cliArgs, bool maintainOriginalOrdering) {
-  Intake intake(maintainOriginalOrdering);
+  Intake intake(cliArgs.size(), maintainOriginalOrdering);
   auto next = cliArgs.empty() ? std::string_view{} : text::trimmed(cliArgs[0]);
   for (std::size_t at = 0; at < cliArgs.size(); ++at) {
     const auto word = next;
@@ -142,7 +90,7 @@ TranscodeCliArguments::TranscodeCliArguments(ArgumentWords cliArgs, bool maintai
 }
 
 TranscodeCliArguments TranscodeCliArguments::fromArgumentLookup(const TextDictionary& argumentLookup) {
-  Intake intake(false);
+  Intake intake(2 * argumentLookup.size(), false);
   for (const auto& [flag, value] : argumentLookup) intake.add(text::trimmed(flag), text::trimmed(value));
   return std::move(intake).model();
 }

@@ -1,6 +1,8 @@
 // The transcoder's known flags, recognised by one probe of a table made at compile time.
 #pragma once
 
+#include <quillonic/transcode_cli/vocabulary_table.hpp>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -8,8 +10,6 @@
 #include <span>
 #include <string_view>
 #include <utility>
-
-#include <quillonic/transcode_cli/vocabulary_table.hpp>
 
 #include "tool_cli/contained_texts.hpp"
 

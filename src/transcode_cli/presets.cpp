@@ -1,7 +1,7 @@
-#include <vector>
-
 #include <quillonic/transcode_cli/arguments.hpp>
 #include <quillonic/transcode_cli/presets.hpp>
+
+#include <vector>
 
 namespace quillonic {
 namespace {

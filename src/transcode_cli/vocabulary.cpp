@@ -1,6 +1,6 @@
-#include <utility>
-
 #include <quillonic/transcode_cli/vocabulary.hpp>
+
+#include <utility>
 
 #include "support/settable.hpp"
 

@@ -1,8 +1,8 @@
+#include <quillonic/platform/logging.hpp>
+
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
-
-#include <quillonic/platform/logging.hpp>
 
 #include "recorded_log.hpp"
 

@@ -1,10 +1,10 @@
+#include <quillonic/support/text_dictionary.hpp>
+
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
 #include <string>
-
-#include <quillonic/support/text_dictionary.hpp>
 
 namespace quillonic {
 namespace {

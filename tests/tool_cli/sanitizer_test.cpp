@@ -1,12 +1,108 @@
-#include <gtest/gtest.h>
-
 #include <quillonic/tool_cli.hpp>
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace quillonic {
 namespace {
 
-TEST(Placeholder, Builds) {
-  EXPECT_TRUE(CLISanitizationOptions{} == CLISanitizationOptions{});
+constexpr auto both = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
+
+// The entries as one text: "+flag=value" for a valid one, "!flag" for an invalid one without a value.
+std::string entries(const CLIArgumentSanitizer& sanitizer, ArgumentWords words,
+                    CLISanitizationOptions valueOptions = {}) {
+  std::string text;
+  const auto report = [&](char mark) {
+    return [&text, mark](std::string_view flag, std::optional<std::string_view> value) {
+      text.append(text.empty() ? "" : " ").append(1, mark).append(flag);
+      if (value) text.append("=").append(*value);
+    };
+  };
+  sanitizer.enumerateSanitizedCLIEntries(
+      words, [&](std::string_view) { return valueOptions; }, report('+'), report('!'));
+  return text;
+}
+
+struct WalkCase {
+  std::vector<std::string> valid;
+  std::optional<CLISanitizationOptions> options;
+  std::vector<std::string> words;
+  std::string entries;
+};
+
+TEST(CLIArgumentSanitizer, ReportsEveryFlagWithItsValues) {
+  const std::vector<std::string> media{"-workDirectory", "-deepAnalysis"};
+  const WalkCase cases[] = {
+      {media, both, {}, ""},
+      {media, both, {"a", "b"}, ""},
+      {media,
+       both,
+       {"a", "-WorkDirectory", "x", "Y ", "-deepAnalysis"},
+       "+-workdirectory=x +-workdirectory=Y  +-deepanalysis"},
+      {media, both, {"-deepanalysisx", " -bogus", "1"}, "+-deepanalysisx !-bogus=1"},
+      {media, both, {"-deepAnalysis", "", "-deepAnalysis"}, "+-deepanalysis= +-deepanalysis"},
+      {media, std::nullopt, {" -x", "1", "-x", " -deepAnalysis"}, "!-x= -deepAnalysis"},
+      {media, std::nullopt, {"-DEEPANALYSIS", "-"}, "+-DEEPANALYSIS !-"},
+      {{}, both, {"-a", "--"}, "!-a !--"},
+      {{""}, both, {"-a"}, "!-a"},
+      {{"", "-b", "-bc"}, both, {"-a", "-xbc", "-xx-bcx"}, "!-a !-xbc +-xx-bcx"},
+      {{"-\u00c9"}, std::nullopt, {"x-\u00e9", "-x-\u00e9"}, "+-x-\u00e9"},
+      {sanitizeAllCLIFlags<CLICustodialFlag>(both), both, {"-ParentPid", "12"}, "+-parentpid=12"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(entries({c.valid, c.options}, c.words), c.entries);
+}
+
+TEST(CLIArgumentSanitizer, NormalisesValuesAsItIsToldPerFlag) {
+  CLIArgumentSanitizer sanitizer({"-a"}, both);
+  EXPECT_EQ(entries(sanitizer, {"-A", " X "}, both), "+-a=x");
+  sanitizer.setFlagSanitizationOptions(CLISanitizationOptions::trimWhiteSpace);
+  EXPECT_EQ(entries(sanitizer, {"-A", " X "}), "+-A= X ");
+  EXPECT_EQ(sanitizer.flagSanitizationOptions(), CLISanitizationOptions::trimWhiteSpace);
+  EXPECT_EQ(sanitizer.validCommandFlags(), std::vector<std::string>{"-a"});
+}
+
+TEST(CLIArgumentSanitizer, SplitsTheWordsAndLosesNone) {
+  const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(both), both);
+  const auto [custodial, rest] = sanitizer.splitByValidity(
+      {"stray", "-vn", "", " -ParentPid ", "12", "-out", "/A b", "/c", "-parentAppNumber", "7", "8"});
+  EXPECT_EQ(custodial, (std::vector<std::string_view>{" -ParentPid ", "12", "-parentAppNumber", "7", "8"}));
+  EXPECT_EQ(rest, (std::vector<std::string_view>{"stray", "-vn", "", "-out", "/A b", "/c"}));
+}
+
+TEST(CLICustodialFlag, IsTheRawValueBehindAHyphen) {
+  for (const auto flag : allCases<CLICustodialFlag>()) {
+    EXPECT_EQ(cliFlag(flag), "-" + std::string(rawValue(flag)));
+    EXPECT_TRUE(acceptsArguments(flag));
+    EXPECT_EQ(decode<CLICustodialFlag>(encode(flag)), flag);
+  }
+  EXPECT_EQ(fromRawValue<CLICustodialFlag>("parentAppNumber"), CLICustodialFlag::parentAppNumber);
+  EXPECT_EQ(fromRawValue<CLICustodialFlag>("ParentPid"), std::nullopt);
+  EXPECT_THROW(decode<CLICustodialFlag>(CodedValue(std::string("parent"))), DecodingError);
+}
+
+TEST(ArgumentWords, ReadTheSameFromEveryForm) {
+  const std::vector<std::string> texts{"-a", ""};
+  const std::vector<std::string_view> views{"-a", ""};
+  const char* const argv[] = {"tool", "-a", "", nullptr};
+  for (const ArgumentWords words :
+       {ArgumentWords(texts), ArgumentWords(views), ArgumentWords::fromMain(3, argv)}) {
+    ASSERT_EQ(words.size(), 2U);
+    EXPECT_EQ(words[0], "-a");
+    EXPECT_EQ(words[1], "");
+  }
+  EXPECT_TRUE(ArgumentWords::fromMain(1, argv).empty());
+  EXPECT_TRUE(ArgumentWords::fromMain(0, nullptr).empty());
+}
+
+TEST(CLIExitCodeError, CarriesTheStatus) {
+  try {
+    throw CLIExitCodeError(64, "bad words");
+  } catch (const std::exception& error) {
+    EXPECT_STREQ(error.what(), "bad words");
+    EXPECT_EQ(dynamic_cast<const CLIExitCodeError&>(error).exitStatus(), 64);
+  }
 }
 
 }  // namespace

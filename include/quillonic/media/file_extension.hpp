@@ -1,10 +1,10 @@
 /// File-name extensions of the media files that the applications read and write.
 #pragma once
 
+#include <quillonic/support/enumeration.hpp>
+
 #include <array>
 #include <cstdint>
-
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 

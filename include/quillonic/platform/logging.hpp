@@ -5,10 +5,10 @@
 ///     quillonic::VantiroLogging::setDefaultLogger(std::make_shared<HostLogger>());
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <memory>
 #include <string_view>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

@@ -5,6 +5,8 @@
 ///     wrapped bool same = codec == other;                                                // by text
 #pragma once
 
+#include <quillonic/support/enumeration.hpp>
+
 #include <concepts>
 #include <cstddef>
 #include <functional>
@@ -14,8 +16,6 @@
 #include <string_view>
 #include <type_traits>
 #include <variant>
-
-#include <quillonic/support/enumeration.hpp>
 
 namespace quillonic {
 
@@ -54,8 +54,7 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
 
   /// The value's text, valid as long as the value.
   constexpr std::string_view rawValue() const noexcept {
-    if (const auto* literal = std::get_if<std::string_view>(&text_)) return *literal;
-    return *std::get_if<std::string>(&text_);
+    return text_.index() == 0 ? std::get<0>(text_) : std::string_view(std::get<1>(text_));
   }
 
   /// Reads as its text wherever a text is wanted, such as a look-up in a dictionary of flags.
@@ -85,6 +84,29 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
  private:
   std::variant<std::string_view, std::string> text_;
 };
+
+/// The listed values of an open enumeration. They are literals and own nothing, so they are never destroyed: to
+/// destroy them one by one is no constant expression for every compiler under its sanitisers.
+template <class Value, std::size_t count> class CaseList {
+ public:
+  template <class... Rest>
+  constexpr explicit CaseList(const Value& first, const Rest&... rest) noexcept : values_{first, rest...} {}
+  CaseList(const CaseList&) = delete;
+  CaseList& operator=(const CaseList&) = delete;
+  // NOLINTNEXTLINE(modernize-use-equals-default): the default is deleted
+  constexpr ~CaseList() {}
+
+  // NOLINTNEXTLINE(google-explicit-constructor): a list reads as its values
+  constexpr operator std::span<const Value>() const noexcept { return values_; }
+
+ private:
+  union {
+    Value values_[count];
+  };
+};
+
+template <class First, class... Rest>
+CaseList(const First&, const Rest&...) -> CaseList<First, 1 + sizeof...(Rest)>;
 
 /// An open enumeration: a class over `TextBacked`.
 template <class T>

@@ -6,6 +6,8 @@
 ///     if (const auto* codec = lookup.find("-vcodec")) use(codec->value);
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <concepts>
 #include <cstddef>
 #include <initializer_list>
@@ -15,8 +17,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

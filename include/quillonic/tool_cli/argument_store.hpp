@@ -1,15 +1,15 @@
 /// What any record of command-line settings can do: write itself as words, as one text, and as lists.
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+
 #include <concepts>
 #include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/function_ref.hpp>
-#include <quillonic/support/text_dictionary.hpp>
 
 namespace quillonic {
 

@@ -1,10 +1,10 @@
 /// The error with which a tool ends.
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <stdexcept>
 #include <string>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

@@ -5,16 +5,16 @@
 ///     list.push_back(std::to_string(getpid()));
 #pragma once
 
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
 #include <array>
 #include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/support/coding.hpp>
-#include <quillonic/support/enumeration.hpp>
-#include <quillonic/tool_cli/sanitization_options.hpp>
 
 namespace quillonic {
 

@@ -1,11 +1,11 @@
 /// How flag texts and values are normalised before they are compared.
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

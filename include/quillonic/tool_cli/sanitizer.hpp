@@ -8,17 +8,17 @@
 ///         [&](std::string_view flag, std::optional<std::string_view> value) { ... });  // unknown
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
+#include <quillonic/tool_cli/argument_words.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/function_ref.hpp>
-#include <quillonic/tool_cli/argument_words.hpp>
-#include <quillonic/tool_cli/sanitization_options.hpp>
 
 namespace quillonic {
 

@@ -1,11 +1,19 @@
 /// The model of one transcoder command line: words in, settings read and changed, words out.
 ///
-///     TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv), true);   // true: keep the words'
-///     order if (!settings.allFlagsAreValid()) report(*settings.unknownFlags()); auto codec =
-///     settings.argumentFlagValue(VAVVideoFormatFlag);                 // "h264"
+///     TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv), true);   // true: keep the order
+///     if (!settings.allFlagsAreValid()) report(*settings.unknownFlags());
+///     auto codec = settings.argumentFlagValue(VAVVideoFormatFlag);                 // "h264"
 ///     settings.setArgumentFlagValue(VAVOutputFileFlag, "/media/out.mov");
 ///     std::vector<std::string> words = settings.commandLineArguments();
 #pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+#include <quillonic/tool_cli/argument_store.hpp>
+#include <quillonic/tool_cli/argument_words.hpp>
+#include <quillonic/transcode_cli/vocabulary.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -16,14 +24,6 @@
 #include <string_view>
 #include <vector>
 
-#include <quillonic/export.hpp>
-#include <quillonic/support/coding.hpp>
-#include <quillonic/support/function_ref.hpp>
-#include <quillonic/support/text_dictionary.hpp>
-#include <quillonic/tool_cli/argument_store.hpp>
-#include <quillonic/tool_cli/argument_words.hpp>
-#include <quillonic/transcode_cli/vocabulary.hpp>
-
 namespace quillonic {
 
 /// Input files by group number, each group's files in the order of their positions.
@@ -31,16 +31,17 @@ using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
 
 /// The settings of one transcoder command line.
 ///
-/// Flags are kept lower-cased and trimmed of white space at both ends. A value is trimmed, and lower-cased
-/// too unless its flag takes a path ("-clut", "-out", "-progress_file", "-work_dir" and every flag that
-/// begins with
-/// "-in"): a watermark's text or file is lower-cased, which is a fixed contract with the tool. Lower-casing
-/// is Unicode's simple mapping whatever the locale; bytes that are not UTF-8 stay as they are. A path keeps
-/// every byte between its trimmed ends; blanks at the very ends of a name, and a value that begins with a
-/// hyphen, cannot travel on a command line, so hand over absolute paths.
+/// Flags are kept lower-cased and trimmed of white space at both ends. A value is trimmed, and lower-cased too
+/// unless its flag takes a path ("-clut", "-out", "-progress_file", "-work_dir" and every flag that begins
+/// with "-in"): a watermark's text or file is lower-cased, which is a fixed contract with the tool. Lower-casing
+/// is Unicode's simple mapping whatever the locale; bytes that are not UTF-8 stay as they are. A path keeps every
+/// byte between its trimmed ends. White space at the very ends of a path, and a value that begins with a hyphen,
+/// cannot travel on a command line: hand over absolute paths.
 ///
 /// A flag is valid when a flag of `allKnownCommandFlags` occurs within it, so "-in_0_0" and "-tc_burn_anchor"
 /// are; other flags are set aside and reported. A flag that occurs again replaces its earlier value.
+///
+/// Lists come as copies: name an optional one before a loop over its content, since the loop does not keep it alive.
 ///
 /// The model can be moved but not copied; share it through a `std::shared_ptr`. One thread at a time uses one
 /// model. Only running out of memory makes its operations throw, except for decoding.
@@ -133,6 +134,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore {
   class Intake;
   class FlagOrder {
    public:
+    void reserve(std::size_t flags);
     void append(std::string_view flag);
     std::size_t size() const noexcept { return ends_.size(); }
     std::string_view operator[](std::size_t position) const noexcept;

@@ -2,19 +2,19 @@
 /// vocabulary_table.hpp; include vocabulary.hpp to have both.
 #pragma once
 
-#include <algorithm>
-#include <concepts>
-#include <optional>
-#include <span>
-#include <string_view>
-#include <vector>
-
 #include <quillonic/export.hpp>
 #include <quillonic/media/file_extension.hpp>
 #include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/tool_cli/flags.hpp>
+
+#include <algorithm>
+#include <concepts>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
 
 namespace quillonic {
 

@@ -5,15 +5,15 @@
 ///     auto settings = TranscodeCliArguments::fromArgumentLookup(lookup);
 #pragma once
 
-#include <array>
-#include <cstdint>
-#include <span>
-#include <string_view>
-
 #include <quillonic/export.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/text_dictionary.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
 
 namespace quillonic {
 

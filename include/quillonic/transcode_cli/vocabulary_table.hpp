@@ -40,7 +40,7 @@ inline constexpr VAVTranscodeCliCommand VAVCliGpuPlatformsFlag{"-gpu_platforms"}
 /// The listed cases of `VAVTranscodeCliCommand`.
 template <>
 struct CaseTable<VAVTranscodeCliCommand> {
-  static constexpr std::array<VAVTranscodeCliCommand, 12> cases{
+  static constexpr CaseList cases{
       VAVCliHelpFlag,
       VAVCliCodecsFlag,
       VAVCliFormatsFlag,
@@ -95,7 +95,7 @@ inline constexpr VAVTranscodeArgumentFlag VAVWorkDirectoryFlag{"-work_dir"};
 /// The listed cases of `VAVTranscodeArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeArgumentFlag> {
-  static constexpr std::array<VAVTranscodeArgumentFlag, 10> cases{
+  static constexpr CaseList cases{
       VAVInputPrefixFlag,
       VAVOutputFileFlag,
       VAVProgressFileFlag,
@@ -145,7 +145,7 @@ inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoProfileFlag{"-vprofile"};
 /// The listed cases of `VAVTranscodeVideoArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeVideoArgumentFlag> {
-  static constexpr std::array<VAVTranscodeVideoArgumentFlag, 14> cases{
+  static constexpr CaseList cases{
       VAVNoVideoFlag,
       VAVVideoFormatFlag,
       VAVVideoFrameRateFlag,
@@ -190,7 +190,7 @@ inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioBitRateFlag{"-abr"};
 /// The listed cases of `VAVTranscodeAudioArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeAudioArgumentFlag> {
-  static constexpr std::array<VAVTranscodeAudioArgumentFlag, 9> cases{
+  static constexpr CaseList cases{
       VAVNoAudioFlag,
       VAVCopyAudioFlag,
       VAVAudioIgnoreTracksPrefixFlag,
@@ -234,7 +234,7 @@ inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeIsDropFlag{"-tc_dro
 /// The listed cases of `VAVTranscodeTimecodeArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
-  static constexpr std::array<VAVTranscodeTimecodeArgumentFlag, 10> cases{
+  static constexpr CaseList cases{
       VAVTimecodeAddTrackFlag,
       VAVTimecodeAddBurnFlag,
       VAVTimecodeBurnFontSize,
@@ -265,7 +265,7 @@ inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnScale
 /// The listed cases of `VAVTranscodeWatermarkFileArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
-  static constexpr std::array<VAVTranscodeWatermarkFileArgumentFlag, 3> cases{
+  static constexpr CaseList cases{
       VAVWatermarkFileBurnAnchorFlag,
       VAVWatermarkFileBurnFilePathFlag,
       VAVWatermarkFileBurnScaleFlag,
@@ -290,7 +290,7 @@ inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnBoxRG
 /// The listed cases of `VAVTranscodeWatermarkTextArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeWatermarkTextArgumentFlag> {
-  static constexpr std::array<VAVTranscodeWatermarkTextArgumentFlag, 6> cases{
+  static constexpr CaseList cases{
       VAVWatermarkTextAddBurnFlag,
       VAVWatermarkTextBurnTextFlag,
       VAVWatermarkTextBurnFontSizeFlag,
@@ -315,7 +315,7 @@ inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookInvalidLookResoluti
 /// The listed cases of `VAVTranscodeArriLookArgumentFlag`.
 template <>
 struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
-  static constexpr std::array<VAVTranscodeArriLookArgumentFlag, 4> cases{
+  static constexpr CaseList cases{
       VAVArriLookColorSpacePrimaryFlag,
       VAVArriLookColorSpaceWhitePointFlag,
       VAVArriLookColorSpaceCurveFlag,
@@ -335,7 +335,7 @@ inline constexpr VAVTranscodeArgumentFileFormatValue VAVWaveFileFormat{"wav"};
 /// The listed cases of `VAVTranscodeArgumentFileFormatValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentFileFormatValue> {
-  static constexpr std::array<VAVTranscodeArgumentFileFormatValue, 3> cases{
+  static constexpr CaseList cases{
       VAVQuickTimeFileFormat,
       VAVMp4Format,
       VAVWaveFileFormat,
@@ -369,7 +369,7 @@ inline constexpr VAVTranscodeArgumentVideoCodecValue VAVProRes422Proxy{"prores42
 /// The listed cases of `VAVTranscodeArgumentVideoCodecValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentVideoCodecValue> {
-  static constexpr std::array<VAVTranscodeArgumentVideoCodecValue, 11> cases{
+  static constexpr CaseList cases{
       VAVDnxhdCodec,
       VAVAvcH264Codec,
       VAVHevcCodec,
@@ -397,7 +397,7 @@ inline constexpr VAVTranscodeArgumentAspectRatioValue VAVCropAspect{"crop"};
 /// The listed cases of `VAVTranscodeArgumentAspectRatioValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentAspectRatioValue> {
-  static constexpr std::array<VAVTranscodeArgumentAspectRatioValue, 4> cases{
+  static constexpr CaseList cases{
       VAVMatchSourceRatio,
       VAVStretchAspect,
       VAVLetterboxAspect,
@@ -428,7 +428,7 @@ inline constexpr VAVTranscodeArgumentOverlayAnchorValue VAVAnchorBottomRight{"br
 /// The listed cases of `VAVTranscodeArgumentOverlayAnchorValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentOverlayAnchorValue> {
-  static constexpr std::array<VAVTranscodeArgumentOverlayAnchorValue, 9> cases{
+  static constexpr CaseList cases{
       VAVAnchorTopLeft,
       VAVAnchorTopCenter,
       VAVAnchorTopRight,
@@ -455,7 +455,7 @@ inline constexpr VAVTranscodeArgumentColorSpaceValue VAVEbu3213ColorSpace{"ebu_3
 /// The listed cases of `VAVTranscodeArgumentColorSpaceValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentColorSpaceValue> {
-  static constexpr std::array<VAVTranscodeArgumentColorSpaceValue, 5> cases{
+  static constexpr CaseList cases{
       VAVRec2020ColorSpace,
       VAVRec709ColorSpace,
       VAVSrgbColorSpace,
@@ -475,7 +475,7 @@ inline constexpr VAVTranscodeArgumentAudioFormatValue VAVAppleLosslessAudioForma
 /// The listed cases of `VAVTranscodeArgumentAudioFormatValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentAudioFormatValue> {
-  static constexpr std::array<VAVTranscodeArgumentAudioFormatValue, 3> cases{
+  static constexpr CaseList cases{
       VAVLpcmAudioFormatValue,
       VAVAacAudioFormatValue,
       VAVAppleLosslessAudioFormatValue,
@@ -499,7 +499,7 @@ inline constexpr VAVTranscodeArgumentAudioChannelLayoutValue VAVOctagonalAudioLa
 /// The listed cases of `VAVTranscodeArgumentAudioChannelLayoutValue`.
 template <>
 struct CaseTable<VAVTranscodeArgumentAudioChannelLayoutValue> {
-  static constexpr std::array<VAVTranscodeArgumentAudioChannelLayoutValue, 6> cases{
+  static constexpr CaseList cases{
       VAVMonoAudioLayout,
       VAVStereoAudioLayout,
       VAVQuadraphonicAudioLayout,
@@ -518,7 +518,7 @@ inline constexpr VAVTranscodePresetValue VAVVantiroProRes4444XQPresetValue{"vant
 /// The listed cases of `VAVTranscodePresetValue`.
 template <>
 struct CaseTable<VAVTranscodePresetValue> {
-  static constexpr std::array<VAVTranscodePresetValue, 2> cases{
+  static constexpr CaseList cases{
       VAVVantiroCloudPresetValue,
       VAVVantiroProRes4444XQPresetValue,
   };

@@ -1,0 +1,8 @@
+# Fails where the README's example is not the program that is compiled.
+# Run with -D README=... -D EXAMPLE=... -P
+file(READ ${README} readme)
+file(READ ${EXAMPLE} example)
+string(FIND "${readme}" "```cpp\n${example}```" position)
+if(position EQUAL -1)
+  message(FATAL_ERROR "${README} does not hold ${EXAMPLE} as it is")
+endif()

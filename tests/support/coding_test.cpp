@@ -1,0 +1,40 @@
+#include <quillonic/support/coding.hpp>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace quillonic {
+namespace {
+
+std::string keyOfFailure(const std::function<void()>& decoding) {
+  try {
+    decoding();
+  } catch (const DecodingError& error) {
+    EXPECT_NE(std::string(error.what()).find(error.key()), std::string::npos);
+    return error.key();
+  }
+  return "no failure";
+}
+
+TEST(CodedRecord, KeepsTheOrderOfItsKeysAndNamesTheOneThatIsWrong) {
+  CodedRecord record;
+  record.add("z", std::int64_t{1});
+  record.add("a", std::string("one"));
+  record.add("list", CodedList{true, 0.5});
+  EXPECT_EQ(record.members().front().key, "z");
+  EXPECT_EQ(record.require<std::int64_t>("z"), 1);
+  EXPECT_EQ(record.optional<std::string>("missing"), nullptr);
+  EXPECT_EQ(keyOfFailure([&] { record.require<std::string>("missing"); }), "missing");
+  EXPECT_EQ(keyOfFailure([&] { record.optional<std::string>("z"); }), "z");
+  EXPECT_EQ(keyOfFailure([&] { record.require<double>("z"); }), "z");
+  EXPECT_EQ(keyOfFailure([] { CodedValue().require<CodedRecord>(); }), "");
+
+  const CodedValue value = record;
+  EXPECT_EQ(value, CodedValue(record));
+  record.add("more", CodedValue());
+  EXPECT_NE(value, CodedValue(record));
+}
+
+}  // namespace
+}  // namespace quillonic

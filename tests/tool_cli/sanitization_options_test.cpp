@@ -1,0 +1,73 @@
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
+#include <clocale>
+#include <cwctype>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace quillonic {
+namespace {
+
+constexpr auto lowercase = CLISanitizationOptions::lowercase;
+constexpr auto trim = CLISanitizationOptions::trimWhiteSpace;
+
+TEST(CLISanitizationOptions, AppliesWhatIsInTheSet) {
+  const std::string text = " \u00a0\u0130\u00c9COLE\n\u3000";
+  EXPECT_EQ(CLISanitizationOptions{}.sanitize(text), text);
+  EXPECT_EQ(trim.sanitize(text), "\u0130\u00c9COLE");
+  EXPECT_EQ(lowercase.sanitize(text), " \u00a0i\u0307\u00e9cole\n\u3000");
+  EXPECT_EQ((lowercase | trim).sanitize(text), "i\u0307\u00e9cole");
+  EXPECT_EQ((lowercase | trim).rawValue(), 3);
+  EXPECT_EQ(CLISanitizationOptions(7).sanitize(" A "), "a");
+}
+
+std::string utf8(char32_t c) {
+  const auto byte = [](char32_t b) { return static_cast<char>(static_cast<unsigned char>(b)); };
+  if (c < 0x80) return {byte(c)};
+  if (c < 0x800) return {byte(0xC0 | c >> 6), byte(0x80 | (c & 63))};
+  if (c < 0x10000) return {byte(0xE0 | c >> 12), byte(0x80 | (c >> 6 & 63)), byte(0x80 | (c & 63))};
+  return {byte(0xF0 | c >> 18), byte(0x80 | (c >> 12 & 63)), byte(0x80 | (c >> 6 & 63)),
+          byte(0x80 | (c & 63))};
+}
+
+// Every scalar there is, beside the C library's table of the same Unicode version.
+TEST(CLISanitizationOptions, LowerCasesEveryScalarByTheSimpleMapping) {
+  const auto locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  ASSERT_NE(locale, nullptr);
+  for (char32_t c = 0; c <= 0x10FFFF; ++c) {
+    if (c >= 0xD800 && c <= 0xDFFF) continue;
+    const auto expected = c == 0x130
+                              ? std::string("i\u0307")
+                              : utf8(static_cast<char32_t>(towlower_l(static_cast<wint_t>(c), locale)));
+    const auto lowered = lowercase.sanitize(utf8(c));
+    ASSERT_EQ(lowered, expected) << std::hex << static_cast<std::uint32_t>(c);
+    ASSERT_EQ(lowercase.sanitize(lowered), lowered);
+  }
+  freelocale(locale);
+}
+
+TEST(CLISanitizationOptions, TrimsTheUnicodeWhiteSpaceAndNothingElse) {
+  const std::u32string white =
+      U"\t\n\v\f\r \u0085\u00a0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200a\u2028"
+      U"\u2029\u202f\u205f\u3000";
+  for (char32_t c = 0; c <= 0x10FFFF; ++c) {
+    if (c >= 0xD800 && c <= 0xDFFF) continue;
+    const auto space = utf8(c);
+    const auto expected = white.find(c) != std::u32string::npos ? "a b" : space + "a b" + space;
+    ASSERT_EQ(trim.sanitize(space + "a b" + space), expected) << std::hex << static_cast<std::uint32_t>(c);
+  }
+}
+
+TEST(CLISanitizationOptions, KeepsBytesThatAreNotUtf8) {
+  for (const std::string bytes : {"\xff", "\xc3", "\xe3\x80", "\x80\xa0", "\xa0", "\x85", "\xc0\xa0",
+                                  "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xe0\x80\xa0"}) {
+    EXPECT_EQ((lowercase | trim).sanitize(" A" + bytes + "\u3000"), "a" + bytes);
+    EXPECT_EQ((lowercase | trim).sanitize(bytes), bytes);
+    EXPECT_EQ((lowercase | trim).sanitize(bytes + "\u00c9"), bytes + "\u00e9");
+  }
+  const std::string nul("A\0B", 3);
+  EXPECT_EQ(lowercase.sanitize(nul), std::string("a\0b", 3));
+}
+
+}  // namespace
+}  // namespace quillonic

@@ -1,0 +1,97 @@
+// The command line over a real process boundary: the example programs, and a child that echoes its words.
+
+#include <quillonic/transcode_cli.hpp>
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "child_process.hpp"
+
+namespace quillonic {
+namespace {
+
+using Words = std::vector<std::string>;
+
+const std::filesystem::path examples = EXAMPLES_DIRECTORY;
+
+ChildResult runTool(const Words& words) {
+  return runChild(examples / "transcoder_tool", words);
+}
+
+// A file of expected output, with @NAME@ replaced.
+std::string expected(const std::string& file,
+                     const std::vector<std::pair<std::string, std::string>>& names = {}) {
+  auto text = contentOf(std::filesystem::path(EXPECTED_DIRECTORY) / file);
+  for (const auto& [name, value] : names) {
+    for (std::size_t at = 0; (at = text.find(name, at)) != std::string::npos; at += value.size()) {
+      text.replace(at, name.size(), value);
+    }
+  }
+  return text;
+}
+
+TEST(ProcessBoundary, EveryWordAndEveryPathArrivesByteForByte) {
+  const Words paths{"/a/plain.mov",        "/a/with blanks .mov",   "/a/it's \"take 3\".mov",
+                    "/a/two\nlines\r.mov", "/a/latin-\xe9\xff.mov", "/a/\u00c9t\u00e9\u3000.MOV",
+                    "/a/$(touch x);`x`&*"};
+  TranscodeCliArguments settings(orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud), true);
+  settings.setInputFileGroups(InputFileGroups{{0, paths}, {1, {paths.rbegin(), paths.rend()}}});
+  settings.setArgumentFlagValue(VAVOutputFileFlag, paths[3]);
+  const auto words = settings.commandLineArguments();
+  ASSERT_THAT(words, testing::Contains(""));
+
+  auto sent = words;
+  const auto files = *settings.inputFiles();
+  sent.insert(sent.end(), files.begin(), files.end());
+  sent.push_back(paths[3]);
+  Words received;
+  std::istringstream output(runChild(WORD_ECHO, words).output);
+  for (std::string text; std::getline(output, text, '\0');) received.push_back(text);
+  EXPECT_EQ(received, sent);
+}
+
+TEST(OffloadApp, StartsTheToolWhichReadsEverySettingBack) {
+  const TemporaryFolder folder;
+  Words words{examples / "transcoder_tool", folder.path()};
+  std::string joined;
+  for (const auto name : {"A.MOV", "it's \"take 3\".mov", "two\nlines.mov", "latin-\xe9.mov"}) {
+    const std::string content(1000, name[0]);
+    std::ofstream(folder / name, std::ios::binary) << content;
+    words.push_back(folder / name);
+    joined += content;
+  }
+  const auto result = runChild(examples / "offload_app", words);
+  EXPECT_EQ(result.errors, "");
+  EXPECT_EQ(result.output, expected("offload_app.txt", {{"@FOLDER@", folder.path()},
+                                                        {"@PID@", std::to_string(result.process)},
+                                                        {"@LATIN-1-E@", "\xe9"}}));
+  EXPECT_EQ(result.exitStatus, 0);
+  EXPECT_EQ(contentOf(folder / "review.mov"), joined);
+  EXPECT_EQ(contentOf(folder / "review.progress"), "0%\n25%\n50%\n75%\n100%\n");
+}
+
+TEST(TranscoderTool, PrintsTheVocabularyForEveryCommand) {
+  std::string output;
+  for (const auto& command : VAVTranscodeCliCommand::allCases()) {
+    const auto result = runTool({std::string(command.cliFlag())});
+    EXPECT_EQ(result.exitStatus, 0);
+    output += std::string(command) + "\n" + result.output + "\n";
+  }
+  EXPECT_EQ(output, expected("transcoder_tool.txt"));
+}
+
+TEST(TranscoderTool, RefusesWhatItCannotDo) {
+  const auto unknown = runTool({"-vcodec", "h264", "-Bogus", "1", "-parentPid", "1", "--what"});
+  EXPECT_EQ(unknown.exitStatus, 64);
+  EXPECT_EQ(unknown.errors, "transcoder_tool: unknown flags: --what -bogus\n");
+  EXPECT_EQ(runTool({}).exitStatus, 64);
+  EXPECT_EQ(runTool({"-in", "/nowhere/a.mov", "-out", "/nowhere/b.mov"}).exitStatus, 66);
+  EXPECT_EQ(runTool({"-in", "/dev/null", "-out", "/dev"}).exitStatus, 73);
+}
+
+}  // namespace
+}  // namespace quillonic
