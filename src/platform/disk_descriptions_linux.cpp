@@ -1,3 +1,5 @@
+#include <quillonic/platform/disk_descriptions.hpp>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -5,8 +7,6 @@
 #include <sys/sysmacros.h>
 #include <system_error>
 #include <utility>
-
-#include <quillonic/platform/disk_descriptions.hpp>
 
 #include "platform/file_reading_linux.hpp"
 #include "platform/text.hpp"
@@ -51,13 +51,17 @@ std::optional<std::string> attribute(const fs::path& device, const char* name) {
   return value.empty() ? std::nullopt : std::optional(std::move(value));
 }
 
-// The value of "NAME=value" in a device's list of properties.
+// The value of "NAME=value" in a device's list of properties, one a line.
 std::optional<std::string> property(const fs::path& device, std::string_view name) {
-  const auto properties = "\n" + attribute(device, "uevent").value_or(std::string());
-  const auto start = properties.find("\n" + std::string(name) + "=");
-  if (start == std::string::npos) return std::nullopt;
-  const auto value = start + name.size() + 2;
-  return properties.substr(value, properties.find('\n', value) - value);
+  const auto properties = attribute(device, "uevent").value_or(std::string());
+  for (std::string_view rest = properties; !rest.empty();) {
+    const auto line = rest.substr(0, rest.find('\n'));
+    if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) {
+      return std::string(line.substr(name.size() + 1));
+    }
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+  }
+  return std::nullopt;
 }
 
 bool isThere(const fs::path& path) {
