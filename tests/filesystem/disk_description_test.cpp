@@ -1,11 +1,11 @@
+#include <quillonic/filesystem/disk_description.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
 #include <unordered_map>
 #include <vector>
-
-#include <quillonic/filesystem/disk_description.hpp>
-#include <quillonic/support/text_dictionary.hpp>
 
 #include "recorded_log.hpp"
 

@@ -1,9 +1,9 @@
+#include <quillonic/filesystem.hpp>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/stat.h>
-
-#include <quillonic/filesystem.hpp>
 
 #include "private_process.hpp"
 #include "recorded_log.hpp"

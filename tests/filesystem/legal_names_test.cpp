@@ -1,8 +1,8 @@
+#include <quillonic/filesystem/legal_names.hpp>
+
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
-
-#include <quillonic/filesystem/legal_names.hpp>
 
 namespace quillonic {
 namespace {

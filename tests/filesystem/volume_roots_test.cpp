@@ -1,10 +1,10 @@
+#include <quillonic/filesystem.hpp>
+#include <quillonic/platform/mount_table.hpp>
+
 #include <array>
 #include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <quillonic/filesystem.hpp>
-#include <quillonic/platform/mount_table.hpp>
 
 #include "private_process.hpp"
 #include "temporary_folder.hpp"
