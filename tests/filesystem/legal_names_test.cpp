@@ -7,13 +7,6 @@
 namespace quillonic {
 namespace {
 
-static_assert(legalLtfsCharacters.size() == 88 && legalLtfsCharacters.starts_with(" !#$%") &&
-              legalLtfsCharacters.ends_with("yz{}~"));
-static_assert(validLtfsCharacters.contains(U':') && validLtfsCharacters.contains(U'/') &&
-              !validLtfsCharacters.contains(U'|') && !validLtfsCharacters.contains(U'\x7F'));
-static_assert(invalidLtfsCharacters.contains(U'\0') && invalidLtfsCharacters.contains(U'\u00E9') &&
-              !invalidLtfsCharacters.contains(U'a'));
-
 TEST(LegalNames, DropWhatAVolumeDoesNotTake) {
   struct Row {
     std::string name;
