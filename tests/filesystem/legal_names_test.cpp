@@ -8,30 +8,17 @@ namespace quillonic {
 namespace {
 
 TEST(LegalNames, DropWhatAVolumeDoesNotTake) {
-  struct Row {
-    std::string name;
-    std::string onLtfs;
-    std::string onDesktop;
-  };
-  const Row rows[] = {
-      {"", "", ""},
-      {"a:b/c*d?", "a:b/cd", "abc*d?"},
-      {"*?<>\"|\\", "", "*?<>\"|\\"},
-      {"e\u0301t\u00E9 \U0001F3AC.mov", "et .mov", "e\u0301t\u00E9 \U0001F3AC.mov"},
-      {"\u65E5\u672C", "", "\u65E5\u672C"},
-      {std::string("a\0\t\n\x7F:b", 7), "a:b",
-       std::string("a\0\t\n\x7F"
-                   "b",
-                   6)},
-      {"\xFF"
-       "a\xC3/\xE2\x82:",
-       "a/:",
-       "\xFF"
-       "a\xC3\xE2\x82"},
-  };
-  for (const auto& [name, onLtfs, onDesktop] : rows) {
+  const std::pair<std::string, const char*> rows[] = {{"a:b/c*d?", "a:b/cd"},
+                                                      {"*?<>\"|\\", ""},
+                                                      {"e\u0301t\u00E9 \U0001F3AC.mov", "et .mov"},
+                                                      {"\u65E5\u672C", ""},
+                                                      {std::string("A\0\t\n\x7F:", 6), "A:"},
+                                                      {"\xFFX\xC3/\xE2\x82:", "X/:"}};
+  for (const auto& [name, onLtfs] : rows) {
     EXPECT_EQ(removingInvalidLtfsCharacters(name), onLtfs) << name;
-    EXPECT_EQ(removingDisallowedMacOSFilesystemCharacters(name), onDesktop) << name;
+    auto onDesktop = name;
+    std::erase_if(onDesktop, [](char c) { return c == '/' || c == ':'; });
+    EXPECT_EQ(removingDisallowedMacOSFilesystemCharacters(name), onDesktop);
   }
 }
 
@@ -57,9 +44,7 @@ TEST(LegalNames, PartATextByItsScalars) {
     ASSERT_EQ(removingAllExcept(kept, set), kept);
     ASSERT_EQ(set.inverted().inverted(), set);
   }
-  const auto accents = CharacterSet::of(
-      "\u00E9\xC3"
-      "a");
+  const auto accents = CharacterSet::of("a\xC3\u00E9");
   EXPECT_EQ(removingDisallowedCharacters("a\u00E9\u00E8\xC3/e\u0301", accents), "\u00E8\xC3/e\u0301");
   EXPECT_EQ(removingAllExcept("a\u00E9\u00E8\xC3/", accents), "a\u00E9");
 }

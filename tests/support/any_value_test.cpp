@@ -113,8 +113,7 @@ TEST(AnyValue, DescribesItself) {
       {Point{7, 0}, "(7)"},
       {AnyValue::Date(1714982889500ms), "2024-05-06T08:08:09.5Z"},
       {AnyValue::Date(-1s), "1969-12-31T23:59:59Z"},
-      {AnyValue::Date::min(), "1677-09-21T00:12:43.145224192Z"},
-  };
+      {AnyValue::Date::min(), "1677-09-21T00:12:43.145224192Z"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(value.description(), text);
 }
 
