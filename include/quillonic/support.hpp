@@ -1,6 +1,9 @@
-/// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts.
+/// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts,
+/// values of any type.
 #pragma once
 
+#include <quillonic/support/any_value.hpp>
+#include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/function_ref.hpp>

@@ -1,0 +1,6 @@
+/// Helpers over the file system: free names for outputs, grouping by drive, legal names, disk descriptions.
+#pragma once
+
+#include <quillonic/filesystem/disk_description.hpp>
+#include <quillonic/filesystem/file_manager.hpp>
+#include <quillonic/filesystem/legal_names.hpp>
