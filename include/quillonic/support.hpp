@@ -1,8 +1,13 @@
-/// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts.
+/// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts,
+/// switches that threads share, and the names that hosts share with the library.
 #pragma once
 
+#include <quillonic/support/atomic_switch.hpp>
 #include <quillonic/support/coding.hpp>
+#include <quillonic/support/dispatch_qos.hpp>
+#include <quillonic/support/dispatch_queue.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/host_keys.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/support/text_dictionary.hpp>
