@@ -1,7 +1,8 @@
 /// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts,
-/// switches that threads share, and the names that hosts share with the library.
+/// values of any type, switches that threads share, and the names that hosts share with the library.
 #pragma once
 
+#include <quillonic/support/any_value.hpp>
 #include <quillonic/support/atomic_switch.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/dispatch_qos.hpp>

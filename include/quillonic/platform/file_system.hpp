@@ -1,0 +1,56 @@
+/// The few questions that the file manager asks about the file system, so that a host or a test can answer
+/// them instead of the operating system.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
+
+namespace quillonic {
+
+/// Whether a directory entry exists.
+enum class ItemPresence : std::uint8_t {
+  /// No entry bears the name.
+  absent,
+  /// An entry bears the name: a file, a folder, or a link, whether its target exists or not.
+  present,
+  /// It cannot be found out, for example because a folder on the way may not be searched.
+  unknown,
+};
+
+/// Answers the file manager's questions. Any thread may call any operation at any time.
+class QUILLONIC_EXPORT PlatformFileSystem {
+ public:
+  PlatformFileSystem() = default;
+  PlatformFileSystem(const PlatformFileSystem&) = delete;
+  PlatformFileSystem& operator=(const PlatformFileSystem&) = delete;
+  virtual ~PlatformFileSystem();
+
+  /// Whether an entry exists at a path, without following a link that is its last component. The path has no
+  /// slash at its end; a relative one counts from the working folder. Called once per candidate name, so it
+  /// takes a plain text that the caller builds in place.
+  virtual ItemPresence presenceOfItem(const std::string& path) const = 0;
+
+  /// Receives an item and the mount point of the volume that holds it, or null where there is none. Both live
+  /// until the block returns.
+  using VolumeRootBlock =
+      FunctionRef<void(const std::filesystem::path& item, const std::filesystem::path* volumeRoot)>;
+
+  /// Calls the block once per item, in order. A link counts for the volume that holds the link itself. An
+  /// item whose last component alone is missing has the root of its folder; one whose folder is missing has
+  /// none.
+  virtual void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
+                                    VolumeRootBlock block) const = 0;
+
+  /// The one that asks the operating system: one call per existence question, and for volume roots one
+  /// reading of the mount table and one call per item that exists. Too long a path, one with a NUL and one
+  /// through something that is no folder are absent, since no entry can bear them.
+  static std::shared_ptr<const PlatformFileSystem> system();
+};
+
+}  // namespace quillonic

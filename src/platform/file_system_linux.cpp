@@ -1,0 +1,48 @@
+#include <cerrno>
+#include <sys/stat.h>
+#include <system_error>
+
+#include <quillonic/platform/file_system.hpp>
+#include <quillonic/platform/mount_table.hpp>
+
+#include "platform/working_folder.hpp"
+
+namespace quillonic {
+namespace {
+
+class SystemFileSystem final : public PlatformFileSystem {
+ public:
+  ItemPresence presenceOfItem(const std::string& path) const override {
+    if (path.find('\0') != std::string::npos) return ItemPresence::absent;
+    struct stat item {};
+    if (::lstat(path.c_str(), &item) == 0) return ItemPresence::present;
+    const bool isAbsent = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
+    return isAbsent ? ItemPresence::absent : ItemPresence::unknown;
+  }
+
+  void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
+                            VolumeRootBlock block) const override {
+    const auto table = items.empty() ? MountTable() : MountTable::current();
+    for (const auto& item : items) {
+      const auto* mount = table.holding(item);
+      block(item, mount ? &mount->mountPoint : nullptr);
+    }
+  }
+};
+
+}  // namespace
+
+PlatformFileSystem::~PlatformFileSystem() = default;
+
+std::shared_ptr<const PlatformFileSystem> PlatformFileSystem::system() {
+  static const auto shared = std::make_shared<const SystemFileSystem>();
+  return shared;
+}
+
+std::optional<std::string> workingFolder() {
+  std::error_code error;
+  auto folder = std::filesystem::current_path(error);
+  return error ? std::nullopt : std::optional<std::string>(std::move(folder).native());
+}
+
+}  // namespace quillonic

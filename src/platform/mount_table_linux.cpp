@@ -1,0 +1,83 @@
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <memory>
+#include <optional>
+#include <sys/stat.h>
+
+#include <quillonic/platform/mount_table.hpp>
+
+#include "platform/file_reading_linux.hpp"
+#include "platform/path_text.hpp"
+
+namespace quillonic {
+namespace {
+
+struct Whereabouts {
+  bool exists = false;
+  bool isDirectory = false;
+  // Absent on a kernel or file system that does not tell.
+  std::optional<std::uint64_t> mountIdentifier;
+};
+
+Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
+  struct statx item {};
+  // No automounter is woken and no server is asked: the mount is known without either.
+  const int flags = linkFlag | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
+  if (::statx(AT_FDCWD, path, flags, STATX_TYPE | STATX_MNT_ID, &item) == 0) {
+    Whereabouts found{.exists = true, .isDirectory = S_ISDIR(item.stx_mode), .mountIdentifier = {}};
+    if ((item.stx_mask & STATX_MNT_ID) != 0) found.mountIdentifier = item.stx_mnt_id;
+    return found;
+  }
+  if (errno != ENOSYS && errno != EPERM) return {};
+  // Some sandboxes refuse the newer call alone.
+  struct stat older {};
+  if (::fstatat(AT_FDCWD, path, &older, linkFlag | AT_NO_AUTOMOUNT) != 0) return {};
+  return {.exists = true, .isDirectory = S_ISDIR(older.st_mode), .mountIdentifier = {}};
+}
+
+std::optional<std::string> resolved(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> text(::realpath(path.c_str(), nullptr), &std::free);
+  return text ? std::optional<std::string>(text.get()) : std::nullopt;
+}
+
+}  // namespace
+
+MountTable MountTable::current() {
+  return fromText(contentsOfFile("/proc/self/mountinfo").value_or(std::string()));
+}
+
+const Mount* MountTable::holding(const std::filesystem::path& item) const {
+  const std::string_view given = item.native();
+  const auto trimmed = path_text::withoutTrailingSlashes(given);
+  if (trimmed.empty() || trimmed.find('\0') != std::string_view::npos) return nullptr;
+  std::string copy;
+  // The usual path has no slash at its end and needs no copy.
+  if (trimmed.size() != given.size()) copy = trimmed;
+  const char* path = trimmed.size() == given.size() ? item.c_str() : copy.c_str();
+
+  const auto prefix = path_text::folderPrefix(trimmed);
+  const auto folder = [&] { return prefix.empty() ? std::string(".") : std::string(prefix); };
+  auto found = whereaboutsOf(path, AT_SYMLINK_NOFOLLOW);
+  const bool itself = found.exists;
+  if (!itself) {
+    found = whereaboutsOf(folder().c_str(), 0);
+    if (!found.exists || !found.isDirectory) return nullptr;
+  }
+  if (found.mountIdentifier) {
+    if (const auto* mount = withIdentifier(*found.mountIdentifier)) return mount;
+  }
+
+  // Mounted since the table was read, or the system does not tell.
+  const auto name = trimmed.substr(prefix.size());
+  const bool namesFolder = name.empty() || name == "." || name == "..";
+  auto place = resolved(namesFolder ? std::string(trimmed) : folder());
+  if (!place) return nullptr;
+  if (itself && !namesFolder) {
+    if (!place->ends_with('/')) place->push_back('/');
+    place->append(name);
+  }
+  return withLongestMountPoint(*place);
+}
+
+}  // namespace quillonic

@@ -1,0 +1,171 @@
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+#include "platform/system_script_runner.hpp"
+#include "platform/text.hpp"
+
+namespace quillonic {
+namespace {
+
+constexpr std::size_t greatestOutput = 65536;
+
+// Programs that run another one with raised rights, the one that can ask the user first. Named by their full
+// paths: what the search path names belongs to whoever set it.
+struct Launcher {
+  std::array<const char*, 4> words;
+  // The exit status with which it says that it had nobody to ask, so that the next one is worth a try.
+  int couldNotAsk;
+};
+constexpr auto launchers = std::to_array<Launcher>({
+    {{"/usr/bin/pkexec", "--disable-internal-agent"}, 127},
+    {{"/usr/bin/sudo", "-n", "--"}, -1},
+});
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) noexcept : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { close(); }
+
+  int number() const noexcept { return number_; }
+  void close() noexcept {
+    if (number_ >= 0) ::close(number_);
+    number_ = -1;
+  }
+
+ private:
+  int number_;
+};
+
+// How a child process is set up: no input, both outputs into one pipe, no terminal to ask on, and none of the
+// signal settings of the thread that starts it.
+class SpawnSettings {
+ public:
+  explicit SpawnSettings(int output) {
+    ::posix_spawn_file_actions_init(&actions_);
+    ::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
+    ::posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
+    // Last: the pipe may have got the number of an input that the host has closed.
+    ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    ::posix_spawnattr_init(&attributes_);
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    ::posix_spawnattr_setsigmask(&attributes_, &signals);
+    ::sigfillset(&signals);
+    ::posix_spawnattr_setsigdefault(&attributes_, &signals);
+    constexpr int flags = POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+    ::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
+  }
+  SpawnSettings(const SpawnSettings&) = delete;
+  SpawnSettings& operator=(const SpawnSettings&) = delete;
+  ~SpawnSettings() {
+    ::posix_spawnattr_destroy(&attributes_);
+    ::posix_spawn_file_actions_destroy(&actions_);
+  }
+
+  // The child's identifier, or nothing when the program could not be started.
+  std::optional<pid_t> start(const std::vector<const char*>& words) const {
+    // The declaration lacks a const that the function keeps.
+    auto* const* arguments = const_cast<char* const*>(words.data());
+    pid_t child = 0;
+    const int error = ::posix_spawn(&child, words.front(), &actions_, &attributes_, arguments, environ);
+    return error == 0 ? std::optional(child) : std::nullopt;
+  }
+
+ private:
+  posix_spawn_file_actions_t actions_{};
+  posix_spawnattr_t attributes_{};
+};
+
+std::string readToEnd(int file) {
+  std::string output;
+  std::array<char, 4096> block{};
+  for (;;) {
+    const auto count = ::read(file, block.data(), block.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return output;
+    output.append(block.data(), std::min(static_cast<std::size_t>(count), greatestOutput - output.size()));
+  }
+}
+
+struct Outcome {
+  // As `waitpid` gives it; absent where the host has its children's ends thrown away.
+  std::optional<int> status;
+  std::string output;
+
+  bool exitedWith(int wanted) const { return status && WIFEXITED(*status) && WEXITSTATUS(*status) == wanted; }
+
+  TextDictionary errors() const {
+    TextDictionary errors;
+    if (exitedWith(0)) return errors;
+    if (status && WIFEXITED(*status)) errors.set("exit status", std::to_string(WEXITSTATUS(*status)));
+    if (status && WIFSIGNALED(*status)) errors.set("signal", std::to_string(WTERMSIG(*status)));
+    const auto printed = text::trimmed(output);
+    if (!printed.empty()) errors.set("output", printed);
+    return errors;
+  }
+};
+
+// Nothing when the program could not be started.
+std::optional<Outcome> outcomeOf(std::vector<const char*> words) {
+  words.push_back(nullptr);
+  std::array<int, 2> ends{};
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
+  const Descriptor output(ends[0]);
+  Descriptor input(ends[1]);
+  const auto child = SpawnSettings(input.number()).start(words);
+  input.close();
+  if (!child) return std::nullopt;
+
+  Outcome outcome{.status = {}, .output = readToEnd(output.number())};
+  int status = 0;
+  pid_t ended = 0;
+  do {
+    ended = ::waitpid(*child, &status, 0);
+  } while (ended < 0 && errno == EINTR);
+  if (ended == *child) outcome.status = status;
+  return outcome;
+}
+
+class SystemScriptRunner final : public ScriptRunner {
+ public:
+  ScriptForm form() const noexcept override { return ScriptForm::argumentList; }
+
+  std::optional<TextDictionary> runArguments(std::span<const std::string> words) override {
+    const auto hasNul = [](const std::string& word) { return word.find('\0') != std::string::npos; };
+    if (words.empty() || std::ranges::any_of(words, hasNul)) return std::nullopt;
+    std::vector<const char*> command;
+    for (const auto& word : words) command.push_back(word.c_str());
+    if (::geteuid() == 0) {
+      const auto outcome = outcomeOf(std::move(command));
+      return outcome ? std::optional(outcome->errors()) : std::nullopt;
+    }
+
+    std::optional<TextDictionary> errors;
+    for (const auto& launcher : launchers) {
+      std::vector<const char*> raised(launcher.words.begin(), std::ranges::find(launcher.words, nullptr));
+      raised.insert(raised.end(), command.begin(), command.end());
+      const auto outcome = outcomeOf(std::move(raised));
+      if (!outcome) continue;
+      errors = outcome->errors();
+      if (!outcome->exitedWith(launcher.couldNotAsk)) break;
+    }
+    return errors;
+  }
+};
+
+}  // namespace
+
+std::shared_ptr<ScriptRunner> systemScriptRunner() {
+  return std::make_shared<SystemScriptRunner>();
+}
+
+}  // namespace quillonic

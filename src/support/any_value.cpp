@@ -1,0 +1,120 @@
+#include <cmath>
+#include <limits>
+
+#include <quillonic/support/any_value.hpp>
+
+#include "platform/number_text.hpp"
+
+namespace quillonic {
+namespace {
+
+// The integer that a floating-point number is, if it is one and fits.
+template <class Integer> std::optional<Integer> exactInteger(double number) noexcept {
+  constexpr auto lowest = static_cast<double>(std::numeric_limits<Integer>::min());
+  constexpr auto beyond = 2.0 * static_cast<double>(Integer{1} << (std::numeric_limits<Integer>::digits - 1));
+  if (!(number >= lowest && number < beyond)) return std::nullopt;
+  const auto integer = static_cast<Integer>(number);
+  return static_cast<double>(integer) == number ? std::optional(integer) : std::nullopt;
+}
+
+template <class Integer> std::optional<double> exactDouble(Integer integer) noexcept {
+  const auto number = static_cast<double>(integer);
+  return exactInteger<Integer>(number) == integer ? std::optional(number) : std::nullopt;
+}
+
+void appendPadded(std::string& text, std::int64_t number, std::size_t digits) {
+  const auto written = std::to_string(number);
+  text.append(digits > written.size() ? digits - written.size() : 0, '0').append(written);
+}
+
+std::string isoText(AnyValue::Date date) {
+  using namespace std::chrono;  // NOLINT(google-build-using-namespace): its literals and units are the text
+  const auto day = floor<days>(date);
+  const year_month_day calendar(day);
+  const hh_mm_ss time(date - day);
+  std::string text;
+  appendPadded(text, static_cast<int>(calendar.year()), 4);
+  appendPadded(text.append("-"), static_cast<unsigned>(calendar.month()), 2);
+  appendPadded(text.append("-"), static_cast<unsigned>(calendar.day()), 2);
+  appendPadded(text.append("T"), time.hours().count(), 2);
+  appendPadded(text.append(":"), time.minutes().count(), 2);
+  appendPadded(text.append(":"), time.seconds().count(), 2);
+  if (time.subseconds().count() != 0) {
+    appendPadded(text.append("."), time.subseconds().count(), 9);
+    text.erase(text.find_last_not_of('0') + 1);
+  }
+  return text.append("Z");
+}
+
+}  // namespace
+
+detail::HostValue::~HostValue() = default;
+
+std::optional<std::int64_t> AnyValue::asSigned() const noexcept {
+  if (const auto* integer = std::get_if<std::int64_t>(&value_)) return *integer;
+  if (const auto* number = std::get_if<double>(&value_)) return exactInteger<std::int64_t>(*number);
+  return std::nullopt;
+}
+
+std::optional<std::uint64_t> AnyValue::asUnsigned() const noexcept {
+  if (const auto* integer = std::get_if<std::uint64_t>(&value_)) return *integer;
+  if (const auto* integer = std::get_if<std::int64_t>(&value_)) {
+    return *integer >= 0 ? std::optional(static_cast<std::uint64_t>(*integer)) : std::nullopt;
+  }
+  if (const auto* number = std::get_if<double>(&value_)) return exactInteger<std::uint64_t>(*number);
+  return std::nullopt;
+}
+
+std::optional<double> AnyValue::asDouble() const noexcept {
+  if (const auto* number = std::get_if<double>(&value_)) return *number;
+  if (const auto* integer = std::get_if<std::int64_t>(&value_)) return exactDouble(*integer);
+  if (const auto* integer = std::get_if<std::uint64_t>(&value_)) return exactDouble(*integer);
+  return std::nullopt;
+}
+
+std::optional<float> AnyValue::asFloat() const noexcept {
+  const auto number = asDouble();
+  if (!number) return std::nullopt;
+  constexpr auto greatest = static_cast<double>(std::numeric_limits<float>::max());
+  if (std::isfinite(*number) && std::abs(*number) > greatest) return std::nullopt;
+  const auto narrow = static_cast<float>(*number);
+  const bool isExact = static_cast<double>(narrow) == *number || std::isnan(*number);
+  return isExact ? std::optional(narrow) : std::nullopt;
+}
+
+std::string AnyValue::description() const {
+  struct Describe {
+    std::string operator()(std::monostate) const { return {}; }
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    std::string operator()(std::int64_t value) const { return std::to_string(value); }
+    std::string operator()(std::uint64_t value) const { return std::to_string(value); }
+    std::string operator()(double value) const { return number_text::shortest(value); }
+    std::string operator()(const std::string& value) const { return value; }
+    std::string operator()(const std::filesystem::path& value) const { return value.native(); }
+    std::string operator()(Date value) const { return isoText(value); }
+    std::string operator()(const Host& value) const { return value ? value->description() : std::string(); }
+  };
+  return std::visit(Describe{}, value_);
+}
+
+bool AnyValue::operator==(const AnyValue& other) const {
+  if (value_.index() != other.value_.index()) {
+    // Of two numbers that lie differently one is a floating-point number or one is beyond a signed integer:
+    // they are equal only where they are the same integer.
+    if (const auto integer = asSigned()) return integer == other.asSigned();
+    if (const auto integer = asUnsigned()) return integer == other.asUnsigned();
+    return false;
+  }
+  if (const auto* number = std::get_if<double>(&value_)) {
+    const auto otherNumber = *std::get_if<double>(&other.value_);
+    return *number == otherNumber || (std::isnan(*number) && std::isnan(otherNumber));
+  }
+  if (const auto* host = std::get_if<Host>(&value_)) {
+    const auto& otherHost = *std::get_if<Host>(&other.value_);
+    if (!*host || !otherHost) return *host == otherHost;
+    return (*host)->type() == otherHost->type() && (*host)->equals(*otherHost);
+  }
+  return value_ == other.value_;
+}
+
+}  // namespace quillonic

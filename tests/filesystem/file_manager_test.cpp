@@ -1,0 +1,181 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <sys/stat.h>
+
+#include <quillonic/filesystem.hpp>
+
+#include "filesystem/private_process.hpp"
+#include "filesystem/temporary_folder.hpp"
+#include "recorded_log.hpp"
+
+namespace quillonic {
+namespace {
+
+using std::filesystem::path;
+using testing::ElementsAre;
+using Paths = std::vector<path>;
+
+// Answers from a list of names and counts the questions.
+class ListedFileSystem final : public PlatformFileSystem {
+ public:
+  explicit ListedFileSystem(std::set<std::string> taken) : taken_(std::move(taken)) {}
+
+  ItemPresence presenceOfItem(const std::string& item) const override {
+    ++questions;
+    if (item.starts_with("/secret/")) return ItemPresence::unknown;
+    return taken_.contains(item) ? ItemPresence::present : ItemPresence::absent;
+  }
+  void enumerateVolumeRoots(std::span<const path> items, VolumeRootBlock block) const override {
+    for (const auto& item : items) {
+      const auto root = item.parent_path();
+      block(item, root == "/pulled" ? nullptr : &root);
+    }
+  }
+
+  mutable int questions = 0;
+
+ private:
+  std::set<std::string> taken_;
+};
+
+FileManager managerWith(std::set<std::string> taken) {
+  return FileManager(std::make_shared<ListedFileSystem>(std::move(taken)));
+}
+
+TEST(FilePathAdjustedForCollision, CountsUpBehindTheStem) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"/out/clip.mov", "/out/clip 2.mov"},
+      {"/out/report", "/out/report 2"},
+      {"/out/a.b.tar.gz", "/out/a.b.tar 2.gz"},
+      {"/out/.hidden", "/out/.hidden 2"},
+      {"/out/.hidden.mov", "/out/.hidden 2.mov"},
+      {"/out/name.", "/out/name. 2"},
+      {"/out/two  blanks .mov", "/out/two  blanks  2.mov"},
+      {"/out.d/report", "/out.d/report 2"},
+      {"/out/clip 2.mov", "/out/clip 2 2.mov"},
+      {"clip.mov", "clip 2.mov"},
+      {"../clip.mov", "../clip 2.mov"},
+      {"./a//clip.mov", "./a//clip 2.mov"},
+      {"/clip.mov", "/clip 2.mov"},
+      {"/out/\xFF\xC3.mov", "/out/\xFF\xC3 2.mov"},
+      {"/", "/ 2"},
+  };
+  for (const auto& [taken, free] : rows) {
+    EXPECT_EQ(managerWith({taken}).filePathAdjustedForCollision(taken).native(), free);
+    EXPECT_EQ(managerWith({}).filePathAdjustedForCollision(taken).native(), taken);
+  }
+  EXPECT_EQ(managerWith({"/out/dir"}).filePathAdjustedForCollision("/out/dir//").native(), "/out/dir 2");
+  EXPECT_EQ(managerWith({}).filePathAdjustedForCollision("/out/dir/").native(), "/out/dir/");
+  EXPECT_EQ(managerWith({}).filePathAdjustedForCollision("").native(), "");
+  EXPECT_EQ(managerWith({}).filePathAdjustedForCollision("/secret/a").native(), "/secret/a");
+}
+
+TEST(LastPathComponentAdjustedForCollision, IsFreeInEveryFolder) {
+  const auto files = managerWith({"/a/s.mov", "/b/s 2.mov", "/a/s", "/a/s 2.", "s.mov"});
+  const Paths folders{"/a", "/b/"};
+  const auto name = [&](std::span<const path> amongst, auto extension) {
+    return files.lastPathComponentAdjustedForCollision(amongst, "s", extension);
+  };
+  EXPECT_EQ(name({}, "mov"), "s");
+  EXPECT_EQ(name(folders, "mov"), "s 3.mov");
+  EXPECT_EQ(name(std::span(folders).subspan(1), "mov"), "s.mov");
+  EXPECT_EQ(name(folders, ""), "s 3.");
+  EXPECT_EQ(name(folders, std::nullopt), "s 2");
+  EXPECT_EQ(name(Paths{""}, "mov"), "s 2.mov");
+}
+
+TEST(ConsistentFilePathsAdjustedForCollision, ShareOneStem) {
+  using ByExtension = FileManager::PathsByExtension;
+  const auto files = managerWith({"/out/clip.mov", "/out/clip-3.xml", "/b/clip-2.xml"});
+  const std::vector<std::string> extensions{"xml", "mov", "xml"};
+  EXPECT_EQ(files.consistentFilePathsAdjustedForCollision("/out", "clip", extensions),
+            (ByExtension{{"mov", "/out/clip-2.mov"}, {"xml", "/out/clip-2.xml"}}));
+  EXPECT_EQ(files.consistentFilePathsAdjustedForCollision("/out", "clip", {}), ByExtension{});
+  EXPECT_EQ(
+      files.consistentFilePathsAdjustedForCollisionAcrossDirectories(Paths{"/b", "/out"}, "clip", extensions),
+      (ByExtension{{"mov", "/b/clip-4.mov"}, {"xml", "/b/clip-4.xml"}}));
+  EXPECT_EQ(files.consistentFilePathsAdjustedForCollisionAcrossDirectories({}, "clip", extensions),
+            ByExtension{});
+}
+
+TEST(FileManagerNaming, AsksOncePerCandidate) {
+  std::set<std::string> taken{"/o/s.mov", "/o/s"};
+  for (int i = 2; i <= 1000; ++i) {
+    for (const auto* between : {" ", "-"})
+      taken.insert("/o/s" + std::string(between) + std::to_string(i) + ".mov");
+  }
+  const auto listed = std::make_shared<ListedFileSystem>(taken);
+  const FileManager files(listed);
+  EXPECT_EQ(files.filePathAdjustedForCollision("/o/s.mov"), "/o/s 1001.mov");
+  EXPECT_EQ(std::exchange(listed->questions, 0), 1001);
+  EXPECT_EQ(files.lastPathComponentAdjustedForCollision(Paths{"/o"}, "s", "mov"), "s 1001.mov");
+  EXPECT_EQ(std::exchange(listed->questions, 0), 1001);
+  EXPECT_EQ(
+      files.consistentFilePathsAdjustedForCollision("/o", "s", std::vector<std::string>{"mov"}).at("mov"),
+      "/o/s-1001.mov");
+  EXPECT_EQ(listed->questions, 1001);
+}
+
+// Writing again and again to a free name never meets what is there.
+TEST(FileManagerNaming, NeverGivesANameThatAnEntryBears) {
+  const TemporaryFolder folder;
+  const FileManager files;
+  std::filesystem::create_symlink("/nowhere/victim", folder / "link.mov");
+  EXPECT_EQ(files.filePathAdjustedForCollision(folder / "link.mov"), folder / "link 2.mov");
+  const std::string longest(251, 'n');
+  for (const std::string name :
+       {"clip.mov", "\xFF\xFE.mov", " ", ".mov", "a.b.c", "line\nbreak", longest.c_str()}) {
+    std::set<path> written;
+    for (int i = 0; i < 12; ++i) {
+      const auto free = files.filePathAdjustedForCollision(folder / name);
+      ASSERT_EQ(free.parent_path(), folder.path());
+      ASSERT_TRUE(written.insert(free).second) << free;
+      folder.file(free.filename());
+    }
+  }
+  // Too long to exist, and so free.
+  EXPECT_EQ(files.filePathAdjustedForCollision(folder.file(std::string(254, 'n'))).filename().native(),
+            std::string(254, 'n') + " 2");
+  const auto nul = std::string("clip.mov\0x", 10);
+  EXPECT_EQ(files.filePathAdjustedForCollision(folder / nul), folder / nul);
+}
+
+TEST(FileManagerNaming, EndsInAFolderThatCannotBeSearched) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+  const TemporaryFolder folder;
+  const auto closed = folder.folder("closed");
+  folder.file("closed/clip.mov");
+  const auto result = runPrivately([&] {
+    chmod(closed.c_str(), 0);
+    chmod(folder.path().c_str(), 0755);
+    EXPECT_TRUE(setgid(65534) == 0 && setuid(65534) == 0);
+    const FileManager files;
+    EXPECT_EQ(files.filePathAdjustedForCollision(closed / "clip.mov"), closed / "clip.mov");
+    EXPECT_EQ(files.getUniqueDrives(Paths{closed / "clip.mov"}), files.getUniqueDrives(Paths{folder.path()}));
+    // Nobody can raise its rights, or nobody is there to be asked; what cannot be seen is not taken as
+    // removed.
+    RecordedLog log;
+    EXPECT_FALSE(files.removePathWithElevatedPermissions((closed / "clip.mov").native()));
+    EXPECT_EQ(log.lines().size(), 1U);
+  });
+  ASSERT_NE(result, PrivateRun::notAllowed);
+  EXPECT_EQ(result, PrivateRun::passed);
+  EXPECT_TRUE(std::filesystem::exists(closed / "clip.mov"));
+}
+
+TEST(DriveGrouping, KeepsTheOrderOfTheItems) {
+  const RecordedLog log;
+  const Paths items{"/b/1", "/pulled/x", "/a/1", "/b/3", "/pulled/\n", "/b/2"};
+  EXPECT_THAT(managerWith({}).getUniqueDrives(items), ElementsAre("/b", "/a"));
+  EXPECT_TRUE(log.lines().empty());
+  EXPECT_EQ(managerWith({}).mappingOfUniqueDrives(items),
+            (FileManager::ItemsByDrive{
+                {"", {"/pulled/x", "/pulled/\n"}}, {"/a", {"/a/1"}}, {"/b", {"/b/1", "/b/3", "/b/2"}}}));
+  EXPECT_THAT(log.lines(),
+              ElementsAre("warning: MOUD-Unable to find root drive path for given URL: /pulled/x",
+                          "warning: MOUD-Unable to find root drive path for given URL: /pulled/\n"));
+}
+
+}  // namespace
+}  // namespace quillonic

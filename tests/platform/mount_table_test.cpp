@@ -1,0 +1,93 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include <quillonic/platform/mount_table.hpp>
+
+namespace quillonic {
+namespace {
+
+constexpr std::string_view plainLine = "22 1 0:21 / / rw - proc proc rw\n";
+// Every field in its strangest form.
+constexpr std::string_view strangeLine =
+    R"(36 35 259:17 /a\040b /mnt/x\040\011\012\134\134040\q\8 ro,noatime shared:1 master:2 propagate_from:3 )"
+    R"(unbindable - fuse.my\040fs  rw,errors=continue)";
+
+TEST(MountTable, ReadsEveryField) {
+  const auto table = MountTable::fromText(std::string(plainLine).append(strangeLine).append("\n"));
+  ASSERT_EQ(table.mounts().size(), 2U);
+  EXPECT_EQ(table.mounts()[1], (Mount{.identifier = 36,
+                                      .parentIdentifier = 35,
+                                      .deviceMajor = 259,
+                                      .deviceMinor = 17,
+                                      .root = "/a b",
+                                      .mountPoint = "/mnt/x \t\n\\\\040\\q\\8",
+                                      .kind = "fuse.my fs",
+                                      .source = "",
+                                      .isReadOnly = true}));
+  EXPECT_FALSE(table.mounts()[0].isReadOnly);
+  EXPECT_TRUE(MountTable::fromText("1 2 0:3 / /a rw - ext4 /dev/a rw,ro").mounts()[0].isReadOnly);
+  EXPECT_FALSE(MountTable::fromText("1 2 0:3 / /a rw - ext4 /dev/a rw,root=ro").mounts()[0].isReadOnly);
+  EXPECT_EQ(table.withIdentifier(22), &table.mounts()[0]);
+  EXPECT_EQ(table.withIdentifier(35), nullptr);
+}
+
+TEST(MountTable, LeavesOutLinesThatAreCutShort) {
+  const auto complete = strangeLine.rfind(' ') + 1;
+  for (std::size_t length = 0; length < complete; ++length) {
+    const auto text = std::string(strangeLine.substr(0, length)).append("\n").append(plainLine);
+    const auto table = MountTable::fromText(text);
+    ASSERT_EQ(table.mounts().size(), 1U) << length;
+    ASSERT_EQ(table.mounts()[0].identifier, 22U);
+  }
+  for (const std::string_view line :
+       {"x 1 0:1 / / rw - a b rw", "1 1 0 / / rw - a b rw", "1 1 0:1 / mnt rw - a b rw",
+        "-1 1 0:1 / / rw - a b rw", "99999999999999999999 1 0:1 / / rw - a b rw",
+        "1 1 0:1 / / rw shared a b c"})
+    EXPECT_TRUE(MountTable::fromText(line).mounts().empty()) << line;
+}
+
+TEST(MountTable, ComparesMountPointsByComponent) {
+  const auto table = MountTable::fromText(
+      "1 0 8:1 / / rw - ext4 a rw\n"
+      "2 1 8:2 / /media/CARD rw - vfat b rw\n"
+      "3 2 8:3 / /media/CARD rw - exfat c rw\n"
+      "4 1 8:4 / /media rw - tmpfs d rw\n");
+  const std::pair<const char*, std::uint64_t> rows[] = {
+      {"/", 1},           {"/med", 1},          {"/media", 4},  {"/media/CARD2", 4},
+      {"/media/CARD", 3}, {"/media/CARD/a", 3}, {"/media/x", 4}};
+  for (const auto& [path, identifier] : rows) {
+    EXPECT_EQ(table.withLongestMountPoint(path)->identifier, identifier) << path;
+  }
+  EXPECT_EQ(table.withLongestMountPoint("media/CARD"), nullptr);
+}
+
+TEST(MountTable, GivesNoMountForWhatIsNowhere) {
+  const auto table = MountTable::current();
+  ASSERT_FALSE(table.mounts().empty());
+  EXPECT_NE(table.holding("."), nullptr);
+  EXPECT_EQ(table.holding("missing"), table.holding("."));
+  EXPECT_EQ(table.holding("/proc/missing")->mountPoint, "/proc");
+  for (const std::string path : {"", "missing/missing", "/proc/self/stat/x"}) {
+    EXPECT_EQ(table.holding(path), nullptr) << path;
+  }
+  EXPECT_EQ(table.holding(std::string("/proc\0x", 7)), nullptr);
+  EXPECT_EQ(MountTable().holding("/"), nullptr);
+}
+
+// Identifiers that the system does not know stand for a system that does not tell them.
+TEST(MountTable, FallsBackOnTheResolvedPath) {
+  const auto table = MountTable::fromText(
+      "4000000001 0 8:1 / / rw - ext4 a rw\n"
+      "4000000002 1 8:2 / /proc/self rw - proc b rw\n"
+      "4000000003 1 8:2 / /proc/sys rw - proc b rw\n");
+  // "self" is a link: it lies in /proc, and what is below it elsewhere.
+  const std::pair<const char*, std::uint64_t> rows[] = {{"/proc/self", 4000000002},
+                                                        {"/proc/self/stat", 4000000001},
+                                                        {"/proc/sys//kernel/../", 4000000003},
+                                                        {"/proc/sys/missing", 4000000003},
+                                                        {"/", 4000000001}};
+  for (const auto& [path, identifier] : rows) EXPECT_EQ(table.holding(path)->identifier, identifier) << path;
+}
+
+}  // namespace
+}  // namespace quillonic
