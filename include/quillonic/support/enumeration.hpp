@@ -23,13 +23,14 @@ namespace quillonic {
 /// values.
 template <class Enumeration> struct CaseTable;
 
-/// One case of a closed enumeration and its text.
-template <class Enumeration> struct CaseRow {
+/// One case of a closed enumeration and its raw value: a text, or a number where the enumeration stands for
+/// numbers.
+template <class Enumeration, class RawValue = std::string_view> struct CaseRow {
   Enumeration value;
-  std::string_view rawValue;
+  RawValue rawValue;
 };
 
-/// An `enum class` that has a table of case texts.
+/// An `enum class` that has a table of its cases.
 template <class T>
 concept ClosedEnumeration = std::is_enum_v<T> && requires {
   CaseTable<T>::rows.size();
@@ -44,6 +45,11 @@ inline constexpr auto casesOf = [] {
   return cases;
 }();
 
+template <class E> struct RawValueOf { using Type = std::string_view; };
+template <ClosedEnumeration E> struct RawValueOf<E> {
+  using Type = decltype(std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>::rawValue);
+};
+
 }  // namespace detail
 
 /// Every case, in the enumeration's own order. The span stays valid for the life of the program.
@@ -55,24 +61,24 @@ template <class E> constexpr std::span<const E> allCases() noexcept {
   }
 }
 
-/// The text of a case; the empty text for a number that no case bears.
-template <ClosedEnumeration E> constexpr std::string_view rawValue(E value) noexcept {
+/// The raw value of a case; the empty text, or 0, for a number that no case bears.
+template <ClosedEnumeration E> constexpr typename detail::RawValueOf<E>::Type rawValue(E value) noexcept {
   for (const auto& row : CaseTable<E>::rows) {
     if (row.value == value) return row.rawValue;
   }
   return {};
 }
 
-/// The value whose text is exactly `text`, case included. A closed enumeration gives nothing for a text
-/// outside its table; an open one wraps any text and so always gives a value.
-template <class E> constexpr std::optional<E> fromRawValue(std::string_view text) {
+/// The value whose raw value is exactly the given one, case included. A closed enumeration gives nothing for
+/// one outside its table; an open one wraps any text and so always gives a value.
+template <class E> constexpr std::optional<E> fromRawValue(typename detail::RawValueOf<E>::Type raw) {
   if constexpr (ClosedEnumeration<E>) {
     for (const auto& row : CaseTable<E>::rows) {
-      if (row.rawValue == text) return row.value;
+      if (row.rawValue == raw) return row.value;
     }
     return std::nullopt;
   } else {
-    return E::fromRawValue(text);
+    return E::fromRawValue(raw);
   }
 }
 
