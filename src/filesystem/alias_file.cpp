@@ -41,12 +41,12 @@ constexpr std::size_t greatestNameSize = 1024;
 // Dates count from 2001.
 constexpr std::int64_t epoch = 978307200;
 
+// The number at the start of at least as many bytes.
 template <class Unsigned> Unsigned littleEndian(std::string_view bytes) noexcept {
-  Unsigned number = 0;
-  for (std::size_t i = sizeof(Unsigned); i-- > 0;) {
-    number = static_cast<Unsigned>(number << 8U) | static_cast<unsigned char>(bytes[i]);
-  }
-  return number;
+  std::array<char, sizeof(Unsigned)> digits;
+  std::memcpy(digits.data(), bytes.data(), digits.size());
+  if constexpr (std::endian::native == std::endian::big) std::ranges::reverse(digits);
+  return std::bit_cast<Unsigned>(digits);
 }
 
 template <class Unsigned> std::string littleEndianBytes(Unsigned number) {

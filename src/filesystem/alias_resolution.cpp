@@ -97,7 +97,9 @@ class Resolution {
   std::vector<FoldedEntry> foldedEntries(const std::string& folder) const {
     std::vector<FoldedEntry> folded;
     std::error_code ignored;
-    auto entries = exists(folder) ? items::entries(folder + "/.", ignored) : std::nullopt;
+    // The dot leads through a link to a folder.
+    const auto opened = exists(folder) ? items::Folder::open(folder + "/.", ignored) : std::nullopt;
+    auto entries = opened ? items::entries(*opened, ignored) : std::nullopt;
     if (!entries) return folded;
     for (auto& entry : *entries) folded.push_back({text::foldedName(entry.name), std::move(entry.name)});
     std::ranges::stable_sort(folded, {}, &FoldedEntry::folded);

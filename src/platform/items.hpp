@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace quillonic::items {
@@ -30,15 +31,34 @@ struct Status {
   AnyValue::Date modified;
 };
 
-// One system call; wakes no automounter.
-std::optional<Status> status(const std::string& path, std::error_code& error);
+// A folder held open. Names in it are looked up without its path.
+class Folder {
+ public:
+  // The folder is no link to one.
+  static std::optional<Folder> open(const std::string& path, std::error_code& error);
+  Folder(Folder&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  Folder& operator=(Folder&&) = delete;
+  ~Folder();
+
+  int descriptor() const noexcept { return descriptor_; }
+
+ private:
+  explicit Folder(int descriptor) noexcept : descriptor_(descriptor) {}
+
+  int descriptor_;
+};
+
+// One system call; wakes no automounter. A relative path counts from the folder, or without one from the
+// working folder; so it does below.
+std::optional<Status> status(const std::string& path, std::error_code& error, const Folder* folder = nullptr);
 
 // Whether there is an item behind a path, the one operation that follows links. One system call; wakes no
 // automounter.
 bool existsBehindLinks(const std::string& path);
 
 // The target of a symbolic link as it is stored. One system call.
-std::optional<std::string> linkText(const std::string& path, std::error_code& error);
+std::optional<std::string> linkText(const std::string& path, std::error_code& error,
+                                    const Folder* folder = nullptr);
 
 // Up to `limit` bytes from the start of a regular file. Never waits for a pipe or a device.
 std::optional<std::string> firstBytes(const std::string& path, std::size_t limit, std::error_code& error);
@@ -51,8 +71,8 @@ struct Entry {
   FileType type;
 };
 
-// The entries of a folder, which is no link to one, in the byte order of their names, without "." and "..".
-std::optional<std::vector<Entry>> entries(const std::string& folder, std::error_code& error);
+// The entries of a folder in the byte order of their names, without "." and "..". To be asked once.
+std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code& error);
 
 // The absolute path of an existing item with every link in it followed.
 std::optional<std::string> canonical(const std::string& path);

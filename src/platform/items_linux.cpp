@@ -27,28 +27,13 @@ bool canExist(const std::string& path, std::error_code& error) noexcept {
   return !error;
 }
 
-class File {
- public:
-  explicit File(int descriptor) noexcept : descriptor_(descriptor) {}
-  File(const File&) = delete;
-  File& operator=(const File&) = delete;
-  ~File() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-
-  explicit operator bool() const noexcept { return descriptor_ >= 0; }
-  int descriptor() const noexcept { return descriptor_; }
-
-  // For files whose last writes may be refused when they are closed.
-  bool close() noexcept { return ::close(std::exchange(descriptor_, -1)) == 0; }
-
- private:
-  int descriptor_;
-};
-
 struct CloseFolder {
   void operator()(DIR* stream) const noexcept { ::closedir(stream); }
 };
+
+int placeOf(const Folder* folder) noexcept {
+  return folder ? folder->descriptor() : AT_FDCWD;
+}
 
 constexpr FileType typeOfMode(unsigned mode) noexcept {
   switch (mode & S_IFMT) {
@@ -95,9 +80,9 @@ Status statusOf(const struct statx& item) noexcept {
 }
 
 // Some sandboxes refuse the newer call alone.
-bool olderStatus(const char* path, struct statx& item) noexcept {
+bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
   struct stat older {};
-  if (::fstatat(AT_FDCWD, path, &older, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0) return false;
+  if (::fstatat(folder, path, &older, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0) return false;
   item.stx_mode = static_cast<decltype(item.stx_mode)>(older.st_mode);
   item.stx_size = static_cast<std::uint64_t>(older.st_size);
   item.stx_dev_major = major(older.st_dev);
@@ -118,12 +103,25 @@ FileType typeOfEntry(const dirent& entry) noexcept {
 
 }  // namespace
 
-std::optional<Status> status(const std::string& path, std::error_code& error) {
+Folder::~Folder() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+std::optional<Folder> Folder::open(const std::string& path, std::error_code& error) {
+  if (!canExist(path, error)) return std::nullopt;
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  if (descriptor >= 0) return Folder(descriptor);
+  error = lastError();
+  return std::nullopt;
+}
+
+std::optional<Status> status(const std::string& path, std::error_code& error, const Folder* folder) {
   if (!canExist(path, error)) return std::nullopt;
   struct statx item {};
   const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-  bool isKnown = ::statx(AT_FDCWD, path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, &item) == 0;
-  if (!isKnown && (errno == ENOSYS || errno == EPERM)) isKnown = olderStatus(path.c_str(), item);
+  bool isKnown = ::statx(placeOf(folder), path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, &item) == 0;
+  if (!isKnown && (errno == ENOSYS || errno == EPERM))
+    isKnown = olderStatus(placeOf(folder), path.c_str(), item);
   if (isKnown) return statusOf(item);
   error = lastError();
   return std::nullopt;
@@ -135,10 +133,10 @@ bool existsBehindLinks(const std::string& path) {
   return canExist(path, error) && ::fstatat(AT_FDCWD, path.c_str(), &ignored, AT_NO_AUTOMOUNT) == 0;
 }
 
-std::optional<std::string> linkText(const std::string& path, std::error_code& error) {
+std::optional<std::string> linkText(const std::string& path, std::error_code& error, const Folder* folder) {
   if (!canExist(path, error)) return std::nullopt;
   std::array<char, PATH_MAX> text;  // no file system here keeps a longer one
-  const auto length = ::readlink(path.c_str(), text.data(), text.size());
+  const auto length = ::readlinkat(placeOf(folder), path.c_str(), text.data(), text.size());
   if (length >= 0) return std::string(text.data(), static_cast<std::size_t>(length));
   error = lastError();
   return std::nullopt;
@@ -146,50 +144,52 @@ std::optional<std::string> linkText(const std::string& path, std::error_code& er
 
 std::optional<std::string> firstBytes(const std::string& path, std::size_t limit, std::error_code& error) {
   if (!canExist(path, error)) return std::nullopt;
-  const File file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
-  if (!file) {
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+  if (file < 0) {
     error = lastError();
     return std::nullopt;
   }
   std::string bytes(limit, '\0');
   std::size_t size = 0;
-  while (size < limit) {
-    const auto count = ::read(file.descriptor(), bytes.data() + size, limit - size);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) {
+  ssize_t count = 1;
+  while (size < limit && count != 0 && !error) {
+    count = ::read(file, bytes.data() + size, limit - size);
+    if (count >= 0) {
+      size += static_cast<std::size_t>(count);
+    } else if (errno != EINTR) {
       error = lastError();
-      return std::nullopt;
     }
-    if (count == 0) break;
-    size += static_cast<std::size_t>(count);
   }
+  ::close(file);
   bytes.resize(size);
-  return bytes;
+  return error ? std::nullopt : std::optional(std::move(bytes));
 }
 
 bool create(const std::string& path, std::string_view bytes, std::error_code& error) {
   if (!canExist(path, error)) return false;
-  File file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-  if (!file) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (file < 0) {
     error = lastError();
     return false;
   }
   while (!bytes.empty() && !error) {
-    const auto count = ::write(file.descriptor(), bytes.data(), bytes.size());
+    const auto count = ::write(file, bytes.data(), bytes.size());
     if (count >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
       error = lastError();
     }
   }
-  if (!file.close() && !error) error = lastError();
+  // The last writes may be refused as late as here.
+  if (::close(file) != 0 && !error) error = lastError();
   if (error) ::unlink(path.c_str());
   return !error;
 }
 
-std::optional<std::vector<Entry>> entries(const std::string& folder, std::error_code& error) {
-  if (!canExist(folder, error)) return std::nullopt;
-  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code& error) {
+  error.clear();
+  // The stream takes over a descriptor; this one goes on being used for look-ups.
+  const int descriptor = ::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0);
   const std::unique_ptr<DIR, CloseFolder> stream(descriptor >= 0 ? ::fdopendir(descriptor) : nullptr);
   if (!stream) {
     error = lastError();

@@ -10,7 +10,8 @@ namespace quillonic {
 std::vector<VolumeIdentity> volumeIdentities() {
   constexpr const char* folder = "/dev/disk/by-uuid";
   std::error_code ignored;
-  const auto links = items::entries(folder, ignored);
+  const auto opened = items::Folder::open(folder, ignored);
+  const auto links = opened ? items::entries(*opened, ignored) : std::nullopt;
   std::vector<VolumeIdentity> identities;
   if (!links) return identities;
   for (const auto& link : *links) {

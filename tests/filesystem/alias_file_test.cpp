@@ -147,31 +147,40 @@ TEST(AliasFile, EndsAtCirclesAndAtFiguresOutOfBounds) {
 
 // Whatever is damaged, reading ends with a value or with none, and what is read can be written.
 TEST(AliasFile, TakesAnyDamage) {
-  for (const auto& whole : {exampleFile(), exampleBookmark(), fullAlias().bytes()}) {
+  for (const auto& whole : {exampleFile(), exampleBookmark()}) {
     for (std::size_t length = 0; length < whole.size(); ++length) {
       // A copy of exactly this length, so that a read behind its end is seen.
       const std::vector<char> prefix(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
       EXPECT_EQ(AliasFile::fromBytes({prefix.data(), prefix.size()}), std::nullopt) << length;
     }
     std::size_t values = 0;
-    for (std::size_t at = 0; at < whole.size(); ++at) {
-      std::vector<char> changed(whole.begin(), whole.end());
-      for (int byte = 0; byte < 256; ++byte) {
-        changed[at] = static_cast<char>(byte);
+    std::vector<char> changed(whole.begin(), whole.end());
+    for (auto& byte : changed) {
+      const char intact = byte;
+      for (int value = 0; value < 256; ++value) {
+        byte = static_cast<char>(value);
         const auto alias = AliasFile::fromBytes({changed.data(), changed.size()});
         values += alias ? 1U : 0U;
-        if (byte % 51 != 0 || !alias) continue;
+        if (value % 51 != 0 || !alias) continue;
         ASSERT_EQ(AliasFile::fromBytes(alias->bytes())->pathComponents, alias->pathComponents);
       }
+      byte = intact;
     }
     EXPECT_GT(values, whole.size());
   }
+}
+
+TEST(AliasFile, TakesDamageInSeveralPlaces) {
+  const auto whole = fullAlias().bytes();
   std::mt19937 random(3);
-  for (int round = 0; round < 20000; ++round) {
-    auto bytes = fullAlias().bytes();
-    for (auto n = 1 + random() % 4; n > 0; --n)
+  for (int round = 0; round < 10000; ++round) {
+    auto bytes = whole;
+    for (auto n = 1 + random() % 4; n > 0; --n) {
       put(bytes, random() % (bytes.size() / 4) * 4, random() % 0x400);
-    AliasFile::fromBytes(bytes);
+    }
+    if (const auto alias = AliasFile::fromBytes(bytes)) {
+      ASSERT_EQ(AliasFile::fromBytes(alias->bytes())->pathComponents, alias->pathComponents);
+    }
   }
 }
 
