@@ -16,10 +16,6 @@ constexpr bool isWhiteSpace(char32_t scalar) noexcept {
          scalar == 0x202F || scalar == 0x205F || scalar == 0x3000;
 }
 
-constexpr bool isAscii(char c) noexcept {
-  return static_cast<unsigned char>(c) < 0x80;
-}
-
 // How many bytes of white space the text begins with, 0 when it begins with something else.
 std::size_t leadingWhiteSpace(std::string_view text) noexcept {
   const auto [scalar, length, valid] = utf8::decode(text);
@@ -60,6 +56,23 @@ constexpr char asciiLowerCase(char c) noexcept {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
+std::string lowerCasedUnicode(std::string_view text) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const auto [scalar, length, valid] = utf8::decode(text);
+    if (!valid) {
+      result.push_back(text.front());
+    } else if (scalar == 0x130) {
+      result.append("i\u0307");
+    } else {
+      utf8::append(result, simpleLowerCase(scalar));
+    }
+    text.remove_prefix(length);
+  }
+  return result;
+}
+
 }  // namespace
 
 std::string_view trimmed(std::string_view text) noexcept {
@@ -77,24 +90,13 @@ std::string_view trimmed(std::string_view text) noexcept {
 }
 
 std::string lowerCased(std::string_view text) {
-  const auto ascii = static_cast<std::size_t>(std::ranges::find_if_not(text, isAscii) - text.begin());
-  std::string result(text.substr(0, ascii));
-  std::ranges::transform(result, result.begin(), asciiLowerCase);
-  if (ascii == text.size()) return result;
-
-  result.reserve(text.size());
-  for (std::size_t at = ascii; at < text.size();) {
-    const auto [scalar, length, valid] = utf8::decode(text.substr(at));
-    if (!valid) {
-      result.push_back(text[at]);
-    } else if (scalar == 0x130) {
-      result.append("i\u0307");
-    } else {
-      utf8::append(result, simpleLowerCase(scalar));
-    }
-    at += length;
+  std::string result(text);
+  unsigned char allBits = 0;
+  for (char& c : result) {
+    allBits |= static_cast<unsigned char>(c);
+    c = asciiLowerCase(c);
   }
-  return result;
+  return allBits < 0x80 ? result : lowerCasedUnicode(text);
 }
 
 }  // namespace quillonic::text

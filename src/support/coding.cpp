@@ -38,7 +38,7 @@ bool operator==(const CodedRecord& a, const CodedRecord& b) {
 }
 
 bool operator==(const CodedValue& a, const CodedValue& b) {
-  return static_cast<const CodedValue::Base&>(a) == static_cast<const CodedValue::Base&>(b);
+  return a.value_ == b.value_;
 }
 
 }  // namespace quillonic

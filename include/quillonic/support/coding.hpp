@@ -66,29 +66,42 @@ class QUILLONIC_EXPORT CodedRecord {
   std::vector<CodedMember> members_;
 };
 
-/// Nothing, a Boolean, a 64-bit integer, a floating-point number, a text (any bytes), a list or a record.
-class CodedValue
-    : public std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord> {
+/// What a coded value may hold: a Boolean, a 64-bit integer, a floating-point number, a text (any bytes), a list or
+/// a record.
+template <class T>
+concept CodedAlternative =
+    std::same_as<T, bool> || std::same_as<T, std::int64_t> || std::same_as<T, double> ||
+    std::same_as<T, std::string> || std::same_as<T, CodedList> || std::same_as<T, CodedRecord>;
+
+/// Nothing, or one of the alternatives.
+class CodedValue {
  public:
-  using Base = std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
+  using Alternatives =
+      std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
 
   CodedValue() = default;
   /// Takes exactly one of the alternatives; nothing converts on the way.
   template <class T>
-  requires std::constructible_from<Base, std::in_place_type_t<std::remove_cvref_t<T>>, T>
-  // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): a variant's own habit
-  CodedValue(T&& value) : Base(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
+  requires CodedAlternative<std::remove_cvref_t<T>>
+  // NOLINTNEXTLINE(google-explicit-constructor): a value reads as its coded form
+  CodedValue(T&& value) : value_(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
 
   /// The value as `T`, or null when it holds something else.
-  template <class T> const T* as() const noexcept { return std::get_if<T>(static_cast<const Base*>(this)); }
+  template <CodedAlternative T> const T* as() const noexcept { return std::get_if<T>(&value_); }
 
   /// The value as `T`; throws a `DecodingError` that names `key` when it holds something else.
-  template <class T> const T& require(std::string_view key = {}) const {
+  template <CodedAlternative T> const T& require(std::string_view key = {}) const {
     if (const T* value = as<T>()) return *value;
     throw DecodingError(key, "the value has another type");
   }
 
+  /// The value for `std::visit`, as an archive needs it.
+  const Alternatives& alternatives() const noexcept { return value_; }
+
   friend QUILLONIC_EXPORT bool operator==(const CodedValue&, const CodedValue&);
+
+ private:
+  Alternatives value_;
 };
 
 /// One key of a record and its value.

@@ -18,8 +18,7 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
   template <class Callable>
   requires(!std::same_as<std::remove_cvref_t<Callable>, FunctionRef> &&
            std::is_invocable_r_v<Result, Callable&, Arguments...>)
-      // NOLINTNEXTLINE(google-explicit-constructor,bugprone-forwarding-reference-overload): binds like a
-      // reference
+      // NOLINTNEXTLINE(google-explicit-constructor): binds like a reference
       FunctionRef(Callable&& callable)
   noexcept {
     using Target = std::remove_reference_t<Callable>;

@@ -41,6 +41,8 @@ using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
 /// A flag is valid when a flag of `allKnownCommandFlags` occurs within it, so "-in_0_0" and "-tc_burn_anchor"
 /// are; other flags are set aside and reported. A flag that occurs again replaces its earlier value.
 ///
+/// Lists come as copies: name an optional one before a loop over its content, since the loop does not keep it alive.
+///
 /// The model can be moved but not copied; share it through a `std::shared_ptr`. One thread at a time uses one
 /// model. Only running out of memory makes its operations throw, except for decoding.
 class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore {
