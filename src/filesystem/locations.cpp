@@ -57,7 +57,7 @@ std::string standardized(std::string_view absolute, std::size_t physical) {
     result.resize(result.empty() ? 0 : result.rfind('/'));
     physical = std::min(physical, result.size());
   }
-  if (result.empty()) result = "/";
+  if (result.empty()) result.push_back('/');
   return result;
 }
 
