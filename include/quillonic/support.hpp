@@ -4,6 +4,7 @@
 
 #include <quillonic/support/any_value.hpp>
 #include <quillonic/support/atomic_switch.hpp>
+#include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/dispatch_qos.hpp>
 #include <quillonic/support/dispatch_queue.hpp>

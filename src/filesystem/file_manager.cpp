@@ -137,7 +137,7 @@ FileManager::PathsByExtension FileManager::consistentFilePathsAdjustedForCollisi
   PathsByExtension paths;
   if (prefixes.empty()) return paths;
   for (const auto& extension : extensions) {
-    paths.try_emplace(extension, prefixes.front() + stem + "." + extension);
+    paths.try_emplace(extension, std::string(prefixes.front()).append(stem).append(".").append(extension));
   }
   return paths;
 }

@@ -1,7 +1,7 @@
+#include <quillonic/support/any_value.hpp>
+
 #include <cmath>
 #include <limits>
-
-#include <quillonic/support/any_value.hpp>
 
 #include "platform/number_text.hpp"
 
@@ -28,10 +28,15 @@ void appendPadded(std::string& text, std::int64_t number, std::size_t digits) {
 }
 
 std::string isoText(AnyValue::Date date) {
-  using namespace std::chrono;  // NOLINT(google-build-using-namespace): its literals and units are the text
-  const auto day = floor<days>(date);
+  using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text's
+  // Taken apart as a count: the earliest dates lie in a second that begins before them all.
+  constexpr std::int64_t second = 1'000'000'000;
+  const auto count = date.time_since_epoch().count();
+  const auto fraction = (count % second + second) % second;
+  const sys_seconds whole(seconds(count / second - (count % second < 0 ? 1 : 0)));
+  const auto day = floor<days>(whole);
   const year_month_day calendar(day);
-  const hh_mm_ss time(date - day);
+  const hh_mm_ss time(whole - day);
   std::string text;
   appendPadded(text, static_cast<int>(calendar.year()), 4);
   appendPadded(text.append("-"), static_cast<unsigned>(calendar.month()), 2);
@@ -39,8 +44,8 @@ std::string isoText(AnyValue::Date date) {
   appendPadded(text.append("T"), time.hours().count(), 2);
   appendPadded(text.append(":"), time.minutes().count(), 2);
   appendPadded(text.append(":"), time.seconds().count(), 2);
-  if (time.subseconds().count() != 0) {
-    appendPadded(text.append("."), time.subseconds().count(), 9);
+  if (fraction != 0) {
+    appendPadded(text.append("."), fraction, 9);
     text.erase(text.find_last_not_of('0') + 1);
   }
   return text.append("Z");

@@ -1,16 +1,17 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <quillonic/filesystem.hpp>
 #include <quillonic/platform/script_runner.hpp>
 
-#include "filesystem/private_process.hpp"
-#include "filesystem/temporary_folder.hpp"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "private_process.hpp"
 #include "recorded_log.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {
 
+using std::filesystem::path;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -25,11 +26,9 @@ class ShellRunner final : public ScriptRunner {
     if (answer) return *answer;
     constexpr std::string_view before = "do shell script \"";
     constexpr std::string_view after = "\" with administrator privileges";
-    if (!source.starts_with(before) || !source.ends_with(after)) return std::nullopt;
     source.remove_prefix(before.size());
     source.remove_suffix(after.size());
-    if (source.find_first_of("\"\\") != std::string_view::npos) return std::nullopt;
-    const int status = std::system((std::string(source) + " 2>/dev/null").c_str());
+    const int status = std::system(std::string(source).c_str());
     return status == 0 ? TextDictionary() : TextDictionary{{"status", std::to_string(status)}};
   }
 
@@ -47,46 +46,32 @@ class RunnerInUse {
   ~RunnerInUse() { ScriptRunner::setDefaultRunner(nullptr); }
 };
 
-struct HostileName {
-  std::string name;
-  bool canBeQuoted;
-};
-const HostileName hostileNames[] = {
-    {"plain.mov", true},
-    {"-rf", true},
-    {"--help", true},
-    {" ", true},
-    {"two  blanks; touch owned", true},
-    {"$(touch owned) `touch owned` $HOME *", true},
-    {"& touch owned &", true},
-    {"\xFF\xC3\xA4", true},
-    {"%s%n", true},
-    {"it's.mov", false},
-    {"x'; touch owned; '", false},
-    {"x\" & (do shell script \"touch owned", false},
-    {"back\\slash", false},
-    {"line\nbreak", false},
-    {"\rtouch owned", false},
-};
+const std::vector<std::string> quotable{"plain.mov",
+                                        "-rf",
+                                        "--help",
+                                        " ",
+                                        "two  blanks; touch owned",
+                                        "$(touch owned) `touch owned` $HOME *",
+                                        "& touch owned &",
+                                        "\xFF\xC3\xA4"};
+const std::vector<std::string> unquotable{
+    "it's.mov",    "x'; touch owned; '", "x\" & (do shell script \"touch owned",
+    "back\\slash", "line\nbreak",        "\rtouch owned"};
 
 // Every name is removed as a name, or refused; nothing else in the folder changes.
-void removeHostileNames(const TemporaryFolder& folder, bool quotes) {
+void tryHostileNames(const TemporaryFolder& folder, const std::vector<std::string>& names,
+                     bool areRemovable) {
   std::filesystem::current_path(folder.path());
   folder.file("stays");
-  for (const auto& [name, canBeQuoted] : hostileNames) {
-    for (const auto& path : {name, (folder / name).native()}) {
+  for (const auto& name : names) {
+    for (const auto& given : {name, (folder / name).native()}) {
       const RecordedLog log;
       folder.file(name);
-      const bool isRemovable = canBeQuoted || !quotes;
-      EXPECT_EQ(FileManager().removePathWithElevatedPermissions(path), isRemovable) << name;
-      EXPECT_EQ(std::filesystem::exists(folder / name), !isRemovable) << name;
-      if (isRemovable) {
-        EXPECT_THAT(log.lines(), IsEmpty());
-      } else {
-        EXPECT_THAT(log.lines(),
-                    ElementsAre("error: QLC_FME_RIWEP-Failed to elevate permissions to remove " + path));
-      }
-      std::filesystem::remove(folder / name);
+      EXPECT_EQ(FileManager().removePathWithElevatedPermissions(given), areRemovable) << name;
+      EXPECT_EQ(std::filesystem::remove(folder / name), !areRemovable) << name;
+      const std::vector<std::string> refusal{"error: QLC_FME_RIWEP-Failed to elevate permissions to remove " +
+                                             given};
+      EXPECT_EQ(log.lines(), areRemovable ? std::vector<std::string>() : refusal);
       EXPECT_EQ(std::distance(begin(std::filesystem::directory_iterator(folder.path())), {}), 1) << name;
     }
   }
@@ -97,16 +82,19 @@ TEST(ElevatedRemoval, RunsNothingButTheRemovalThroughAShell) {
   const TemporaryFolder folder;
   const auto runner = std::make_shared<ShellRunner>();
   const RunnerInUse inUse(runner);
-  removeHostileNames(folder, true);
+  tryHostileNames(folder, quotable, true);
+  const auto count = runner->sources.size();
+  tryHostileNames(folder, unquotable, false);
+  EXPECT_EQ(runner->sources.size(), count);
   EXPECT_EQ(runner->sources.front(), "do shell script \"/bin/rm '" + (folder / "plain.mov").native() +
                                          "';\" with administrator privileges");
-  for (const auto& source : runner->sources) EXPECT_EQ(source.find('\0'), std::string::npos);
 }
 
 TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {
   const TemporaryFolder folder;
   const auto result = runPrivately([&] {
-    removeHostileNames(folder, false);
+    tryHostileNames(folder, quotable, true);
+    tryHostileNames(folder, unquotable, true);
 
     const FileManager files;
     const auto kept = folder.file("kept");
@@ -131,6 +119,68 @@ TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {
   });
   if (result == PrivateRun::notAllowed) GTEST_SKIP() << "needs a namespace of its own";
   EXPECT_EQ(result, PrivateRun::passed);
+}
+
+// Puts programs of the test's own in the place of those that raise rights, and becomes a user without any.
+void replaceLaunchers(const TemporaryFolder& folder, const std::string& pkexec, const std::string& sudo) {
+  const auto layer = folder.folder("layer");
+  ASSERT_EQ(mount("layer", layer.c_str(), "tmpfs", 0, "mode=755"), 0);
+  folder.folder("layer/files");
+  folder.folder("layer/work");
+  const auto options =
+      "lowerdir=/usr/bin,upperdir=" + (layer / "files").native() + ",workdir=" + (layer / "work").native();
+  if (mount("overlay", "/usr/bin", "overlay", 0, options.c_str()) != 0) _exit(privateRunNotAllowed);
+  const std::pair<path, std::string> programs[] = {{"/usr/bin/pkexec", pkexec}, {"/usr/bin/sudo", sudo}};
+  for (const auto& [program, script] : programs) {
+    std::filesystem::remove(program);
+    if (script.empty()) continue;
+    std::ofstream(program) << "#!/bin/sh\n" << script << '\n';
+    std::filesystem::permissions(program, std::filesystem::perms(0755));
+  }
+  ASSERT_EQ(chown(folder.path().c_str(), 65534, 65534), 0);
+  ASSERT_TRUE(setgid(65534) == 0 && setuid(65534) == 0);
+}
+
+TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
+  constexpr auto removes = "shift $(($# - 3)); exec \"$@\"";
+  constexpr auto says = "echo \"${0##*/} $*\"; exit ";
+  struct Row {
+    std::string pkexec;
+    std::string sudo;
+    // What the log holds for the file at FILE; nothing where the file is removed.
+    std::string log;
+  };
+  const Row rows[] = {
+      {removes, says + std::string("9"), ""},
+      {"", removes, ""},
+      {says + std::string("127"), removes, ""},
+      {says + std::string("126"), removes,
+       "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: key: exit status value: 126 "
+       "key: output value: pkexec --disable-internal-agent /bin/rm -- FILE"},
+      {says + std::string("127"), says + std::string("1"),
+       "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: key: exit status value: 1 "
+       "key: output value: sudo -n -- /bin/rm -- FILE"},
+      {"", "kill -9 $$",
+       "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: key: signal value: 9"},
+      {"", "", "error: QLC_FME_RIWEP-Failed to elevate permissions to remove FILE"}};
+  for (const auto& [pkexec, sudo, expected] : rows) {
+    const TemporaryFolder folder;
+    const auto file = folder.file("it's.mov").native();
+    const auto result = runPrivately([&] {
+      replaceLaunchers(folder, pkexec, sudo);
+      const RecordedLog log;
+      EXPECT_EQ(FileManager().removePathWithElevatedPermissions(file), expected.empty());
+      auto line = log.lines().empty() ? std::string() : log.lines().front();
+      for (auto at = line.find(file); at != std::string::npos; at = line.find(file)) {
+        line.replace(at, file.size(), "FILE");
+      }
+      EXPECT_EQ(line, expected);
+    });
+    if (result == PrivateRun::notAllowed) GTEST_SKIP() << "needs an overlay in a namespace of its own";
+    EXPECT_EQ(result, PrivateRun::passed);
+    EXPECT_EQ(std::filesystem::exists(file), !expected.empty());
+  }
 }
 
 TEST(ElevatedRemoval, ReportsWhatTheRunnerSays) {

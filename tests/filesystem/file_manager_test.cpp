@@ -1,13 +1,13 @@
+#include <quillonic/filesystem.hpp>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/stat.h>
 
-#include <quillonic/filesystem.hpp>
-
-#include "filesystem/private_process.hpp"
-#include "filesystem/temporary_folder.hpp"
+#include "private_process.hpp"
 #include "recorded_log.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {
@@ -45,22 +45,11 @@ FileManager managerWith(std::set<std::string> taken) {
 
 TEST(FilePathAdjustedForCollision, CountsUpBehindTheStem) {
   const std::pair<std::string, std::string> rows[] = {
-      {"/out/clip.mov", "/out/clip 2.mov"},
-      {"/out/report", "/out/report 2"},
-      {"/out/a.b.tar.gz", "/out/a.b.tar 2.gz"},
-      {"/out/.hidden", "/out/.hidden 2"},
-      {"/out/.hidden.mov", "/out/.hidden 2.mov"},
-      {"/out/name.", "/out/name. 2"},
-      {"/out/two  blanks .mov", "/out/two  blanks  2.mov"},
-      {"/out.d/report", "/out.d/report 2"},
-      {"/out/clip 2.mov", "/out/clip 2 2.mov"},
-      {"clip.mov", "clip 2.mov"},
-      {"../clip.mov", "../clip 2.mov"},
-      {"./a//clip.mov", "./a//clip 2.mov"},
-      {"/clip.mov", "/clip 2.mov"},
-      {"/out/\xFF\xC3.mov", "/out/\xFF\xC3 2.mov"},
-      {"/", "/ 2"},
-  };
+      {"/out/clip.mov", "/out/clip 2.mov"}, {"/out.d/report", "/out.d/report 2"},
+      {"/out/a.b.gz", "/out/a.b 2.gz"},     {"/out/.hidden", "/out/.hidden 2"},
+      {"/out/name.", "/out/name. 2"},       {"a  b .mov", "a  b  2.mov"},
+      {"./a//clip.mov", "./a//clip 2.mov"}, {"/clip.mov", "/clip 2.mov"},
+      {"/out/\xFF.mov", "/out/\xFF 2.mov"}, {"/", "/ 2"}};
   for (const auto& [taken, free] : rows) {
     EXPECT_EQ(managerWith({taken}).filePathAdjustedForCollision(taken).native(), free);
     EXPECT_EQ(managerWith({}).filePathAdjustedForCollision(taken).native(), taken);
@@ -124,13 +113,11 @@ TEST(FileManagerNaming, NeverGivesANameThatAnEntryBears) {
   std::filesystem::create_symlink("/nowhere/victim", folder / "link.mov");
   EXPECT_EQ(files.filePathAdjustedForCollision(folder / "link.mov"), folder / "link 2.mov");
   const std::string longest(251, 'n');
-  for (const std::string name :
-       {"clip.mov", "\xFF\xFE.mov", " ", ".mov", "a.b.c", "line\nbreak", longest.c_str()}) {
-    std::set<path> written;
+  for (const std::string name : {"clip.mov", "\xFF\xFE.mov", " ", ".mov", "line\nbreak", longest.c_str()}) {
     for (int i = 0; i < 12; ++i) {
       const auto free = files.filePathAdjustedForCollision(folder / name);
       ASSERT_EQ(free.parent_path(), folder.path());
-      ASSERT_TRUE(written.insert(free).second) << free;
+      ASSERT_FALSE(std::filesystem::exists(free)) << free;
       folder.file(free.filename());
     }
   }

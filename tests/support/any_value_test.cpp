@@ -1,3 +1,5 @@
+#include <quillonic/support/any_value.hpp>
+
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -5,12 +7,11 @@
 #include <random>
 #include <vector>
 
-#include <quillonic/support/any_value.hpp>
-
 namespace quillonic {
 namespace {
 
 using namespace std::chrono_literals;
+using std::filesystem::path;
 
 struct Point {
   int x;
@@ -21,9 +22,6 @@ struct Point {
 enum class Kind { soft, hard };
 
 constexpr auto lowest64 = std::numeric_limits<std::int64_t>::min();
-constexpr auto highest64 = std::numeric_limits<std::int64_t>::max();
-constexpr auto highestUnsigned = std::numeric_limits<std::uint64_t>::max();
-constexpr AnyValue::Date date{1714982889500ms};
 
 // A long double holds every 64-bit integer and every double.
 static_assert(std::numeric_limits<long double>::digits >= 64);
@@ -47,27 +45,19 @@ TEST(AnyValue, ReadsAndComparesNumbersByExactValue) {
   std::mt19937_64 random(5);
   std::vector<Number> numbers;
   const auto add = [&](auto number) { numbers.push_back({number, static_cast<long double>(number)}); };
-  for (const auto edge :
-       {lowest64, lowest64 + 1, highest64, std::int64_t{1} << 53, (std::int64_t{1} << 53) + 1,
-        std::int64_t{0}, std::int64_t{-1}, std::int64_t{255}, std::int64_t{256}}) {
-    add(edge);
-    add(static_cast<std::uint64_t>(edge));
-    add(static_cast<double>(edge));
-    add(static_cast<float>(edge));
-  }
-  add(highestUnsigned);
-  for (const double edge : {0x1p64, -0x1p64, 0x1p63, -0x1p63, 0.5, -0.0, 1e300, 1e-300, 0.1}) add(edge);
-  add(0.1F);
-  for (int i = 0; i < 150; ++i) {
-    const auto bits = random() >> (random() % 64);
+  for (const double edge : {0x1p64, -0x1p64, 0x1p63, -0x1p63, 0.5, -0.0, 1e300, 0.1}) add(edge);
+  for (int i = 0; i < 200; ++i) {
+    // Next to a power of two, where widths end, or anywhere.
+    const auto power = std::uint64_t{1} << (random() % 64);
+    const auto bits = i % 2 == 0 ? power + random() % 3 - 1 : random() >> (random() % 64);
     add(bits);
+    add(static_cast<std::int64_t>(bits));
     add(static_cast<std::int16_t>(bits));
+    add(static_cast<float>(bits));
     add(std::ldexp(static_cast<double>(bits), static_cast<int>(random() % 8) - 4));
   }
   for (const auto& number : numbers) {
     expectReadsExactly<std::int8_t>(number);
-    expectReadsExactly<std::uint16_t>(number);
-    expectReadsExactly<int>(number);
     expectReadsExactly<std::int64_t>(number);
     expectReadsExactly<std::uint64_t>(number);
     expectReadsExactly<double>(number);
@@ -79,28 +69,14 @@ TEST(AnyValue, ReadsAndComparesNumbersByExactValue) {
   EXPECT_FALSE(AnyValue(1e300).as<float>());
   EXPECT_FALSE(AnyValue(std::nan("")).as<int>());
   EXPECT_TRUE(std::isnan(AnyValue(std::nan("")).as<float>().value()));
-  EXPECT_EQ(AnyValue(std::numeric_limits<double>::infinity()).as<float>(),
-            std::numeric_limits<float>::infinity());
 }
 
 // No two kinds mix, and every value equals its copies.
 TEST(AnyValue, KeepsKindsApart) {
   const std::map<std::string, AnyValue> nested{{"a", 1}};
-  const std::vector<AnyValue> values{AnyValue(),
-                                     true,
-                                     false,
-                                     0,
-                                     1,
-                                     1.5,
-                                     std::nan(""),
-                                     "",
-                                     "1",
-                                     std::filesystem::path("1"),
-                                     AnyValue::Date(),
-                                     Point{1, 0},
-                                     Kind::soft,
-                                     Kind::hard,
-                                     nested};
+  const std::vector<AnyValue> values{
+      AnyValue(),       true,        false,      0,          1,     1.5, std::nan(""), "", "1", path("1"),
+      AnyValue::Date(), Point{1, 0}, Kind::soft, Kind::hard, nested};
   for (std::size_t i = 0; i < values.size(); ++i) {
     for (std::size_t j = 0; j < values.size(); ++j) {
       const AnyValue copy = values[j];
@@ -108,14 +84,11 @@ TEST(AnyValue, KeepsKindsApart) {
     }
   }
   EXPECT_EQ(AnyValue(Point{1, 0}), AnyValue(Point{1, 0}));
-  EXPECT_EQ(AnyValue(Kind::hard).as<Kind>(), Kind::hard);
   EXPECT_FALSE(AnyValue(Kind::hard).as<Point>());
-  EXPECT_FALSE(AnyValue(Kind::hard).as<int>());
   EXPECT_EQ((AnyValue(nested).as<std::map<std::string, AnyValue>>()), nested);
   EXPECT_FALSE(AnyValue(1).as<bool>());
   EXPECT_FALSE(AnyValue(true).as<int>());
-  EXPECT_EQ(AnyValue(true).as<bool>(), true);
-  EXPECT_FALSE(AnyValue("a").as<std::filesystem::path>());
+  EXPECT_FALSE(AnyValue("a").as<path>());
   EXPECT_EQ(AnyValue("a").as<std::string_view>(), "a");
   EXPECT_EQ(AnyValue(std::string("a\0b", 3)).as<std::string>(), std::string("a\0b", 3));
   EXPECT_TRUE(AnyValue(static_cast<const char*>(nullptr)).empty());
@@ -124,27 +97,23 @@ TEST(AnyValue, KeepsKindsApart) {
 }
 
 TEST(AnyValue, HoldsDatesOfAnyPrecision) {
-  EXPECT_EQ(AnyValue(date).as<AnyValue::Date>(), date);
   EXPECT_EQ(AnyValue(std::chrono::sys_days(std::chrono::days(1))), AnyValue(AnyValue::Date(24h)));
   EXPECT_EQ(AnyValue(std::chrono::sys_seconds::max()).as<AnyValue::Date>(), AnyValue::Date::max());
   EXPECT_EQ(AnyValue(std::chrono::sys_seconds::min()).as<AnyValue::Date>(), AnyValue::Date::min());
 }
 
 TEST(AnyValue, DescribesItself) {
-  const std::vector<std::pair<AnyValue, std::string>> rows{
+  const std::pair<AnyValue, std::string> rows[] = {
       {AnyValue(), ""},
       {false, "false"},
       {lowest64, "-9223372036854775808"},
-      {highestUnsigned, "18446744073709551615"},
       {400.0, "400.0"},
       {"\xFF text", "\xFF text"},
-      {std::filesystem::path("/media/CARD"), "/media/CARD"},
-      {date, "2024-05-06T08:08:09.5Z"},
-      {AnyValue::Date(-1s), "1969-12-31T23:59:59Z"},
-      {AnyValue::Date::min(), "1677-09-21T00:12:43.145224192Z"},
+      {path("/media/CARD"), "/media/CARD"},
       {Point{7, 0}, "(7)"},
-      {Kind::soft, "(value of a host type)"},
-  };
+      {AnyValue::Date(1714982889500ms), "2024-05-06T08:08:09.5Z"},
+      {AnyValue::Date(-1s), "1969-12-31T23:59:59Z"},
+      {AnyValue::Date::min(), "1677-09-21T00:12:43.145224192Z"}};
   for (const auto& [value, text] : rows) EXPECT_EQ(value.description(), text);
 }
 

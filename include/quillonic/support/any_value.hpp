@@ -110,7 +110,7 @@ class QUILLONIC_EXPORT AnyValue {
   template <std::same_as<bool> Boolean> AnyValue(Boolean value) noexcept : value_(value) {}
 
   template <detail::NumberOfAnyWidth Number>
-  AnyValue(Number value) noexcept : value_(std::in_place_type<Kept<Number>>, value) {
+  AnyValue(Number value) : value_(std::in_place_type<Kept<Number>>, value) {
     if constexpr (std::unsigned_integral<Kept<Number>>) {
       if (std::in_range<std::int64_t>(value))
         value_.template emplace<std::int64_t>(static_cast<std::int64_t>(value));

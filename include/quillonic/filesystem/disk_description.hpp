@@ -1,0 +1,69 @@
+/// What the description of a disk says about the volume on it.
+///
+///     const auto dictionary = diskDescriptionOfVolume("/media/CARD");       // see
+///     platform/disk_descriptions.hpp if (dictionary &&
+///     DiskDescription(*dictionary).indicatesVolumeIsNetworkDevice()) ...
+#pragma once
+
+#include <concepts>
+#include <filesystem>
+#include <optional>
+#include <ranges>
+#include <string>
+#include <string_view>
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/any_value.hpp>
+#include <quillonic/support/function_ref.hpp>
+
+namespace quillonic {
+
+/// Any map, or list of pairs, from keys of any type that an `AnyValue` can hold to values.
+template <class T>
+concept DescriptionDictionary = std::ranges::forward_range<const T> &&
+    requires(std::ranges::range_reference_t<const T> entry) {
+  {AnyValue(entry.first)};
+  { entry.second } -> std::convertible_to<AnyValue>;
+};
+
+/// Reads a disk description in the dictionary where its owner keeps it, which must stay for as long as this
+/// is used. A key that is missing and a value of an unexpected kind read alike, as absent or false. Keys are
+/// texts; entries under keys of other kinds are carried along.
+class QUILLONIC_EXPORT DiskDescription {
+ public:
+  template <DescriptionDictionary Dictionary>
+  explicit DiskDescription(const Dictionary& dictionary) noexcept
+      : dictionary_(&dictionary), enumerate_([](const void* entries, EntryBlock block) {
+          bool stop = false;
+          for (const auto& entry : *static_cast<const Dictionary*>(entries)) {
+            block(AnyValue(entry.first), entry.second, stop);
+            if (stop) return;
+          }
+        }) {}
+  template <DescriptionDictionary Dictionary> explicit DiskDescription(const Dictionary&&) = delete;
+
+  /// Where the volume is mounted: the path under "DAVolumePath".
+  std::optional<std::filesystem::path> storedDAVolumePath() const;
+  /// The kind of file system, or whatever text stands under "DAVolumeKind".
+  std::optional<std::string> storedVolumeKindDescription() const;
+  /// "DAVolumeNetwork" is true or a number other than 0.
+  bool indicatesVolumeIsNetworkDevice() const;
+  /// The text under "DAMediaName" contains "disk image", in any case.
+  bool indicatesVolumeIsDiskImage() const;
+
+  /// True for a device whose "DADeviceModel" contains "sony" or "axs", in any case, and whose
+  /// "DAMediaWritable" is true. Logs how it was decided and, for such a device, every entry. That writable
+  /// media are logged as non-writable, and the reverse, is a fixed contract.
+  bool indicatesVolumeIsSonyDrive() const;
+
+ private:
+  using EntryBlock = FunctionRef<void(const AnyValue& key, const AnyValue& value, bool& stop)>;
+
+  // A copy of the value: a dictionary may make its values up as it is read.
+  AnyValue valueOf(std::string_view key) const;
+
+  const void* dictionary_;
+  void (*enumerate_)(const void* entries, EntryBlock block);
+};
+
+}  // namespace quillonic

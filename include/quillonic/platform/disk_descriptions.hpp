@@ -1,0 +1,41 @@
+/// The operating system's description of the disk under a volume, as a dictionary for `DiskDescription`.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+
+#include <quillonic/export.hpp>
+#include <quillonic/platform/mount_table.hpp>
+#include <quillonic/support/any_value.hpp>
+
+namespace quillonic {
+
+/// Values by key, in the keys' byte order.
+using DiskDescriptionDictionary = std::map<std::string, AnyValue, std::less<>>;
+
+/// Describes the volume that holds an item, found as by `MountTable::holding`; nothing when there is none.
+/// Reads the mount table and a few small files about the device, and never the device. The keys are:
+///
+/// - "DAVolumePath", a path: the mount point
+/// - "DAVolumeKind", a text: the kind of file system, such as "exfat"
+/// - "DAVolumeNetwork", a Boolean: the kind is one that another machine serves
+///
+/// and where a block device is behind the volume, directly or as the single part of an encrypted or combined
+/// one, as far as the system tells:
+///
+/// - "DAMediaName", a text: "disk image" for a file that is mounted as a disk, else the partition's name, the
+///   device's model, or the name of the device node
+/// - "DADeviceModel", a text: the model that the device reports, without blanks at its ends
+/// - "DAMediaWritable", a Boolean: no part of the device is write-protected; a volume that is merely mounted
+///   read-only lies on writable media
+QUILLONIC_EXPORT std::optional<DiskDescriptionDictionary> diskDescriptionOfVolume(
+    const std::filesystem::path& holding);
+
+/// The same for a mount. `deviceTree` is where the system shows its devices.
+QUILLONIC_EXPORT DiskDescriptionDictionary
+diskDescriptionOfMount(const Mount& mount, const std::filesystem::path& deviceTree = "/sys");
+
+}  // namespace quillonic

@@ -1,0 +1,130 @@
+#include <quillonic/platform/disk_descriptions.hpp>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <system_error>
+#include <utility>
+
+#include "platform/file_reading_linux.hpp"
+#include "platform/text.hpp"
+
+namespace quillonic {
+namespace {
+
+namespace fs = std::filesystem;
+
+// File systems that another machine serves, ascending; those in user space without their "fuse.".
+constexpr auto networkKinds = std::to_array<std::string_view>({
+    "9p",         "afpfs",  "afs",       "beegfs", "ceph",   "ceph-fuse", "cephfs",
+    "cifs",       "coda",   "curlftpfs", "davfs",  "davfs2", "gcsfuse",   "glusterfs",
+    "gvfsd-fuse", "lustre", "ncp",       "ncpfs",  "nfs",    "nfs4",      "orangefs",
+    "pvfs2",      "rclone", "s3fs",      "smb3",   "smbfs",  "smbnetfs",  "sshfs",
+});
+static_assert(std::ranges::is_sorted(networkKinds));
+
+bool isNetworkVolume(const Mount& mount) {
+  constexpr std::string_view userSpace = "fuse.";
+  std::string_view kind = mount.kind;
+  if (kind.starts_with(userSpace)) kind.remove_prefix(userSpace.size());
+  // In user space the kind may be left open; then only the address tells.
+  return std::ranges::binary_search(networkKinds, kind) ||
+         (kind == "fuse" && mount.source.find("://") != std::string::npos);
+}
+
+std::pair<std::uint32_t, std::uint32_t> deviceOf(const Mount& mount) {
+  struct stat node {};
+  // A file system over several devices has a number of its own, but names one of them.
+  if (mount.deviceMajor == 0 && mount.source.starts_with("/dev/") &&
+      ::stat(mount.source.c_str(), &node) == 0 && S_ISBLK(node.st_mode)) {
+    return {major(node.st_rdev), minor(node.st_rdev)};
+  }
+  return {mount.deviceMajor, mount.deviceMinor};
+}
+
+std::optional<std::string> attribute(const fs::path& device, const char* name) {
+  const auto contents = contentsOfFile(device / name);
+  if (!contents) return std::nullopt;
+  std::string value(text::trimmed(*contents));
+  return value.empty() ? std::nullopt : std::optional(std::move(value));
+}
+
+// The value of "NAME=value" in a device's list of properties, one a line.
+std::optional<std::string> property(const fs::path& device, std::string_view name) {
+  const auto properties = attribute(device, "uevent").value_or(std::string());
+  for (std::string_view rest = properties; !rest.empty();) {
+    const auto line = rest.substr(0, rest.find('\n'));
+    if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) {
+      return std::string(line.substr(name.size() + 1));
+    }
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+  }
+  return std::nullopt;
+}
+
+bool isThere(const fs::path& path) {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+// The device below an encrypted or combined one, when it is a single one.
+std::optional<fs::path> onlyPart(const fs::path& device) {
+  std::error_code error;
+  fs::directory_iterator parts(device / "slaves", error);
+  if (error || parts == fs::directory_iterator()) return std::nullopt;
+  auto part = parts->path();
+  parts.increment(error);
+  return error || parts != fs::directory_iterator() ? std::nullopt : std::optional(std::move(part));
+}
+
+void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
+  std::optional<bool> writable;
+  const auto noteProtection = [&](const fs::path& part) {
+    if (const auto readOnly = attribute(part, "ro")) writable = writable.value_or(true) && readOnly == "0";
+  };
+  noteProtection(device);
+  constexpr int deepestStack = 16;
+  for (int depth = 0; depth < deepestStack; ++depth) {
+    auto part = onlyPart(device);
+    if (!part) break;
+    device = std::move(*part);
+    noteProtection(device);
+  }
+  const auto disk = isThere(device / "partition") ? device / ".." : device;
+  noteProtection(disk);
+  auto model = attribute(disk, "device/model");
+  if (!model) model = attribute(disk, "device/name");
+
+  std::optional<std::string> name;
+  if (isThere(disk / "loop/backing_file")) name = "disk image";
+  if (!name) name = property(device, "PARTNAME");
+  if (!name) name = model;
+  if (!name) name = property(device, "DEVNAME");
+
+  if (name) description.emplace("DAMediaName", std::move(*name));
+  if (model) description.emplace("DADeviceModel", std::move(*model));
+  if (writable) description.emplace("DAMediaWritable", *writable);
+}
+
+}  // namespace
+
+DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::path& deviceTree) {
+  DiskDescriptionDictionary description{{"DAVolumePath", mount.mountPoint},
+                                        {"DAVolumeKind", mount.kind},
+                                        {"DAVolumeNetwork", isNetworkVolume(mount)}};
+  const auto [majorNumber, minorNumber] = deviceOf(mount);
+  const auto number = std::to_string(majorNumber) + ":" + std::to_string(minorNumber);
+  const auto device = deviceTree / "dev/block" / number;
+  if (isThere(device)) describeDevice(device, description);
+  return description;
+}
+
+std::optional<DiskDescriptionDictionary> diskDescriptionOfVolume(const fs::path& holding) {
+  const auto table = MountTable::current();
+  const auto* mount = table.holding(holding);
+  return mount ? std::optional(diskDescriptionOfMount(*mount)) : std::nullopt;
+}
+
+}  // namespace quillonic
