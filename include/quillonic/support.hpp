@@ -1,11 +1,15 @@
 /// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts,
-/// values of any type.
+/// values of any type, switches that threads share, and the names that hosts share with the library.
 #pragma once
 
 #include <quillonic/support/any_value.hpp>
+#include <quillonic/support/atomic_switch.hpp>
 #include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
+#include <quillonic/support/dispatch_qos.hpp>
+#include <quillonic/support/dispatch_queue.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/host_keys.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/support/text_dictionary.hpp>

@@ -89,7 +89,8 @@ std::optional<Mount> mountFromLine(std::string_view line) {
                .mountPoint = withoutEscapes(mountPoint),
                .kind = withoutEscapes(kind),
                .source = withoutEscapes(source),
-               .isReadOnly = hasOption(options, "ro") || hasOption(*superOptions, "ro")};
+               .isReadOnly = hasOption(options, "ro") || hasOption(*superOptions, "ro"),
+               .superOptions = withoutEscapes(*superOptions)};
 }
 
 }  // namespace

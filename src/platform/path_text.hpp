@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillonic::path_text {
 
@@ -17,6 +19,17 @@ constexpr std::string_view withoutTrailingSlashes(std::string_view path) noexcep
 // no slash at its end; the root is all folder.
 constexpr std::string_view folderPrefix(std::string_view path) noexcept {
   return path.substr(0, path.rfind('/') + 1);
+}
+
+// The names between the slashes.
+inline std::vector<std::string> components(std::string_view path) {
+  std::vector<std::string> names;
+  for (std::size_t at = 0; at < path.size();) {
+    const auto end = std::min(path.find('/', at), path.size());
+    if (end > at) names.emplace_back(path.substr(at, end - at));
+    at = end + 1;
+  }
+  return names;
 }
 
 // Whether a path is the folder itself or lies below it, by its components.

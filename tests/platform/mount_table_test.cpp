@@ -23,7 +23,8 @@ TEST(MountTable, ReadsEveryField) {
                                       .mountPoint = "/mnt/x \t\n\\\\040\\q\\8",
                                       .kind = "fuse.my fs",
                                       .source = "",
-                                      .isReadOnly = true}));
+                                      .isReadOnly = true,
+                                      .superOptions = "rw,errors=continue"}));
   EXPECT_FALSE(table.mounts()[0].isReadOnly);
   EXPECT_TRUE(MountTable::fromText("1 2 0:3 / /a rw - ext4 /dev/a rw,ro").mounts()[0].isReadOnly);
   EXPECT_EQ(table.withIdentifier(22), &table.mounts()[0]);

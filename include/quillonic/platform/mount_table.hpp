@@ -38,6 +38,8 @@ struct Mount {
   std::string source;
   /// Whether the mount or its file system as a whole is mounted read-only.
   bool isReadOnly = false;
+  /// The options of the file system as a whole, with commas between them; they differ from kind to kind.
+  std::string superOptions;
 
   friend bool operator==(const Mount&, const Mount&) = default;
 };

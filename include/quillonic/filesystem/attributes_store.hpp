@@ -1,0 +1,77 @@
+/// Records that describe one file each.
+///
+///     class Clip : public AttributeBasedStore {                    // name(), fileSize() ... read from these
+///       FileAttributes attributes() const override { return attributes_; }
+///     };
+///     class TapeEntry : public AccessorBasedStore {                // attributes() is made of these
+///       std::optional<std::string> name() const override { return name_; }
+///       ...
+///     };
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/filesystem/file_attributes.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace quillonic {
+
+/// Carries the attributes of one file. It has two sides that say the same, the dictionary and the typed
+/// accessors. A record derives from `AttributeBasedStore` or `AccessorBasedStore`, supplies the one side and
+/// gets the other: which side it is shows in the base, so that one that supplies neither does not compile.
+class QUILLONIC_EXPORT FileSystemAttributesStore {
+ public:
+  virtual ~FileSystemAttributesStore();
+
+  virtual FileAttributes attributes() const = 0;
+
+  /// The item's name.
+  virtual std::optional<std::string> name() const = 0;
+  /// The item's size in bytes.
+  virtual std::optional<std::uint64_t> fileSize() const = 0;
+  virtual std::optional<AnyValue::Date> dateCreated() const = 0;
+  virtual std::optional<AnyValue::Date> dateModified() const = 0;
+
+  /// The attributes that two stores are compared on: name, size, creation date and modification date.
+  static std::span<const FileAttributeKey> attributeKeys() noexcept;
+
+ protected:
+  FileSystemAttributesStore() = default;
+  FileSystemAttributesStore(const FileSystemAttributesStore&) = default;
+  FileSystemAttributesStore& operator=(const FileSystemAttributesStore&) = default;
+};
+
+/// A store that supplies `attributes`. Each accessor reads its key there; a value that is absent or of another
+/// kind reads as nothing.
+class QUILLONIC_EXPORT AttributeBasedStore : public FileSystemAttributesStore {
+ public:
+  ~AttributeBasedStore() override;
+
+  std::optional<std::string> name() const override;
+  std::optional<std::uint64_t> fileSize() const override;
+  std::optional<AnyValue::Date> dateCreated() const override;
+  std::optional<AnyValue::Date> dateModified() const override;
+
+ protected:
+  AttributeBasedStore() = default;
+  AttributeBasedStore(const AttributeBasedStore&) = default;
+  AttributeBasedStore& operator=(const AttributeBasedStore&) = default;
+};
+
+/// A store that supplies the four accessors. Its `attributes` hold those that are present.
+class QUILLONIC_EXPORT AccessorBasedStore : public FileSystemAttributesStore {
+ public:
+  ~AccessorBasedStore() override;
+
+  FileAttributes attributes() const override;
+
+ protected:
+  AccessorBasedStore() = default;
+  AccessorBasedStore(const AccessorBasedStore&) = default;
+  AccessorBasedStore& operator=(const AccessorBasedStore&) = default;
+};
+
+}  // namespace quillonic

@@ -1,0 +1,30 @@
+/// How well two items match.
+///
+///     MatchLevel level = everyKeyMatched ? MatchLevel::full : MatchLevel::partial;
+///     log(rawValue(level));                                                  // "full"
+#pragma once
+
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
+
+#include <array>
+#include <cstdint>
+
+namespace quillonic {
+
+/// The outcome of comparing two items. Which comparison gives which outcome is the host's rule: the library
+/// compares attributes and does not judge.
+enum class MatchLevel : std::uint8_t { full, partial, unmatched };
+
+/// The outcomes from the best to the worst.
+template <> struct CaseTable<MatchLevel> {
+  static constexpr auto rows = std::to_array<CaseRow<MatchLevel>>({
+      {MatchLevel::full, "full"},
+      {MatchLevel::partial, "partial"},
+      {MatchLevel::unmatched, "unmatched"},
+  });
+};
+
+static_assert(CodableRawHashCase<MatchLevel>);
+
+}  // namespace quillonic

@@ -1,0 +1,95 @@
+/// Classifying, following and making links, and the attributes of items.
+///
+///     if (filePathAppearsToBeNonHardReference(item)) target = deeplyDereferencedFilePath(item);
+///     auto attributes = expandedAttributesOfItem("/card/clip.mov");
+///     createAliasForFilePath("/project/media/clip.mov", "/project/clip alias");
+///
+/// Operations keep no state and ask the file system on every call. None follows a link that is the last
+/// component of its path, even where a slash stands behind it; relative paths count from the working folder.
+/// Operations that throw throw a `std::system_error`: the platform's error unchanged, or a
+/// `FilePathAttributeGenerationError` where the platform reports none. A location that is returned is absolute
+/// and standardized: no ".", no "..", no doubled slash. A ".." is taken from the folder that is really meant,
+/// also behind a link to a folder.
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/filesystem/alias_resolution_options.hpp>
+#include <quillonic/filesystem/file_attributes.hpp>
+#include <quillonic/filesystem/reference_link_type.hpp>
+#include <quillonic/support/function_ref.hpp>
+
+#include <filesystem>
+#include <optional>
+
+namespace quillonic {
+
+/// The kind of link that an item is; nothing when it cannot be found out. An alias file is an alias also when
+/// it has further names.
+QUILLONIC_EXPORT std::optional<ReferenceLinkType> referenceLinkTypeOfItem(const std::filesystem::path& atURL);
+
+/// The attributes of an item; nothing when it is missing or cannot be looked at. They are the platform's (size,
+/// kind, dates to the nanosecond, permissions, owner, group, device, inode, number of names) and of the
+/// library's own `filePathName`, `fileResourceType`, `isLinkFilePath`, `isDirectoryPath` and
+/// `referenceLinkType`; for a link also `referencedFileSystemURL`, and for a symbolic link
+/// `isRelativeSymbolicReference`. A detail of a link that cannot be read is logged and left out, and so is the
+/// kind of a small file that may not be opened. That a symbolic link leads nowhere is logged too, but where it
+/// leads is told. One system call per item, three for a symbolic link; a regular file of up to 1 MiB is opened
+/// to see whether it is an alias.
+QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);
+
+/// The kind of link that an item is. Throws when it is missing or cannot be read.
+QUILLONIC_EXPORT ReferenceLinkType filePathLinkType(const std::filesystem::path& fileAt);
+
+/// Whether an item is a symbolic link or an alias file. Throws when it is missing or cannot be read.
+QUILLONIC_EXPORT bool filePathAppearsToBeNonHardReference(const std::filesystem::path& path);
+
+/// Whether a symbolic link's stored target is relative. Throws when the item is no symbolic link or cannot be
+/// read.
+QUILLONIC_EXPORT bool symbolicLinkIsRelative(const std::filesystem::path& atPath);
+
+/// The location that a symbolic link leads to, one step away; whether something is there is not asked. Throws
+/// when the item is no symbolic link or cannot be read.
+QUILLONIC_EXPORT std::filesystem::path standardizedDestinationOfSymbolicLink(
+    const std::filesystem::path& atPath);
+
+/// The location of the item that an alias file leads to. Throws when the file cannot be read or is no alias
+/// file, and when nothing is found. Looked for, in this order, are: the recorded path, when the recorded
+/// volume is mounted where it was; the recorded place relative to the alias file, or else the longest end of
+/// the recorded path in the folders from the alias file upwards; the recorded place on a mounted volume with
+/// the recorded identifier, or else name; the recorded place in the user's home; the recorded path. A name
+/// that is not found byte for byte is looked for without regard to case and Unicode composition. The alias
+/// file itself is never its target.
+QUILLONIC_EXPORT std::filesystem::path standardizedResolvedAliasReference(
+    const std::filesystem::path& aliasFileAt, AliasResolutionOptions options = {});
+
+/// The final target after following symbolic links and alias files, at most 40 steps; an item that is no link
+/// is its own target. Nothing when a link leads to an item that is missing. Throws when an item cannot be read,
+/// the first one included, and when there are more steps: a loop is ELOOP, the platform's own answer.
+QUILLONIC_EXPORT std::optional<std::filesystem::path> deeplyDereferencedFilePath(
+    const std::filesystem::path& forLinkFile, AliasResolutionOptions resolutionOptions = {});
+
+/// Calls the block with each symbolic link and alias file below a folder and with the location one step away,
+/// which need not exist. Setting `stop` ends the walk after the call. Folders behind links are not entered;
+/// volumes mounted below are. The items of a folder come in the byte order of their names, then its folders in
+/// the same order. A link that cannot be read, an alias file whose target is not found and a folder that cannot
+/// be read are logged and passed over.
+QUILLONIC_EXPORT void enumerateLinkFileDereferencePairs(
+    const std::filesystem::path& inDirectory,
+    FunctionRef<void(const std::filesystem::path& link, const std::filesystem::path& target, bool& stop)>
+        didFindPair);
+
+/// Writes an alias file that leads to an existing item, in the form that desktop Macs write and read. Throws
+/// when the item is missing, and when something, even a dangling link, is at the location already: nothing is
+/// ever replaced. An alias file that cannot be written whole is removed again.
+QUILLONIC_EXPORT void createAliasForFilePath(const std::filesystem::path& path,
+                                             const std::filesystem::path& atLocation);
+
+/// Whether symbolic links can be made on the volume that holds an item. Throws when the item or its volume
+/// cannot be asked. Goes by the kind of file system; a share of the kind cifs has them when it was mounted with
+/// an option for them. Where the volume is read-only the answer is what its kind can hold.
+QUILLONIC_EXPORT bool fileSystemSupportsSymbolicLinks(const std::filesystem::path& url);
+
+/// The same for hard links. A network share counts as having them, although its server may refuse.
+QUILLONIC_EXPORT bool fileSystemSupportsHardLinks(const std::filesystem::path& url);
+
+}  // namespace quillonic

@@ -1,0 +1,109 @@
+/// Switches that threads share.
+///
+///     auto cancelled = std::make_shared<UnfairLockBasedAtomicSwitch>(false);
+///     std::jthread copy([cancelled] { while (!cancelled->isOn()) copyNextBlock(); });
+///     cancelled->setIsOn(true);
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/dispatch_qos.hpp>
+#include <quillonic/support/dispatch_queue.hpp>
+
+#include <atomic>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace quillonic {
+
+/// A Boolean that any thread may read and write at any time. When `setIsOn` has returned, every read that
+/// begins later sees the new value. Shared by reference and never copied.
+class QUILLONIC_EXPORT AtomicSwitch {
+ public:
+  AtomicSwitch() = default;
+  AtomicSwitch(const AtomicSwitch&) = delete;
+  AtomicSwitch& operator=(const AtomicSwitch&) = delete;
+  virtual ~AtomicSwitch();
+
+  virtual bool isOn() const = 0;
+  virtual void setIsOn(bool isOn) = 0;
+
+  /// Reads the value, hands a copy to `modification` to change, and writes it back, also when the
+  /// modification ends by an exception, which then passes on. Nothing is held between the read and the write,
+  /// on purpose: what another thread wrote in between is overwritten, and the modification may use the switch
+  /// itself. Who needs to test and set in one step takes a lock of their own.
+  template <class Modification> void modifyIsOn(Modification&& modification) {
+    bool value = isOn();
+    try {
+      std::forward<Modification>(modification)(value);
+    } catch (...) {
+      setIsOn(value);
+      throw;
+    }
+    setIsOn(value);
+  }
+
+  /// Writes the opposite of what it reads, in two steps like every modification: of two threads that toggle
+  /// at once, one may be lost.
+  void toggle();
+};
+
+/// The cheapest switch, for hot paths: a lock is held for the single load or store.
+class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
+ public:
+  explicit UnfairLockBasedAtomicSwitch(bool isOn) noexcept;
+  ~UnfairLockBasedAtomicSwitch() override;
+
+  bool isOn() const noexcept override;
+  void setIsOn(bool isOn) noexcept override;
+
+ private:
+  mutable std::atomic<std::uint32_t> verificationLock_{0};
+  bool isOn_;
+};
+
+/// A switch whose reads and writes run one at a time in strict order of arrival.
+class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
+ public:
+  /// A switch with a serial queue of a given quality of service that targets no other queue.
+  QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS qos);
+  /// A switch with a serial queue of unspecified quality that targets the global queue of a class.
+  QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS::QoSClass targetQos);
+  ~QueueBasedAtomicSwitch() override;
+
+  bool isOn() const noexcept override;
+  void setIsOn(bool isOn) noexcept override;
+
+  const std::string& label() const noexcept { return dispatchQueue_.label(); }
+  DispatchQoS qos() const noexcept { return dispatchQueue_.qos(); }
+  /// Absent when the queue targets none.
+  std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return dispatchQueue_.target(); }
+
+ private:
+  mutable DispatchQueue dispatchQueue_;
+  bool isOn_;
+};
+
+/// A switch whose reads run together and whose writes run alone. A write waits for the reads that run, and
+/// reads that come later wait behind it, so that neither starves.
+class QUILLONIC_EXPORT ConcurrentQueueBasedAtomicSwitch final : public AtomicSwitch {
+ public:
+  /// A switch with a concurrent queue of unspecified quality that targets the global queue of a class.
+  ConcurrentQueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS::QoSClass qos);
+  ~ConcurrentQueueBasedAtomicSwitch() override;
+
+  bool isOn() const noexcept override;
+  void setIsOn(bool isOn) noexcept override;
+
+  const std::string& label() const noexcept { return dispatchQueue_.label(); }
+  DispatchQoS qos() const noexcept { return dispatchQueue_.qos(); }
+  /// Never absent.
+  std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return dispatchQueue_.target(); }
+
+ private:
+  mutable DispatchQueue dispatchQueue_;
+  bool isOn_;
+};
+
+}  // namespace quillonic

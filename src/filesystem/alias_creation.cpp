@@ -1,0 +1,75 @@
+#include <quillonic/filesystem/alias_file.hpp>
+#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/platform/mount_table.hpp>
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <system_error>
+
+#include "filesystem/link_types.hpp"
+#include "filesystem/locations.hpp"
+#include "platform/items.hpp"
+#include "platform/path_text.hpp"
+
+namespace quillonic {
+namespace {
+
+using locations::Place;
+using locations::placeOf;
+
+AliasFile::Properties targetProperties(const std::string& name, FileType type, bool isVolume, bool isAlias) {
+  std::uint64_t flags = 0;
+  if (type == FileType::regular) flags |= AliasFile::regularFile;
+  if (type == FileType::directory) flags |= AliasFile::directory;
+  if (type == FileType::symbolicLink) flags |= AliasFile::symbolicLink;
+  if (isVolume) flags |= AliasFile::volume;
+  if (name.starts_with('.')) flags |= AliasFile::hidden;
+  if (isAlias) flags |= AliasFile::alias;
+  return {flags, 0x21F | AliasFile::hidden | AliasFile::alias};
+}
+
+AliasFile aliasTo(const Place& target, const items::Status& status, const Place& alias) {
+  const auto targetPath = target.path();
+  AliasFile file;
+  file.pathComponents = path_text::components(targetPath);
+  file.targetCreationDate = status.created;
+  const auto own = path_text::components(alias.path());
+  const auto& names = file.pathComponents;
+  const auto [mine, its] = std::ranges::mismatch(own, names);
+  file.relativeDirsUp = own.end() - mine;
+  file.relativeDirsDown = names.end() - its;
+
+  const auto mounts = MountTable::current();
+  const auto* mount = mounts.holding(targetPath);
+  if (mount) {
+    const auto& point = mount->mountPoint.native();
+    file.volumePath = point;
+    file.volumeName = point == "/" ? point : mount->mountPoint.filename().native();
+    std::uint64_t flags = AliasFile::local;
+    if (mount->isReadOnly) flags |= AliasFile::readOnly;
+    file.volumeProperties = AliasFile::Properties{flags, 0x100013EF};
+  }
+  std::error_code ignored;
+  file.targetProperties = targetProperties(
+      target.name, status.type, mount && mount->mountPoint == std::filesystem::path(targetPath),
+      link_types::typeOf(targetPath, status, ignored) == ReferenceLinkType::aliasReference);
+  file.creationOptions = 1024;
+  file.displayName = names.empty() ? "/" : names.back();
+  return file;
+}
+
+}  // namespace
+
+void createAliasForFilePath(const std::filesystem::path& item, const std::filesystem::path& atLocation) {
+  const auto target = placeOf(item);
+  std::error_code error;
+  const auto status = items::status(target.path(), error);
+  if (!status) locations::fail("cannot make an alias of a missing item", target.path(), error);
+  const auto place = placeOf(atLocation);
+  const auto bytes = aliasTo(target, *status, place).bytes(std::chrono::system_clock::now());
+  if (!items::create(place.path(), bytes, error))
+    locations::fail("cannot write alias file", place.path(), error);
+}
+
+}  // namespace quillonic

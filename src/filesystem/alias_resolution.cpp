@@ -1,0 +1,199 @@
+#include "filesystem/alias_resolution.hpp"
+
+#include <quillonic/platform/mount_table.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/items.hpp"
+#include "platform/name_folding.hpp"
+#include "platform/path_text.hpp"
+#include "platform/volume_identities.hpp"
+
+namespace quillonic {
+namespace {
+
+using Names = std::span<const std::string>;
+
+std::string joined(std::string path, Names names) {
+  for (const auto& name : names) {
+    if (!path.ends_with('/')) path.push_back('/');
+    path += name;
+  }
+  return path;
+}
+
+// Without its last component; the root stays the root.
+std::string folderOf(std::string_view path) {
+  return std::string(path_text::withoutTrailingSlashes(path_text::folderPrefix(path)));
+}
+
+std::optional<Names> last(Names names, std::optional<std::int64_t> count) {
+  if (!count || *count < 0 || !std::in_range<std::size_t>(*count)) return std::nullopt;
+  const auto wanted = static_cast<std::size_t>(*count);
+  return wanted <= names.size() ? std::optional(names.last(wanted)) : std::nullopt;
+}
+
+class Resolution {
+ public:
+  Resolution(const AliasFile& alias, const std::string& aliasPath)
+      : alias_(alias), aliasPath_(aliasPath), names_(alias.pathComponents) {}
+
+  std::optional<std::string> target() {
+    if (recordedVolumeIsMounted()) {
+      if (auto found = find("/", names_)) return found;
+    }
+    if (auto found = relativeToAlias()) return found;
+    if (auto found = onMountedVolume()) return found;
+    if (alias_.componentsBelowHome != 0) {
+      const auto below = last(names_, alias_.componentsBelowHome);
+      const auto home = below ? items::homeFolder() : std::nullopt;
+      if (home) {
+        if (auto found = find(*home, *below)) return found;
+      }
+    }
+    return find("/", names_);
+  }
+
+ private:
+  bool exists(const std::string& path) const {
+    // To look below an automounter's folder would make it mount.
+    const auto* mount = mounts_.withLongestMountPoint(path);
+    if (mount && mount->kind == "autofs") return false;
+    std::error_code ignored;
+    return items::status(path, ignored).has_value();
+  }
+
+  // The item below a folder, each name as it is where there is such an item, else as it reads.
+  std::optional<std::string> find(const std::string& folder, Names names) const {
+    auto path = joined(folder, names);
+    if (!exists(path)) {
+      path = folder;
+      for (const auto& name : names) {
+        auto next = joined(path, {&name, 1});
+        if (!exists(next)) {
+          const auto similar = foldedEntries(path);
+          const auto folded = text::foldedName(name);
+          const auto entry = std::ranges::lower_bound(similar, folded, {}, &FoldedEntry::folded);
+          if (entry == similar.end() || entry->folded != folded) return std::nullopt;
+          next = joined(path, {&entry->name, 1});
+        }
+        path = std::move(next);
+      }
+    }
+    return path == aliasPath_ || !exists(path) ? std::nullopt : std::optional(std::move(path));
+  }
+
+  struct FoldedEntry {
+    std::string folded;
+    std::string name;
+  };
+
+  // Of names that read alike the first one in byte order comes first.
+  std::vector<FoldedEntry> foldedEntries(const std::string& folder) const {
+    std::vector<FoldedEntry> folded;
+    std::error_code ignored;
+    // The dot leads through a link to a folder.
+    const auto opened = exists(folder) ? items::Folder::open(folder + "/.", ignored) : std::nullopt;
+    auto entries = opened ? items::entries(*opened, ignored) : std::nullopt;
+    if (!entries) return folded;
+    for (auto& entry : *entries) folded.push_back({text::foldedName(entry.name), std::move(entry.name)});
+    std::ranges::stable_sort(folded, {}, &FoldedEntry::folded);
+    return folded;
+  }
+
+  bool recordedVolumeIsMounted() {
+    return alias_.volumePath && std::ranges::any_of(mounts_.mounts(), [&](const Mount& mount) {
+             return mount.mountPoint.native() == *alias_.volumePath && isRecordedVolume(mount) != Verdict::no;
+           });
+  }
+
+  std::optional<std::string> relativeToAlias() const {
+    if (!alias_.relativeDirsUp && !alias_.relativeDirsDown) return alongRecordedTails();
+    auto folder = path_text::components(aliasPath_);
+    const auto stripped = last(folder, alias_.relativeDirsUp);
+    const auto tail = last(names_, alias_.relativeDirsDown);
+    if (!stripped || !tail) return std::nullopt;
+    folder.resize(folder.size() - stripped->size());
+    return find(joined("/", folder), *tail);
+  }
+
+  // From the alias file upwards: the longest end of the recorded path that is there.
+  std::optional<std::string> alongRecordedTails() const {
+    for (auto folder = aliasPath_; folder != "/";) {
+      folder = folderOf(folder);
+      for (std::size_t skipped = 0; skipped < names_.size(); ++skipped) {
+        const auto tail = names_.subspan(skipped);
+        // Most folders hold none of the names, which one look tells.
+        const auto first = joined(folder, tail.first(1));
+        const auto path = exists(first) ? joined(folder, tail) : aliasPath_;
+        if (path != aliasPath_ && exists(path)) return path;
+      }
+    }
+    std::vector<std::string> folded;
+    for (const auto& name : names_) folded.push_back(text::foldedName(name));
+    for (auto folder = aliasPath_; folder != "/";) {
+      folder = folderOf(folder);
+      const auto similar = foldedEntries(folder);
+      for (std::size_t skipped = 0; skipped < names_.size(); ++skipped) {
+        const auto entry = std::ranges::lower_bound(similar, folded[skipped], {}, &FoldedEntry::folded);
+        if (entry == similar.end() || entry->folded != folded[skipped]) continue;
+        if (auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1))) return found;
+      }
+    }
+    return std::nullopt;
+  }
+
+  std::optional<std::string> onMountedVolume() {
+    const auto volume = path_text::components(alias_.volumePath.value_or("/"));
+    if (volume.size() > names_.size() || !std::ranges::equal(volume, names_.first(volume.size()))) {
+      return std::nullopt;
+    }
+    const auto below = names_.subspan(volume.size());
+    for (const auto& mount : mounts_.mounts()) {
+      if (isRecordedVolume(mount) != Verdict::yes) continue;
+      if (auto found = find(mount.mountPoint, below)) return found;
+    }
+    auto name = alias_.volumeName;
+    if (!name && !volume.empty()) name = volume.back();
+    if (!name) return std::nullopt;
+    const auto folded = text::foldedName(*name);
+    for (const auto& mount : mounts_.mounts()) {
+      const auto& point = mount.mountPoint.native();
+      if (text::foldedName(std::string_view(point).substr(point.rfind('/') + 1)) != folded) continue;
+      if (auto found = find(point, below)) return found;
+    }
+    return std::nullopt;
+  }
+
+  enum class Verdict { yes, no, unknown };
+
+  Verdict isRecordedVolume(const Mount& mount) {
+    if (!alias_.volumeUUID) return Verdict::unknown;
+    if (!identities_) identities_ = volumeIdentities();
+    const auto identity = std::ranges::find_if(*identities_, [&](const VolumeIdentity& candidate) {
+      return candidate.deviceMajor == mount.deviceMajor && candidate.deviceMinor == mount.deviceMinor;
+    });
+    if (identity == identities_->end()) return Verdict::unknown;
+    return text::foldedName(identity->uuid) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes
+                                                                                    : Verdict::no;
+  }
+
+  const AliasFile& alias_;
+  const std::string& aliasPath_;
+  Names names_;
+  MountTable mounts_ = MountTable::current();
+  std::optional<std::vector<VolumeIdentity>> identities_;
+};
+
+}  // namespace
+
+std::optional<std::string> targetOf(const AliasFile& alias, const std::string& aliasPath) {
+  return Resolution(alias, aliasPath).target();
+}
+
+}  // namespace quillonic

@@ -1,0 +1,102 @@
+#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/platform/logging.hpp>
+
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "filesystem/link_types.hpp"
+#include "filesystem/locations.hpp"
+#include "platform/items.hpp"
+#include "platform/path_text.hpp"
+
+namespace quillonic {
+namespace {
+
+// Values that many dictionaries share.
+template <class Enumeration> const AnyValue& sharedValue(Enumeration value) {
+  static const auto values = [] {
+    std::vector<AnyValue> all;
+    for (const auto listed : allCases<Enumeration>()) all.emplace_back(listed);
+    return all;
+  }();
+  return values[static_cast<std::size_t>(value)];
+}
+
+struct LinkDetails {
+  std::optional<ReferenceLinkType> type;
+  std::optional<std::string> target;
+  std::optional<bool> isRelative;
+};
+
+LinkDetails symbolicLinkDetails(const std::string& item) {
+  LinkDetails details{.type = ReferenceLinkType::softSymbolicReference, .target = {}, .isRelative = {}};
+  std::error_code error;
+  const auto text = items::linkText(item, error);
+  const auto folder = text && !text->starts_with('/') ? locations::absolutePath(item) : std::string();
+  if (text) details.target = locations::destination(path_text::folderPrefix(folder), false, *text);
+  // Whether something is there is seen through the link, which takes one look however far it leads.
+  if (!details.target || !items::existsBehindLinks(item)) {
+    VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
+  }
+  if (text) {
+    details.isRelative = !text->starts_with('/');
+  } else {
+    VantiroLogging::defaultLogger()->logWarning("Failed to discover if symbolic link is relative");
+  }
+  return details;
+}
+
+LinkDetails linkDetails(const std::string& item, const items::Status& status) {
+  if (status.type == FileType::symbolicLink) return symbolicLinkDetails(item);
+  LinkDetails details;
+  std::error_code error;
+  details.type = link_types::typeOf(item, status, error);
+  if (details.type == ReferenceLinkType::aliasReference) details.target = link_types::loggedAliasTarget(item);
+  return details;
+}
+
+std::string nameOf(std::string_view item) {
+  const auto name = item.substr(path_text::folderPrefix(item).size());
+  return std::string(name.empty() ? item : name);
+}
+
+FileAttributes attributesOf(const std::string& item, const items::Status& status) {
+  const auto details = linkDetails(item, status);
+  std::vector<FileAttributes::Entry> entries;
+  entries.reserve(18);
+  // In the order in which the dictionary keeps them, so that nothing has to be sorted.
+  using Key = FileAttributeKey;
+  const auto add = [&](const Key& key, AnyValue value) { entries.push_back({key, std::move(value)}); };
+  if (status.created) add(Key::NSFileCreationDate, *status.created);
+  add(Key::NSFileGroupOwnerAccountID, status.group);
+  add(Key::NSFileModificationDate, status.modified);
+  add(Key::NSFileOwnerAccountID, status.owner);
+  add(Key::NSFilePosixPermissions, status.permissions);
+  add(Key::NSFileReferenceCount, status.names);
+  add(Key::NSFileSize, status.size);
+  add(Key::NSFileSystemFileNumber, status.inode);
+  add(Key::NSFileSystemNumber, status.device);
+  add(Key::NSFileType, sharedValue(status.type));
+  add(Key::filePathName, nameOf(item));
+  add(Key::isDirectoryPath, status.type == FileType::directory);
+  if (details.type) add(Key::isLinkFilePath, link_types::leadsElsewhere(*details.type));
+  if (details.isRelative) add(Key::isRelativeSymbolicReference, *details.isRelative);
+  if (details.type) add(Key::referenceLinkType, sharedValue(*details.type));
+  if (details.target) add(Key::referencedFileSystemURL, std::filesystem::path(*details.target));
+  add(Key::fileResourceType, sharedValue(status.type));
+  return FileAttributes(std::move(entries));
+}
+
+}  // namespace
+
+std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL) {
+  const auto item = locations::itself(atURL);
+  std::error_code error;
+  const auto status = items::status(item, error);
+  return status ? std::optional(attributesOf(item, *status)) : std::nullopt;
+}
+
+}  // namespace quillonic

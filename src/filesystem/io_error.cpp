@@ -1,0 +1,75 @@
+#include <quillonic/filesystem/io_error.hpp>
+
+#include <array>
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace quillonic {
+namespace {
+
+// Messages by number, from 1.
+class MessageCategory final : public std::error_category {
+ public:
+  constexpr MessageCategory(const char* name, std::span<const std::string_view> messages) noexcept
+      : name_(name), messages_(messages) {}
+
+  const char* name() const noexcept override { return name_; }
+
+  std::string message(int error) const override {
+    const bool isListed = error >= 1 && static_cast<std::size_t>(error) <= messages_.size();
+    return std::string(isListed ? messages_[static_cast<std::size_t>(error) - 1] : "unknown error");
+  }
+
+ private:
+  const char* name_;
+  std::span<const std::string_view> messages_;
+};
+
+constexpr std::array<std::string_view, 12> ioMessages{
+    "invalid path type",
+    "invalid data type",
+    "path does not exist",
+    "io has closed",
+    "reposition failure",
+    "data ignored",
+    "file attributes unavailable",
+    "invalid replication structure",
+    "replicator type not supported",
+    "replication resources unavailable",
+    "output already processed",
+    "verification resources unavailable",
+};
+static_assert(static_cast<int>(IOError::unavailableVerificationResources) == ioMessages.size());
+
+constexpr std::array<std::string_view, 4> attributeMessages{
+    "not an alias file",
+    "malformed alias file",
+    "alias target not found",
+    "symbolic link target not found",
+};
+static_assert(static_cast<int>(FilePathAttributeGenerationError::symbolicLinkTargetNotFound) ==
+              attributeMessages.size());
+
+}  // namespace
+
+const std::error_category& ioErrorCategory() noexcept {
+  static const MessageCategory category("quillonic.io", ioMessages);
+  return category;
+}
+
+std::error_code make_error_code(IOError error) noexcept {
+  return {static_cast<int>(error), ioErrorCategory()};
+}
+
+const std::error_category& filePathAttributeGenerationErrorCategory() noexcept {
+  static const MessageCategory category("quillonic.attributes", attributeMessages);
+  return category;
+}
+
+std::error_code make_error_code(FilePathAttributeGenerationError error) noexcept {
+  return {static_cast<int>(error), filePathAttributeGenerationErrorCategory()};
+}
+
+}  // namespace quillonic

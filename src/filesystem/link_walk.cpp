@@ -1,0 +1,112 @@
+#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/platform/logging.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "filesystem/link_types.hpp"
+#include "filesystem/locations.hpp"
+#include "platform/items.hpp"
+
+namespace quillonic {
+namespace {
+
+using std::filesystem::path;
+
+// Walks folders without following links and calls the block with each link and its target.
+class LinkWalk {
+ public:
+  using Block = FunctionRef<void(const path& link, const path& target, bool& stop)>;
+
+  explicit LinkWalk(Block block) : block_(block) {}
+
+  void walk(const path& root) {
+    const auto shownRoot = locations::standardized(locations::absolutePath(locations::itself(root)));
+    const auto physicalRoot = items::canonical(shownRoot);
+    if (!physicalRoot) return logUnreadable(shownRoot);
+    // Folders still to be visited; the next one stands last.
+    std::vector<Visit> pending{{shownRoot, *physicalRoot}};
+    while (!pending.empty() && !stop_) {
+      const auto visit = std::move(pending.back());
+      pending.pop_back();
+      const auto first = static_cast<std::ptrdiff_t>(pending.size());
+      visitFolder(visit, pending);
+      std::reverse(pending.begin() + first, pending.end());
+    }
+  }
+
+ private:
+  // A folder as the caller sees it, and with its links followed.
+  struct Visit {
+    std::string shown;
+    std::string physical;
+  };
+
+  static void logUnreadable(const std::string& folder) {
+    VantiroLogging::defaultLogger()->logWarning("ELFDP-Failed to read folder: " + folder);
+  }
+
+  void visitFolder(const Visit& visit, std::vector<Visit>& pending) {
+    std::error_code error;
+    const auto folder = items::Folder::open(visit.physical, error);
+    const auto entries = folder ? items::entries(*folder, error) : std::nullopt;
+    if (!entries) return logUnreadable(visit.shown);
+    // Taken apart into its components once, and not for each link.
+    path link = path(visit.shown) / "link";
+    for (const auto& entry : *entries) {
+      auto type = entry.type;
+      std::optional<items::Status> status;
+      if (type == FileType::unknown || type == FileType::regular) {
+        status = items::status(entry.name, error, &*folder);
+        if (!status) continue;
+        type = status->type;
+      }
+      std::optional<std::string> target;
+      if (type == FileType::directory) {
+        pending.push_back(
+            {locations::inFolder(visit.shown, entry.name), locations::inFolder(visit.physical, entry.name)});
+      } else if (type == FileType::symbolicLink) {
+        target = symbolicTarget(*folder, visit.physical, entry.name);
+      } else if (type == FileType::regular) {
+        target = aliasTarget(locations::inFolder(visit.physical, entry.name), *status);
+      }
+      if (!target) continue;
+      block_(link.replace_filename(entry.name), *std::move(target), stop_);
+      if (stop_) return;
+    }
+  }
+
+  static std::optional<std::string> symbolicTarget(const items::Folder& folder, const std::string& path,
+                                                   const std::string& name) {
+    std::error_code error;
+    const auto text = items::linkText(name, error, &folder);
+    auto target = text ? locations::destination(path, true, *text) : std::nullopt;
+    if (!target) {
+      VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
+    }
+    return target;
+  }
+
+  static std::optional<std::string> aliasTarget(const std::string& item, const items::Status& status) {
+    std::error_code error;
+    const auto type = link_types::typeOf(item, status, error);
+    return type == ReferenceLinkType::aliasReference ? link_types::loggedAliasTarget(item) : std::nullopt;
+  }
+
+  Block block_;
+  bool stop_ = false;
+};
+
+}  // namespace
+
+void enumerateLinkFileDereferencePairs(
+    const path& inDirectory,
+    FunctionRef<void(const path& link, const path& target, bool& stop)> didFindPair) {
+  LinkWalk(didFindPair).walk(inDirectory);
+}
+
+}  // namespace quillonic

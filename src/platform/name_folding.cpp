@@ -1,0 +1,106 @@
+#include "platform/name_folding.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <iterator>
+#include <vector>
+
+#include "platform/text.hpp"
+#include "platform/utf8.hpp"
+
+namespace quillonic::text {
+namespace {
+
+// A scalar and the one or two that it is made of; 0 where there is no second one.
+struct Decomposition {
+  char32_t scalar;
+  char32_t first;
+  char32_t second;
+};
+
+constexpr auto decompositions = std::to_array<Decomposition>({
+#include "platform/decomposition_table.inc"
+});
+
+struct CombiningRange {
+  char32_t first;
+  char32_t last;
+  std::uint8_t combiningClass;
+};
+
+constexpr auto combiningRanges = std::to_array<CombiningRange>({
+#include "platform/combining_class_table.inc"
+});
+
+std::uint8_t combiningClass(char32_t scalar) noexcept {
+  const auto range = std::ranges::lower_bound(combiningRanges, scalar, {}, &CombiningRange::last);
+  return range != combiningRanges.end() && range->first <= scalar ? range->combiningClass : std::uint8_t{0};
+}
+
+// Appends what a scalar is made of. Hangul syllables are put together by a rule instead of a table.
+void appendDecomposed(std::u32string& text, char32_t scalar) {
+  constexpr char32_t firstSyllable = 0xAC00;
+  constexpr char32_t syllables = 11172;
+  constexpr char32_t vowels = 21;
+  constexpr char32_t trails = 28;
+  if (scalar - firstSyllable < syllables && scalar >= firstSyllable) {
+    const auto index = scalar - firstSyllable;
+    text.push_back(0x1100 + index / (vowels * trails));
+    text.push_back(0x1161 + index / trails % vowels);
+    if (index % trails != 0) text.push_back(0x11A7 + index % trails);
+    return;
+  }
+  const auto found = std::ranges::lower_bound(decompositions, scalar, {}, &Decomposition::scalar);
+  if (found == decompositions.end() || found->scalar != scalar) {
+    text.push_back(scalar);
+    return;
+  }
+  appendDecomposed(text, found->first);
+  if (found->second != 0) appendDecomposed(text, found->second);
+}
+
+// Marks behind one letter stand in the order of their classes.
+void order(std::u32string& text) {
+  for (auto at = text.begin(); at != text.end();) {
+    const auto isMark = [](char32_t scalar) { return combiningClass(scalar) != 0; };
+    const auto first = std::find_if(at, text.end(), isMark);
+    at = std::find_if_not(first, text.end(), isMark);
+    std::stable_sort(first, at, [](char32_t a, char32_t b) { return combiningClass(a) < combiningClass(b); });
+  }
+}
+
+// A byte that is no UTF-8, kept apart from every scalar.
+constexpr char32_t foreignByte = 0x200000;
+
+std::string decomposed(std::string_view text) {
+  std::u32string scalars;
+  for (std::size_t at = 0; at < text.size();) {
+    const auto [scalar, length, valid] = utf8::decode(text.substr(at));
+    if (valid) {
+      appendDecomposed(scalars, scalar);
+    } else {
+      scalars.push_back(foreignByte + static_cast<unsigned char>(text[at]));
+    }
+    at += length;
+  }
+  order(scalars);
+  std::string result;
+  for (const char32_t scalar : scalars) {
+    if (scalar >= foreignByte) {
+      result.push_back(static_cast<char>(static_cast<unsigned char>(scalar - foreignByte)));
+    } else {
+      utf8::append(result, scalar);
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string foldedName(std::string_view name) {
+  // Lower-casing makes the one letter that is made of two anew, so what it gives is taken apart again.
+  return decomposed(lowerCased(decomposed(name)));
+}
+
+}  // namespace quillonic::text
