@@ -2,6 +2,8 @@
 // touching anything outside.
 #pragma once
 
+#include <quillonic/support/function_ref.hpp>
+
 #include <cstdio>
 #include <fcntl.h>
 #include <fstream>
@@ -11,8 +13,6 @@
 #include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <quillonic/support/function_ref.hpp>
 
 namespace quillonic {
 

@@ -1,13 +1,13 @@
+#include <quillonic/filesystem/file_manager.hpp>
+#include <quillonic/platform/logging.hpp>
+#include <quillonic/platform/script_runner.hpp>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
 #include <set>
 #include <utility>
-
-#include <quillonic/filesystem/file_manager.hpp>
-#include <quillonic/platform/logging.hpp>
-#include <quillonic/platform/script_runner.hpp>
 
 #include "platform/path_text.hpp"
 #include "platform/working_folder.hpp"

@@ -1,9 +1,9 @@
+#include <quillonic/platform/file_system.hpp>
+#include <quillonic/platform/mount_table.hpp>
+
 #include <cerrno>
 #include <sys/stat.h>
 #include <system_error>
-
-#include <quillonic/platform/file_system.hpp>
-#include <quillonic/platform/mount_table.hpp>
 
 #include "platform/working_folder.hpp"
 

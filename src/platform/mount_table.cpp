@@ -1,9 +1,9 @@
+#include <quillonic/platform/mount_table.hpp>
+
 #include <algorithm>
 #include <numeric>
 #include <optional>
 #include <utility>
-
-#include <quillonic/platform/mount_table.hpp>
 
 #include "platform/number_text.hpp"
 #include "platform/path_text.hpp"

@@ -1,11 +1,11 @@
+#include <quillonic/platform/mount_table.hpp>
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
-
-#include <quillonic/platform/mount_table.hpp>
 
 #include "platform/file_reading_linux.hpp"
 #include "platform/path_text.hpp"

@@ -1,6 +1,6 @@
-#include <utility>
-
 #include <quillonic/platform/script_runner.hpp>
+
+#include <utility>
 
 #include "platform/system_script_runner.hpp"
 #include "support/settable.hpp"

@@ -1,9 +1,9 @@
 // The script runner that a system brings along.
 #pragma once
 
-#include <memory>
-
 #include <quillonic/platform/script_runner.hpp>
+
+#include <memory>
 
 namespace quillonic {
 

@@ -5,16 +5,16 @@
 ///     DiskDescription(*dictionary).indicatesVolumeIsNetworkDevice()) ...
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/any_value.hpp>
+#include <quillonic/support/function_ref.hpp>
+
 #include <concepts>
 #include <filesystem>
 #include <optional>
 #include <ranges>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/any_value.hpp>
-#include <quillonic/support/function_ref.hpp>
 
 namespace quillonic {
 

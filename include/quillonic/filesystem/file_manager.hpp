@@ -9,6 +9,9 @@
 /// another writer may take the name; creating it exclusively closes that gap.
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/platform/file_system.hpp>
+
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -17,9 +20,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
-#include <quillonic/platform/file_system.hpp>
 
 namespace quillonic {
 

@@ -10,13 +10,13 @@
 /// cleaning, which drops a list, keeps them.
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/character_set.hpp>
+
 #include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/character_set.hpp>
 
 namespace quillonic {
 

@@ -1,15 +1,15 @@
 /// The operating system's description of the disk under a volume, as a dictionary for `DiskDescription`.
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/platform/mount_table.hpp>
+#include <quillonic/support/any_value.hpp>
+
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
-
-#include <quillonic/export.hpp>
-#include <quillonic/platform/mount_table.hpp>
-#include <quillonic/support/any_value.hpp>
 
 namespace quillonic {
 

@@ -2,14 +2,14 @@
 /// them instead of the operating system.
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/function_ref.hpp>
 
 namespace quillonic {
 

@@ -6,6 +6,8 @@
 ///     }
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -13,8 +15,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

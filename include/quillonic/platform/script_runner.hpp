@@ -5,15 +5,15 @@
 ///     quillonic::ScriptRunner::setDefaultRunner(std::make_shared<HostRunner>());
 #pragma once
 
+#include <quillonic/export.hpp>
+#include <quillonic/support/text_dictionary.hpp>
+
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include <quillonic/export.hpp>
-#include <quillonic/support/text_dictionary.hpp>
 
 namespace quillonic {
 

@@ -6,6 +6,8 @@
 ///     text bool same = attributes["size"] == AnyValue(4096.0);                               // true
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <chrono>
 #include <concepts>
 #include <cstdint>
@@ -18,8 +20,6 @@
 #include <typeinfo>
 #include <utility>
 #include <variant>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 

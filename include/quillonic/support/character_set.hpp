@@ -4,12 +4,12 @@
 ///     static_assert(separators.contains(U':') && separators.inverted().contains(U'a'));
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <algorithm>
 #include <array>
 #include <string_view>
 #include <vector>
-
-#include <quillonic/export.hpp>
 
 namespace quillonic {
 
