@@ -1,4 +1,15 @@
-/// Value types that describe media.
+/// Value types that describe media: what a transcode job can ask for, as pickers show it and presets store
+/// it.
 #pragma once
 
+#include <quillonic/media/channel_layout.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/color_depth.hpp>
 #include <quillonic/media/file_extension.hpp>
+#include <quillonic/media/frame_rate.hpp>
+#include <quillonic/media/sample_rate.hpp>
+#include <quillonic/media/video_data_rate.hpp>
+#include <quillonic/media/video_dimension.hpp>
+#include <quillonic/media/video_extension.hpp>
+#include <quillonic/media/video_resolution.hpp>
+#include <quillonic/media/video_size.hpp>

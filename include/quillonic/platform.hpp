@@ -1,9 +1,11 @@
 /// What the library takes from the machine and from its host.
 #pragma once
 
+#include <quillonic/platform/color.hpp>
 #include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/platform/disk_descriptions.hpp>
 #include <quillonic/platform/file_system.hpp>
+#include <quillonic/platform/localization.hpp>
 #include <quillonic/platform/logging.hpp>
 #include <quillonic/platform/mount_table.hpp>
 #include <quillonic/platform/script_runner.hpp>

@@ -1,6 +1,12 @@
-/// The transcoder's command line: its vocabulary, the model of one command line, and the built-in presets.
+/// The transcoder's command line: its vocabulary, the model of one command line with its typed options, and
+/// the built-in presets.
 #pragma once
 
+#include <quillonic/transcode_cli/anchors.hpp>
 #include <quillonic/transcode_cli/arguments.hpp>
+#include <quillonic/transcode_cli/detail_modifier.hpp>
+#include <quillonic/transcode_cli/details.hpp>
+#include <quillonic/transcode_cli/frame_size.hpp>
 #include <quillonic/transcode_cli/presets.hpp>
+#include <quillonic/transcode_cli/timecode_source.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>

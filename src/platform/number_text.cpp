@@ -6,12 +6,13 @@
 namespace quillonic::number_text {
 namespace {
 
-template <class Number> std::string fixedText(Number number) {
+// With `places` as many digits behind the point, without it as many as the number needs.
+template <class Number, class... Places> std::string fixedText(Number number, Places... places) {
   if (std::isnan(number)) return "nan";
   // The longest is the smallest denormal number: 324 places and the digits that tell it apart.
   std::array<char, 400> buffer;
-  const auto result =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                    std::chars_format::fixed, places...);
   std::string text(buffer.data(), result.ptr);
   if (std::isfinite(number) && text.find('.') == std::string::npos) text += ".0";
   return text;
@@ -24,6 +25,9 @@ std::string shortest(double number) {
 }
 std::string shortest(float number) {
   return fixedText(number);
+}
+std::string rounded(double number, int places) {
+  return fixedText(number, places);
 }
 
 }  // namespace quillonic::number_text

@@ -15,6 +15,10 @@ namespace quillonic::number_text {
 std::string shortest(double number);
 std::string shortest(float number);
 
+// With exactly this many digits, 1 to 50, behind the point, rounded to the nearest: "90.0". Otherwise "inf",
+// "-inf" or "nan".
+std::string rounded(double number, int places);
+
 // The number that the whole text is: decimal digits behind an optional "-"; a floating-point number may have
 // a fraction and an exponent, or be "inf" or "nan". Nothing for blanks, a "+", an empty text, or what does
 // not fit.

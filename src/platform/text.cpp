@@ -96,7 +96,8 @@ std::string lowerCased(std::string_view text) {
     allBits |= static_cast<unsigned char>(c);
     c = asciiLowerCase(c);
   }
-  return allBits < 0x80 ? result : lowerCasedUnicode(text);
+  if (allBits >= 0x80) return lowerCasedUnicode(text);
+  return result;
 }
 
 }  // namespace quillonic::text

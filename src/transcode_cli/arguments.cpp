@@ -1,3 +1,4 @@
+#include <quillonic/time/timecode.hpp>
 #include <quillonic/transcode_cli/arguments.hpp>
 
 #include <algorithm>
@@ -41,6 +42,17 @@ std::optional<NumberedFile> numberedFile(const TextDictionary::Entry& entry) noe
   const auto position = number_text::read<std::int64_t>(rest.substr(divide + 1));
   if (!group || !position) return std::nullopt;
   return NumberedFile{*group, *position, entry.value};
+}
+
+TextDictionary numberedEntries(const InputFileGroups& groups) {
+  std::vector<TextDictionary::Entry> entries;
+  for (const auto& [group, files] : groups) {
+    const auto prefix = std::string(VAVInputPrefixFlag) + "_" + std::to_string(group) + "_";
+    for (std::size_t position = 0; position < files.size(); ++position) {
+      entries.push_back({prefix + std::to_string(position), files[position]});
+    }
+  }
+  return TextDictionary(std::move(entries));
 }
 
 CodedRecord coded(const TextDictionary& lookup) {
@@ -184,14 +196,7 @@ std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
 void TranscodeCliArguments::setInputFileGroups(const std::optional<InputFileGroups>& groups) {
   flagValueLookup_.removePrefixed(VAVInputPrefixFlag);
   if (!groups) return;
-  std::vector<TextDictionary::Entry> entries;
-  for (const auto& [group, files] : *groups) {
-    const auto prefix = std::string(VAVInputPrefixFlag) + "_" + std::to_string(group) + "_";
-    for (std::size_t position = 0; position < files.size(); ++position) {
-      entries.push_back({prefix + std::to_string(position), files[position]});
-    }
-  }
-  flagValueLookup_.merge(TextDictionary(std::move(entries)));
+  flagValueLookup_.merge(numberedEntries(*groups));
 }
 
 std::optional<std::vector<std::string>> TranscodeCliArguments::inputFiles() const {
@@ -207,6 +212,55 @@ std::optional<std::vector<std::string>> TranscodeCliArguments::inputFiles() cons
 std::optional<std::string> TranscodeCliArguments::firstInputFile() const {
   auto files = inputFiles();
   return files ? std::optional(std::move(files->front())) : std::nullopt;
+}
+
+std::optional<TranscodeInputFileGroup> TranscodeCliArguments::inputFileGroup(std::int64_t group) const {
+  std::optional<TranscodeInputFileGroup> found;
+  enumerateInputFileGroups([&](std::span<const std::string_view> files, std::int64_t number) {
+    if (number == group) found = {group, {files.begin(), files.end()}};
+  });
+  return found;
+}
+
+void TranscodeCliArguments::update(const TranscodeInputFileGroup& fromInputFileGroup) {
+  const auto& [group, files] = fromInputFileGroup;
+  if (inputFileGroup(group) == fromInputFileGroup) return;
+  std::vector<std::string> superseded;
+  for (const auto& entry : flagValueLookup_.prefixed(VAVInputPrefixFlag)) {
+    const auto file = numberedFile(entry);
+    if (file && file->group == group) superseded.push_back(entry.key);
+  }
+  for (const auto& flag : superseded) flagValueLookup_.remove(flag);
+  flagValueLookup_.merge(numberedEntries({{group, files}}));
+}
+
+TranscodeWatermarkDetail TranscodeCliArguments::watermarkDetail() const {
+  return {watermarkImageFileDetail(), watermarkTextDetail()};
+}
+
+void TranscodeCliArguments::update(const TranscodeWatermarkDetail& fromWatermarkDetail) {
+  update(fromWatermarkDetail.imageFile);
+  update(fromWatermarkDetail.text);
+}
+
+std::optional<TimecodeSource> TranscodeCliArguments::timecodeSource() const noexcept {
+  for (const auto source : allCases<TimecodeSource>()) {
+    if (flagValueLookup_.contains(cliFlag(source))) return source;
+  }
+  return std::nullopt;
+}
+
+void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> source) {
+  for (const auto other : allCases<TimecodeSource>()) {
+    if (other != source) flagValueLookup_.remove(cliFlag(other));
+  }
+  if (!source) return;
+  if (*source != TimecodeSource::custom) {
+    flagValueLookup_.set(cliFlag(*source), {});
+  } else if (!timecode()) {
+    setTimecode(timecodeIsDropFrame() ? TimecodeComponents::defaultDropFrameTimecode
+                                      : TimecodeComponents::defaultNonDropTimecode);
+  }
 }
 
 // The one order in which settings are written.

@@ -49,6 +49,7 @@ TEST(DiskDescriptions, ReadTheDeviceBehindAVolume) {
   tell("sda/device/model", "AXS-AR1         ");
   tell("sda/ro", "0");
   tell("sda/sda1/partition", "1");
+  tell("sda/sda1/ro", "1");
   tell("sda/sda1/uevent", "DEVNAME=sda1\nXPARTNAME=no\nPARTNAME=Card = 1\nPARTN=1");
   tell("loop0/loop/backing_file", "/images/card.img");
   tell("loop0/ro", "1");
@@ -60,7 +61,7 @@ TEST(DiskDescriptions, ReadTheDeviceBehindAVolume) {
 
   using Description = DiskDescriptionDictionary;
   const Description card{
-      {"DADeviceModel", "AXS-AR1"}, {"DAMediaName", "Card = 1"}, {"DAMediaWritable", true}};
+      {"DADeviceModel", "AXS-AR1"}, {"DAMediaName", "Card = 1"}, {"DAMediaWritable", false}};
   const std::pair<path, Description> rows[] = {
       {"sda", {{"DADeviceModel", "AXS-AR1"}, {"DAMediaName", "AXS-AR1"}, {"DAMediaWritable", true}}},
       {"sda/sda1", card},

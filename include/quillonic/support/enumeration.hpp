@@ -87,7 +87,6 @@ template <class T>
 concept RawHashCase = std::equality_comparable<T> && requires(const T& value) {
   { rawValue(value) } -> std::convertible_to<std::string_view>;
   { fromRawValue<T>(std::string_view{}) } -> std::same_as<std::optional<T>>;
-  { allCases<T>() } -> std::same_as<std::span<const T>>;
 };
 
 }  // namespace quillonic

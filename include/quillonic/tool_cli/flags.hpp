@@ -12,6 +12,7 @@
 #include <array>
 #include <concepts>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,7 @@ template <class T>
 concept CliFlag = RawHashCase<T> && requires(const T& flag) {
   { cliFlag(flag) } -> std::convertible_to<std::string_view>;
   { acceptsArguments(flag) } -> std::same_as<bool>;
+  { allCases<T>() } -> std::same_as<std::span<const T>>;
 };
 
 /// Every flag's text passed through the options, in case order: the `validCommandFlags` of a sanitizer.

@@ -3,7 +3,7 @@
 ///     TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv), true);   // true: keep the order
 ///     if (!settings.allFlagsAreValid()) report(*settings.unknownFlags());
 ///     auto codec = settings.argumentFlagValue(VAVVideoFormatFlag);                 // "h264"
-///     settings.setArgumentFlagValue(VAVOutputFileFlag, "/media/out.mov");
+///     settings.setOutputFile("/media/out.mov");                                    // see options_table.hpp
 ///     std::vector<std::string> words = settings.commandLineArguments();
 #pragma once
 
@@ -13,6 +13,9 @@
 #include <quillonic/support/text_dictionary.hpp>
 #include <quillonic/tool_cli/argument_store.hpp>
 #include <quillonic/tool_cli/argument_words.hpp>
+#include <quillonic/transcode_cli/details.hpp>
+#include <quillonic/transcode_cli/options_table.hpp>
+#include <quillonic/transcode_cli/timecode_source.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
 
 #include <cstddef>
@@ -45,7 +48,7 @@ using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
 ///
 /// The model can be moved but not copied; share it through a `std::shared_ptr`. One thread at a time uses one
 /// model. Only running out of memory makes its operations throw, except for decoding.
-class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore {
+class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, public TranscodeOptions {
  public:
   /// A model without settings.
   TranscodeCliArguments();
@@ -117,6 +120,27 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore {
   void enumerateInputFileGroups(
       FunctionRef<void(std::span<const std::string_view> files, std::int64_t group)> didFindGroup) const;
 
+  /// Where the timecode comes from: the first source, in their order, whose flag is set.
+  std::optional<TimecodeSource> timecodeSource() const noexcept;
+  /// Sets the source's flag and removes those of the other two; nothing removes all three. `custom` keeps the
+  /// `timecode` there is and otherwise starts at zero, in drop frame when that is set, because its flag
+  /// cannot do without a timecode.
+  void setTimecodeSource(std::optional<TimecodeSource> source);
+
+  using TranscodeOptions::update;
+
+  /// The settings of both watermarks.
+  TranscodeWatermarkDetail watermarkDetail() const;
+  /// Updates both records.
+  void update(const TranscodeWatermarkDetail& fromWatermarkDetail);
+
+  /// The files of one group; absent when there is no such group.
+  std::optional<TranscodeInputFileGroup> inputFileGroup(std::int64_t group) const;
+  /// Replaces the files of one group, which get the positions 0, 1, 2 and so on, and leaves all other input
+  /// files alone. A record without files removes the group; one that is equal to what there is changes
+  /// nothing.
+  void update(const TranscodeInputFileGroup& fromInputFileGroup);
+
   /// Every flag and its value as two words, also where the value is empty. Flags whose order was recorded
   /// come first, in that order; the others follow in the order of their texts. Set-aside flags are not
   /// written.
@@ -147,7 +171,6 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore {
 
   template <class Visit> void visitArguments(Visit visit) const;
 
-  TextDictionary flagValueLookup_;
   std::optional<FlagOrder> orderedFlags_;
   TextDictionary invalidKeyValueLookup_;
 };

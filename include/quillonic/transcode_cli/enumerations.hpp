@@ -88,38 +88,38 @@ class VAVTranscodeArriLookArgumentFlag : public TranscodeFlag<VAVTranscodeArriLo
 /// A fixed value of some flag: `cliFlag` is the text of that flag, not the value's own text.
 template <class T>
 concept CLIArgumentOption = requires(const T& value) {
-  { value.cliFlag() } -> std::convertible_to<std::string_view>;
+  { cliFlag(value) } -> std::convertible_to<std::string_view>;
 };
 
 /// A value of a general flag.
 template <class T>
 concept TranscodeFileCLIArgumentOption = CLIArgumentOption<T> && requires(const T& value) {
-  { value.fileFlag() } -> std::convertible_to<VAVTranscodeArgumentFlag>;
+  { fileFlag(value) } -> std::convertible_to<VAVTranscodeArgumentFlag>;
 };
 
 /// A value of a video flag.
 template <class T>
 concept VideoCLIArgumentOption = CLIArgumentOption<T> && requires(const T& value) {
-  { value.videoFlag() } -> std::convertible_to<VAVTranscodeVideoArgumentFlag>;
+  { videoFlag(value) } -> std::convertible_to<VAVTranscodeVideoArgumentFlag>;
 };
 
 /// A value of an audio flag.
 template <class T>
 concept AudioCLIArgumentOption = CLIArgumentOption<T> && requires(const T& value) {
-  { value.audioFlag() } -> std::convertible_to<VAVTranscodeAudioArgumentFlag>;
+  { audioFlag(value) } -> std::convertible_to<VAVTranscodeAudioArgumentFlag>;
 };
 
 /// A value of a timecode flag.
 template <class T>
 concept TimecodeCLIArgumentOption = CLIArgumentOption<T> && requires(const T& value) {
-  { value.tcFlag() } -> std::convertible_to<VAVTranscodeTimecodeArgumentFlag>;
+  { tcFlag(value) } -> std::convertible_to<VAVTranscodeTimecodeArgumentFlag>;
 };
 
 /// A value of an image-watermark flag. The property is called `tcFlag` here too; the name is a fixed
 /// contract.
 template <class T>
 concept WatermarkFileCLIArgumentOption = CLIArgumentOption<T> && requires(const T& value) {
-  { value.tcFlag() } -> std::convertible_to<VAVTranscodeWatermarkFileArgumentFlag>;
+  { tcFlag(value) } -> std::convertible_to<VAVTranscodeWatermarkFileArgumentFlag>;
 };
 
 /// Base of the value enumerations.
@@ -138,6 +138,8 @@ template <class Self> class TranscodeFlagValue : public TranscodeValue<Self> {
 
   /// The text of the flag that the values belong to.
   static constexpr std::string_view cliFlag() noexcept { return CaseTable<Self>::flag.cliFlag(); }
+
+  friend constexpr std::string_view cliFlag(const Self& value) noexcept { return value.cliFlag(); }
 };
 
 /// Base of the values of a general flag.
@@ -147,6 +149,10 @@ template <class Self> class TranscodeFileValue : public TranscodeFlagValue<Self>
 
   /// The flag that the values belong to.
   static constexpr const VAVTranscodeArgumentFlag& fileFlag() noexcept { return CaseTable<Self>::flag; }
+
+  friend constexpr const VAVTranscodeArgumentFlag& fileFlag(const Self& value) noexcept {
+    return value.fileFlag();
+  }
 };
 
 /// Base of the values of a video flag.
@@ -156,6 +162,10 @@ template <class Self> class TranscodeVideoValue : public TranscodeFlagValue<Self
 
   /// The flag that the values belong to.
   static constexpr const VAVTranscodeVideoArgumentFlag& videoFlag() noexcept { return CaseTable<Self>::flag; }
+
+  friend constexpr const VAVTranscodeVideoArgumentFlag& videoFlag(const Self& value) noexcept {
+    return value.videoFlag();
+  }
 };
 
 /// Base of the values of an audio flag.
@@ -165,6 +175,10 @@ template <class Self> class TranscodeAudioValue : public TranscodeFlagValue<Self
 
   /// The flag that the values belong to.
   static constexpr const VAVTranscodeAudioArgumentFlag& audioFlag() noexcept { return CaseTable<Self>::flag; }
+
+  friend constexpr const VAVTranscodeAudioArgumentFlag& audioFlag(const Self& value) noexcept {
+    return value.audioFlag();
+  }
 };
 
 /// Container formats of the output.

@@ -35,7 +35,8 @@ static_assert(VideoCLIArgumentOption<VAVTranscodeArgumentVideoCodecValue> &&
               CodableRawHashCase<VAVTranscodeArgumentVideoCodecValue>);
 static_assert(VideoCLIArgumentOption<VAVTranscodeArgumentAspectRatioValue> &&
               CodableRawHashCase<VAVTranscodeArgumentAspectRatioValue>);
-static_assert(CodableRawHashCase<VAVTranscodeArgumentOverlayAnchorValue>);
+static_assert(!CLIArgumentOption<VAVTranscodeArgumentOverlayAnchorValue> &&
+              CodableRawHashCase<VAVTranscodeArgumentOverlayAnchorValue>);
 static_assert(VideoCLIArgumentOption<VAVTranscodeArgumentColorSpaceValue> &&
               CodableRawHashCase<VAVTranscodeArgumentColorSpaceValue>);
 static_assert(AudioCLIArgumentOption<VAVTranscodeArgumentAudioFormatValue> &&

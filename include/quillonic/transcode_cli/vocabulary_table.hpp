@@ -123,7 +123,7 @@ inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoFrameRateFlag{"-vr"};
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoDimensionsFlag{"-dims"};
 /// How a picture of another aspect ratio is fitted. Takes a `VAVTranscodeArgumentAspectRatioValue`.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectScalingFlag{"-aspect_scaling"};
-/// The part of the picture that a crop keeps. Takes a `VAVTranscodeArgumentOverlayAnchorValue`.
+/// The part of the picture that a crop keeps. Takes a `VideoCropAnchor`.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectCropAnchorFlag{"-crop_anchor"};
 /// The video's bit rate. Takes a decimal number.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitRateFlag{"-vbr"};
@@ -172,7 +172,7 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
 inline constexpr VAVTranscodeAudioArgumentFlag VAVNoAudioFlag{"-an"};
 /// Copies the source's audio.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVCopyAudioFlag{"-acopy"};
-/// An audio track to leave out; also the prefix of several such, as in "-ac_omit_0". Takes an integer.
+/// The audio tracks to leave out, each under a flag that begins so, as in "-ac_omit_0". Takes an integer.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioIgnoreTracksPrefixFlag{"-ac_omit"};
 /// Writes discrete channels.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVDiscreteAudioFlag{"-adiscrete"};
@@ -212,7 +212,7 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeAddTrackFlag{"-tc_track"};
 /// Burns the timecode into the picture.
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeAddBurnFlag{"-tc_burn"};
-/// Where the timecode is burnt in; valid because it contains "-tc_burn". Takes a `VAVTranscodeArgumentOverlayAnchorValue`.
+/// Where the timecode is burnt in; valid because it contains "-tc_burn". Takes a `TimecodeBurnAnchor`.
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnAnchorFlag{"-tc_burn_anchor"};
 /// The font size of the burnt-in timecode. Takes an integer.
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnFontSize{"-tc_burn_size"};
@@ -255,9 +255,9 @@ struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
   };
 };
 
-/// Where the image is placed. Takes a `VAVTranscodeArgumentOverlayAnchorValue`.
+/// Where the image is placed. Takes a `WatermarkBurnAnchor`.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnAnchorFlag{"-wmf_anchor"};
-/// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract. Takes a text.
+/// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract. Takes a path.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnFilePathFlag{"-wmf_path"};
 /// The scale factor of the image. Takes a decimal number.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnScaleFlag{"-wmf_scale"};

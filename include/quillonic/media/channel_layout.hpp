@@ -1,0 +1,152 @@
+/// Channel layouts of audio.
+///
+///     static_assert(ChannelLayout::fromChannelCount(6) == ChannelLayout::hexagonal);
+///     ChannelLayout::custom(12).description();                               // "12 Channels"
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace quillonic {
+
+/// The cases of `ChannelLayout`, in order.
+enum class ChannelLayoutKind : std::uint8_t {
+  custom,
+  matchSource,
+  mono,
+  stereo,
+  quadrophonic,
+  pentagonal,
+  hexagonal,
+  octagonal,
+};
+
+namespace detail {
+
+struct ChannelLayoutRow {
+  ChannelLayoutKind kind;
+  std::int64_t channelCount;
+  std::string_view text;
+};
+
+inline constexpr auto channelLayoutRows = std::to_array<ChannelLayoutRow>({
+    {ChannelLayoutKind::custom, 0, "custom"},
+    {ChannelLayoutKind::matchSource, 0, "Match Source"},
+    {ChannelLayoutKind::mono, 1, "Mono"},
+    {ChannelLayoutKind::stereo, 2, "Stereo"},
+    {ChannelLayoutKind::quadrophonic, 4, "Quadrophonic"},
+    {ChannelLayoutKind::pentagonal, 5, "Pentagonal"},
+    {ChannelLayoutKind::hexagonal, 6, "Hexagonal"},
+    {ChannelLayoutKind::octagonal, 8, "Octagonal"},
+});
+
+}  // namespace detail
+
+/// How the channels of audio are laid out, as far as their number tells.
+class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
+ public:
+  static const ChannelLayout matchSource;
+  static const ChannelLayout mono;
+  static const ChannelLayout stereo;
+  static const ChannelLayout quadrophonic;
+  static const ChannelLayout pentagonal;
+  static const ChannelLayout hexagonal;
+  static const ChannelLayout octagonal;
+  /// Any number of channels, taken as it is.
+  static constexpr ChannelLayout custom(std::int64_t channelCount) noexcept {
+    return {Kind::custom, channelCount};
+  }
+
+  /// The number of channels that a picker proposes.
+  static constexpr std::int64_t defaultCustomChannelCount = 12;
+
+  /// The case of a stored number: the fixed case of exactly this count, else a custom one, also for a number
+  /// below 0.
+  static constexpr ChannelLayout fromChannelCount(std::int64_t channelCount) noexcept;
+
+  /// 0 for `matchSource`.
+  constexpr std::int64_t channelCount() const noexcept {
+    return kind() == Kind::custom ? payload() : row().channelCount;
+  }
+
+  /// For people, in the user's language: "Stereo", "3 Channels"; also "1 Channels", which is a fixed text.
+  QUILLONIC_EXPORT std::string description() const;
+  /// The same, but any custom number is "Custom".
+  QUILLONIC_EXPORT std::string pickerDescription() const;
+  /// The text by which a program tells the cases apart: the English description, or "custom".
+  constexpr std::string_view tag() const noexcept { return row().text; }
+
+  /// `matchSource`, `wellDefinedCases`, then a custom layout of `defaultCustomChannelCount` channels. This
+  /// span and those below stay valid for the life of the program.
+  static constexpr std::span<const ChannelLayout> allCommonCases() noexcept;
+  /// `mono` to `octagonal`.
+  static constexpr std::span<const ChannelLayout> wellDefinedCases() noexcept;
+  /// `allCommonCases`, whatever the codec: a video codec has no say in the audio beside it.
+  static constexpr std::span<const ChannelLayout> allowed(
+      Cloud_ConversionOptions::CodecType /*codec*/) noexcept {
+    return allCommonCases();
+  }
+
+  /// The stored layout; as `fromChannelCount`.
+  static constexpr ChannelLayout fromProto(
+      const Cloud_ConversionOptions::AudioTranscodeOptions& audio) noexcept {
+    return fromChannelCount(audio.channelCount);
+  }
+  /// Stores the number of channels. A custom layout with the number of a fixed case reads back as that case.
+  constexpr void storeIn(Cloud_ConversionOptions::AudioTranscodeOptions& audio) const noexcept {
+    audio.channelCount = channelCount();
+  }
+
+ private:
+  using CaseWithPayload::CaseWithPayload;
+
+  constexpr const detail::ChannelLayoutRow& row() const noexcept {
+    return detail::channelLayoutRows[static_cast<std::size_t>(kind())];
+  }
+};
+
+inline constexpr ChannelLayout ChannelLayout::matchSource{ChannelLayoutKind::matchSource};
+inline constexpr ChannelLayout ChannelLayout::mono{ChannelLayoutKind::mono};
+inline constexpr ChannelLayout ChannelLayout::stereo{ChannelLayoutKind::stereo};
+inline constexpr ChannelLayout ChannelLayout::quadrophonic{ChannelLayoutKind::quadrophonic};
+inline constexpr ChannelLayout ChannelLayout::pentagonal{ChannelLayoutKind::pentagonal};
+inline constexpr ChannelLayout ChannelLayout::hexagonal{ChannelLayoutKind::hexagonal};
+inline constexpr ChannelLayout ChannelLayout::octagonal{ChannelLayoutKind::octagonal};
+
+namespace detail {
+inline constexpr auto channelLayouts = std::to_array<ChannelLayout>({
+    ChannelLayout::matchSource,
+    ChannelLayout::mono,
+    ChannelLayout::stereo,
+    ChannelLayout::quadrophonic,
+    ChannelLayout::pentagonal,
+    ChannelLayout::hexagonal,
+    ChannelLayout::octagonal,
+    ChannelLayout::custom(ChannelLayout::defaultCustomChannelCount),
+});
+}  // namespace detail
+
+constexpr std::span<const ChannelLayout> ChannelLayout::allCommonCases() noexcept {
+  return detail::channelLayouts;
+}
+
+constexpr std::span<const ChannelLayout> ChannelLayout::wellDefinedCases() noexcept {
+  return allCommonCases().subspan(1, allCommonCases().size() - 2);
+}
+
+constexpr ChannelLayout ChannelLayout::fromChannelCount(std::int64_t channelCount) noexcept {
+  for (const ChannelLayout& layout : allCommonCases()) {
+    if (layout.channelCount() == channelCount) return layout;
+  }
+  return custom(channelCount);
+}
+
+}  // namespace quillonic

@@ -1,0 +1,222 @@
+/// Frame rates of a video.
+///
+///     static_assert(FrameRate::fps25.value() == 25.0);
+///     static_assert(FrameRate::fromRawValue(12.0) == FrameRate::custom(12.0));
+///     FrameRate::custom(12.0).description();                                 // "Custom: 12.0 fps"
+///     for (const FrameRate& rate : FrameRate::allowed(preset.codecType)) { ... }
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillonic {
+
+/// The cases of `FrameRate`, in order.
+enum class FrameRateKind : std::uint8_t {
+  custom,
+  match,
+  halfstep,
+  fps23_98,
+  fps24,
+  fps25,
+  fps29_97,
+  fps30,
+  fps50,
+  fps59_94,
+  fps60,
+};
+
+namespace detail {
+
+struct FrameRateRow {
+  FrameRateKind kind;
+  double value;
+  std::string_view text;
+};
+
+inline constexpr auto frameRateRows = std::to_array<FrameRateRow>({
+    {FrameRateKind::custom, 0.0, "custom"},
+    {FrameRateKind::match, 0.0, "Match"},
+    {FrameRateKind::halfstep, 0.5, "Half Step"},
+    // Not 23.976: stored presets carry this number, so it must stay what it is.
+    {FrameRateKind::fps23_98, 23.967, "23.97 fps"},
+    {FrameRateKind::fps24, 24.0, "24 fps"},
+    {FrameRateKind::fps25, 25.0, "25 fps"},
+    {FrameRateKind::fps29_97, 29.97, "29.97 fps"},
+    {FrameRateKind::fps30, 30.0, "30 fps"},
+    {FrameRateKind::fps50, 50.0, "50 fps"},
+    {FrameRateKind::fps59_94, 59.94, "59.94 fps"},
+    {FrameRateKind::fps60, 60.0, "60 fps"},
+});
+
+QUILLONIC_EXPORT void reportUnknownFrameRate(double rawValue);
+
+}  // namespace detail
+
+/// How many frames a second has: that of the source, half of it, a broadcast rate, or any other.
+class FrameRate : public CaseWithPayload<FrameRateKind, double> {
+ public:
+  static const FrameRate match;
+  static const FrameRate halfstep;
+  /// Its value is 23.967, which is not the broadcast rate of 23.976: a fixed contract with stored presets.
+  static const FrameRate fps23_98;
+  static const FrameRate fps24;
+  static const FrameRate fps25;
+  static const FrameRate fps29_97;
+  static const FrameRate fps30;
+  static const FrameRate fps50;
+  static const FrameRate fps59_94;
+  static const FrameRate fps60;
+  /// Any rate, taken as it is. One of 0 or below, or NaN, stands for a rate that is yet to be typed.
+  static constexpr FrameRate custom(double value) noexcept { return {Kind::custom, value}; }
+
+  /// The rate that a picker proposes.
+  static constexpr double defaultCustomFrameRate = 1.0;
+
+  /// The case of a stored number: the fixed case of exactly this value (0 and -0.0 are `match`), else a
+  /// custom rate for a number above 0, infinity included. Any other number, and NaN, gives nothing and
+  /// writes one line to the system log.
+  static constexpr std::optional<FrameRate> fromRawValue(double rawValue);
+
+  /// Frames per second; 0 for `match`, and the factor 0.5 for `halfstep`.
+  constexpr double value() const noexcept { return kind() == Kind::custom ? payload() : row().value; }
+  /// What stored presets carry: the value.
+  constexpr double frameRateForProto() const noexcept { return value(); }
+
+  /// For people, in the user's language: "25 fps", "Custom: 12.0 fps". Just "Custom" for a custom rate that
+  /// is not above 0.
+  QUILLONIC_EXPORT std::string description() const;
+  /// The same, but any custom rate is "Custom".
+  QUILLONIC_EXPORT std::string pickerDescription() const;
+  /// The text by which a program tells the cases apart: the English description, or "custom".
+  constexpr std::string_view tag() const noexcept { return row().text; }
+
+  /// Every case, the custom one last and with the rate 0. This span and those below stay valid for the life
+  /// of the program.
+  static constexpr std::span<const FrameRate> allCases() noexcept;
+  /// The cases without a number of their own.
+  static constexpr std::span<const FrameRate> wellDefinedCases() noexcept;
+  /// The cases that follow the source: `match` and `halfstep`.
+  static constexpr std::span<const FrameRate> scaleOptions() noexcept;
+  /// The fixed rates and the custom rate 0.
+  static constexpr std::span<const FrameRate> exactFrameRateOptions() noexcept;
+
+  /// The members of a list that are among `exactFrameRateOptions`, in the order of the list. Of the custom
+  /// rates only 0 is.
+  static constexpr std::vector<FrameRate> filterExactFrameRateOptions(std::span<const FrameRate> from);
+  /// The members of a list that are among `scaleOptions`, in the order of the list.
+  static constexpr std::vector<FrameRate> filterScaleOptions(std::span<const FrameRate> from);
+
+  /// The rates that a codec accepts, of `allCases` and in that order. A codec with a closed list of rates
+  /// takes `match`, because the source may have one of them, but neither half a rate nor a custom one.
+  static constexpr std::span<const FrameRate> allowed(Cloud_ConversionOptions::CodecType codec) noexcept;
+
+  /// The stored rate; as `fromRawValue`.
+  static constexpr std::optional<FrameRate> fromProto(
+      const Cloud_ConversionOptions::VideoTranscodeOptions& video) {
+    return fromRawValue(video.frameRate);
+  }
+  /// Stores the rate. A custom rate with the value of a fixed case reads back as that case.
+  constexpr void storeIn(Cloud_ConversionOptions::VideoTranscodeOptions& video) const noexcept {
+    video.frameRate = frameRateForProto();
+  }
+
+ private:
+  using CaseWithPayload::CaseWithPayload;
+
+  constexpr const detail::FrameRateRow& row() const noexcept {
+    return detail::frameRateRows[static_cast<std::size_t>(kind())];
+  }
+};
+
+inline constexpr FrameRate FrameRate::match{FrameRateKind::match};
+inline constexpr FrameRate FrameRate::halfstep{FrameRateKind::halfstep};
+inline constexpr FrameRate FrameRate::fps23_98{FrameRateKind::fps23_98};
+inline constexpr FrameRate FrameRate::fps24{FrameRateKind::fps24};
+inline constexpr FrameRate FrameRate::fps25{FrameRateKind::fps25};
+inline constexpr FrameRate FrameRate::fps29_97{FrameRateKind::fps29_97};
+inline constexpr FrameRate FrameRate::fps30{FrameRateKind::fps30};
+inline constexpr FrameRate FrameRate::fps50{FrameRateKind::fps50};
+inline constexpr FrameRate FrameRate::fps59_94{FrameRateKind::fps59_94};
+inline constexpr FrameRate FrameRate::fps60{FrameRateKind::fps60};
+
+namespace detail {
+
+// Every list of frame rates is a stretch of this one.
+inline constexpr auto frameRates = std::to_array<FrameRate>({
+    FrameRate::match,
+    FrameRate::halfstep,
+    FrameRate::fps23_98,
+    FrameRate::fps24,
+    FrameRate::fps25,
+    FrameRate::fps29_97,
+    FrameRate::fps30,
+    FrameRate::fps50,
+    FrameRate::fps59_94,
+    FrameRate::fps60,
+    FrameRate::custom(0.0),
+});
+
+// The progressive rates of high-definition VC-3.
+inline constexpr auto highDefinitionFrameRates = std::to_array<FrameRate>({
+    FrameRate::match,
+    FrameRate::fps23_98,
+    FrameRate::fps24,
+    FrameRate::fps25,
+    FrameRate::fps29_97,
+    FrameRate::fps50,
+    FrameRate::fps59_94,
+});
+
+}  // namespace detail
+
+constexpr std::span<const FrameRate> FrameRate::allCases() noexcept {
+  return detail::frameRates;
+}
+
+constexpr std::span<const FrameRate> FrameRate::wellDefinedCases() noexcept {
+  return allCases().first(allCases().size() - 1);
+}
+
+constexpr std::span<const FrameRate> FrameRate::scaleOptions() noexcept {
+  return allCases().first(2);
+}
+
+constexpr std::span<const FrameRate> FrameRate::exactFrameRateOptions() noexcept {
+  return allCases().subspan(scaleOptions().size());
+}
+
+constexpr std::vector<FrameRate> FrameRate::filterExactFrameRateOptions(std::span<const FrameRate> from) {
+  return detail::membersAmong(from, exactFrameRateOptions());
+}
+
+constexpr std::vector<FrameRate> FrameRate::filterScaleOptions(std::span<const FrameRate> from) {
+  return detail::membersAmong(from, scaleOptions());
+}
+
+constexpr std::span<const FrameRate> FrameRate::allowed(Cloud_ConversionOptions::CodecType codec) noexcept {
+  if (codecLimits(codec).anyFrameRate) return allCases();
+  return detail::highDefinitionFrameRates;
+}
+
+constexpr std::optional<FrameRate> FrameRate::fromRawValue(double rawValue) {
+  for (const FrameRate& rate : wellDefinedCases()) {
+    if (rate.value() == rawValue) return rate;
+  }
+  if (rawValue > 0) return custom(rawValue);
+  detail::reportUnknownFrameRate(rawValue);
+  return std::nullopt;
+}
+
+}  // namespace quillonic

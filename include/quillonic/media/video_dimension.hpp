@@ -1,0 +1,281 @@
+/// Frame sizes of a video: a scale of the source, a common size, or any other.
+///
+///     static_assert(VideoDimension::tenEightyP.size() == VideoSize{1920, 1080});
+///     static_assert(VideoDimension::half.isScaleOption());
+///     VideoDimension::custom(400, 300).description();                        // "Custom: 400.0 x 300.0"
+///     VideoDimension dimension = VideoDimension::fromProto(preset.videoOptions);
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/media/case_with_payload.hpp>
+#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/video_size.hpp>
+#include <quillonic/platform/conversion_options.hpp>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillonic {
+
+/// The cases of `VideoDimension`, in order.
+enum class VideoDimensionKind : std::uint8_t {
+  custom,
+  scaled,
+  match,
+  half,
+  quarter,
+  eighth,
+  sixteenth,
+  twoTwentyP,
+  twoSeventyP,
+  fourEightyP,
+  fiveFortyP,
+  sevenTwentyP,
+  tenEightyP,
+  fourK,
+};
+
+namespace detail {
+
+struct VideoDimensionRow {
+  VideoDimensionKind kind;
+  VideoSize size;
+  std::string_view text;
+};
+
+inline constexpr auto videoDimensionRows = std::to_array<VideoDimensionRow>({
+    {VideoDimensionKind::custom, {}, "custom"},
+    {VideoDimensionKind::scaled, {}, "scaled"},
+    {VideoDimensionKind::match, {0, 0}, "Match"},
+    {VideoDimensionKind::half, {0.5, 0.5}, "Half"},
+    {VideoDimensionKind::quarter, {0.25, 0.25}, "Quarter"},
+    {VideoDimensionKind::eighth, {0.125, 0.125}, "Eighth"},
+    {VideoDimensionKind::sixteenth, {0.0625, 0.0625}, "Sixteenth"},
+    // Neither the 220 lines nor the missing blanks are a slip: presets and pickers rely on both.
+    {VideoDimensionKind::twoTwentyP, {320, 220}, "QVGA (320x220)"},
+    {VideoDimensionKind::twoSeventyP, {480, 270}, "270p (480 x 270)"},
+    {VideoDimensionKind::fourEightyP, {640, 480}, "VGA (640 x 480)"},
+    {VideoDimensionKind::fiveFortyP, {960, 540}, "qHD (960 x 540)"},
+    {VideoDimensionKind::sevenTwentyP, {1280, 720}, "HD (1280 x 720)"},
+    {VideoDimensionKind::tenEightyP, {1920, 1080}, "Full HD (1920 x 1080)"},
+    {VideoDimensionKind::fourK, {3840, 2160}, "4K UHD (3840 x 2160)"},
+});
+
+QUILLONIC_EXPORT void reportUnfitDimension(double width, double height);
+
+}  // namespace detail
+
+/// How large the frame is.
+class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
+ public:
+  static const VideoDimension match;
+  static const VideoDimension half;
+  static const VideoDimension quarter;
+  static const VideoDimension eighth;
+  static const VideoDimension sixteenth;
+  /// 320 x 220, unlike the 320 x 230 of `VideoResolution::qvga`: a fixed contract with stored presets.
+  static const VideoDimension twoTwentyP;
+  static const VideoDimension twoSeventyP;
+  static const VideoDimension fourEightyP;
+  static const VideoDimension fiveFortyP;
+  static const VideoDimension sevenTwentyP;
+  static const VideoDimension tenEightyP;
+  static const VideoDimension fourK;
+  /// Any size in pixels, taken as it is. Sides of 0 or below, or NaN, stand for a size that is yet to be
+  /// typed.
+  static constexpr VideoDimension custom(double width, double height) noexcept {
+    return {Kind::custom, {width, height}};
+  }
+  /// The source's size times any factor, taken as it is.
+  static constexpr VideoDimension scaled(double factor) noexcept { return {Kind::scaled, {factor, factor}}; }
+
+  /// The factor that a picker proposes.
+  static constexpr double customScaleDefaultValue = 0.9;
+
+  /// Pixels; for `scaled` and the scale cases the factor in both fields, and 0 x 0 for `match`.
+  constexpr VideoSize size() const noexcept { return isCustom() || isCustomScale() ? payload() : row().size; }
+  /// The frame to draw a preview in: the size, or 1920 x 1080 where that depends on the source.
+  constexpr VideoSize previewSize() const noexcept {
+    return isScaleOption() ? VideoSize{1920, 1080} : size();
+  }
+
+  constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
+  constexpr bool isCustomScale() const noexcept { return kind() == Kind::scaled; }
+  /// Whether the size depends on the source: `scaled`, whatever its factor, and the scale cases, `match`
+  /// included.
+  constexpr bool isScaleOption() const noexcept {
+    return kind() >= Kind::scaled && kind() <= Kind::sixteenth;
+  }
+
+  /// For people, in the user's language: "Half", "Custom: 90.0%", "Custom: 400.0 x 300.0". A custom size of
+  /// which a side is not above 0 is "Custom Dimensions"; the percentage is rounded to one place.
+  QUILLONIC_EXPORT std::string description() const;
+  /// The same, but any custom size is "Custom Dimensions" and any custom factor "Custom Scale".
+  QUILLONIC_EXPORT std::string pickerDescription() const;
+  /// The text by which a program tells the cases apart: the English description, "custom" or "scaled".
+  constexpr std::string_view tag() const noexcept { return row().text; }
+
+  /// The scale options, then the exact ones. This span and those below stay valid for the life of the
+  /// program.
+  static constexpr std::span<const VideoDimension> allCases() noexcept;
+  /// The cases without numbers of their own.
+  static constexpr std::span<const VideoDimension> wellDefinedCases() noexcept;
+  /// `match`, the fixed factors, and a scale of `customScaleDefaultValue`.
+  static constexpr std::span<const VideoDimension> scaleOptions() noexcept;
+  /// The fixed sizes, and a custom one of 400 x 400.
+  static constexpr std::span<const VideoDimension> exactDimensionsOptions() noexcept;
+
+  /// The members of a list that are among `exactDimensionsOptions`, in the order of the list. Of the custom
+  /// sizes only 400 x 400 is.
+  static constexpr std::vector<VideoDimension> filterExactDimensionsOptions(
+      std::span<const VideoDimension> from);
+  /// The members of a list that are among `scaleOptions`, in the order of the list. Of the custom factors
+  /// only 0.9 is.
+  static constexpr std::vector<VideoDimension> filterScaleOptions(std::span<const VideoDimension> from);
+
+  /// The sizes that a codec accepts, of `allCases` and in that order. A codec with a closed list of sizes
+  /// takes `match`, because the source may have one of them, but neither another scale nor a custom size.
+  static constexpr std::span<const VideoDimension> allAllowedOptions(
+      Cloud_ConversionOptions::CodecType codec) noexcept;
+  /// Those of them that `filterExactDimensionsOptions` leaves.
+  static constexpr std::vector<VideoDimension> allowedExactOptions(Cloud_ConversionOptions::CodecType codec);
+  /// Those of them that `filterScaleOptions` leaves.
+  static constexpr std::vector<VideoDimension> allowedScaledOptions(Cloud_ConversionOptions::CodecType codec);
+
+  /// The case whose numbers are stored. Width and height above 0 count before a scale: the fixed case of
+  /// exactly that `size` (so that 0.5 x 0.5 is `half`), else a custom size. A scale above 0 without width and
+  /// height is the fixed case of that factor, else `scaled`. Nothing but zeros is `match`. For anything else,
+  /// such as a width without a height, a negative number or NaN, one line goes to standard output and the
+  /// result is `match`.
+  static constexpr VideoDimension fromProto(const Cloud_ConversionOptions::VideoTranscodeOptions& video);
+  /// Stores the size: pixels as width and height, a factor as the scale, and 0 in the fields not used. A
+  /// custom size or factor with the numbers of a fixed case reads back as that case.
+  constexpr void storeIn(Cloud_ConversionOptions::VideoTranscodeOptions& video) const noexcept {
+    const auto pixels = isScaleOption() ? VideoSize{} : size();
+    video.width = pixels.width;
+    video.height = pixels.height;
+    video.scale = isScaleOption() ? size().width : 0;
+  }
+
+ private:
+  using CaseWithPayload::CaseWithPayload;
+
+  constexpr const detail::VideoDimensionRow& row() const noexcept {
+    return detail::videoDimensionRows[static_cast<std::size_t>(kind())];
+  }
+};
+
+inline constexpr VideoDimension VideoDimension::match{VideoDimensionKind::match};
+inline constexpr VideoDimension VideoDimension::half{VideoDimensionKind::half};
+inline constexpr VideoDimension VideoDimension::quarter{VideoDimensionKind::quarter};
+inline constexpr VideoDimension VideoDimension::eighth{VideoDimensionKind::eighth};
+inline constexpr VideoDimension VideoDimension::sixteenth{VideoDimensionKind::sixteenth};
+inline constexpr VideoDimension VideoDimension::twoTwentyP{VideoDimensionKind::twoTwentyP};
+inline constexpr VideoDimension VideoDimension::twoSeventyP{VideoDimensionKind::twoSeventyP};
+inline constexpr VideoDimension VideoDimension::fourEightyP{VideoDimensionKind::fourEightyP};
+inline constexpr VideoDimension VideoDimension::fiveFortyP{VideoDimensionKind::fiveFortyP};
+inline constexpr VideoDimension VideoDimension::sevenTwentyP{VideoDimensionKind::sevenTwentyP};
+inline constexpr VideoDimension VideoDimension::tenEightyP{VideoDimensionKind::tenEightyP};
+inline constexpr VideoDimension VideoDimension::fourK{VideoDimensionKind::fourK};
+
+namespace detail {
+
+// The scale options, then the exact ones, each with the proposed custom value last.
+inline constexpr auto videoDimensions = std::to_array<VideoDimension>({
+    VideoDimension::match,
+    VideoDimension::half,
+    VideoDimension::quarter,
+    VideoDimension::eighth,
+    VideoDimension::sixteenth,
+    VideoDimension::scaled(VideoDimension::customScaleDefaultValue),
+    VideoDimension::twoTwentyP,
+    VideoDimension::twoSeventyP,
+    VideoDimension::fourEightyP,
+    VideoDimension::fiveFortyP,
+    VideoDimension::sevenTwentyP,
+    VideoDimension::tenEightyP,
+    VideoDimension::fourK,
+    VideoDimension::custom(400, 400),
+});
+
+inline constexpr std::size_t fixedScales = 5;
+
+inline constexpr auto fixedVideoDimensions = []<std::size_t... i>(std::index_sequence<i...> /*positions*/) {
+  return std::to_array({videoDimensions[i < fixedScales ? i : i + 1]...});
+}
+(std::make_index_sequence<videoDimensions.size() - 2>{});
+
+// The sizes of the VC-3 compression identifiers that have square pixels.
+inline constexpr auto highDefinitionDimensions = std::to_array<VideoDimension>({
+    VideoDimension::match,
+    VideoDimension::sevenTwentyP,
+    VideoDimension::tenEightyP,
+});
+
+}  // namespace detail
+
+constexpr std::span<const VideoDimension> VideoDimension::allCases() noexcept {
+  return detail::videoDimensions;
+}
+
+constexpr std::span<const VideoDimension> VideoDimension::wellDefinedCases() noexcept {
+  return detail::fixedVideoDimensions;
+}
+
+constexpr std::span<const VideoDimension> VideoDimension::scaleOptions() noexcept {
+  return allCases().first(detail::fixedScales + 1);
+}
+
+constexpr std::span<const VideoDimension> VideoDimension::exactDimensionsOptions() noexcept {
+  return allCases().subspan(scaleOptions().size());
+}
+
+constexpr std::vector<VideoDimension> VideoDimension::filterExactDimensionsOptions(
+    std::span<const VideoDimension> from) {
+  return detail::membersAmong(from, exactDimensionsOptions());
+}
+
+constexpr std::vector<VideoDimension> VideoDimension::filterScaleOptions(
+    std::span<const VideoDimension> from) {
+  return detail::membersAmong(from, scaleOptions());
+}
+
+constexpr std::span<const VideoDimension> VideoDimension::allAllowedOptions(
+    Cloud_ConversionOptions::CodecType codec) noexcept {
+  if (codecLimits(codec).anyFrameSize) return allCases();
+  return detail::highDefinitionDimensions;
+}
+
+constexpr std::vector<VideoDimension> VideoDimension::allowedExactOptions(
+    Cloud_ConversionOptions::CodecType codec) {
+  return filterExactDimensionsOptions(allAllowedOptions(codec));
+}
+
+constexpr std::vector<VideoDimension> VideoDimension::allowedScaledOptions(
+    Cloud_ConversionOptions::CodecType codec) {
+  return filterScaleOptions(allAllowedOptions(codec));
+}
+
+constexpr VideoDimension VideoDimension::fromProto(
+    const Cloud_ConversionOptions::VideoTranscodeOptions& video) {
+  const bool inPixels = video.width > 0 && video.height > 0;
+  const bool withoutPixels = video.width == 0 && video.height == 0;
+  if (!inPixels && !(withoutPixels && video.scale >= 0)) {
+    detail::reportUnfitDimension(video.width, video.height);
+    return match;
+  }
+  const auto size = inPixels ? VideoSize{video.width, video.height} : VideoSize{video.scale, video.scale};
+  // A stored scale is never taken for a size in pixels, because no fixed size is square.
+  const auto* const fixed = std::ranges::find(detail::fixedVideoDimensions, size, &VideoDimension::size);
+  if (fixed != detail::fixedVideoDimensions.end()) return *fixed;
+  return inPixels ? custom(size.width, size.height) : scaled(size.width);
+}
+
+}  // namespace quillonic

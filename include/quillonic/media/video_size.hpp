@@ -1,0 +1,24 @@
+/// The two sides of a frame.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+namespace quillonic {
+
+/// A width and a height, in pixels unless the operation that gives it says otherwise.
+struct VideoSize {
+  double width = 0;
+  double height = 0;
+
+  friend constexpr bool operator==(const VideoSize&, const VideoSize&) = default;
+};
+
+}  // namespace quillonic
+
+template <> struct std::hash<quillonic::VideoSize> {
+  std::size_t operator()(const quillonic::VideoSize& size) const noexcept {
+    constexpr std::size_t oddFactor = 31;
+    return std::hash<double>{}(size.width) * oddFactor + std::hash<double>{}(size.height);
+  }
+};

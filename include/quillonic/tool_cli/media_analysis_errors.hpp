@@ -1,0 +1,58 @@
+/// What the media-analysis tool can find wrong with its arguments.
+///
+///     throw std::system_error(MediaAnalysisCLIError::workDirectoryNotSupplied);
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/enumeration.hpp>
+
+#include <array>
+#include <cstdint>
+#include <system_error>
+
+namespace quillonic {
+
+/// Each case names the check that failed. The numbers begin at 1 because an error code of 0 means success.
+enum class MediaAnalysisCLIError : std::uint8_t {
+  pathToAnalyzeNotSupplied = 1,
+  pathToAnalyzeDoesNotExist,
+  workDirectoryNotSupplied,
+  workDirectoryDoesNotExist,
+  resultsFilePathNotSupplied,
+  resultsFileAlreadyExists,
+  resultsFilePathNotCreated,
+};
+
+/// The errors in case order, by the names of their cases.
+template <> struct CaseTable<MediaAnalysisCLIError> {
+  static constexpr auto rows = std::to_array<CaseRow<MediaAnalysisCLIError>>({
+      {MediaAnalysisCLIError::pathToAnalyzeNotSupplied, "pathToAnalyzeNotSupplied"},
+      {MediaAnalysisCLIError::pathToAnalyzeDoesNotExist, "pathToAnalyzeDoesNotExist"},
+      {MediaAnalysisCLIError::workDirectoryNotSupplied, "workDirectoryNotSupplied"},
+      {MediaAnalysisCLIError::workDirectoryDoesNotExist, "workDirectoryDoesNotExist"},
+      {MediaAnalysisCLIError::resultsFilePathNotSupplied, "resultsFilePathNotSupplied"},
+      {MediaAnalysisCLIError::resultsFileAlreadyExists, "resultsFileAlreadyExists"},
+      {MediaAnalysisCLIError::resultsFilePathNotCreated, "resultsFilePathNotCreated"},
+  });
+};
+
+/// What an image analysis lacks.
+enum class MediaAnalysisCLIImageError : std::uint8_t { missingSnapshotLocations = 1, missingMaxImageWidth };
+
+/// The errors in case order, by the names of their cases.
+template <> struct CaseTable<MediaAnalysisCLIImageError> {
+  static constexpr auto rows = std::to_array<CaseRow<MediaAnalysisCLIImageError>>({
+      {MediaAnalysisCLIImageError::missingSnapshotLocations, "missingSnapshotLocations"},
+      {MediaAnalysisCLIImageError::missingMaxImageWidth, "missingMaxImageWidth"},
+  });
+};
+
+/// The errors as error codes of two categories of their own. The message of a code is the name of its case:
+/// the texts that people read are the tool's.
+QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIError error) noexcept;
+QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIImageError error) noexcept;
+
+}  // namespace quillonic
+
+template <> struct std::is_error_code_enum<quillonic::MediaAnalysisCLIError> : std::true_type {};
+template <> struct std::is_error_code_enum<quillonic::MediaAnalysisCLIImageError> : std::true_type {};

@@ -1,0 +1,93 @@
+/// The flags of the media-analysis tool.
+///
+///     static_assert(cliFlag(MediaAnalysisCLIFlag::workDirectory) == "-workDirectory");
+///     static_assert(!acceptsArguments(MediaAnalysisCLIFlag::deepAnalysis));
+///     auto known = sanitizeAllCLIFlags<MediaAnalysisCLIFlag>(CLISanitizationOptions::lowercase);
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/tool_cli/flags.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+
+#include <array>
+#include <concepts>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillonic {
+
+/// The flags of any analysis.
+enum class MediaAnalysisCLIFlag : std::uint8_t {
+  /// A media file or folder to analyse; the flag is repeated for each.
+  pathToAnalyze,
+  /// The parent's own name for this analysis.
+  analysisId,
+  /// A folder for temporary files.
+  workDirectory,
+  /// The file that receives the results.
+  resultsFilePath,
+  /// A switch that asks for the slower, deeper analysis.
+  deepAnalysis,
+};
+
+/// The flags in case order.
+template <> struct CaseTable<MediaAnalysisCLIFlag> {
+  static constexpr auto rows = std::to_array<FlagRow<MediaAnalysisCLIFlag>>({
+      {MediaAnalysisCLIFlag::pathToAnalyze, "-pathToAnalyze", true},
+      {MediaAnalysisCLIFlag::analysisId, "-analysisId", true},
+      {MediaAnalysisCLIFlag::workDirectory, "-workDirectory", true},
+      {MediaAnalysisCLIFlag::resultsFilePath, "-resultsFilePath", true},
+      {MediaAnalysisCLIFlag::deepAnalysis, "-deepAnalysis", false},
+  });
+};
+
+static_assert(CliFlag<MediaAnalysisCLIFlag> && CodableRawHashCase<MediaAnalysisCLIFlag>);
+
+/// The flags of an image analysis, which takes still frames. What the numbers measure is up to the tool.
+enum class MediaAnalysisImageCLIFlags : std::uint8_t {
+  /// How much the written images are compressed.
+  compressionFactor,
+  /// The position of a still frame; the flag is repeated for each.
+  snapshotLocation,
+  /// The largest width of a still frame.
+  maxImageWidth,
+  /// The height of a still frame.
+  imageHeight,
+  /// A switch that permits the file manager's own preview images as a source.
+  allowFinderImages,
+};
+
+/// The flags in case order.
+template <> struct CaseTable<MediaAnalysisImageCLIFlags> {
+  static constexpr auto rows = std::to_array<FlagRow<MediaAnalysisImageCLIFlags>>({
+      {MediaAnalysisImageCLIFlags::compressionFactor, "-compressionFactor", true},
+      {MediaAnalysisImageCLIFlags::snapshotLocation, "-snapshotLocation", true},
+      {MediaAnalysisImageCLIFlags::maxImageWidth, "-maxImageWidth", true},
+      {MediaAnalysisImageCLIFlags::imageHeight, "-imageHeight", true},
+      {MediaAnalysisImageCLIFlags::allowFinderImages, "-allowFinderImages", false},
+  });
+};
+
+static_assert(CliFlag<MediaAnalysisImageCLIFlags> && CodableRawHashCase<MediaAnalysisImageCLIFlags>);
+
+/// The flag in lower case, as a sanitizer reports it.
+inline std::string sanitizedFlag(MediaAnalysisImageCLIFlags flag) {
+  return CLISanitizationOptions::lowercase.sanitize(cliFlag(flag));
+}
+
+/// `sanitizeAllCLIFlags` under the name that it has for the image flags.
+template <std::same_as<MediaAnalysisImageCLIFlags> Flag>
+std::vector<std::string> sanitizeAll(CLISanitizationOptions options) {
+  return sanitizeAllCLIFlags<Flag>(options);
+}
+
+/// All locations as one text, each behind its flag and a blank, and nothing between one and the next:
+/// "-snapshotLocation 0.25-snapshotLocation 0.5". That no blank stands there is a fixed form. The numbers are
+/// their shortest decimals, without an exponent; no locations give the empty text.
+QUILLONIC_EXPORT std::string snapShotLocationsCLIValue(std::span<const float> locations);
+
+}  // namespace quillonic

@@ -1,0 +1,85 @@
+#include <quillonic/platform/color.hpp>
+
+#include <cmath>
+#include <utility>
+
+#include "platform/number_text.hpp"
+
+namespace quillonic {
+namespace {
+
+template <class... Visitors> struct Overloaded : Visitors... { using Visitors::operator()...; };
+template <class... Visitors> Overloaded(Visitors...) -> Overloaded<Visitors...>;
+
+template <class... Numbers> std::string listed(std::string_view form, Numbers... numbers) {
+  std::string text(form);
+  (text.append(" ").append(number_text::shortest(numbers)), ...);
+  return text;
+}
+
+std::string withAlpha(std::string text, double alpha) {
+  return text.append(" alpha ").append(number_text::shortest(alpha));
+}
+
+}  // namespace
+
+Color::Color(Form form) noexcept : form_(std::move(form)) {}
+
+Color Color::rgb(double red, double green, double blue, double alpha) {
+  return Color(Rgb{red, green, blue, alpha});
+}
+
+Color Color::grey(double white, double alpha) {
+  return Color(Grey{white, alpha});
+}
+
+Color Color::cmyk(double cyan, double magenta, double yellow, double black, double alpha) {
+  return Color(Cmyk{cyan, magenta, yellow, black, alpha});
+}
+
+Color Color::pattern(std::string_view name) {
+  return Color(Pattern{std::string(name)});
+}
+
+std::optional<Color::RgbComponents> Color::rgbComponents() const noexcept {
+  const auto* color = std::get_if<Rgb>(&form_);
+  if (!color) return std::nullopt;
+  return RgbComponents{color->red, color->green, color->blue, color->alpha};
+}
+
+std::optional<Color> Color::inGenericRgbSpace() const noexcept {
+  const auto converted = std::visit(Overloaded{
+                                        [](const Rgb& color) -> std::optional<Rgb> { return color; },
+                                        [](const Grey& color) -> std::optional<Rgb> {
+                                          return Rgb{color.white, color.white, color.white, color.alpha};
+                                        },
+                                        [](const Cmyk& color) -> std::optional<Rgb> {
+                                          const double light = 1 - color.black;
+                                          return Rgb{(1 - color.cyan) * light, (1 - color.magenta) * light,
+                                                     (1 - color.yellow) * light, color.alpha};
+                                        },
+                                        [](const Pattern&) -> std::optional<Rgb> { return std::nullopt; },
+                                    },
+                                    form_);
+  const bool hasNumbers = converted && std::isfinite(converted->red) && std::isfinite(converted->green) &&
+                          std::isfinite(converted->blue) && std::isfinite(converted->alpha);
+  return hasNumbers ? std::optional(Color(*converted)) : std::nullopt;
+}
+
+std::string Color::description() const {
+  return std::visit(Overloaded{
+                        [](const Rgb& color) {
+                          return withAlpha(listed("RGB", color.red, color.green, color.blue), color.alpha);
+                        },
+                        [](const Grey& color) { return withAlpha(listed("grey", color.white), color.alpha); },
+                        [](const Cmyk& color) {
+                          return withAlpha(
+                              listed("CMYK", color.cyan, color.magenta, color.yellow, color.black),
+                              color.alpha);
+                        },
+                        [](const Pattern& color) { return "pattern " + color.name; },
+                    },
+                    form_);
+}
+
+}  // namespace quillonic

@@ -1,0 +1,91 @@
+#include <quillonic/platform/logging.hpp>
+#include <quillonic/time/timecode.hpp>
+#include <quillonic/transcode_cli/options_table.hpp>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "transcode_cli/option_texts.hpp"
+
+namespace quillonic {
+namespace {
+
+void warnOfNoText(std::string_view /*flag*/, const Color& color) {
+  VantiroLogging::defaultLogger()->logWarning("QLC_TCLIA_USS-Could not get rgb components for color " +
+                                              color.description());
+}
+
+// Numbers and frame sizes.
+template <class Value> void warnOfNoText(std::string_view flag, const Value& /*value*/) {
+  VantiroLogging::defaultLogger()->logWarning(
+      std::string("QLC_TCLIA_WV-A number that is negative or not finite cannot stand behind ").append(flag));
+}
+
+std::vector<std::int64_t> inOrderAndOnce(std::vector<std::int64_t> numbers) {
+  std::ranges::sort(numbers);
+  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+  return numbers;
+}
+
+}  // namespace
+
+bool TranscodeOptionValues::isOn(std::string_view flag) const noexcept {
+  return flagValueLookup_.contains(flag);
+}
+
+void TranscodeOptionValues::setOn(std::string_view flag, bool value) {
+  if (value) {
+    flagValueLookup_.set(flag, {});
+  } else {
+    flagValueLookup_.remove(flag);
+  }
+}
+
+void TranscodeOptionValues::setDropFrame(std::string_view flag, bool value) {
+  setOn(flag, value);
+  const auto* timecode = flagValueLookup_.find(VAVTimecodeCustomFlag);
+  if (!timecode) return;
+  auto components = TimecodeComponents::fromTimecode(timecode->value);
+  if (!components) return;
+  components->isDropFrame = value;
+  flagValueLookup_.set(VAVTimecodeCustomFlag, components->timecodeString());
+}
+
+template <class Value> std::optional<Value> TranscodeOptionValues::read(std::string_view flag) const {
+  const auto* entry = flagValueLookup_.find(flag);
+  return entry ? option_texts::read<Value>(entry->value) : std::nullopt;
+}
+
+template <class Value>
+void TranscodeOptionValues::write(std::string_view flag, const std::optional<Value>& value) {
+  const auto text = value ? option_texts::written(*value) : std::nullopt;
+  if (text) {
+    flagValueLookup_.set(flag, *text);
+  } else {
+    if (value) warnOfNoText(flag, *value);
+    flagValueLookup_.remove(flag);
+  }
+}
+
+std::vector<std::int64_t> TranscodeOptionValues::readTracks(std::string_view prefix) const {
+  std::vector<std::int64_t> tracks;
+  for (const auto& entry : flagValueLookup_.prefixed(prefix)) {
+    if (const auto track = option_texts::read<std::int64_t>(entry.value)) tracks.push_back(*track);
+  }
+  return inOrderAndOnce(std::move(tracks));
+}
+
+void TranscodeOptionValues::writeTracks(std::string_view prefix, const std::vector<std::int64_t>& tracks) {
+  flagValueLookup_.removePrefixed(prefix);
+  std::size_t position = 0;
+  for (const auto track : inOrderAndOnce(tracks)) {
+    const auto flag = std::string(prefix) + "_" + std::to_string(position);
+    write(flag, std::optional(track));
+    if (isOn(flag)) ++position;
+  }
+}
+
+#include "transcode_cli/options_table.inc"
+
+}  // namespace quillonic

@@ -1,0 +1,411 @@
+#include <quillonic/transcode_cli.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <unordered_set>
+#include <vector>
+
+#include "recorded_log.hpp"
+
+namespace quillonic {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Words = std::vector<std::string>;
+using Model = TranscodeCliArguments;
+using Tracks = std::vector<std::int64_t>;
+
+constexpr auto infinity = std::numeric_limits<double>::infinity();
+constexpr auto nan = std::numeric_limits<double>::quiet_NaN();
+
+// Sets one option in an empty model, reads it back there and in a child that was started with the words, and
+// takes it away again.
+class EveryOption : public testing::Test {
+ protected:
+  template <class Result, class Parameter, class Value>
+  void expect(Result (TranscodeOptions::*get)() const, void (TranscodeOptions::*set)(Parameter),
+              const Value& value, std::string_view expected) {
+    Model parent;
+    (parent.*set)(value);
+    const auto words = parent.commandLineArguments();
+    std::string joined;
+    for (const auto& word : words) joined.append(joined.empty() ? "" : " ").append(word);
+    EXPECT_EQ(joined, expected);
+    EXPECT_EQ((parent.*get)(), value) << joined;
+    EXPECT_EQ((Model(words).*get)(), value) << joined;
+    for (std::size_t i = 0; i < words.size(); i += 2) all_.setArgumentFlagValue(words[i], words[i + 1]);
+    (parent.*set)(std::remove_cvref_t<Parameter>{});
+    EXPECT_THAT(parent.commandLineArguments(), IsEmpty()) << joined;
+  }
+
+  void SetUp() override {
+    using M = Model;
+    // clang-format off
+    expect(&M::cliHelp, &M::setCliHelp, true, "-h ");
+    expect(&M::cliCodecs, &M::setCliCodecs, true, "-codecs ");
+    expect(&M::cliFormats, &M::setCliFormats, true, "-formats ");
+    expect(&M::cliVersion, &M::setCliVersion, true, "-version ");
+    expect(&M::cliAcknowledgement, &M::setCliAcknowledgement, true, "-acknowledge ");
+    expect(&M::cliPresets, &M::setCliPresets, true, "-presets ");
+    expect(&M::cliAspectRatioScalings, &M::setCliAspectRatioScalings, true, "-aspect_scalings ");
+    expect(&M::cliCropAnchors, &M::setCliCropAnchors, true, "-crop_anchors ");
+    expect(&M::cliColorSpaces, &M::setCliColorSpaces, true, "-color_spaces ");
+    expect(&M::cliAudioChannelLayouts, &M::setCliAudioChannelLayouts, true, "-audio_channel_layouts ");
+    expect(&M::cliTimecodeBurnAnchors, &M::setCliTimecodeBurnAnchors, true, "-tc_burn_anchors ");
+    expect(&M::cliGpuPlatforms, &M::setCliGpuPlatforms, true, "-gpu_platforms ");
+    expect(&M::inputPrefix, &M::setInputPrefix, "/A b/\xff.mov", "-in /A b/\xff.mov");
+    expect(&M::outputFile, &M::setOutputFile, "/Out.MOV", "-out /Out.MOV");
+    expect(&M::progressFile, &M::setProgressFile, "/P", "-progress_file /P");
+    expect(&M::progressOutputPrefix, &M::setProgressOutputPrefix, "p: q", "-progress_prefix p: q");
+    expect(&M::overwriteExisting, &M::setOverwriteExisting, true, "-overwrite ");
+    expect(&M::fileFormat, &M::setFileFormat, VAVWaveFileFormat, "-file_format wav");
+    expect(&M::colorLutFile, &M::setColorLutFile, "/L", "-clut /L");
+    expect(&M::prepareForWeb, &M::setPrepareForWeb, true, "-web ");
+    expect(&M::preset, &M::setPreset, VAVVantiroCloudPresetValue, "-preset vantiro_cloud");
+    expect(&M::workDirectory, &M::setWorkDirectory, "/W", "-work_dir /W");
+    expect(&M::noVideo, &M::setNoVideo, true, "-vn ");
+    expect(&M::videoFormat, &M::setVideoFormat, VAVMpeg4Codec, "-vcodec mp4");
+    expect(&M::videoFrameRate, &M::setVideoFrameRate, 23.976, "-vr 23.976");
+    expect(&M::videoDimensions, &M::setVideoDimensions, FrameSize{960, 540}, "-dims 960x540");
+    expect(&M::videoAspectScaling, &M::setVideoAspectScaling, VAVCropAspect, "-aspect_scaling crop");
+    expect(&M::videoAspectCropAnchor, &M::setVideoAspectCropAnchor, VideoCropAnchor(VAVAnchorTopLeft), "-crop_anchor tl");
+    expect(&M::videoBitRate, &M::setVideoBitRate, 1e21, "-vbr 1000000000000000000000.0");
+    expect(&M::videoBitDepth, &M::setVideoBitDepth, 10, "-vbd 10");
+    expect(&M::videoColorSpace, &M::setVideoColorSpace, VAVSrgbColorSpace, "-c_space sRGB");
+    expect(&M::videoKeyFrames, &M::setVideoKeyFrames, INT64_MAX, "-key_frames 9223372036854775807");
+    expect(&M::videoGPUDecoding, &M::setVideoGPUDecoding, true, "-gpu_decoding ");
+    expect(&M::videoGPUEncoding, &M::setVideoGPUEncoding, true, "-gpu_encoding ");
+    expect(&M::redRocketDevice, &M::setRedRocketDevice, 0, "-red_rocket_device 0");
+    expect(&M::videoProfile, &M::setVideoProfile, "main 10", "-vprofile main 10");
+    expect(&M::noAudio, &M::setNoAudio, true, "-an ");
+    expect(&M::copyAudio, &M::setCopyAudio, true, "-acopy ");
+    expect(&M::ignoredAudioTracks, &M::setIgnoredAudioTracks, Tracks{2, 11}, "-ac_omit_0 2 -ac_omit_1 11");
+    expect(&M::discreteAudio, &M::setDiscreteAudio, true, "-adiscrete ");
+    expect(&M::audioFormat, &M::setAudioFormat, VAVAacAudioFormatValue, "-acodec aac");
+    expect(&M::audioBitsPerChannel, &M::setAudioBitsPerChannel, 24, "-abpc 24");
+    expect(&M::audioSampleRate, &M::setAudioSampleRate, 48000, "-asr 48000");
+    expect(&M::audioChannelLayout, &M::setAudioChannelLayout, VAVMonoAudioLayout, "-acl mono");
+    expect(&M::audioBitRate, &M::setAudioBitRate, 256, "-abr 256");
+    expect(&M::timecodeAddTrack, &M::setTimecodeAddTrack, true, "-tc_track ");
+    expect(&M::timecodeAddBurn, &M::setTimecodeAddBurn, true, "-tc_burn ");
+    expect(&M::timecodeBurnAnchor, &M::setTimecodeBurnAnchor, TimecodeBurnAnchor(VAVAnchorBottomCenter), "-tc_burn_anchor bc");
+    expect(&M::timecodeBurnFontSize, &M::setTimecodeBurnFontSize, 36, "-tc_burn_size 36");
+    expect(&M::timecodeBurnFontColor, &M::setTimecodeBurnFontColor, Color::rgb(0.8, 0, 0.4), "-tc_burn_font_rgb 204,0,102");
+    expect(&M::timecodeBurnBoxColor, &M::setTimecodeBurnBoxColor, Color::rgb(0, 0, 0), "-tc_burn_box_rgb 0,0,0");
+    expect(&M::timecodeMatchSource, &M::setTimecodeMatchSource, true, "-tc_match ");
+    expect(&M::timecodeFromCreationDate, &M::setTimecodeFromCreationDate, true, "-tc_creation ");
+    expect(&M::timecode, &M::setTimecode, "01:00:00;00", "-tc_custom 01:00:00;00");
+    expect(&M::timecodeFrameRate, &M::setTimecodeFrameRate, 29.97, "-tc_rate 29.97");
+    expect(&M::timecodeIsDropFrame, &M::setTimecodeIsDropFrame, true, "-tc_drop ");
+    expect(&M::watermarkFileBurnAnchor, &M::setWatermarkFileBurnAnchor, WatermarkBurnAnchor(VAVAnchorCenter), "-wmf_anchor c");
+    expect(&M::watermarkFileBurnFilePath, &M::setWatermarkFileBurnFilePath, "/logo.png", "-wmf_path /logo.png");
+    expect(&M::watermarkFileBurnScale, &M::setWatermarkFileBurnScale, 0.5, "-wmf_scale 0.5");
+    expect(&M::watermarkTextAddBurn, &M::setWatermarkTextAddBurn, true, "-wmt_burn ");
+    expect(&M::watermarkTextBurnText, &M::setWatermarkTextBurnText, "for review", "-wmt_text for review");
+    expect(&M::watermarkTextBurnFontSize, &M::setWatermarkTextBurnFontSize, 12, "-wmt_size 12");
+    expect(&M::watermarkTextBurnAnchor, &M::setWatermarkTextBurnAnchor, VAVAnchorTopRight, "-wmt_anchor tr");
+    expect(&M::watermarkTextBurnFontColor, &M::setWatermarkTextBurnFontColor, Color::rgb(0.2, 0.4, 0.6), "-wmt_font_rgb 51,102,153");
+    expect(&M::watermarkTextBurnBoxColor, &M::setWatermarkTextBurnBoxColor, Color::rgb(0, 0, 0.8), "-wmt_box_rgb 0,0,204");
+    expect(&M::arriLookColorSpacePrimary, &M::setArriLookColorSpacePrimary, VAVArriLookColorSpaceP3, "-arri_cs p3");
+    expect(&M::arriLookColorSpaceWhitePoint, &M::setArriLookColorSpaceWhitePoint, VAVArriWhitePointDCI, "-arri_wp dci");
+    expect(&M::arriLookColorSpaceCurve, &M::setArriLookColorSpaceCurve, VAVArriCurveLogC4, "-arri_curve logc4");
+    expect(&M::arriLookInvalidLookResolution, &M::setArriLookInvalidLookResolution, VAVArriLookResolutionFirst, "-arri_inv_res first");
+    // clang-format on
+  }
+
+  // A model with every option set.
+  Model all_;
+};
+
+TEST_F(EveryOption, BelongsToAFlagAndEveryFlagToAnOption) {
+  for (const auto flag : Model::allKnownCommandFlags()) {
+    // Each ignored track has a flag of its own.
+    EXPECT_NE(all_.hasArgumentFlag(flag), flag == VAVAudioIgnoreTracksPrefixFlag) << flag;
+  }
+}
+
+template <class Flag> void removeAll(Model& model) {
+  for (const auto& flag : allCases<Flag>()) model.setArgumentFlagValue(flag, std::nullopt);
+}
+
+TEST_F(EveryOption, TravelsInTheDetailRecordOfItsSubject) {
+  const TranscodeDetailModifier modifier{
+      {all_.videoDetail(), all_.audioDetail(), all_.timecodeDetail(), all_.watermarkDetail()}};
+  Model target;
+  modifier.apply(target);
+  removeAll<VAVTranscodeCliCommand>(all_);
+  removeAll<VAVTranscodeArgumentFlag>(all_);
+  removeAll<VAVTranscodeArriLookArgumentFlag>(all_);
+  EXPECT_EQ(target.flagValueLookup(), all_.flagValueLookup());
+
+  const TranscodeDetailModifier nothing{{TranscodeVideoDetail(), TranscodeAudioDetail(),
+                                         TranscodeTimecodeDetail(), TranscodeWatermarkDetail()}};
+  nothing.apply(target);
+  EXPECT_THAT(target.commandLineArguments(), IsEmpty());
+}
+
+TEST(TranscodeOptions, NumbersReadAsAWholeOrNotAtAll) {
+  const auto model = [](std::string_view value) {
+    return Model::fromArgumentLookup({{"-vr", std::string(value)}, {"-vbd", std::string(value)}});
+  };
+  for (const auto text :
+       {"", "x", "24x", "2 4", "+24", "-24", "1,5", "0x18", "inf", "nan", "1e999", ".", "24/1"}) {
+    EXPECT_EQ(model(text).videoFrameRate(), std::nullopt) << text;
+    EXPECT_EQ(model(text).videoBitDepth(), std::nullopt) << text;
+  }
+  EXPECT_EQ(model("9223372036854775808").videoBitDepth(), std::nullopt);
+  EXPECT_EQ(model("24.0").videoBitDepth(), std::nullopt);
+  EXPECT_EQ(model("2.4e1").videoFrameRate(), 24);
+
+  Model spaced;
+  spaced.setArgumentFlagValue("-vbd", "\u3000 024\n");
+  EXPECT_EQ(spaced.videoBitDepth(), 24);
+  EXPECT_EQ(spaced.argumentFlagValue("-vbd"), "\u3000 024\n") << "what is only read keeps its text";
+}
+
+TEST(TranscodeOptions, FrameSizesAreTwoIntegers) {
+  const auto size = [](std::string_view text) { return Model({"-dims", text}).videoDimensions(); };
+  EXPECT_EQ(size("1920X1080"), (FrameSize{1920, 1080}));
+  for (const auto text : {"", "x", "960x", "x540", "9x5x1", "960 x 540", "960x-540", "960.0x540"}) {
+    EXPECT_EQ(size(text), std::nullopt) << text;
+  }
+}
+
+TEST(TranscodeOptions, ANumberThatCannotTravelRemovesTheFlagAndWarns) {
+  const RecordedLog log;
+  Model model({"-vr", "24", "-vbd", "8", "-dims", "1x1", "-wmf_scale", "1"});
+  model.setVideoFrameRate(nan);
+  model.setWatermarkFileBurnScale(infinity);
+  model.setVideoBitDepth(INT64_MIN);
+  model.setVideoDimensions(FrameSize{-1, 1});
+  model.setIgnoredAudioTracks({-1, 4});
+  EXPECT_THAT(model.commandLineArguments(), ElementsAre("-ac_omit_0", "4"));
+  EXPECT_THAT(log.lines(), testing::SizeIs(5));
+  EXPECT_EQ(log.lines()[0],
+            "warning: QLC_TCLIA_WV-A number that is negative or not finite cannot stand behind -vr");
+
+  model.setVideoFrameRate(-0.0);
+  EXPECT_EQ(model.argumentFlagValue("-vr"), "0.0");
+}
+
+TEST(TranscodeOptions, FixedValuesReadInAnyCaseButOnlyTheListedOnes) {
+  EXPECT_EQ(Model({"-c_space", "sRGB"}).argumentFlagValue("-c_space"), "srgb");
+  EXPECT_EQ(Model({"-c_space", "sRGB"}).videoColorSpace(), VAVSrgbColorSpace);
+  EXPECT_EQ(Model({"-c_space", "rgb"}).videoColorSpace(), std::nullopt);
+  EXPECT_EQ(Model({"-crop_anchor", "middle"}).videoAspectCropAnchor(), std::nullopt);
+
+  Model model;
+  model.setVideoFormat(VAVTranscodeArgumentVideoCodecValue(std::string_view("CineForm")));
+  EXPECT_EQ(model.videoFormat(), std::nullopt);
+  EXPECT_THAT(model.commandLineArguments(), ElementsAre("-vcodec", "CineForm"));
+  model.setArgumentFlagValue("-vcodec", " ProRes422 ");
+  EXPECT_EQ(model.videoFormat(), VAVProRes422);
+}
+
+TEST(TranscodeOptions, ATextMayBeEmptyAndASwitchMayHaveAValue) {
+  Model model({"-vn", "x"});
+  EXPECT_TRUE(model.noVideo());
+  model.setVideoProfile("");
+  model.setWatermarkTextBurnText(" Keep ME ");
+  EXPECT_EQ(model.videoProfile(), "");
+  EXPECT_EQ(model.watermarkTextBurnText(), " Keep ME ");
+  EXPECT_EQ(model.watermarkTextBurnFontColor(), std::nullopt);
+}
+
+TEST(TranscodeOptions, ColoursReadAsThreeNumbers) {
+  const auto color = [](std::string_view text) {
+    Model model;
+    model.setArgumentFlagValue("-tc_burn_font_rgb", text);
+    return model.timecodeBurnFontColor();
+  };
+  EXPECT_EQ(color("255,0,0"), Color::rgb(1, 0, 0));
+  EXPECT_EQ(color(" 255,0,0\n"), Color::rgb(1, 0, 0));
+  EXPECT_EQ(color("127.5,51,510"), Color::rgb(0.5, 0.2, 2));
+  for (const auto text :
+       {"", "red", "255,0", "255,0,0,255", "255, 0,0", ",,", "1,2,", "1,2,x", "nan,0,0", "1,inf,0"}) {
+    EXPECT_EQ(color(text), std::nullopt) << text;
+  }
+}
+
+TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
+  const std::pair<Color, std::string_view> texts[] = {
+      {Color::rgb(0.5, 0.5, 0.5), "127,127,127"},
+      {Color::rgb(1, 1, 1), "1,1,1"},
+      {Color::rgb(0.999999, 1.5, 254.9, 0), "254,1,254"},
+      {Color::rgb(-0.001, -0.5, 300), "0,-127,300"},
+      {Color::grey(1), "255,255,255"},
+      {Color::grey(0.5), "127,127,127"},
+      {Color::cmyk(0, 1, 0.5, 0), "255,0,127"},
+      {Color::cmyk(0, 0, 0, 1), "0,0,0"},
+  };
+  const RecordedLog log;
+  for (const auto& [color, text] : texts) {
+    Model model;
+    model.setWatermarkTextBurnBoxColor(color);
+    EXPECT_EQ(model.argumentFlagValue(VAVWatermarkTextBurnBoxRGBFlag), text) << color.description();
+  }
+  EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST(TranscodeOptions, AColourWithoutAnRgbFormRemovesTheFlagAndWarns) {
+  const std::pair<Color, std::string> colors[] = {
+      {Color::pattern("stripes"), "pattern stripes"},
+      {Color::grey(nan), "grey nan alpha 1.0"},
+      {Color::rgb(0, 0x1p63, 0, 0.5), "RGB 0.0 9223372036854775808.0 0.0 alpha 0.5"},
+      {Color::rgb(0, 0, nan), "RGB 0.0 0.0 nan alpha 1.0"},
+      {Color::cmyk(0, infinity, 0, 0), "CMYK 0.0 inf 0.0 0.0 alpha 1.0"},
+  };
+  for (const auto& [color, description] : colors) {
+    const RecordedLog log;
+    Model model({"-wmt_box_rgb", "1,2,3", "-vn"});
+    model.setWatermarkTextBurnBoxColor(color);
+    EXPECT_THAT(model.commandLineArguments(), ElementsAre("-vn", ""));
+    EXPECT_THAT(log.lines(),
+                ElementsAre("warning: QLC_TCLIA_USS-Could not get rgb components for color " + description));
+  }
+}
+
+TEST(TranscodeOptions, EveryColourOf255StepsSurvivesAsFarAsTheContractAllows) {
+  for (int step = 0; step < 255; ++step) {
+    const auto text = std::to_string(step) + ",0," + std::to_string(254 - step);
+    Model model({"-wmt_font_rgb", text});
+    model.setWatermarkTextBurnBoxColor(model.watermarkTextBurnFontColor());
+    EXPECT_EQ(model.argumentFlagValue("-wmt_box_rgb"), text);
+  }
+}
+
+TEST(TranscodeOptions, TheTimecodeFollowsTheDropFrameSwitch) {
+  const std::tuple<std::string, bool, Words> cases[] = {
+      {"01:02:03:04", true, {"-tc_custom", "01:02:03;04", "-tc_drop", ""}},
+      {"01:02:03;04", false, {"-tc_custom", "01:02:03:04"}},
+      {"01:02:03:04:05", true, {"-tc_custom", "01:02:03;405", "-tc_drop", ""}},
+      {"1:2:3:4", true, {"-tc_custom", "1:2:3:4", "-tc_drop", ""}},
+      {"noon", false, {"-tc_custom", "noon"}},
+  };
+  for (const auto& [timecode, isDropFrame, words] : cases) {
+    Model model({"-tc_custom", timecode, "-tc_drop"});
+    model.setTimecodeIsDropFrame(isDropFrame);
+    EXPECT_EQ(model.commandLineArguments(), words);
+  }
+}
+
+TEST(TranscodeOptions, TheTimecodeHasOneSource) {
+  using enum TimecodeSource;
+  EXPECT_EQ(Model({"-tc_custom", "x", "-tc_creation"}).timecodeSource(), creationDate);
+  EXPECT_EQ(Model({"-tc_custom", "x", "-tc_creation", "-tc_match"}).timecodeSource(), match);
+  EXPECT_EQ(Model({"-tc_rate", "24"}).timecodeSource(), std::nullopt);
+
+  const std::tuple<Words, std::optional<TimecodeSource>, Words> cases[] = {
+      {{"-tc_match", "-tc_custom", "x"}, creationDate, {"-tc_creation", ""}},
+      {{"-tc_match", "-tc_custom", "x"}, custom, {"-tc_custom", "x"}},
+      {{"-tc_match", "-tc_creation"}, match, {"-tc_match", ""}},
+      {{"-tc_match", "-tc_creation", "-tc_custom", "x", "-vn"}, std::nullopt, {"-vn", ""}},
+      {{"-tc_match"}, custom, {"-tc_custom", "00:00:00:00"}},
+      {{"-tc_drop"}, custom, {"-tc_custom", "00:00:00;00", "-tc_drop", ""}},
+  };
+  for (const auto& [words, source, expected] : cases) {
+    Model model(words);
+    model.setTimecodeSource(source);
+    EXPECT_EQ(model.commandLineArguments(), expected);
+    EXPECT_EQ(model.timecodeSource(), source);
+  }
+}
+
+TEST(TranscodeOptions, IgnoredTracksHaveAFlagEach) {
+  Model model({"-ac_omit", "7", "-ac_omit_0", "10", "-ac_omit_1", "7", "-ac_omit_x", "2", "-ac_omit_2", "all",
+               "-abr", "1"});
+  EXPECT_THAT(model.ignoredAudioTracks(), ElementsAre(2, 7, 10));
+  model.setIgnoredAudioTracks({3, 1, 3});
+  EXPECT_THAT(model.commandLineArguments(), ElementsAre("-abr", "1", "-ac_omit_0", "1", "-ac_omit_1", "3"));
+}
+
+TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
+  TranscodeDetailModifier modifier{{TranscodeVideoDetail{.videoFrameRate = 24},
+                                    TranscodeVideoDetail{.noVideo = true},
+                                    TranscodeInputFileGroup{2, {"a", "b"}}}};
+  Model model({"-vr", "25", "-an"});
+  modifier.apply(model);
+  EXPECT_THAT(model.commandLineArguments(),
+              ElementsAre("-an", "", "-in_2_0", "a", "-in_2_1", "b", "-vn", ""));
+}
+
+// Whatever a model holds, readable or not: a record that goes back unchanged changes nothing, and one field
+// that changes changes no flag of another.
+TEST(TranscodeDetails, ARecordThatGoesBackUnchangedKeepsEveryText) {
+  std::mt19937 random(3);
+  const auto pick = [&](const auto& list) { return std::string(list[random() % list.size()]); };
+  const Words values{"",    "24",      "024",         "1e2",  "x",  "255,255,255",        "1,2", "SRGB", "tl",
+                     "mp4", "960x540", "01:00:00;00", "\xff", "-3", "9223372036854775808"};
+  for (int round = 0; round < 2000; ++round) {
+    TextDictionary lookup{{"-ac_omit_1", pick(values)}, {"-tc_burn_anchor", pick(values)}, {"-in_0_1", "a"}};
+    for (int i = 0; i < 20; ++i) lookup.set(pick(Model::allKnownCommandFlags()), pick(values));
+    auto model = Model::fromArgumentLookup(lookup);
+    const auto before = model.flagValueLookup();
+    const TranscodeDetailModifier unchanged{{model.videoDetail(), model.audioDetail(), model.timecodeDetail(),
+                                             model.watermarkDetail(), *model.inputFileGroup(0)}};
+    unchanged.apply(model);
+    ASSERT_EQ(model.flagValueLookup(), before);
+
+    auto detail = model.timecodeDetail();
+    detail.timecodeAddTrack = !detail.timecodeAddTrack;
+    model.update(detail);
+    auto expected = before;
+    if (!expected.remove(VAVTimecodeAddTrackFlag)) expected.set(VAVTimecodeAddTrackFlag, "");
+    ASSERT_EQ(model.flagValueLookup(), expected);
+  }
+}
+
+TEST(TranscodeDetails, AnInputFileGroupIsReplacedAlone) {
+  Model model({"-in", "p", "-in_0_0", "a", "-in_1_05", "b", "-in_1_x", "c", "-in_1_7", "d"});
+  EXPECT_EQ(model.inputFileGroup(1), (TranscodeInputFileGroup{1, {"b", "d"}}));
+  EXPECT_EQ(model.inputFileGroup(2), std::nullopt);
+  model.update(TranscodeInputFileGroup{1, {"d"}});
+  EXPECT_EQ(model.flagValueLookup(),
+            (TextDictionary{{"-in", "p"}, {"-in_0_0", "a"}, {"-in_1_0", "d"}, {"-in_1_x", "c"}}));
+  model.update(TranscodeInputFileGroup{1, {}});
+  EXPECT_EQ(model.inputFileGroups(), (InputFileGroups{{0, {"a"}}}));
+}
+
+template <class Anchor> void expectAnchor(std::string_view flag) {
+  EXPECT_EQ(Anchor::cliFlag(), flag);
+  std::unordered_set<Anchor> all;
+  for (const auto& place : allCases<VAVTranscodeArgumentOverlayAnchorValue>()) {
+    const auto anchor = Anchor::fromRawValue(place.rawValue());
+    ASSERT_EQ(anchor, Anchor(place));
+    EXPECT_EQ(anchor->anchorArgument, place);
+    EXPECT_EQ(cliFlag(*anchor), flag);
+    EXPECT_EQ(decode<Anchor>(encode(*anchor)), anchor);
+    all.insert(*anchor);
+  }
+  EXPECT_EQ(all.size(), 9U);
+  for (const auto* text : {"", "middle", "C", "tl "}) EXPECT_EQ(Anchor::fromRawValue(text), std::nullopt);
+  EXPECT_THROW(decode<Anchor>(std::string("middle")), DecodingError);
+}
+
+TEST(TranscodeAnchors, AreTheNinePlacesUnderAFlagOfTheirOwn) {
+  expectAnchor<VideoCropAnchor>("-crop_anchor");
+  expectAnchor<TimecodeBurnAnchor>("-tc_burn_anchor");
+  expectAnchor<WatermarkBurnAnchor>("-wmf_anchor");
+  EXPECT_EQ(VideoCropAnchor::videoFlag(), VAVVideoAspectCropAnchorFlag);
+  EXPECT_EQ(tcFlag(TimecodeBurnAnchor(VAVAnchorCenter)), VAVTimecodeBurnAnchorFlag);
+  EXPECT_EQ(tcFlag(WatermarkBurnAnchor(VAVAnchorCenter)), VAVWatermarkFileBurnAnchorFlag);
+}
+
+TEST(TimecodeSource, NamesItsFlag) {
+  using enum TimecodeSource;
+  EXPECT_THAT(allCases<TimecodeSource>(), ElementsAre(match, creationDate, custom));
+  EXPECT_EQ(tcFlag(match), VAVTimecodeMatchSourceFlag);
+  EXPECT_EQ(tcFlag(creationDate), VAVTimecodeFromCreationDateFlag);
+  EXPECT_EQ(cliFlag(custom), "-tc_custom");
+  EXPECT_EQ(decode<TimecodeSource>(std::string("creationDate")), creationDate);
+  EXPECT_EQ(fromRawValue<TimecodeSource>("creationdate"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace quillonic
