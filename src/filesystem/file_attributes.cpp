@@ -1,6 +1,7 @@
 #include <quillonic/filesystem/file_attributes.hpp>
 
 #include <algorithm>
+#include <compare>
 #include <iterator>
 #include <utility>
 
@@ -16,9 +17,9 @@ template <class Block> void walkCommon(const FileAttributes& a, const FileAttrib
   auto other = b.begin();
   while (!stop && mine != a.end() && other != b.end()) {
     const auto order = textOf(*mine) <=> textOf(*other);
-    if (order == 0) block(*mine, *other, stop);
-    if (order <= 0) ++mine;
-    if (order >= 0) ++other;
+    if (std::is_eq(order)) block(*mine, *other, stop);
+    if (std::is_lteq(order)) ++mine;
+    if (std::is_gteq(order)) ++other;
   }
 }
 

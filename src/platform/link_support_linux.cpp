@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <fcntl.h>
+#include <string>
 #include <string_view>
 #include <sys/vfs.h>
 #include <unistd.h>
@@ -43,8 +44,8 @@ bool wasMountedForSymbolicLinks(const std::filesystem::path& item) {
   const auto options = "," + mount->superOptions + ",";
   constexpr std::string_view wanted[] = {",mfsymlinks,",     ",unix,",         ",posix,",
                                          ",symlink=native,", ",symlink=unix,", ",symlink=mfsymlinks,"};
-  return std::ranges::any_of(wanted,
-                             [&](std::string_view option) { return options.find(option) != options.npos; });
+  return std::ranges::any_of(
+      wanted, [&](std::string_view option) { return options.find(option) != std::string::npos; });
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <map>
 #include <random>
 
-#include "filesystem/temporary_folder.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {

@@ -11,9 +11,9 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
-#include "filesystem/private_process.hpp"
-#include "filesystem/temporary_folder.hpp"
+#include "private_process.hpp"
 #include "recorded_log.hpp"
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {
