@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
@@ -14,29 +13,9 @@
 #include <unistd.h>
 #include <vector>
 
+#include "temporary_folder.hpp"
+
 namespace quillonic {
-
-// A folder of one test's own, gone when the test ends.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    auto name = (std::filesystem::temp_directory_path() / "quillonic-XXXXXX").native();
-    if (!mkdtemp(name.data())) throw std::system_error(errno, std::generic_category(), name);
-    path_ = name;
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-
-  const std::filesystem::path& path() const { return path_; }
-  std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
-
- private:
-  std::filesystem::path path_;
-};
 
 inline std::string contentOf(const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
