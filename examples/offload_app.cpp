@@ -1,8 +1,10 @@
-// A parent application: builds a transcoder command line from a preset, starts the transcoder tool as a child
-// process with exactly that list, and shows the child's progress.
+// A parent application. It builds a transcoder command line from a preset, starts the transcoder tool as a child process
+// with exactly that list and shows the child's progress; then it compares the output with its source, and has the
+// media-analysis tool look at it.
 //
-//     offload_app TOOL OUTPUT_FOLDER FILE...
+//     offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER FILE...
 
+#include <quillonic/filesystem.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -10,6 +12,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <spawn.h>
 #include <string>
@@ -26,58 +29,45 @@ namespace {
 constexpr std::string_view progressPrefix = "progress:";
 
 TranscodeCliArguments settingsFor(const std::vector<std::string>& files,
-                                  const std::filesystem::path& folder) {
+                                  const std::filesystem::path& output) {
   TranscodeCliArguments settings(orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud), true);
 
   // Say, the first half was shot in the morning and the rest after lunch.
   const auto middle = files.begin() + static_cast<std::ptrdiff_t>((files.size() + 1) / 2);
   settings.setInputFileGroups(InputFileGroups{{0, {files.begin(), middle}}, {1, {middle, files.end()}}});
 
-  settings.setArgumentFlagValue(VAVOutputFileFlag, (folder / "review.mov").native());
-  settings.setArgumentFlagValue(VAVProgressFileFlag, (folder / "review.progress").native());
-  settings.setArgumentFlagValue(VAVProgressOutputPrefixFlag, progressPrefix);
-  settings.setArgumentFlagValue(VAVOverwriteExistingFlag, "");
+  settings.setOutputFile(output);
+  settings.setProgressFile(std::filesystem::path(output).replace_extension("progress"));
+  settings.setProgressOutputPrefix(progressPrefix);
+
+  settings.setTimecode("01:00:00:00");
+  settings.setTimecodeIsDropFrame(true);
+  settings.setTimecodeAddBurn(true);
+  settings.setTimecodeBurnFontColor(Color::rgb(0.9, 0.9, 0.9));
+  settings.setTimecodeBurnBoxColor(Color::grey(0.1));
+  settings.setWatermarkTextAddBurn(true);
+  settings.setWatermarkTextBurnText("for review only");
+  settings.setWatermarkTextBurnAnchor(VAVAnchorBottomRight);
+  settings.setWatermarkTextBurnFontColor(Color::cmyk(0, 0.2, 0.8, 0));
   return settings;
 }
 
-void appendCustodialFlags(std::vector<std::string>& words) {
+MediaAnalysisCLICustodialRecord custodialOptions() {
   constexpr int thisApplication = 7;
-  words.emplace_back(cliFlag(CLICustodialFlag::parentPid));
-  words.push_back(std::to_string(getpid()));
-  words.emplace_back(cliFlag(CLICustodialFlag::parentAppNumber));
-  words.push_back(std::to_string(thisApplication));
+  auto options = MediaAnalysisCLIArgumentFactory::custodialOptions(getpid());
+  options.parentAppNumber = thisApplication;
+  return options;
 }
 
-struct Child {
-  pid_t process;
-  std::FILE* output;
-};
+void append(std::vector<std::string>& words, const std::vector<std::string>& more) {
+  words.insert(words.end(), more.begin(), more.end());
+}
 
 void check(int error, const char* what) {
   if (error != 0) throw std::system_error(error, std::generic_category(), what);
 }
 
-// Starts a program without a shell, so each word arrives as it is.
-Child start(std::string program, std::vector<std::string> words) {
-  std::vector<char*> argv{program.data()};
-  for (auto& word : words) argv.push_back(word.data());
-  argv.push_back(nullptr);
-
-  int ends[2];
-  check(pipe2(ends, O_CLOEXEC) == 0 ? 0 : errno, "pipe2");
-  posix_spawn_file_actions_t actions;
-  check(posix_spawn_file_actions_init(&actions), "posix_spawn_file_actions_init");
-  check(posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO),
-        "posix_spawn_file_actions_adddup2");
-  pid_t process = 0;
-  const int error = posix_spawn(&process, program.c_str(), &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  close(ends[1]);
-  check(error, program.c_str());
-  return {process, fdopen(ends[0], "r")};
-}
-
-// Passes the child's lines on; on a terminal its progress becomes a bar.
+// Passes a child's lines on; on a terminal its progress becomes a bar.
 void showOutput(std::FILE* output) {
   const bool terminal = isatty(STDOUT_FILENO) == 1;
   char* line = nullptr;
@@ -94,28 +84,93 @@ void showOutput(std::FILE* output) {
     }
   }
   std::free(line);
-  std::fclose(output);
 }
 
-int run(const std::string& tool, const std::filesystem::path& folder, const std::vector<std::string>& files) {
-  auto words = settingsFor(files, folder).commandLineArguments();
-  appendCustodialFlags(words);
-  const auto child = start(tool, words);
-  showOutput(child.output);
+// Runs a program without a shell, so each word arrives as it is. Gives its exit status.
+int runTool(std::string program, std::vector<std::string> words) {
+  std::vector<char*> argv{program.data()};
+  for (auto& word : words) argv.push_back(word.data());
+  argv.push_back(nullptr);
+
+  int ends[2];
+  check(pipe2(ends, O_CLOEXEC) == 0 ? 0 : errno, "pipe2");
+  posix_spawn_file_actions_t actions;
+  check(posix_spawn_file_actions_init(&actions), "posix_spawn_file_actions_init");
+  check(posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO),
+        "posix_spawn_file_actions_adddup2");
+  pid_t process = 0;
+  const int error = posix_spawn(&process, program.c_str(), &actions, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  close(ends[1]);
+  check(error, program.c_str());
+
+  std::FILE* output = fdopen(ends[0], "r");
+  showOutput(output);
+  std::fclose(output);
   int status = 0;
-  check(waitpid(child.process, &status, 0) == child.process ? 0 : errno, "waitpid");
+  check(waitpid(process, &status, 0) == process ? 0 : errno, "waitpid");
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+class Item : public AttributeBasedStore {
+ public:
+  explicit Item(const std::filesystem::path& path)
+      : attributes_(expandedAttributesOfItem(path).value_or(FileAttributes())) {}
+  FileAttributes attributes() const override { return attributes_.intersection(attributeKeys()); }
+
+ private:
+  FileAttributes attributes_;
+};
+
+// This application's rule: another size is another file, anything else that differs or is missing a partial match.
+MatchLevel matchLevel(const Item& source, const Item& copy) {
+  const auto keys = FileSystemAttributesStore::attributeKeys();
+  const auto original = source.attributes();
+  const auto other = copy.attributes();
+  auto level = MatchLevel::full;
+  if (original.missingEqualityAttributes(keys) || other.missingEqualityAttributes(keys))
+    level = MatchLevel::partial;
+  original.compare(
+      other, [](const FileAttributeKey&, const AnyValue&, bool&) {},
+      [&](const FileAttributeKey&, const AnyValue&, const AnyValue&, bool& /*stop*/) {
+        level = MatchLevel::partial;
+      });
+  return source.fileSize() == copy.fileSize() ? level : MatchLevel::unmatched;
+}
+
+int run(const std::string& transcoder, const std::string& analyzer, const std::filesystem::path& folder,
+        const std::vector<std::string>& files) {
+  const FileManager fileManager;
+  const auto output = fileManager.filePathAdjustedForCollision(folder / "review.mov");
+
+  auto words = settingsFor(files, output).commandLineArguments();
+  append(words, custodialOptions().orderedCLITexts());
+  if (const int status = runTool(transcoder, words); status != 0) return status;
+
+  std::cout << "output beside its first source: " << rawValue(matchLevel(Item(files.front()), Item(output)))
+            << '\n';
+
+  const auto results = std::filesystem::path(output).replace_extension("analysis");
+  words = MediaAnalysisCLIArgumentFactory::buildBasicOptions({output}, folder, results, "review", false)
+              .orderedCLITexts();
+  append(words, custodialOptions().orderedCLITexts());
+  if (const int status = runTool(analyzer, words); status != 0) return status;
+  std::cout << std::ifstream(results).rdbuf();
+  return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 4) {
-    std::cerr << "usage: offload_app TOOL OUTPUT_FOLDER FILE...\n";
+  if (argc < 5) {
+    std::cerr << "usage: offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER FILE...\n";
     return 64;
   }
   try {
-    return run(argv[1], std::filesystem::absolute(argv[2]), {argv + 3, argv + argc});
+    // Absolute, since no path that begins with a hyphen could be told from a flag.
+    std::vector<std::string> files;
+    for (int i = 4; i < argc; ++i) files.push_back(std::filesystem::absolute(argv[i]));
+    return run(argv[1], argv[2], std::filesystem::absolute(argv[3]), files);
   } catch (const std::exception& error) {
     std::cerr << "offload_app: " << error.what() << '\n';
     return 1;

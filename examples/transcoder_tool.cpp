@@ -2,6 +2,7 @@
 // work. Its work is to join the input files into the output file, which shows progress without needing a
 // codec.
 
+#include <quillonic/time.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -124,6 +125,30 @@ void printSettings(const TranscodeCliArguments& settings) {
   });
 }
 
+void printColor(std::string_view name, const std::optional<Color>& color) {
+  if (color) printRow(name, color->description());
+}
+
+// The settings again, by their meaning.
+void printBurnIns(const TranscodeCliArguments& settings) {
+  if (settings.timecodeAddBurn()) {
+    std::cout << "timecode burn-in\n";
+    if (const auto source = settings.timecodeSource()) printRow("source", rawValue(*source));
+    if (const auto start = TimecodeComponents::fromTimecode(settings.timecode().value_or(""))) {
+      printRow("start", start->timecodeString());
+    }
+    printRow("counting", settings.timecodeIsDropFrame() ? "drop frame" : "non-drop");
+    printColor("font", settings.timecodeBurnFontColor());
+    printColor("box", settings.timecodeBurnBoxColor());
+  }
+  if (settings.watermarkTextAddBurn()) {
+    std::cout << "text watermark\n";
+    printRow("text", settings.watermarkTextBurnText().value_or(""));
+    if (const auto anchor = settings.watermarkTextBurnAnchor()) printRow("anchor", *anchor);
+    printColor("font", settings.watermarkTextBurnFontColor());
+  }
+}
+
 // Writes how far the work is to the progress file and, behind the prefix, to standard output.
 class Progress {
  public:
@@ -194,6 +219,7 @@ void run(ArgumentWords words) {
     if (settings.hasArgumentFlag(flag)) return print();
   }
   printSettings(settings);
+  printBurnIns(settings);
   joinFiles(settings);
 }
 

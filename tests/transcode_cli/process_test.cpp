@@ -56,7 +56,7 @@ TEST(ProcessBoundary, EveryWordAndEveryPathArrivesByteForByte) {
 
 TEST(OffloadApp, StartsTheToolWhichReadsEverySettingBack) {
   const TemporaryFolder folder;
-  Words words{examples / "transcoder_tool", folder.path()};
+  Words words{examples / "transcoder_tool", examples / "media_analysis_tool", folder.path()};
   std::string joined;
   for (const auto name : {"A.MOV", "it's \"take 3\".mov", "two\nlines.mov", "latin-\xe9.mov"}) {
     const std::string content(1000, name[0]);
@@ -72,6 +72,13 @@ TEST(OffloadApp, StartsTheToolWhichReadsEverySettingBack) {
   EXPECT_EQ(result.exitStatus, 0);
   EXPECT_EQ(contentOf(folder / "review.mov"), joined);
   EXPECT_EQ(contentOf(folder / "review.progress"), "0%\n25%\n50%\n75%\n100%\n");
+
+  // A second run finds free names, and its output of a single file is a copy of it.
+  words.resize(4);
+  EXPECT_THAT(runChild(examples / "offload_app", words).output,
+              testing::HasSubstr("first source: partial\n"));
+  EXPECT_EQ(contentOf(folder / "review.mov"), joined);
+  EXPECT_EQ(contentOf(folder / "review 2.mov"), contentOf(folder / "A.MOV"));
 }
 
 TEST(TranscoderTool, PrintsTheVocabularyForEveryCommand) {
