@@ -9,9 +9,9 @@
 #include <quillonic/filesystem/file_attribute_key.hpp>
 #include <quillonic/filesystem/file_attributes.hpp>
 #include <quillonic/filesystem/file_manager.hpp>
-#include <quillonic/filesystem/file_type.hpp>
 #include <quillonic/filesystem/io_error.hpp>
 #include <quillonic/filesystem/legal_names.hpp>
 #include <quillonic/filesystem/match_level.hpp>
 #include <quillonic/filesystem/reference_link_type.hpp>
 #include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/platform/file_type.hpp>

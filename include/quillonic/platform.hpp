@@ -5,6 +5,7 @@
 #include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/platform/disk_descriptions.hpp>
 #include <quillonic/platform/file_system.hpp>
+#include <quillonic/platform/file_type.hpp>
 #include <quillonic/platform/localization.hpp>
 #include <quillonic/platform/logging.hpp>
 #include <quillonic/platform/mount_table.hpp>

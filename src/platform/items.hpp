@@ -4,7 +4,7 @@
 // otherwise.
 #pragma once
 
-#include <quillonic/filesystem/file_type.hpp>
+#include <quillonic/platform/file_type.hpp>
 #include <quillonic/support/any_value.hpp>
 
 #include <cstddef>
