@@ -101,21 +101,13 @@ TEST(AliasFile, AcceptsWhatOtherWritersDo) {
 }
 
 TEST(AliasFile, EndsAtCirclesAndAtFiguresOutOfBounds) {
-  const std::pair<std::size_t, std::uint32_t> rows[] = {{table + 12, 0x74},
-                                                        {56, 0xFFFFFFFC},
-                                                        {56, 0xFFFFFFFF},
-                                                        {table + 16, 0x15555555},
-                                                        {table + 16, 0xFFFFFFFF},
-                                                        {table + 12, 0xFFFFFFF0},
-                                                        {table + 20 + 4, 0x74},
-                                                        {16, 0xFFFFFFFF},
-                                                        {24, 0xFFFFFFFF},
-                                                        {56 + 4, 0xFFFFFFFF},
-                                                        {56 + 12, 4},
-                                                        {56 + 4, 13},
-                                                        {table + 20 + 4, 0xFFFFFFF8}};
-  for (const auto& [at, number] : rows) {
-    EXPECT_EQ(AliasFile::fromBytes(changed(exampleFile, at, number)), std::nullopt) << at << " " << number;
+  // Each place and the figure put there.
+  constexpr std::uint32_t rows[] = {
+      table + 12, 0x74,       56,         0xFFFFFFFC, 56,   0xFFFFFFFF, table + 16, 0x15555555, table + 16,
+      0xFFFFFFFF, table + 12, 0xFFFFFFF0, table + 24, 0x74, 16,         0xFFFFFFFF, 24,         0xFFFFFFFF,
+      60,         0xFFFFFFFF, 68,         4,          60,   13,         table + 24, 0xFFFFFFF8};
+  for (std::size_t i = 0; i < std::size(rows); i += 2) {
+    EXPECT_EQ(AliasFile::fromBytes(changed(exampleFile, rows[i], rows[i + 1])), std::nullopt) << i;
   }
 }
 

@@ -211,7 +211,6 @@ TEST(ExpandedAttributes, AreThoseOfTheSystem) {
   EXPECT_EQ(expandedAttributesOfItem("/proc/self/stat")->find(Key::NSFileCreationDate), nullptr);
   const auto root = *expandedAttributesOfItem("/");
   EXPECT_EQ(root.value<std::string>(Key::filePathName), "/");
-  EXPECT_EQ(root.value<FileType>(Key::NSFileType), FileType::directory);
   EXPECT_EQ(root.value<bool>(Key::isDirectoryPath), true);
 }
 

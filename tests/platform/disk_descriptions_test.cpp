@@ -1,6 +1,7 @@
 #include <quillonic/platform/disk_descriptions.hpp>
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "temporary_folder.hpp"
 
@@ -12,30 +13,21 @@ using std::filesystem::path;
 using Description = DiskDescriptionDictionary;
 
 TEST(DiskDescriptions, KnowNetworkVolumesByTheirKind) {
-  // The kind and the source of each.
-  const std::vector<std::pair<std::string, std::string>> rows[] = {{{"ext4", "/dev/nfs"},
-                                                                    {"tmpfs", "nfs"},
-                                                                    {"nfsd", "nfsd"},
-                                                                    {"fuse", "/dev/sdb1"},
-                                                                    {"fuseblk", "/dev/sdb1"},
-                                                                    {"fuse.mergerfs", "a:b"},
-                                                                    {"virtiofs", "share"},
-                                                                    {"", ""}},
-                                                                   {{"nfs", "s:/x"},
-                                                                    {"nfs4", "s:/x"},
-                                                                    {"cifs", "//s/x"},
-                                                                    {"smb3", "//s/x"},
-                                                                    {"fuse.sshfs", "u@s:"},
-                                                                    {"fuse", "https://s/x"},
-                                                                    {"fuse.rclone", "r:"}}};
-  for (const bool isNetwork : {false, true}) {
-    for (const auto& [kind, source] : rows[isNetwork ? 1 : 0]) {
-      const Mount mount{0, 0, 0, 0, "/", "/mnt", kind, source, false, ""};
-      const Description expected{
-          {"DAVolumePath", path("/mnt")}, {"DAVolumeKind", kind}, {"DAVolumeNetwork", isNetwork}};
-      EXPECT_EQ(diskDescriptionOfMount(mount, "/missing"), expected) << kind;
-    }
+  // Whether it is of the network, the kind and the source.
+  std::istringstream rows(
+      "0 ext4 /dev/nfs  0 tmpfs nfs  0 nfsd nfsd  0 fuse /dev/sdb1  0 fuseblk /dev/sdb1  0 fuse.mergerfs a:b "
+      "0 virtiofs share  1 nfs s:/x  1 nfs4 s:/x  1 cifs //s/x  1 smb3 //s/x  1 fuse.sshfs u@s: "
+      "1 fuse https://s/x  1 fuse.rclone r:");
+  int count = 0;
+  std::string kind;
+  std::string source;
+  for (bool isNetwork = false; rows >> isNetwork >> kind >> source; ++count) {
+    const Mount mount{0, 0, 0, 0, "/", "/mnt", kind, source, false, ""};
+    const Description expected{
+        {"DAVolumePath", path("/mnt")}, {"DAVolumeKind", kind}, {"DAVolumeNetwork", isNetwork}};
+    EXPECT_EQ(diskDescriptionOfMount(mount, "/missing"), expected) << kind;
   }
+  EXPECT_EQ(count, 14);
 }
 
 // A tree of devices as the system shows it: names by number, and below them what each device tells.
