@@ -161,7 +161,7 @@ TEST_F(EveryOption, TravelsInTheDetailRecordOfItsSubject) {
 
 // None of these texts is a value of any of the kinds.
 TEST(TranscodeOptions, ValuesReadAsAWholeOrNotAtAll) {
-  for (const auto& text : split("|x|24x|2 4|+24|-24|1,5|0x18|inf|nan|1e999|.|24/1|960x|x540|9x5x1|960 x "
+  for (const auto& text : split("|x|24x|2 4|+24|-24|1,5|0x1F|inf|nan|1e999|.|24/1|960x|x540|9x5x1|960 x "
                                 "540|960x-540|960.0x540|red|"
                                 "255,0|255,0,0,255|255, 0,0|,,|1,2,|1,2,x|nan,0,0|1,inf,0|rgb|middle",
                                 '|')) {
@@ -228,8 +228,7 @@ TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
       {Color::grey(nan), "grey nan alpha 1.0"},
       {Color::rgb(0, 0x1p63, 0, 0.5), "RGB 0.0 9223372036854775808.0 0.0 alpha 0.5"},
       {Color::rgb(0, 0, nan), "RGB 0.0 0.0 nan alpha 1.0"},
-      {Color::cmyk(0, infinity, 0, 0), "CMYK 0.0 inf 0.0 0.0 alpha 1.0"},
-  };
+      {Color::cmyk(0, infinity, 0, 0), "CMYK 0.0 inf 0.0 0.0 alpha 1.0"}};
   for (const auto& [color, text] : rows) {
     const RecordedLog log;
     auto model = read("-wmt_box_rgb 1,2,3 -vn");
@@ -253,8 +252,7 @@ TEST(TranscodeOptions, TheTimecodeFollowsTheDropFrameSwitch) {
       {"01:02:03;04", false, "01:02:03:04"},
       {"01:02:03:04:05", true, "01:02:03;405 -tc_drop "},
       {"1:2:3:4", true, "1:2:3:4 -tc_drop "},
-      {"noon", false, "noon"},
-  };
+      {"noon", false, "noon"}};
   for (const auto& [timecode, isDropFrame, expected] : rows) {
     auto model = read("-tc_custom " + timecode + " -tc_drop");
     model.setTimecodeIsDropFrame(isDropFrame);
@@ -270,14 +268,12 @@ TEST(TranscodeOptions, TheTimecodeHasOneSource) {
     std::optional<TimecodeSource> set;
     std::string expected;
   };
-  const Row rows[] = {
-      {"-tc_match -tc_custom x", match, creationDate, "-tc_creation "},
-      {"-tc_creation -tc_custom x", creationDate, custom, "-tc_custom x"},
-      {"-tc_match -tc_creation", match, match, "-tc_match "},
-      {"-tc_match -tc_creation -tc_custom x -vn", match, std::nullopt, "-vn "},
-      {"-tc_match", match, custom, "-tc_custom 00:00:00:00"},
-      {"-tc_drop", std::nullopt, custom, "-tc_custom 00:00:00;00 -tc_drop "},
-  };
+  const Row rows[] = {{"-tc_match -tc_custom x", match, creationDate, "-tc_creation "},
+                      {"-tc_creation -tc_custom x", creationDate, custom, "-tc_custom x"},
+                      {"-tc_match -tc_creation", match, match, "-tc_match "},
+                      {"-tc_match -tc_creation -tc_custom x -vn", match, std::nullopt, "-vn "},
+                      {"-tc_match", match, custom, "-tc_custom 00:00:00:00"},
+                      {"-tc_drop", std::nullopt, custom, "-tc_custom 00:00:00;00 -tc_drop "}};
   for (const auto& [words, before, set, expected] : rows) {
     auto model = read(words);
     EXPECT_EQ(model.timecodeSource(), before) << words;
