@@ -21,6 +21,7 @@ class ShellRunner final : public ScriptRunner {
 
   std::optional<TextDictionary> runText(std::string_view source) override {
     sources.emplace_back(source);
+    if (fault) throw std::runtime_error(fault);
     if (answer) return *answer;
     constexpr std::string_view before = "do shell script \"";
     constexpr std::string_view after = "\" with administrator privileges";
@@ -32,6 +33,7 @@ class ShellRunner final : public ScriptRunner {
 
   std::vector<std::string> sources;
   std::optional<std::optional<TextDictionary>> answer;
+  const char* fault = nullptr;
 };
 
 const std::vector<std::string> quotable{"plain.mov",
@@ -105,6 +107,8 @@ TEST_F(ElevatedRemovalByText, ReportsWhatTheRunnerSays) {
   // No errors, and yet the file is there.
   runner_->answer = TextDictionary{};
   EXPECT_EQ(logOfRemoving(file, false), "");
+  runner_->fault = "gone";
+  EXPECT_EQ(logOfRemoving(file, false), failed + std::string("key: exception value: gone\n"));
 }
 
 TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {

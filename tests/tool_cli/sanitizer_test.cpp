@@ -1,5 +1,6 @@
 #include <quillonic/tool_cli.hpp>
 
+#include <array>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -80,9 +81,10 @@ TEST(CLICustodialFlag, IsTheRawValueBehindAHyphen) {
 TEST(ArgumentWords, ReadTheSameFromEveryForm) {
   const std::vector<std::string> texts{"-a", ""};
   const std::vector<std::string_view> views{"-a", ""};
+  const std::array<const char*, 2> pointers{"-a", ""};
   const char* const argv[] = {"tool", "-a", "", nullptr};
-  for (const ArgumentWords words :
-       {ArgumentWords(texts), ArgumentWords(views), ArgumentWords::fromMain(3, argv)}) {
+  for (const ArgumentWords words : {ArgumentWords(texts), ArgumentWords(views), ArgumentWords(pointers),
+                                    ArgumentWords::fromMain(3, argv)}) {
     ASSERT_EQ(words.size(), 2U);
     EXPECT_EQ(std::string(words[0]) + "|" + std::string(words[1]), "-a|");
   }

@@ -328,6 +328,21 @@ TEST(TranscodeDetails, ARecordThatGoesBackUnchangedKeepsEveryText) {
   }
 }
 
+TEST(TranscodeDetails, ATimecodeIsSetWithTheSeparatorOfItsRecord) {
+  for (const auto words : {"", "-tc_drop", "-tc_custom 01:00:00:00", "-tc_custom 02:00:00;00 -tc_drop"}) {
+    for (const bool drop : {false, true}) {
+      auto model = read(words);
+      TranscodeTimecodeDetail detail;
+      detail.timecode = drop ? "01:00:00:00" : "01:00:00;00";
+      detail.timecodeIsDropFrame = drop;
+      for (int times = 0; times < 2; ++times) {
+        model.update(detail);
+        EXPECT_EQ(model.timecode(), drop ? "01:00:00;00" : "01:00:00:00") << words;
+      }
+    }
+  }
+}
+
 TEST(TranscodeDetails, AnInputFileGroupIsReplacedAlone) {
   auto model = read("-in p -in_0_0 a -in_1_05 b -in_1_x c -in_1_7 d");
   EXPECT_EQ(model.inputFileGroup(1), (TranscodeInputFileGroup{1, {"b", "d"}}));
