@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <ranges>
 #include <utility>
 
 #include "platform/number_text.hpp"
@@ -66,9 +65,10 @@ TextDictionary decoded(const CodedRecord& record) {
   std::vector<TextDictionary::Entry> entries;
   entries.reserve(record.members().size());
   // Backwards, since a record gives the first of equal keys and a dictionary keeps the last.
-  for (const auto& [key, value] : record.members() | std::views::reverse) {
-    entries.push_back({key, value.require<std::string>(key)});
-  }
+  const auto& members = record.members();
+  std::for_each(members.rbegin(), members.rend(), [&](const CodedMember& member) {
+    entries.push_back({member.key, member.value.require<std::string>(member.key)});
+  });
   return TextDictionary(std::move(entries));
 }
 
