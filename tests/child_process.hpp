@@ -4,8 +4,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -16,11 +14,6 @@
 #include "temporary_folder.hpp"
 
 namespace quillonic {
-
-inline std::string contentOf(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
 
 struct ChildResult {
   pid_t process = 0;

@@ -5,7 +5,7 @@
 #include <quillonic/support/function_ref.hpp>
 
 #include <cstdio>
-#include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sched.h>
@@ -16,10 +16,11 @@
 
 namespace quillonic {
 
-enum class PrivateRun { passed, failed, notAllowed };
-
-// The exit status with which a body says so itself.
-inline constexpr int privateRunNotAllowed = 77;
+// Ends a body that is not allowed to do its work, unless something failed before.
+inline constexpr int notAllowed = 77;
+[[noreturn]] inline void endAsNotAllowed() {
+  _exit(testing::Test::HasFailure() ? 1 : notAllowed);
+}
 
 // Becomes root of a namespace of its own where it is not root already, with mounts of its own.
 inline bool enterPrivateNamespace() {
@@ -36,19 +37,38 @@ inline bool enterPrivateNamespace() {
   return mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
-inline PrivateRun runPrivately(FunctionRef<void()> body) {
+// Becomes a user with no rights at all.
+inline void becomeNobody() {
+  if (setgid(65534) != 0 || setuid(65534) != 0) endAsNotAllowed();
+}
+
+inline void mountAt(const std::filesystem::path& point, const char* source = "card",
+                    const char* kind = "tmpfs", unsigned long flags = 0, const std::string& options = "") {
+  if (mount(source, point.c_str(), kind, flags, options.c_str()) != 0) endAsNotAllowed();
+}
+
+// The layers of an overlay, with folders made for what is changed in it.
+inline std::string overlayOptions(const std::filesystem::path& lower, const std::filesystem::path& changes) {
+  for (const auto* name : {"upper", "work"}) std::filesystem::create_directories(changes / name);
+  const auto upper = (changes / "upper").native();
+  return "lowerdir=" + lower.native() + ",upperdir=" + upper + ",workdir=" + (changes / "work").native();
+}
+
+// Where that is not allowed the test is skipped, visibly.
+inline void runPrivately(FunctionRef<void()> body) {
   std::fflush(nullptr);
   const auto child = fork();
   if (child == 0) {
-    if (!enterPrivateNamespace()) _exit(privateRunNotAllowed);
+    if (!enterPrivateNamespace()) endAsNotAllowed();
     body();
     std::fflush(nullptr);
     _exit(testing::Test::HasFailure() ? 1 : 0);
   }
   int status = 0;
   waitpid(child, &status, 0);
-  if (WIFEXITED(status) && WEXITSTATUS(status) == privateRunNotAllowed) return PrivateRun::notAllowed;
-  return status == 0 ? PrivateRun::passed : PrivateRun::failed;
+  const bool isAllowed = !WIFEXITED(status) || WEXITSTATUS(status) != notAllowed;
+  if (!isAllowed) GTEST_SKIP() << "needs a namespace of its own, to mount there or to become another user";
+  EXPECT_EQ(status, 0);
 }
 
 }  // namespace quillonic

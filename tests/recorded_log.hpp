@@ -20,6 +20,12 @@ class RecordedLog {
 
   // Every message behind its level: "warning: ...".
   std::vector<std::string> lines() const { return logger_->lines(); }
+  // All of them, each with a line break behind it.
+  std::string text() const {
+    std::string text;
+    for (const auto& line : lines()) text.append(line).append("\n");
+    return text;
+  }
 
  private:
   class Logger final : public Loggable {

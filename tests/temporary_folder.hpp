@@ -4,11 +4,19 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace quillonic {
 
+inline std::string contentOf(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// What is made in it may lie deeper: folders on the way are made too.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -26,12 +34,16 @@ class TemporaryFolder {
   const std::filesystem::path& path() const { return path_; }
   std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
 
-  std::filesystem::path file(const std::filesystem::path& name) const {
-    std::ofstream(path_ / name) << "content";
+  std::filesystem::path file(const std::filesystem::path& name, std::string_view content = "content") const {
+    std::ofstream(folder(name.parent_path()) / name.filename(), std::ios::binary) << content;
     return path_ / name;
   }
   std::filesystem::path folder(const std::filesystem::path& name) const {
     std::filesystem::create_directories(path_ / name);
+    return path_ / name;
+  }
+  std::filesystem::path link(const std::filesystem::path& name, const std::filesystem::path& text) const {
+    std::filesystem::create_symlink(text, folder(name.parent_path()) / name.filename());
     return path_ / name;
   }
 

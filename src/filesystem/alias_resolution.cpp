@@ -47,7 +47,7 @@ class Resolution {
     if (recordedVolumeIsMounted()) {
       if (auto found = find("/", names_)) return found;
     }
-    if (auto found = relativeToAlias()) return found;
+    if (auto found = relativeToAlias(); found && !isOnAnotherVolume(*found)) return found;
     if (auto found = onMountedVolume()) return found;
     if (alias_.componentsBelowHome != 0) {
       const auto below = last(names_, alias_.componentsBelowHome);
@@ -112,7 +112,15 @@ class Resolution {
            });
   }
 
-  std::optional<std::string> relativeToAlias() const {
+  // Another card that is mounted where the recorded one was often holds a clip of the same name.
+  bool isOnAnotherVolume(const std::string& path) {
+    if (!alias_.volumePath || !alias_.volumeUUID) return false;
+    const auto* mount = mounts_.withLongestMountPoint(path);
+    return mount && mount->mountPoint.native() == *alias_.volumePath &&
+           isRecordedVolume(*mount) == Verdict::no;
+  }
+
+  std::optional<std::string> relativeToAlias() {
     if (!alias_.relativeDirsUp && !alias_.relativeDirsDown) return alongRecordedTails();
     auto folder = path_text::components(aliasPath_);
     const auto stripped = last(folder, alias_.relativeDirsUp);
@@ -123,7 +131,7 @@ class Resolution {
   }
 
   // From the alias file upwards: the longest end of the recorded path that is there.
-  std::optional<std::string> alongRecordedTails() const {
+  std::optional<std::string> alongRecordedTails() {
     for (auto folder = aliasPath_; folder != "/";) {
       folder = folderOf(folder);
       for (std::size_t skipped = 0; skipped < names_.size(); ++skipped) {
@@ -131,7 +139,7 @@ class Resolution {
         // Most folders hold none of the names, which one look tells.
         const auto first = joined(folder, tail.first(1));
         const auto path = exists(first) ? joined(folder, tail) : aliasPath_;
-        if (path != aliasPath_ && exists(path)) return path;
+        if (path != aliasPath_ && exists(path) && !isOnAnotherVolume(path)) return path;
       }
     }
     std::vector<std::string> folded;
@@ -142,7 +150,8 @@ class Resolution {
       for (std::size_t skipped = 0; skipped < names_.size(); ++skipped) {
         const auto entry = std::ranges::lower_bound(similar, folded[skipped], {}, &FoldedEntry::folded);
         if (entry == similar.end() || entry->folded != folded[skipped]) continue;
-        if (auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1))) return found;
+        auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1));
+        if (found && !isOnAnotherVolume(*found)) return found;
       }
     }
     return std::nullopt;

@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <exception>
 #include <set>
 #include <utility>
 
@@ -51,8 +52,7 @@ std::optional<std::string> absolutePath(std::string_view path) {
   return namePrefix(*folder).append(path);
 }
 
-// Runs the removal; nothing when the script could not be created.
-std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view item) {
+std::optional<TextDictionary> handRemovalOver(ScriptRunner& runner, std::string_view item) {
   const auto path = absolutePath(item);
   if (!path || path->find('\0') != std::string::npos) return std::nullopt;
   if (runner.form() == ScriptForm::argumentList) {
@@ -62,6 +62,17 @@ std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view 
   if (path->find_first_of("'\"\\\n\r") != std::string::npos) return std::nullopt;
   const auto command = "/bin/rm '" + *path + "';";
   return runner.runText("do shell script \"" + command + "\" with administrator privileges");
+}
+
+// Runs the removal; nothing when the script could not be created. What a host's runner throws is one more error.
+std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view item) {
+  try {
+    return handRemovalOver(runner, item);
+  } catch (const std::exception& error) {
+    return TextDictionary{{"exception", error.what()}};
+  } catch (...) {
+    return TextDictionary{{"exception", "unknown"}};
+  }
 }
 
 }  // namespace

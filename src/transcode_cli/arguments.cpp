@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <ranges>
 #include <utility>
 
 #include "platform/number_text.hpp"
@@ -63,7 +64,11 @@ CodedRecord coded(const TextDictionary& lookup) {
 
 TextDictionary decoded(const CodedRecord& record) {
   std::vector<TextDictionary::Entry> entries;
-  for (const auto& [key, value] : record.members()) entries.push_back({key, value.require<std::string>(key)});
+  entries.reserve(record.members().size());
+  // Backwards, since a record gives the first of equal keys and a dictionary keeps the last.
+  for (const auto& [key, value] : record.members() | std::views::reverse) {
+    entries.push_back({key, value.require<std::string>(key)});
+  }
   return TextDictionary(std::move(entries));
 }
 
@@ -194,9 +199,12 @@ std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
 }
 
 void TranscodeCliArguments::setInputFileGroups(const std::optional<InputFileGroups>& groups) {
+  setInputFileGroups(groups ? *groups : InputFileGroups());
+}
+
+void TranscodeCliArguments::setInputFileGroups(const InputFileGroups& groups) {
   flagValueLookup_.removePrefixed(VAVInputPrefixFlag);
-  if (!groups) return;
-  flagValueLookup_.merge(numberedEntries(*groups));
+  flagValueLookup_.merge(numberedEntries(groups));
 }
 
 std::optional<std::vector<std::string>> TranscodeCliArguments::inputFiles() const {
@@ -257,7 +265,7 @@ void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> sour
   if (!source) return;
   if (*source != TimecodeSource::custom) {
     flagValueLookup_.set(cliFlag(*source), {});
-  } else if (!timecode()) {
+  } else if (timecode().value_or("").empty()) {
     setTimecode(timecodeIsDropFrame() ? TimecodeComponents::defaultDropFrameTimecode
                                       : TimecodeComponents::defaultNonDropTimecode);
   }

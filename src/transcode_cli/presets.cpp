@@ -33,8 +33,18 @@ struct PresetRow {
 constexpr PresetRow cloud{"cloud", VAVVantiroCloudPresetValue, cloudArguments};
 constexpr PresetRow proRes4444XQ{"ProRes 4444 XQ", VAVVantiroProRes4444XQPresetValue, proRes4444XQArguments};
 
+// What a number that no preset bears answers: no description, no name, no flags.
+constexpr VAVTranscodePresetValue unnamed{""};
+constexpr PresetRow none{"", unnamed, {}};
+
 constexpr const PresetRow& row(TranscodeCliPreset preset) noexcept {
-  return preset == TranscodeCliPreset::vantiroCloud ? cloud : proRes4444XQ;
+  switch (preset) {
+    case TranscodeCliPreset::vantiroCloud:
+      return cloud;
+    case TranscodeCliPreset::proRes4444XQ:
+      return proRes4444XQ;
+  }
+  return none;
 }
 
 }  // namespace

@@ -12,8 +12,6 @@ namespace quillonic {
 namespace {
 
 using std::filesystem::path;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // Does what a scripting service does with a script's text: hands the command between the double quotes to a
 // shell.
@@ -36,16 +34,6 @@ class ShellRunner final : public ScriptRunner {
   std::optional<std::optional<TextDictionary>> answer;
 };
 
-class RunnerInUse {
- public:
-  explicit RunnerInUse(std::shared_ptr<ScriptRunner> runner) {
-    ScriptRunner::setDefaultRunner(std::move(runner));
-  }
-  RunnerInUse(const RunnerInUse&) = delete;
-  RunnerInUse& operator=(const RunnerInUse&) = delete;
-  ~RunnerInUse() { ScriptRunner::setDefaultRunner(nullptr); }
-};
-
 const std::vector<std::string> quotable{"plain.mov",
                                         "-rf",
                                         "--help",
@@ -57,6 +45,18 @@ const std::vector<std::string> quotable{"plain.mov",
 const std::vector<std::string> unquotable{
     "it's.mov",    "x'; touch owned; '", "x\" & (do shell script \"touch owned",
     "back\\slash", "line\nbreak",        "\rtouch owned"};
+constexpr auto refused = "error: QLC_FME_RIWEP-Failed to elevate permissions to remove FILE\n";
+constexpr auto failed = "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: ";
+
+// Tries to remove a file, and returns what was logged, with FILE for its path.
+std::string logOfRemoving(const path& file, bool isRemoved) {
+  const RecordedLog log;
+  EXPECT_EQ(FileManager().removePathWithElevatedPermissions(file.native()), isRemoved) << file;
+  auto text = log.text();
+  for (auto at = text.find(file); at != text.npos; at = text.find(file))
+    text.replace(at, file.native().size(), "FILE");
+  return text;
+}
 
 // Every name is removed as a name, or refused; nothing else in the folder changes.
 void tryHostileNames(const TemporaryFolder& folder, const std::vector<std::string>& names,
@@ -64,147 +64,116 @@ void tryHostileNames(const TemporaryFolder& folder, const std::vector<std::strin
   std::filesystem::current_path(folder.path());
   folder.file("stays");
   for (const auto& name : names) {
-    for (const auto& given : {name, (folder / name).native()}) {
-      const RecordedLog log;
+    for (const auto& given : {path(name), folder / name}) {
       folder.file(name);
-      EXPECT_EQ(FileManager().removePathWithElevatedPermissions(given), areRemovable) << name;
+      EXPECT_EQ(logOfRemoving(given, areRemovable), areRemovable ? "" : refused);
       EXPECT_EQ(std::filesystem::remove(folder / name), !areRemovable) << name;
-      const std::vector<std::string> refusal{"error: QLC_FME_RIWEP-Failed to elevate permissions to remove " +
-                                             given};
-      EXPECT_EQ(log.lines(), areRemovable ? std::vector<std::string>() : refusal);
       EXPECT_EQ(std::distance(begin(std::filesystem::directory_iterator(folder.path())), {}), 1) << name;
     }
   }
   std::filesystem::current_path("/");
 }
 
-TEST(ElevatedRemoval, RunsNothingButTheRemovalThroughAShell) {
-  const TemporaryFolder folder;
-  const auto runner = std::make_shared<ShellRunner>();
-  const RunnerInUse inUse(runner);
-  tryHostileNames(folder, quotable, true);
-  const auto count = runner->sources.size();
-  tryHostileNames(folder, unquotable, false);
-  EXPECT_EQ(runner->sources.size(), count);
-  EXPECT_EQ(runner->sources.front(), "do shell script \"/bin/rm '" + (folder / "plain.mov").native() +
-                                         "';\" with administrator privileges");
+class ElevatedRemovalByText : public testing::Test {
+ protected:
+  ElevatedRemovalByText() { ScriptRunner::setDefaultRunner(runner_); }
+  ~ElevatedRemovalByText() override { ScriptRunner::setDefaultRunner(nullptr); }
+
+  const TemporaryFolder folder_;
+  const std::shared_ptr<ShellRunner> runner_ = std::make_shared<ShellRunner>();
+};
+
+TEST_F(ElevatedRemovalByText, RunsNothingButTheRemoval) {
+  tryHostileNames(folder_, quotable, true);
+  const auto count = runner_->sources.size();
+  tryHostileNames(folder_, unquotable, false);
+  EXPECT_EQ(runner_->sources.size(), count);
+  EXPECT_EQ(runner_->sources.front(), "do shell script \"/bin/rm '" + (folder_ / "plain.mov").native() +
+                                          "';\" with administrator privileges");
+}
+
+TEST_F(ElevatedRemovalByText, ReportsWhatTheRunnerSays) {
+  EXPECT_EQ(logOfRemoving(folder_ / "missing", true), "");
+  EXPECT_TRUE(FileManager().removePathWithElevatedPermissions(""));
+  EXPECT_TRUE(runner_->sources.empty());
+
+  const auto file = folder_.file("file");
+  runner_->answer.emplace();
+  EXPECT_EQ(logOfRemoving(file, false), refused);
+  runner_->answer = TextDictionary{{"b", "2"}, {"a", "one two"}};
+  EXPECT_EQ(logOfRemoving(file, false), failed + std::string("key: a value: one two key: b value: 2\n"));
+  // No errors, and yet the file is there.
+  runner_->answer = TextDictionary{};
+  EXPECT_EQ(logOfRemoving(file, false), "");
 }
 
 TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {
   const TemporaryFolder folder;
-  const auto result = runPrivately([&] {
+  runPrivately([&] {
     tryHostileNames(folder, quotable, true);
     tryHostileNames(folder, unquotable, true);
 
-    const FileManager files;
     const auto kept = folder.file("kept");
-    std::filesystem::create_symlink(kept, folder / "link");
-    std::filesystem::create_symlink("/nowhere", folder / "dangling");
-    std::filesystem::create_symlink(folder.folder("inner"), folder / "to folder");
-    EXPECT_TRUE(files.removeItemWithElevatedPermissions(folder / "link"));
-    EXPECT_TRUE(files.removeItemWithElevatedPermissions(folder / "dangling"));
-    EXPECT_TRUE(files.removeItemWithElevatedPermissions(folder / "to folder/"));
-    EXPECT_TRUE(std::filesystem::exists(kept) && std::filesystem::exists(folder / "inner"));
+    const auto inner = folder.folder("inner");
+    folder.link("to folder", inner);
+    for (const auto& link :
+         {folder.link("link", kept), folder.link("dangling", "/nowhere"), folder / "to folder/"}) {
+      EXPECT_TRUE(FileManager().removeItemWithElevatedPermissions(link)) << link;
+    }
+    EXPECT_TRUE(std::filesystem::exists(kept) && std::filesystem::exists(inner));
     EXPECT_FALSE(std::filesystem::is_symlink(folder / "dangling"));
-
-    const RecordedLog log;
-    EXPECT_FALSE(files.removeItemWithElevatedPermissions(folder / "inner/"));
-    EXPECT_TRUE(std::filesystem::exists(folder / "inner"));
-    const auto shown = (folder / "inner").native();
-    EXPECT_THAT(log.lines(),
-                ElementsAre(testing::MatchesRegex("error: QLC_FME_RIWEP-Failed to remove " + shown +
-                                                  "/ with due to errors: key: exit status value: 1 "
-                                                  "key: output value: .*" +
-                                                  shown + ".*[^\n]")));
+    EXPECT_THAT(logOfRemoving(inner, false),
+                testing::MatchesRegex(
+                    failed + std::string("key: exit status value: 1 key: output value: .*FILE.*[^\n]\n")));
+    EXPECT_TRUE(std::filesystem::exists(inner));
   });
-  if (result == PrivateRun::notAllowed) GTEST_SKIP() << "needs a namespace of its own";
-  EXPECT_EQ(result, PrivateRun::passed);
 }
 
 // Puts programs of the test's own in the place of those that raise rights, and becomes a user without any.
 void replaceLaunchers(const TemporaryFolder& folder, const std::string& pkexec, const std::string& sudo) {
   const auto layer = folder.folder("layer");
-  ASSERT_EQ(mount("layer", layer.c_str(), "tmpfs", 0, "mode=755"), 0);
-  folder.folder("layer/files");
-  folder.folder("layer/work");
-  const auto options =
-      "lowerdir=/usr/bin,upperdir=" + (layer / "files").native() + ",workdir=" + (layer / "work").native();
-  if (mount("overlay", "/usr/bin", "overlay", 0, options.c_str()) != 0) _exit(privateRunNotAllowed);
-  const std::pair<path, std::string> programs[] = {{"/usr/bin/pkexec", pkexec}, {"/usr/bin/sudo", sudo}};
-  for (const auto& [program, script] : programs) {
+  mountAt(layer, "layer", "tmpfs", 0, "mode=755");
+  mountAt("/usr/bin", "overlay", "overlay", 0, overlayOptions("/usr/bin", layer));
+  for (const auto& [program, script] : {std::pair("/usr/bin/pkexec", pkexec), {"/usr/bin/sudo", sudo}}) {
     std::filesystem::remove(program);
     if (script.empty()) continue;
-    std::ofstream(program) << "#!/bin/sh\n" << script << '\n';
+    folder.file(program, "#!/bin/sh\n" + script + "\n");
     std::filesystem::permissions(program, std::filesystem::perms(0755));
   }
   ASSERT_EQ(chown(folder.path().c_str(), 65534, 65534), 0);
-  ASSERT_TRUE(setgid(65534) == 0 && setuid(65534) == 0);
+  becomeNobody();
 }
 
 TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can become another user";
-  constexpr auto removes = "shift $(($# - 3)); exec \"$@\"";
-  constexpr auto says = "echo \"${0##*/} $*\"; exit ";
+  const std::string removes = "shift $(($# - 3)); exec \"$@\"";
+  const std::string says = "echo \"${0##*/} $*\"; exit ";
+  const std::string status = failed + std::string("key: exit status value: ");
   struct Row {
     std::string pkexec;
     std::string sudo;
-    // What the log holds for the file at FILE; nothing where the file is removed.
+    // What is logged; nothing where the file is removed.
     std::string log;
   };
   const Row rows[] = {
-      {removes, says + std::string("9"), ""},
+      {removes, says + "9", ""},
       {"", removes, ""},
-      {says + std::string("127"), removes, ""},
-      {says + std::string("126"), removes,
-       "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: key: exit status value: 126 "
-       "key: output value: pkexec --disable-internal-agent /bin/rm -- FILE"},
-      {says + std::string("127"), says + std::string("1"),
-       "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: key: exit status value: 1 "
-       "key: output value: sudo -n -- /bin/rm -- FILE"},
-      {"", "kill -9 $$",
-       "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: key: signal value: 9"},
-      {"", "", "error: QLC_FME_RIWEP-Failed to elevate permissions to remove FILE"}};
+      {says + "127", removes, ""},
+      {says + "126", removes,
+       status + "126 key: output value: pkexec --disable-internal-agent /bin/rm -- FILE\n"},
+      {says + "127", says + "1", status + "1 key: output value: sudo -n -- /bin/rm -- FILE\n"},
+      {"", "kill -9 $$", failed + std::string("key: signal value: 9\n")},
+      {"", "", refused}};
   for (const auto& [pkexec, sudo, expected] : rows) {
     const TemporaryFolder folder;
-    const auto file = folder.file("it's.mov").native();
-    const auto result = runPrivately([&] {
+    const auto file = folder.file("it's.mov");
+    runPrivately([&] {
       replaceLaunchers(folder, pkexec, sudo);
-      const RecordedLog log;
-      EXPECT_EQ(FileManager().removePathWithElevatedPermissions(file), expected.empty());
-      auto line = log.lines().empty() ? std::string() : log.lines().front();
-      for (auto at = line.find(file); at != std::string::npos; at = line.find(file)) {
-        line.replace(at, file.size(), "FILE");
-      }
-      EXPECT_EQ(line, expected);
+      EXPECT_EQ(logOfRemoving(file, expected.empty()), expected);
     });
-    if (result == PrivateRun::notAllowed) GTEST_SKIP() << "needs an overlay in a namespace of its own";
-    EXPECT_EQ(result, PrivateRun::passed);
+    if (testing::Test::IsSkipped()) return;
     EXPECT_EQ(std::filesystem::exists(file), !expected.empty());
   }
-}
-
-TEST(ElevatedRemoval, ReportsWhatTheRunnerSays) {
-  const TemporaryFolder folder;
-  const auto runner = std::make_shared<ShellRunner>();
-  const RunnerInUse inUse(runner);
-  const RecordedLog log;
-  const FileManager files;
-  EXPECT_TRUE(files.removeItemWithElevatedPermissions(folder / "missing"));
-  EXPECT_TRUE(files.removePathWithElevatedPermissions(""));
-  EXPECT_THAT(runner->sources, IsEmpty());
-
-  const auto file = folder.file("file").native();
-  runner->answer.emplace();
-  EXPECT_FALSE(files.removePathWithElevatedPermissions(file));
-  runner->answer = TextDictionary{{"b", "2"}, {"a", "one two"}};
-  EXPECT_FALSE(files.removePathWithElevatedPermissions(file));
-  EXPECT_THAT(log.lines(), ElementsAre("error: QLC_FME_RIWEP-Failed to elevate permissions to remove " + file,
-                                       "error: QLC_FME_RIWEP-Failed to remove " + file +
-                                           " with due to errors: key: a value: one two key: b value: 2"));
-  // No errors, and yet the file is there.
-  runner->answer = TextDictionary{};
-  EXPECT_FALSE(files.removePathWithElevatedPermissions(file));
-  EXPECT_EQ(log.lines().size(), 2U);
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ TEST(LegalNames, DropWhatAVolumeDoesNotTake) {
 // Whatever the set, it parts a text in two: what one cleaning keeps, the other drops, and a set and its
 // complement swap them.
 TEST(LegalNames, PartATextByItsScalars) {
-  const std::string pieces[] = {"a",          "/",    "*",        "\u00E9", "e\u0301",
+  const char* const pieces[] = {"a",          "/",    "*",        "\u00E9", "e\u0301",
                                 "\U0001F3AC", "\xFF", "\xE2\x82", "\x80",   "~"};
   std::mt19937 random(3);
   const auto text = [&] {
@@ -41,7 +41,6 @@ TEST(LegalNames, PartATextByItsScalars) {
     ASSERT_EQ(kept.size() + dropped.size(), name.size());
     ASSERT_EQ(removingDisallowedCharacters(name, set.inverted()), kept);
     ASSERT_EQ(removingAllExcept(name, set.inverted()), dropped);
-    ASSERT_EQ(removingAllExcept(kept, set), kept);
     ASSERT_EQ(set.inverted().inverted(), set);
   }
   const auto accents = CharacterSet::of("a\xC3\u00E9");

@@ -22,15 +22,13 @@ static_assert(SampleRate::fromHertz(22050) == SampleRate::custom(22050));
 static_assert(ChannelLayout::wellDefinedCases().front() == ChannelLayout::mono);
 
 TEST(VideoDataRate, RestrictsAboveNothingAndNamesTheRateAboveOneMegabit) {
-  const std::pair<double, std::string> rows[] = {
-      {0.0, "Auto"},
-      {-2.0, "Auto"},
-      {std::nan(""), "Auto"},
-      {5e-324, "Restrict"},
-      {1.0, "Restrict"},
-      {1.5, "Retrict to 1.5 mbps"},
-      {2.0, "Retrict to 2.0 mbps"},
-  };
+  const std::pair<double, std::string> rows[] = {{0.0, "Auto"},
+                                                 {-2.0, "Auto"},
+                                                 {std::nan(""), "Auto"},
+                                                 {5e-324, "Restrict"},
+                                                 {1.0, "Restrict"},
+                                                 {1.5, "Retrict to 1.5 mbps"},
+                                                 {2.0, "Retrict to 2.0 mbps"}};
   for (const auto& [number, text] : rows) {
     const auto rate = VideoDataRate::fromRawValue(number);
     const bool isRestrict = text != "Auto";
@@ -44,29 +42,24 @@ TEST(VideoDataRate, RestrictsAboveNothingAndNamesTheRateAboveOneMegabit) {
 }
 
 TEST(SampleRate, ReadsHertzAndWritesKilohertz) {
-  struct Row {
-    std::int64_t hertz;
-    SampleRate rate;
-    std::string description;
-  };
-  const Row rows[] = {
-      {least, SampleRate::matchSource, "Match Source"},
-      {0, SampleRate::matchSource, "Match Source"},
-      {1, SampleRate::custom(1), "1 Hz"},
-      {1000, SampleRate::custom(1000), "1000 Hz"},
-      {1001, SampleRate::custom(1001), "1.001 kHz"},
-      {22050, SampleRate::custom(22050), "22.05 kHz"},
-      {44100, SampleRate::hz44100, "44.1 kHz"},
-      {48000, SampleRate::hz48000, "48 kHz"},
-      {96000, SampleRate::hz96000, "96 kHz"},
-      {192000, SampleRate::custom(192000), "192.0 kHz"},
-      {greatest, SampleRate::custom(greatest), "9223372036854776.0 kHz"},
-  };
-  for (const auto& [hertz, rate, description] : rows) {
-    EXPECT_EQ(SampleRate::fromHertz(hertz), rate) << hertz;
+  const std::pair<std::int64_t, std::string> rows[] = {{least, "Match Source"},
+                                                       {0, "Match Source"},
+                                                       {1, "1 Hz"},
+                                                       {1000, "1000 Hz"},
+                                                       {1001, "1.001 kHz"},
+                                                       {22050, "22.05 kHz"},
+                                                       {44100, "44.1 kHz"},
+                                                       {48000, "48 kHz"},
+                                                       {96000, "96 kHz"},
+                                                       {192000, "192.0 kHz"},
+                                                       {greatest, "9223372036854776.0 kHz"}};
+  for (const auto& [hertz, description] : rows) {
+    const auto rate = SampleRate::fromHertz(hertz);
+    const bool isCustom = hertz > 0 && hertz != 44100 && hertz != 48000 && hertz != 96000;
+    EXPECT_EQ(rate == SampleRate::custom(hertz), isCustom) << hertz;
     EXPECT_EQ(rate.description(), description);
-    EXPECT_EQ(rate.pickerDescription(), rate.isCustom() ? "Custom" : description);
-    EXPECT_EQ(rate.tag(), rate.isCustom() ? "custom" : description);
+    EXPECT_EQ(rate.pickerDescription(), isCustom ? "Custom" : description);
+    EXPECT_EQ(rate.tag(), isCustom ? "custom" : description);
   }
   EXPECT_EQ(SampleRate::custom(least).description(), "-9223372036854775808 Hz");
 }
@@ -103,19 +96,17 @@ TEST(ChannelLayout, NamesTheCommonCounts) {
 }
 
 TEST(ColorDepth, IsItsNumberOfBits) {
+  std::string texts;
   for (std::int64_t bits = -1; bits < 20; ++bits) {
-    const auto depth = fromRawValue<ColorDepth>(bits);
-    ASSERT_EQ(depth.has_value(), bits == 8 || bits == 10 || bits == 12 || bits == 16) << bits;
-    if (depth) {
-      EXPECT_EQ(description(*depth), std::to_string(bits) + " bpp");
-    }
+    if (const auto depth = fromRawValue<ColorDepth>(bits)) texts += description(*depth) + ";";
   }
+  EXPECT_EQ(texts, "8 bpp;10 bpp;12 bpp;16 bpp;");
 }
 
 static_assert(standardDimensions(VideoResolution::fourK) == VideoSize{4096, 2160});
 static_assert(fromRawValue<VideoResolution>("2k") == VideoResolution::twoK);
 
-TEST(VideoResolution, IsFoundByEachOfItsSizes) {
+TEST(VideoResolution, IsFoundByEachOfItsSizesAndByItsWidth) {
   std::size_t sizes = 0;
   for (const auto resolution : allCases<VideoResolution>()) {
     for (const auto& size : validDimensions(resolution)) {
@@ -127,13 +118,9 @@ TEST(VideoResolution, IsFoundByEachOfItsSizes) {
     }
   }
   EXPECT_EQ(sizes, 41U);
-  for (const auto& size :
-       {VideoSize{320, 220}, VideoSize{1080, 1920}, VideoSize{1920.5, 1080}, VideoSize{}}) {
+  for (const VideoSize size : {VideoSize{320, 220}, {1080, 1920}, {1920.5, 1080}, {}}) {
     EXPECT_EQ(fromDimensions<VideoResolution>(size), std::nullopt) << size.width << " x " << size.height;
   }
-}
-
-TEST(VideoResolution, IsFoundByItsWidth) {
   EXPECT_EQ(fromWidth<VideoResolution>(1920), VideoResolution::fullHd);
   EXPECT_EQ(fromWidth<VideoResolution>(3840), VideoResolution::fourK);
   for (const double width : {1919.9, 0.0, -1920.0, std::nan("")}) {

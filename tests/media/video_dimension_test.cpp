@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
+#include <vector>
+
+#include "texts.hpp"
 
 namespace quillonic {
 namespace {
@@ -19,44 +22,34 @@ static_assert(VideoDimension::allowedExactOptions({}).back() == VideoDimension::
 static_assert(VideoDimension::wellDefinedCases().size() == 12 && VideoDimension::scaleOptions().size() == 6);
 
 TEST(VideoDimension, HasASizeAndItsTexts) {
-  struct Row {
-    VideoDimension dimension;
-    VideoSize size;
-    std::string description;
-    VideoSize preview;
-  };
-  constexpr VideoSize fullHd{1920, 1080};
-  const Row rows[] = {
-      {VideoDimension::match, {0, 0}, "Match", fullHd},
-      {VideoDimension::half, {0.5, 0.5}, "Half", fullHd},
-      {VideoDimension::quarter, {0.25, 0.25}, "Quarter", fullHd},
-      {VideoDimension::eighth, {0.125, 0.125}, "Eighth", fullHd},
-      {VideoDimension::sixteenth, {0.0625, 0.0625}, "Sixteenth", fullHd},
-      {VideoDimension::twoTwentyP, {320, 220}, "QVGA (320x220)", {320, 220}},
-      {VideoDimension::twoSeventyP, {480, 270}, "270p (480 x 270)", {480, 270}},
-      {VideoDimension::fourEightyP, {640, 480}, "VGA (640 x 480)", {640, 480}},
-      {VideoDimension::fiveFortyP, {960, 540}, "qHD (960 x 540)", {960, 540}},
-      {VideoDimension::sevenTwentyP, {1280, 720}, "HD (1280 x 720)", {1280, 720}},
-      {VideoDimension::tenEightyP, fullHd, "Full HD (1920 x 1080)", fullHd},
-      {VideoDimension::fourK, {3840, 2160}, "4K UHD (3840 x 2160)", {3840, 2160}},
-      {VideoDimension::scaled(0.9), {0.9, 0.9}, "Custom: 90.0%", fullHd},
-      {VideoDimension::scaled(1.0 / 3), {1.0 / 3, 1.0 / 3}, "Custom: 33.3%", fullHd},
-      {VideoDimension::custom(400, 400), {400, 400}, "Custom: 400.0 x 400.0", {400, 400}},
-      {VideoDimension::custom(0.5, 2), {0.5, 2}, "Custom: 0.5 x 2.0", {0.5, 2}},
-      {VideoDimension::custom(400, 0), {400, 0}, "Custom Dimensions", {400, 0}},
-  };
-  for (const auto& row : rows) {
-    const auto& dimension = row.dimension;
-    EXPECT_EQ(dimension.size(), row.size) << row.description;
-    EXPECT_EQ(dimension.previewSize(), row.preview) << row.description;
-    EXPECT_EQ(dimension.description(), row.description);
-    const bool custom = dimension.isCustom();
-    const bool scaled = dimension.isCustomScale();
-    EXPECT_EQ(dimension.pickerDescription(), custom   ? "Custom Dimensions"
-                                             : scaled ? "Custom Scale"
-                                                      : row.description);
-    EXPECT_EQ(dimension.tag(), custom ? "custom" : scaled ? "scaled" : row.description);
-    EXPECT_EQ(dimension.isScaleOption(), row.size.width < 1 && !custom) << row.description;
+  using D = VideoDimension;
+  EXPECT_THAT(D::wellDefinedCases(),
+              testing::ElementsAre(D::match, D::half, D::quarter, D::eighth, D::sixteenth, D::twoTwentyP,
+                                   D::twoSeventyP, D::fourEightyP, D::fiveFortyP, D::sevenTwentyP,
+                                   D::tenEightyP, D::fourK));
+  std::vector<D> all(D::wellDefinedCases().begin(), D::wellDefinedCases().end());
+  all.insert(all.end(),
+             {D::scaled(0.9), D::scaled(1.0 / 3), D::custom(400, 400), D::custom(0.5, 2), D::custom(400, 0)});
+  const VideoSize sizes[] = {{0, 0},       {0.5, 0.5},   {0.25, 0.25}, {0.125, 0.125},     {0.0625, 0.0625},
+                             {320, 220},   {480, 270},   {640, 480},   {960, 540},         {1280, 720},
+                             {1920, 1080}, {3840, 2160}, {0.9, 0.9},   {1.0 / 3, 1.0 / 3}, {400, 400},
+                             {0.5, 2},     {400, 0}};
+  const auto texts = split(
+      "Match|Half|Quarter|Eighth|Sixteenth|QVGA (320x220)|270p (480 x 270)|VGA (640 x 480)|qHD (960 x 540)|"
+      "HD (1280 x 720)|Full HD (1920 x 1080)|4K UHD (3840 x 2160)|Custom: 90.0%|Custom: 33.3%|"
+      "Custom: 400.0 x 400.0|Custom: 0.5 x 2.0|Custom Dimensions",
+      '|');
+  for (std::size_t at = 0; at < all.size(); ++at) {
+    const auto& dimension = all[at];
+    const auto& text = texts[at];
+    const bool custom = at >= 14;
+    const bool scaled = !custom && at >= 12;
+    EXPECT_EQ(dimension.size(), sizes[at]) << text;
+    EXPECT_EQ(dimension.isScaleOption(), scaled || at < 5) << text;
+    EXPECT_EQ(dimension.previewSize(), sizes[dimension.isScaleOption() ? 10 : at]) << text;
+    EXPECT_EQ(dimension.description(), text);
+    EXPECT_EQ(dimension.pickerDescription(), custom ? "Custom Dimensions" : scaled ? "Custom Scale" : text);
+    EXPECT_EQ(dimension.tag(), custom ? "custom" : scaled ? "scaled" : text);
   }
 }
 
@@ -73,8 +66,7 @@ TEST(VideoDimension, ReadsStoredNumbersThatFitACase) {
       {{.width = 320, .height = 230}, VideoDimension::custom(320, 230)},
       {{.width = 1920, .height = 1080, .scale = 0.5}, VideoDimension::tenEightyP},
       {{.width = 1920, .height = 1080, .scale = nan}, VideoDimension::tenEightyP},
-      {{.width = 5e-324, .height = 1e300}, VideoDimension::custom(5e-324, 1e300)},
-  };
+      {{.width = 5e-324, .height = 1e300}, VideoDimension::custom(5e-324, 1e300)}};
   for (const auto& [stored, dimension] : accepted) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(VideoDimension::fromProto(stored), dimension) << dimension.description();
@@ -90,8 +82,7 @@ TEST(VideoDimension, PrintsAMessageForStoredNumbersThatFitNone) {
       {{.width = nan, .height = infinity}, "nan - pHeight: inf"},
       {{.scale = -0.5}, "0.0 - pHeight: 0.0"},
       {{.scale = nan}, "0.0 - pHeight: 0.0"},
-      {{.width = 9007199254740994, .height = -0.0}, "9007199254740994.0 - pHeight: -0.0"},
-  };
+      {{.width = 9007199254740994, .height = -0.0}, "9007199254740994.0 - pHeight: -0.0"}};
   for (const auto& [stored, numbers] : rejected) {
     testing::internal::CaptureStdout();
     EXPECT_EQ(VideoDimension::fromProto(stored), VideoDimension::match) << numbers;
@@ -102,13 +93,11 @@ TEST(VideoDimension, PrintsAMessageForStoredNumbersThatFitNone) {
 }
 
 TEST(VideoDimension, FiltersKeepTheOrderOfTheListAndComparePayloads) {
-  const VideoDimension list[] = {VideoDimension::scaled(0.9), VideoDimension::fourK,
-                                 VideoDimension::scaled(0.8), VideoDimension::custom(400, 400),
-                                 VideoDimension::match,       VideoDimension::custom(400, 401)};
-  EXPECT_THAT(VideoDimension::filterScaleOptions(list),
-              testing::ElementsAre(VideoDimension::scaled(0.9), VideoDimension::match));
-  EXPECT_THAT(VideoDimension::filterExactDimensionsOptions(list),
-              testing::ElementsAre(VideoDimension::fourK, VideoDimension::custom(400, 400)));
+  using D = VideoDimension;
+  const D list[] = {D::scaled(0.9),      D::fourK, D::scaled(0.8),
+                    D::custom(400, 400), D::match, D::custom(400, 401)};
+  EXPECT_THAT(D::filterScaleOptions(list), testing::ElementsAre(D::scaled(0.9), D::match));
+  EXPECT_THAT(D::filterExactDimensionsOptions(list), testing::ElementsAre(D::fourK, D::custom(400, 400)));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <quillonic/platform/disk_descriptions.hpp>
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "temporary_folder.hpp"
 
@@ -9,43 +10,31 @@ namespace {
 
 using std::filesystem::path;
 
-Mount mountOf(std::string kind, std::string source, std::uint32_t major = 0, std::uint32_t minor = 0) {
-  Mount mount;
-  mount.deviceMajor = major;
-  mount.deviceMinor = minor;
-  mount.mountPoint = "/mnt";
-  mount.kind = std::move(kind);
-  mount.source = std::move(source);
-  return mount;
-}
+using Description = DiskDescriptionDictionary;
 
 TEST(DiskDescriptions, KnowNetworkVolumesByTheirKind) {
-  const std::tuple<const char*, const char*, bool> rows[] = {
-      {"nfs", "s:/x", true},           {"nfs4", "s:/x", true},       {"cifs", "//s/x", true},
-      {"smb3", "//s/x", true},         {"fuse.sshfs", "u@s:", true}, {"fuse", "https://s/x", true},
-      {"fuse.rclone", "r:", true},     {"fuse", "/dev/sdb1", false}, {"fuseblk", "/dev/sdb1", false},
-      {"ext4", "/dev/nfs", false},     {"tmpfs", "nfs", false},      {"nfsd", "nfsd", false},
-      {"fuse.mergerfs", "a:b", false}, {"virtiofs", "share", false}, {"", "", false}};
-  for (const auto& [kind, source, isNetwork] : rows) {
-    const auto description = diskDescriptionOfMount(mountOf(kind, source), "/missing");
-    EXPECT_EQ(description,
-              (DiskDescriptionDictionary{
-                  {"DAVolumePath", path("/mnt")}, {"DAVolumeKind", kind}, {"DAVolumeNetwork", isNetwork}}))
-        << kind;
+  // Whether it is of the network, the kind and the source.
+  std::istringstream rows(
+      "0 ext4 /dev/nfs  0 tmpfs nfs  0 nfsd nfsd  0 fuse /dev/sdb1  0 fuseblk /dev/sdb1  0 fuse.mergerfs a:b "
+      "0 virtiofs share  1 nfs s:/x  1 nfs4 s:/x  1 cifs //s/x  1 smb3 //s/x  1 fuse.sshfs u@s: "
+      "1 fuse https://s/x  1 fuse.rclone r:");
+  int count = 0;
+  std::string kind;
+  std::string source;
+  for (bool isNetwork = false; rows >> isNetwork >> kind >> source; ++count) {
+    const Mount mount{0, 0, 0, 0, "/", "/mnt", kind, source, false, ""};
+    const Description expected{
+        {"DAVolumePath", path("/mnt")}, {"DAVolumeKind", kind}, {"DAVolumeNetwork", isNetwork}};
+    EXPECT_EQ(diskDescriptionOfMount(mount, "/missing"), expected) << kind;
   }
+  EXPECT_EQ(count, 14);
 }
 
 // A tree of devices as the system shows it: names by number, and below them what each device tells.
 TEST(DiskDescriptions, ReadTheDeviceBehindAVolume) {
   const TemporaryFolder tree;
-  const auto tell = [&](const path& file, std::string_view value) {
-    tree.folder(file.parent_path());
-    std::ofstream(tree / file) << value << '\n';
-  };
-  const auto link = [&](const path& from, const path& to) {
-    tree.folder(from.parent_path());
-    std::filesystem::create_directory_symlink(tree.folder(to), tree / from);
-  };
+  const auto tell = [&](const path& file, const std::string& value) { tree.file(file, value + "\n"); };
+  const auto link = [&](const path& from, const path& to) { tree.link(from, tree.folder(to)); };
   tell("sda/device/model", "AXS-AR1         ");
   tell("sda/ro", "0");
   tell("sda/sda1/partition", "1");
@@ -59,7 +48,6 @@ TEST(DiskDescriptions, ReadTheDeviceBehindAVolume) {
   link("raid/slaves/loop0", "loop0");
   link("cycle/slaves/cycle", "cycle");
 
-  using Description = DiskDescriptionDictionary;
   const Description card{
       {"DADeviceModel", "AXS-AR1"}, {"DAMediaName", "Card = 1"}, {"DAMediaWritable", false}};
   const std::pair<path, Description> rows[] = {
@@ -72,18 +60,17 @@ TEST(DiskDescriptions, ReadTheDeviceBehindAVolume) {
   std::uint32_t minor = 0;
   for (const auto& [device, expected] : rows) {
     link("dev/block/8:" + std::to_string(++minor), device);
-    auto description = diskDescriptionOfMount(mountOf("ext4", "/dev/x", 8, minor), tree.path());
+    const Mount mount{0, 0, 8, minor, "/", "/mnt", "ext4", "/dev/x", false, ""};
+    auto description = diskDescriptionOfMount(mount, tree.path());
     for (const auto* key : {"DAVolumePath", "DAVolumeKind", "DAVolumeNetwork"}) description.erase(key);
     EXPECT_EQ(description, expected) << device;
   }
 }
 
 TEST(DiskDescriptions, AreThoseOfTheVolumeThatHoldsAPath) {
-  const auto description = diskDescriptionOfVolume("/proc/self/stat");
-  ASSERT_TRUE(description);
-  EXPECT_EQ(*description,
-            (DiskDescriptionDictionary{
-                {"DAVolumePath", path("/proc")}, {"DAVolumeKind", "proc"}, {"DAVolumeNetwork", false}}));
+  const Description expected{
+      {"DAVolumePath", path("/proc")}, {"DAVolumeKind", "proc"}, {"DAVolumeNetwork", false}};
+  EXPECT_EQ(diskDescriptionOfVolume("/proc/self/stat").value(), expected);
   EXPECT_FALSE(diskDescriptionOfVolume("/missing/missing"));
 }
 

@@ -15,16 +15,8 @@ constexpr std::string_view strangeLine =
 TEST(MountTable, ReadsEveryField) {
   const auto table = MountTable::fromText(std::string(plainLine).append(strangeLine).append("\n"));
   ASSERT_EQ(table.mounts().size(), 2U);
-  EXPECT_EQ(table.mounts()[1], (Mount{.identifier = 36,
-                                      .parentIdentifier = 35,
-                                      .deviceMajor = 259,
-                                      .deviceMinor = 17,
-                                      .root = "/a b",
-                                      .mountPoint = "/mnt/x \t\n\\\\040\\q\\8",
-                                      .kind = "fuse.my fs",
-                                      .source = "",
-                                      .isReadOnly = true,
-                                      .superOptions = "rw,errors=continue"}));
+  EXPECT_EQ(table.mounts()[1], (Mount{36, 35, 259, 17, "/a b", "/mnt/x \t\n\\\\040\\q\\8", "fuse.my fs", "",
+                                      true, "rw,errors=continue"}));
   EXPECT_FALSE(table.mounts()[0].isReadOnly);
   EXPECT_TRUE(MountTable::fromText("1 2 0:3 / /a rw - ext4 /dev/a rw,ro").mounts()[0].isReadOnly);
   EXPECT_EQ(table.withIdentifier(22), &table.mounts()[0]);
@@ -34,8 +26,8 @@ TEST(MountTable, ReadsEveryField) {
 TEST(MountTable, LeavesOutLinesThatAreCutShort) {
   const auto complete = strangeLine.rfind(' ') + 1;
   for (std::size_t length = 0; length < complete; ++length) {
-    const auto text = std::string(strangeLine.substr(0, length)).append("\n").append(plainLine);
-    const auto table = MountTable::fromText(text);
+    const auto table =
+        MountTable::fromText(std::string(strangeLine.substr(0, length)).append("\n").append(plainLine));
     ASSERT_EQ(table.mounts().size(), 1U) << length;
     ASSERT_EQ(table.mounts()[0].identifier, 22U);
   }
@@ -62,9 +54,8 @@ TEST(MountTable, GivesNoMountForWhatIsNowhere) {
   EXPECT_NE(table.holding("."), nullptr);
   EXPECT_EQ(table.holding("missing"), table.holding("."));
   EXPECT_EQ(table.holding("/proc/missing")->mountPoint, "/proc");
-  for (const std::string path : {"", "missing/missing", "/proc/self/stat/x"}) {
-    EXPECT_EQ(table.holding(path), nullptr) << path;
-  }
+  for (const auto* path : {"", "missing/missing", "/proc/self/stat/x"})
+    EXPECT_EQ(table.holding(path), nullptr);
   EXPECT_EQ(table.holding(std::string("/proc\0x", 7)), nullptr);
   EXPECT_EQ(MountTable().holding("/"), nullptr);
 }

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -17,14 +18,14 @@ namespace {
 
 using Kind = DispatchQueue::Attribute;
 
-std::vector<std::unique_ptr<AtomicSwitch>> oneOfEach(bool isOn) {
-  std::vector<std::unique_ptr<AtomicSwitch>> switches;
-  switches.push_back(std::make_unique<UnfairLockBasedAtomicSwitch>(isOn));
-  switches.push_back(std::make_unique<QueueBasedAtomicSwitch>(isOn, "serial", DispatchQoS::utility));
-  switches.push_back(std::make_unique<ConcurrentQueueBasedAtomicSwitch>(isOn, "concurrent",
-                                                                        DispatchQoS::QoSClass::background));
-  return switches;
-}
+// One switch of each type.
+class AtomicSwitches : public testing::Test {
+ protected:
+  UnfairLockBasedAtomicSwitch unfair_{false};
+  QueueBasedAtomicSwitch serial_{false, "serial", DispatchQoS{DispatchQoS::QoSClass::userInitiated, -3}};
+  ConcurrentQueueBasedAtomicSwitch concurrent_{false, "concurrent", DispatchQoS::QoSClass::background};
+  const std::array<AtomicSwitch*, 3> all_{&unfair_, &serial_, &concurrent_};
+};
 
 // A thread that has said where it is and then waits in a queue, asleep.
 class WaitingThread {
@@ -36,12 +37,8 @@ class WaitingThread {
           work();
         }) {
     while (id_ == 0) std::this_thread::yield();
-    const auto path = "/proc/self/task/" + std::to_string(id_) + "/stat";
-    std::string state;
-    while (state != "S") {
-      std::ifstream stat(path);
-      std::string ignored;
-      stat >> ignored >> ignored >> state;
+    for (std::string state; state != "S";) {
+      std::ifstream("/proc/self/task/" + std::to_string(id_) + "/stat") >> state >> state >> state;
     }
   }
 
@@ -50,172 +47,141 @@ class WaitingThread {
   std::jthread thread_;
 };
 
-TEST(AtomicSwitch, AWriteIsSeenByEveryReadThatBeginsAfterIt) {
-  for (const bool start : {false, true}) {
-    for (const auto& shared : oneOfEach(start)) {
-      EXPECT_EQ(shared->isOn(), start);
-      // Every hand-over carries a value that only the switch protects.
-      std::array<int, 2> unprotected{};
-      constexpr int rounds = 2000;
-      shared->setIsOn(false);
-      const auto play = [&](std::size_t own) {
-        for (int round = 0; round < rounds; ++round) {
-          while (shared->isOn() != (own == 1)) std::this_thread::yield();
-          ASSERT_EQ(unprotected[1 - own], round + static_cast<int>(own));
-          ++unprotected[own];
-          shared->setIsOn(own == 0);
-        }
-      };
-      std::jthread other([&] { play(1); });
-      play(0);
-    }
-  }
-}
-
-TEST(AtomicSwitch, ManyThreadsReadAndWriteAtOnce) {
-  for (const auto& shared : oneOfEach(false)) {
-    std::vector<std::jthread> threads;
-    for (int i = 0; i < 4; ++i) {
-      threads.emplace_back([&, i] {
-        for (int turn = 0; turn < 5000; ++turn) {
-          if (turn % 7 == i) shared->setIsOn(turn % 2 == 0);
-          static_cast<void>(shared->isOn());
-        }
-      });
-    }
-    threads.clear();
-    shared->setIsOn(true);
-    EXPECT_TRUE(shared->isOn());
+TEST_F(AtomicSwitches, ShowAWriteToEveryReadThatBeginsAfterIt) {
+  for (auto* shared : all_) {
+    // Every hand-over carries a value that only the switch protects.
+    std::array<int, 2> unprotected{};
+    const auto play = [&](std::size_t own) {
+      for (int round = 0; round < 2000; ++round) {
+        while (shared->isOn() != (own == 1)) std::this_thread::yield();
+        ASSERT_EQ(unprotected[1 - own], round + static_cast<int>(own));
+        ++unprotected[own];
+        shared->setIsOn(own == 0);
+      }
+    };
+    std::jthread other([&] { play(1); });
+    play(0);
   }
 }
 
 // Readers that never pause do not keep a writer out, nor writers a reader.
-TEST(AtomicSwitch, NobodyStarves) {
-  for (const bool progressWrites : {true, false}) {
-    for (const auto& shared : oneOfEach(false)) {
+TEST_F(AtomicSwitches, LetNobodyStarve) {
+  for (auto* shared : all_) {
+    for (const bool progressWrites : {true, false}) {
+      const auto act = [&](bool writes) {
+        writes ? shared->setIsOn(true) : static_cast<void>(shared->isOn());
+      };
       std::atomic<bool> done = false;
       std::vector<std::jthread> crowd;
       for (int i = 0; i < 3; ++i) {
         crowd.emplace_back([&] {
-          while (!done) progressWrites ? static_cast<void>(shared->isOn()) : shared->setIsOn(true);
+          while (!done) act(!progressWrites);
         });
       }
-      for (int turn = 0; turn < 200; ++turn) {
-        progressWrites ? shared->setIsOn(true) : static_cast<void>(shared->isOn());
-      }
+      for (int turn = 0; turn < 200; ++turn) act(progressWrites);
       done = true;
     }
   }
 }
 
-// Two modifications that overlap: the inner one's write is overwritten by the outer one's.
-TEST(AtomicSwitch, AToggleIsLostBetweenTheReadAndTheWriteOfAnother) {
-  for (const auto& shared : oneOfEach(false)) {
+// Two modifications that overlap: the inner one's write is overwritten by the outer one's. What was
+// modified is written back also where the modification throws.
+TEST_F(AtomicSwitches, LoseAToggleBetweenTheReadAndTheWriteOfAnother) {
+  for (auto* shared : all_) {
     shared->modifyIsOn([&](bool& value) {
       std::jthread([&] { shared->toggle(); }).join();
       EXPECT_TRUE(shared->isOn());
       value = !value;
     });
     EXPECT_TRUE(shared->isOn()) << "two toggles of a switch that was off";
-    shared->toggle();
-    EXPECT_FALSE(shared->isOn());
-  }
-}
-
-TEST(AtomicSwitch, AModificationThatThrowsIsWrittenBack) {
-  for (const auto& shared : oneOfEach(false)) {
     const auto fail = [](bool& value) {
-      value = true;
+      value = false;
       throw std::runtime_error("failed");
     };
     EXPECT_THROW(shared->modifyIsOn(fail), std::runtime_error);
-    EXPECT_TRUE(shared->isOn());
+    EXPECT_FALSE(shared->isOn());
   }
+  EXPECT_TRUE(UnfairLockBasedAtomicSwitch(true).isOn());
 }
 
-TEST(AtomicSwitch, KeepsLabelQualityAndTarget) {
+TEST_F(AtomicSwitches, KeepLabelQualityAndTarget) {
   using Class = DispatchQoS::QoSClass;
-  const QueueBasedAtomicSwitch plain(true, "plain", DispatchQoS{Class::userInitiated, -3});
-  EXPECT_EQ(plain.label(), "plain");
-  EXPECT_EQ(plain.qos(), (DispatchQoS{Class::userInitiated, -3}));
-  EXPECT_EQ(plain.targetQos(), std::nullopt);
   const QueueBasedAtomicSwitch targeting(true, "targeting", Class::utility);
-  EXPECT_EQ(targeting.qos(), DispatchQoS::unspecified);
-  EXPECT_EQ(targeting.targetQos(), Class::utility);
-  const ConcurrentQueueBasedAtomicSwitch concurrent(false, "concurrent", Class::background);
-  EXPECT_EQ(concurrent.label(), "concurrent");
-  EXPECT_EQ(concurrent.qos(), DispatchQoS::unspecified);
-  EXPECT_EQ(concurrent.targetQos(), Class::background);
+  const auto kept = [](const auto& queued) {
+    return std::tuple(queued.label(), queued.qos(), queued.targetQos());
+  };
+  using Kept = decltype(kept(serial_));
+  EXPECT_TRUE(kept(serial_) == Kept("serial", {Class::userInitiated, -3}, std::nullopt));
+  EXPECT_TRUE(kept(targeting) == Kept("targeting", DispatchQoS::unspecified, Class::utility));
+  EXPECT_TRUE(kept(concurrent_) == Kept("concurrent", DispatchQoS::unspecified, Class::background));
+  EXPECT_TRUE(targeting.isOn());
 }
 
-TEST(DispatchQueue, RunsBlocksInOrderOfArrival) {
-  for (const auto kind : {Kind::serial, Kind::concurrent}) {
-    DispatchQueue queue("queue", {}, kind);
-    std::vector<int> order;
-    {
-      std::vector<std::unique_ptr<WaitingThread>> threads;
-      queue.syncBarrier([&] {
-        for (int i = 0; i < 8; ++i) {
-          threads.push_back(std::make_unique<WaitingThread>([&, i] {
-            const auto block = [&] { order.push_back(i); };
-            kind == Kind::serial ? queue.sync(block) : queue.syncBarrier(block);
-          }));
-        }
-      });
+class DispatchQueues : public testing::TestWithParam<Kind> {
+ protected:
+  DispatchQueue queue_{"queue", {}, GetParam()};
+};
+INSTANTIATE_TEST_SUITE_P(All, DispatchQueues, testing::Values(Kind::serial, Kind::concurrent));
+
+TEST_P(DispatchQueues, RunBlocksInOrderOfArrival) {
+  std::string order;
+  std::vector<std::unique_ptr<WaitingThread>> threads;
+  queue_.syncBarrier([&] {
+    for (const char name : {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'}) {
+      threads.push_back(std::make_unique<WaitingThread>([&, name] {
+        const auto block = [&] { order.push_back(name); };
+        GetParam() == Kind::serial ? queue_.sync(block) : queue_.syncBarrier(block);
+      }));
     }
-    EXPECT_EQ(order, (std::vector{0, 1, 2, 3, 4, 5, 6, 7}));
-  }
+  });
+  threads.clear();
+  EXPECT_EQ(order, "abcdefgh");
 }
 
-// Two readers meet inside; a writer that came then waits for both, and a reader behind it waits for it.
-TEST(DispatchQueue, ReadersRunTogetherAndNoneOvertakesABarrier) {
+TEST_P(DispatchQueues, PassAnExceptionAndEndTheTurn) {
+  const auto fail = [] { throw std::runtime_error("failed"); };
+  EXPECT_THROW(queue_.sync(fail), std::runtime_error);
+  EXPECT_THROW(queue_.syncBarrier(fail), std::runtime_error);
+  EXPECT_EQ(queue_.syncBarrier([] { return 7; }), 7);
+}
+
+// Two readers meet inside; a writer that came then waits for both, and readers behind it wait for it.
+TEST(DispatchQueue, LetsReadersRunTogetherAndNoneOvertakeABarrier) {
   DispatchQueue queue("queue", {}, Kind::concurrent);
-  std::vector<std::string> order;
   std::barrier inside(2);
   std::barrier leave(2);
   std::barrier together(2);
+  bool hasWritten = false;
+  std::atomic<int> lateReaders = 0;
   std::jthread second([&] {
     queue.sync([&] {
       inside.arrive_and_wait();
       leave.arrive_and_wait();
     });
   });
-  std::unique_ptr<WaitingThread> writer;
-  std::unique_ptr<WaitingThread> late;
-  std::unique_ptr<WaitingThread> later;
-  std::atomic<int> lateReaders = 0;
+  std::vector<std::unique_ptr<WaitingThread>> late;
   queue.sync([&] {
     inside.arrive_and_wait();
-    const auto read = [&] {
-      queue.sync([&] {
-        together.arrive_and_wait();
-        EXPECT_EQ(order.size(), 1U) << "the barrier comes first";
-        ++lateReaders;
-      });
-    };
-    writer = std::make_unique<WaitingThread>([&] {
+    late.push_back(std::make_unique<WaitingThread>([&] {
       queue.syncBarrier([&] {
         EXPECT_EQ(lateReaders, 0);
-        order.emplace_back("writer");
+        hasWritten = true;
       });
-    });
-    late = std::make_unique<WaitingThread>(read);
-    later = std::make_unique<WaitingThread>(read);
-    EXPECT_TRUE(order.empty());
+    }));
+    for (int i = 0; i < 2; ++i) {
+      late.push_back(std::make_unique<WaitingThread>([&] {
+        queue.sync([&] {
+          together.arrive_and_wait();
+          EXPECT_TRUE(hasWritten) << "the barrier comes first";
+          ++lateReaders;
+        });
+      }));
+    }
+    EXPECT_FALSE(hasWritten);
     leave.arrive_and_wait();
   });
-  late.reset();
-  later.reset();
+  late.clear();
   EXPECT_EQ(lateReaders, 2);
-}
-
-TEST(DispatchQueue, AnExceptionPassesAndEndsTheTurn) {
-  for (const auto kind : {Kind::serial, Kind::concurrent}) {
-    DispatchQueue queue("queue", {}, kind);
-    EXPECT_THROW(queue.sync([] { throw std::runtime_error("failed"); }), std::runtime_error);
-    EXPECT_THROW(queue.syncBarrier([] { throw std::runtime_error("failed"); }), std::runtime_error);
-    EXPECT_EQ(queue.syncBarrier([] { return 7; }), 7);
-  }
 }
 
 }  // namespace

@@ -11,8 +11,7 @@ std::string keyOfFailure(const std::function<void()>& decoding) {
   try {
     decoding();
   } catch (const DecodingError& error) {
-    EXPECT_NE(std::string(error.what()).find(error.key()), std::string::npos);
-    return error.key();
+    return std::string(error.what()).find(error.key()) == std::string::npos ? "not told" : error.key();
   }
   return "no failure";
 }
@@ -20,8 +19,7 @@ std::string keyOfFailure(const std::function<void()>& decoding) {
 TEST(CodedRecord, KeepsTheOrderOfItsKeysAndNamesTheOneThatIsWrong) {
   CodedRecord record;
   record.add("z", std::int64_t{1});
-  record.add("a", std::string("one"));
-  record.add("list", CodedList{true, 0.5});
+  record.add("a", CodedList{true, 0.5});
   EXPECT_EQ(record.members().front().key, "z");
   EXPECT_EQ(record.require<std::int64_t>("z"), 1);
   EXPECT_EQ(record.optional<std::string>("missing"), nullptr);
@@ -29,7 +27,6 @@ TEST(CodedRecord, KeepsTheOrderOfItsKeysAndNamesTheOneThatIsWrong) {
   EXPECT_EQ(keyOfFailure([&] { record.optional<std::string>("z"); }), "z");
   EXPECT_EQ(keyOfFailure([&] { record.require<double>("z"); }), "z");
   EXPECT_EQ(keyOfFailure([] { CodedValue().require<CodedRecord>(); }), "");
-
   const CodedValue value = record;
   EXPECT_EQ(value, CodedValue(record));
   record.add("more", CodedValue());

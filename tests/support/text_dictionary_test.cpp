@@ -29,11 +29,8 @@ TEST(TextDictionary, BehavesLikeAMap) {
     TextDictionary dictionary(entries);
     ASSERT_EQ(asMap(dictionary), map);
 
-    const auto key = text();
-    const auto value = text();
-    dictionary.set(key, value);
-    map[key] = value;
     const TextDictionary other{{text(), text()}, {text(), text()}};
+    for (const auto& [k, v] : other) dictionary.set(v, map[v] = k);
     dictionary.merge(other);
     for (const auto& [k, v] : other) map[k] = v;
     const auto gone = text();

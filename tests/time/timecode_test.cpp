@@ -1,12 +1,13 @@
 #include <quillonic/time.hpp>
 
-#include <array>
 #include <cstddef>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
 #include <string>
 #include <string_view>
+
+#include "texts.hpp"
 
 namespace quillonic {
 namespace {
@@ -24,89 +25,58 @@ TEST(TimecodeComponents, AcceptsStrictTimecodes) {
       {"01:02:03:04;05;", {1, 2, 3, 405}},
       {"01:02:03;:4:5", {1, 2, 3, 45, true}},
       {"9223372036854775807:00:00:9223372036854775807", {largest, 0, 0, largest}},
-      {std::string(1000, '0') + "1:00:00:00", {1, 0, 0, 0}},
-  };
+      {std::string(1000, '0') + "1:00:00:00", {1, 0, 0, 0}}};
   for (const auto& [text, components] : accepted) {
     EXPECT_EQ(TimecodeComponents::fromTimecode(text), components) << text;
   }
 }
 
 TEST(TimecodeComponents, RejectsEverythingElse) {
-  const std::string rejected[] = {
-      "",
-      ":::",
-      "00:00:00",
-      "00:00:00:",
-      ":00:00:00",
-      "00::00:00",
-      "00;00:00:00",
-      "00:00;00:00",
-      "0:00:00:00",
-      "00:0:00:00",
-      "00:00:0:00",
-      "00:00:00:0",
-      "00:61:00:00",
-      "00:00:61:00",
-      "  00:00:00:00",
-      "00:00:00:00\n",
-      "00:00:00:-1",
-      "+1:00:00:00",
-      "00:00:00.00",
-      "aa:00:00:00",
-      "00,00,00,00",
-      "\u0660\u0660:00:00:00",
-      std::string("00:00:00:00\0", 12),
-      "00:00:00:00\xff",
-      "9223372036854775808:00:00:00",
+  auto rejected = split(
+      "|:::|00:00:00|00:00:00:|:00:00:00|00::00:00|00;00:00:00|00:00;00:00|0:00:00:00|00:0:00:00|00:00:0:00|"
+      "00:00:00:0|00:61:00:00|00:00:61:00|  00:00:00:00|00:00:00:00\n|00:00:00:-1|+1:00:00:00|00:00:00.00|"
+      "aa:00:00:00|00,00,00,00|\u0660\u0660:00:00:00|00:00:00:00\xff|9223372036854775808:00:00:00|"
       "00:00:00:18446744073709551616",
-      std::string(1 << 20, '9') + ":00:00:00",
-  };
+      '|');
+  rejected.emplace_back("00:00:00:00\0", 12);
+  rejected.push_back(std::string(1 << 20, '9') + ":00:00:00");
   for (const auto& text : rejected) {
     EXPECT_EQ(TimecodeComponents::fromTimecode(text), std::nullopt) << text.substr(0, 40);
   }
 }
 
 TEST(TimecodeComponents, TheFormIsCheckedAsFarAsDemanded) {
-  int calls = 0;
-  const auto hasForm = [&](std::string_view text, bool length, bool bounds) {
-    return TimecodeComponents::timecodeHasProperForm(text, length, bounds,
-                                                     [&](const TimecodeComponents&) { ++calls; });
-  };
-  EXPECT_TRUE(hasForm("0:0:0:0", false, true));
-  EXPECT_TRUE(hasForm("00:99:99:00", true, false));
-  EXPECT_EQ(calls, 2);
-  EXPECT_FALSE(hasForm("0:0:0:0", true, false));
-  EXPECT_FALSE(hasForm("0:99:0:0", false, true));
-  EXPECT_FALSE(hasForm("0:0:0", false, false));
-  EXPECT_EQ(calls, 2) << "the closure must not hear of a text that is turned down";
+  const std::tuple<std::string_view, bool, bool, bool> rows[] = {{"0:0:0:0", false, true, true},
+                                                                 {"00:99:99:00", true, false, true},
+                                                                 {"0:0:0:0", true, false, false},
+                                                                 {"0:99:0:0", false, true, false},
+                                                                 {"0:0:0", false, false, false}};
+  for (const auto& [text, length, bounds, isProper] : rows) {
+    int calls = 0;
+    const auto count = [&](const TimecodeComponents&) { ++calls; };
+    EXPECT_EQ(TimecodeComponents::timecodeHasProperForm(text, length, bounds, count), isProper) << text;
+    EXPECT_EQ(calls, isProper ? 1 : 0) << "the closure hears of proper texts only";
+  }
 }
 
 // Every label of a day at 30 frames a second, with both separators, is parsed and written back.
 TEST(TimecodeComponents, EveryLabelOfADaySurvivesParseAndText) {
-  std::array<char, 12> label{"00:00:00:00"};
+  std::string label = "00:00:00:00";
   const auto put = [&](std::size_t at, std::int64_t number) {
     label[at] = static_cast<char>('0' + number / 10);
     label[at + 1] = static_cast<char>('0' + number % 10);
   };
-  TimecodeComponents expected;
-  auto& [h, m, s, f, drop] = expected;
-  for (h = 0; h < 24; ++h) {
-    put(0, h);
-    for (m = 0; m < 60; ++m) {
-      put(3, m);
-      for (s = 0; s < 60; ++s) {
-        put(6, s);
-        for (f = 0; f < 30; ++f) {
-          put(9, f);
-          for (const bool isDrop : {false, true}) {
-            drop = isDrop;
-            label[8] = isDrop ? ';' : ':';
-            const auto read = TimecodeComponents::fromTimecode(label.data());
-            if (read != expected || read->timecodeString() != label.data()) FAIL() << label.data();
-          }
-        }
-      }
-    }
+  for (std::int64_t n = 0; n < std::int64_t{24} * 60 * 60 * 30 * 2; ++n) {
+    const auto seconds = n / 60;
+    const TimecodeComponents expected{seconds / 3600, seconds / 60 % 60, seconds % 60, n / 2 % 30,
+                                      n % 2 == 1};
+    put(0, expected.hours);
+    put(3, expected.minutes);
+    put(6, expected.seconds);
+    put(9, expected.frames);
+    label[8] = expected.isDropFrame ? ';' : ':';
+    const auto read = TimecodeComponents::fromTimecode(label);
+    if (read != expected || read->timecodeString() != label) FAIL() << label;
   }
 }
 
@@ -124,30 +94,26 @@ TEST(TimecodeComponents, SplitsLeniently) {
       {"-:+:x:1.5", {none, none, none, none, false}},
       {"1:2:3;-:4:;5", {1, 2, 3, -45, true}},
       {"1:2:3:4-5", {1, 2, 3, none, false}},
-      {"-9223372036854775808:9223372036854775808:-9223372036854775809", {smallest, none, none, none, false}},
-  };
+      {"-9223372036854775808:9223372036854775808:-9223372036854775809", {smallest, none, none, none, false}}};
   for (const auto& [text, split] : splits) {
     EXPECT_EQ(TimecodeComponents::decomposeTimecodeString(text), split) << text;
   }
 }
 
 TEST(TimecodeComponents, SanitisesAnyText) {
-  const std::pair<std::string_view, TimecodeComponents> sanitised[] = {
-      {"1:2:3;4", {1, 2, 3, 4, true}},  {"00:00:00", {}},
-      {"  07:08:09:10", {0, 8, 9, 10}}, {"00:61:00;00", {0, 61, 0, 0, true}},
-      {"-1:02:03:04", {-1, 2, 3, 4}},   {"noon", {}},
-  };
-  for (const auto& [text, components] : sanitised) {
-    EXPECT_EQ(TimecodeComponents::sanitizedTimecode(text), components) << text;
+  // The text, and what it is written as once it is sanitised.
+  const std::pair<std::string_view, std::string_view> rows[] = {
+      {"1:2:3;4", "01:02:03;04"},
+      {"00:00:00", "00:00:00:00"},
+      {"  07:08:09:10", "00:08:09:10"},
+      {"00:61:00;00", "00:61:00;00"},
+      {"-1:02:-10:04", "0-1:02:0-10:04"},
+      {"noon", "00:00:00:00"},
+      {"123:4:5:6", "123:04:05:06"},
+      {"-9223372036854775808:9223372036854775807:0:0", "0-9223372036854775808:9223372036854775807:00:00"}};
+  for (const auto& [text, sanitised] : rows) {
+    EXPECT_EQ(TimecodeComponents::sanitizedTimecode(text).timecodeString(), sanitised);
   }
-}
-
-TEST(TimecodeComponents, WritesItsText) {
-  EXPECT_EQ((TimecodeComponents{5, 10, 0, 23}).timecodeString(), "05:10:00:23");
-  EXPECT_EQ((TimecodeComponents{123, 4, 5, 6, true}).timecodeString(), "123:04:05;06");
-  EXPECT_EQ((TimecodeComponents{-1, -10, 9, 10}).timecodeString(), "0-1:0-10:09:10");
-  EXPECT_EQ((TimecodeComponents{smallest, largest, smallest, largest}).timecodeString(),
-            "0-9223372036854775808:9223372036854775807:0-9223372036854775808:9223372036854775807");
 }
 
 // Sizes of all orders, so that every length of number is met.
@@ -163,25 +129,24 @@ TEST(TimecodeComponents, ATextOfPositiveNumbersIsSanitisedToTheSameNumbers) {
 
 TEST(TimecodeComponents, IsCodedUnderFixedKeysThatAreAllRequired) {
   const auto coded = encode(TimecodeComponents{1, 2, 3, 4, true});
-  std::string keys;
-  for (const auto& [key, value] : coded.require<CodedRecord>().members()) {
-    keys += key + " ";
-    CodedRecord without;
-    CodedRecord mistyped;
-    for (const auto& member : coded.require<CodedRecord>().members()) {
-      if (member.key != key) without.add(member.key, member.value);
-      mistyped.add(member.key, member.key == key ? CodedValue(std::string("1")) : member.value);
-    }
-    for (const auto& record : {without, mistyped}) {
+  const auto& members = coded.require<CodedRecord>().members();
+  EXPECT_EQ(joined(members, ' ', [](auto& member) { return member.key; }),
+            "hours minutes seconds frames isDropFrame");
+  for (const auto& broken : members) {
+    for (const bool mistyped : {false, true}) {
+      CodedRecord record;
+      for (const auto& member : members) {
+        if (member.key != broken.key) record.add(member.key, member.value);
+      }
+      if (mistyped) record.add(broken.key, std::string("1"));
       try {
         decode<TimecodeComponents>(record);
-        ADD_FAILURE() << key;
+        ADD_FAILURE() << broken.key;
       } catch (const DecodingError& error) {
-        EXPECT_EQ(error.key(), key);
+        EXPECT_EQ(error.key(), broken.key);
       }
     }
   }
-  EXPECT_EQ(keys, "hours minutes seconds frames isDropFrame ");
 }
 
 }  // namespace

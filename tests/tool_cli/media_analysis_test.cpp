@@ -2,7 +2,6 @@
 
 #include <bit>
 #include <cmath>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -11,82 +10,46 @@
 #include <vector>
 
 #include "child_process.hpp"
+#include "texts.hpp"
 
 namespace quillonic {
 namespace {
 
-using testing::ElementsAre;
 using Factory = MediaAnalysisCLIArgumentFactory;
 using Words = std::vector<std::string>;
 
 TEST(MediaAnalysisFlags, TakeAValueExceptTheLast) {
-  const auto expectFlags = [](auto first, const Words& names) {
+  const auto flagsOf = [](auto first) {
     using Flag = decltype(first);
-    for (const Flag flag : allCases<Flag>()) {
-      const auto at = static_cast<std::size_t>(flag);
-      EXPECT_EQ(rawValue(flag), names.at(at));
-      EXPECT_EQ(cliFlag(flag), "-" + names.at(at));
-      EXPECT_EQ(acceptsArguments(flag), at != 4) << names.at(at);
-    }
+    return joined(allCases<Flag>(), ' ', [](Flag flag) {
+      EXPECT_EQ(cliFlag(flag), "-" + std::string(rawValue(flag)));
+      return std::string(rawValue(flag)) + (acceptsArguments(flag) ? "=" : "");
+    });
   };
-  expectFlags(MediaAnalysisCLIFlag{},
-              {"pathToAnalyze", "analysisId", "workDirectory", "resultsFilePath", "deepAnalysis"});
-  expectFlags(MediaAnalysisImageCLIFlags{},
-              {"compressionFactor", "snapshotLocation", "maxImageWidth", "imageHeight", "allowFinderImages"});
+  EXPECT_EQ(flagsOf(MediaAnalysisCLIFlag{}),
+            "pathToAnalyze= analysisId= workDirectory= resultsFilePath= deepAnalysis");
+  EXPECT_EQ(flagsOf(MediaAnalysisImageCLIFlags{}),
+            "compressionFactor= snapshotLocation= maxImageWidth= imageHeight= allowFinderImages");
   EXPECT_EQ(fromRawValue<MediaAnalysisCLIFlag>("DeepAnalysis"), std::nullopt);
   EXPECT_EQ(sanitizedFlag(MediaAnalysisImageCLIFlags::maxImageWidth), "-maximagewidth");
-  EXPECT_THAT(sanitizeAll<MediaAnalysisImageCLIFlags>(CLISanitizationOptions::lowercase), testing::SizeIs(5));
-}
-
-TEST(MediaAnalysisFlags, SnapshotLocationsRunTogether) {
+  EXPECT_EQ(joined(sanitizeAll<MediaAnalysisImageCLIFlags>(CLISanitizationOptions::lowercase)),
+            "-compressionfactor -snapshotlocation -maximagewidth -imageheight -allowfinderimages");
   EXPECT_EQ(snapShotLocationsCLIValue({}), "");
-  EXPECT_EQ(snapShotLocationsCLIValue(std::vector{0.25F, 0.5F}),
-            "-snapshotLocation 0.25-snapshotLocation 0.5");
-  EXPECT_EQ(snapShotLocationsCLIValue(std::vector{0.1F}), "-snapshotLocation 0.1");
+  EXPECT_EQ(snapShotLocationsCLIValue(std::vector{0.25F, 0.1F}),
+            "-snapshotLocation 0.25-snapshotLocation 0.1");
 }
 
 TEST(MediaAnalysisErrors, AreErrorCodesNamedByTheirCase) {
   const std::error_code code = MediaAnalysisCLIError::resultsFileAlreadyExists;
-  EXPECT_EQ(code.message(), "resultsFileAlreadyExists");
+  const std::error_code imageCode = MediaAnalysisCLIImageError::missingMaxImageWidth;
+  EXPECT_EQ(code.message() + " " + imageCode.message(), "resultsFileAlreadyExists missingMaxImageWidth");
   EXPECT_EQ(code, MediaAnalysisCLIError::resultsFileAlreadyExists);
-  EXPECT_EQ(make_error_code(MediaAnalysisCLIImageError::missingMaxImageWidth).message(),
-            "missingMaxImageWidth");
   EXPECT_NE(make_error_code(MediaAnalysisCLIError::pathToAnalyzeNotSupplied),
             make_error_code(MediaAnalysisCLIImageError::missingSnapshotLocations));
   EXPECT_EQ(allCases<MediaAnalysisCLIError>().size(), 7U);
 }
 
-TEST(MediaAnalysisOptions, WriteTheirWordsInTheFixedOrder) {
-  auto basic = Factory::buildBasicOptions({"/b", "/a c"}, "/work", "/results", std::nullopt, false);
-  EXPECT_THAT(basic.orderedCLITexts(),
-              ElementsAre("-pathToAnalyze", "/b", "-pathToAnalyze", "/a c", "-workDirectory", "/work",
-                          "-resultsFilePath", "/results"));
-  EXPECT_EQ(basic.argumentLookup(), (TextDictionary{{"-pathToAnalyze", "[/b /a c"},
-                                                    {"-workDirectory", "/work"},
-                                                    {"-resultsFilePath", "/results"}}));
-  basic = Factory::buildBasicOptions({}, "", "r", "", true);
-  EXPECT_THAT(basic.orderedCLITexts(),
-              ElementsAre("-workDirectory", "", "-resultsFilePath", "r", "-analysisId", "", "-deepAnalysis"));
-  EXPECT_EQ(basic.cliString(), "-workDirectory-resultsFilePathr-analysisId-deepAnalysis");
-  EXPECT_THAT(basic.commandLineArguments(), ElementsAre("-analysisId", "", "-deepAnalysis", "",
-                                                        "-resultsFilePath", "r", "-workDirectory", ""));
-
-  const auto wide = Factory::buildImageOptions({0.25F}, 1920, std::nullopt, false);
-  EXPECT_THAT(wide.orderedCLITexts(), ElementsAre("-snapshotLocation", "0.25", "-maxImageWidth", "1920.0"));
-  EXPECT_EQ(wide.argumentLookup().find("-snapshotLocation")->value, "[0.25");
-  const auto sized = Factory::buildImageOptions({}, 640, 360.5, 0.1F, true);
-  EXPECT_THAT(sized.orderedCLITexts(), ElementsAre("-maxImageWidth", "640.0", "-imageHeight", "360.5",
-                                                   "-compressionFactor", "0.1", "-allowFinderImages"));
-  EXPECT_FALSE(sized.argumentLookup().contains("-snapshotLocation"));
-
-  auto custodial = Factory::custodialOptions(4711);
-  EXPECT_THAT(custodial.orderedCLITexts(), ElementsAre("-parentPid", "4711"));
-  custodial.parentAppNumber = std::numeric_limits<std::int64_t>::max();
-  EXPECT_THAT(custodial.orderedCLITexts(),
-              ElementsAre("-parentPid", "4711", "-parentAppNumber", "9223372036854775807"));
-}
-
-Words joined(std::initializer_list<const MediaAnalysisCLIRecord*> records) {
+Words wordsOf(std::initializer_list<const MediaAnalysisCLIRecord*> records) {
   Words words;
   for (const auto* record : records) {
     const auto texts = record->orderedCLITexts();
@@ -95,13 +58,40 @@ Words joined(std::initializer_list<const MediaAnalysisCLIRecord*> records) {
   return words;
 }
 
+// The words in their own order, and those of the dictionary.
+void expectWords(const MediaAnalysisCLIRecord& record, std::string_view ordered, std::string_view byKey) {
+  EXPECT_EQ(joined(record.orderedCLITexts(), '|'), ordered);
+  EXPECT_EQ(joined(record.commandLineArguments(), '|'), byKey);
+}
+
+TEST(MediaAnalysisOptions, WriteTheirWordsInTheFixedOrder) {
+  expectWords(Factory::buildBasicOptions({"/b", "/a c"}, "/work", "/results", std::nullopt, false),
+              "-pathToAnalyze|/b|-pathToAnalyze|/a c|-workDirectory|/work|-resultsFilePath|/results",
+              "-pathToAnalyze|[/b /a c|-resultsFilePath|/results|-workDirectory|/work");
+  const auto empty = Factory::buildBasicOptions({}, "", "r", "", true);
+  expectWords(empty, "-workDirectory||-resultsFilePath|r|-analysisId||-deepAnalysis",
+              "-analysisId||-deepAnalysis||-resultsFilePath|r|-workDirectory|");
+  EXPECT_EQ(empty.cliString(), "-workDirectory-resultsFilePathr-analysisId-deepAnalysis");
+  expectWords(Factory::buildImageOptions({0.25F}, 1920, std::nullopt, false),
+              "-snapshotLocation|0.25|-maxImageWidth|1920.0",
+              "-maxImageWidth|1920.0|-snapshotLocation|[0.25");
+  expectWords(Factory::buildImageOptions({}, 640, 360.5, 0.1F, true),
+              "-maxImageWidth|640.0|-imageHeight|360.5|-compressionFactor|0.1|-allowFinderImages",
+              "-allowFinderImages||-compressionFactor|0.1|-imageHeight|360.5|-maxImageWidth|640.0");
+  auto custodial = Factory::custodialOptions(4711);
+  expectWords(custodial, "-parentPid|4711", "-parentPid|4711");
+  custodial.parentAppNumber = std::numeric_limits<std::int64_t>::max();
+  expectWords(custodial, "-parentPid|4711|-parentAppNumber|9223372036854775807",
+              "-parentAppNumber|9223372036854775807|-parentPid|4711");
+}
+
 // Whatever a parent asks for arrives as the same records, in any order of their words.
 TEST(MediaAnalysisArguments, ComeBackEqual) {
   std::mt19937 random(5);
   const auto text = [&] {
-    const std::string_view pieces[] = {
-        "/media/", " ",    "-deepAnalysis", "[",  "\xff", "\u00c9",
-        "\n",      "take", "-parentPid",    "\"", "A",    std::string_view("\0", 1)};
+    using namespace std::string_view_literals;
+    static const auto pieces =
+        split("/media/| |-deepAnalysis|[|\xff|\u00c9|\n|take|-parentPid|\"|A|\0"sv, '|');
     std::string made;
     for (auto n = random() % 5; n > 0; --n) made += pieces[random() % std::size(pieces)];
     return made.starts_with('-') ? "/" + made : made;
@@ -124,7 +114,7 @@ TEST(MediaAnalysisArguments, ComeBackEqual) {
     auto custodial = Factory::custodialOptions(static_cast<std::int32_t>(random() >> 1));
     custodial.parentAppNumber = maybe([&] { return static_cast<std::int64_t>(random()); });
 
-    for (const auto& words : {joined({&basic, &image, &custodial}), joined({&custodial, &image, &basic})}) {
+    for (const auto& words : {wordsOf({&basic, &image, &custodial}), wordsOf({&custodial, &image, &basic})}) {
       const auto read = MediaAnalysisCLIArguments::read(words);
       ASSERT_EQ(read.basic, basic) << testing::PrintToString(words);
       ASSERT_EQ(read.image, image) << testing::PrintToString(words);
@@ -134,64 +124,42 @@ TEST(MediaAnalysisArguments, ComeBackEqual) {
   }
 }
 
-TEST(MediaAnalysisArguments, ReportWhatIsMissing) {
-  using enum MediaAnalysisCLIError;
-  using enum MediaAnalysisCLIImageError;
-  struct Row {
-    Words words;
-    std::vector<MediaAnalysisCLIError> errors;
-    std::vector<MediaAnalysisCLIImageError> imageErrors;
-  };
-  const Row rows[] = {
-      {{}, {pathToAnalyzeNotSupplied, workDirectoryNotSupplied, resultsFilePathNotSupplied}, {}},
-      {{"/before", "-workDirectory", "w", "-pathToAnalyze", "-resultsFilePath"},
-       {pathToAnalyzeNotSupplied, resultsFilePathNotSupplied},
-       {}},
-      {{"-pathToAnalyze", "a", "-workDirectory", "w", "-resultsFilePath", "-r"},
-       {resultsFilePathNotSupplied},
-       {}},
-      {{"-PATHTOANALYZE", "a", "b", "-workDirectoryPath", "w", "-resultsFilePath", "r", "-deepAnalysis", "x"},
-       {},
-       {}},
-      {{"-pathToAnalyze", "", "-workDirectory", "", "-resultsFilePath", "", "-allowFinderImages"},
-       {},
-       {missingSnapshotLocations, missingMaxImageWidth}},
-      {{"-pathToAnalyze", "a", "-workDirectory", "w", "-resultsFilePath", "r", "-maxImageWidth", "wide",
-        "-snapshotLocation", "1e-3"},
-       {},
-       {missingMaxImageWidth}},
-  };
-  for (const auto& [words, errors, imageErrors] : rows) {
-    const auto read = MediaAnalysisCLIArguments::read(words);
-    EXPECT_EQ(read.errors, errors) << testing::PrintToString(words);
-    EXPECT_EQ(read.imageErrors, imageErrors) << testing::PrintToString(words);
-    EXPECT_EQ(read.basic.has_value(), errors.empty()) << testing::PrintToString(words);
-    EXPECT_FALSE(read.image) << testing::PrintToString(words);
-  }
-  const auto read = MediaAnalysisCLIArguments::read(rows[3].words);
-  EXPECT_EQ(read.basic, Factory::buildBasicOptions({"a", "b"}, "w", "r", std::nullopt, true));
-}
-
-TEST(MediaAnalysisArguments, SetAsideWhatIsOfNoUse) {
+// The words, the errors named, and what is set aside as "flag value", or "flag" alone where no value stood.
+TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
   using Aside = MediaAnalysisCLIArguments::SetAside;
-  const std::pair<Words, std::vector<Aside>> rows[] = {
-      {{"-Unknown", "a", "b", "-x"}, {{"-unknown", "a"}, {"-unknown", "b"}, {"-x", std::nullopt}}},
-      {{"-analysisId", "-"}, {{"-analysisid", std::nullopt}, {"-", std::nullopt}}},
-      {{"-snapshotLocation", "0.5", "half", "", " 1"},
-       {{"-snapshotlocation", "half"}, {"-snapshotlocation", ""}, {"-snapshotlocation", " 1"}}},
-      {{"-maxImageWidth", "1e39", "-imageHeight", "-0.5"},
-       {{"-maximagewidth", "1e39"}, {"-imageheight", std::nullopt}, {"-0.5", std::nullopt}}},
-      {{"-parentPid", "2147483648", "-parentPid", "1.5"},
-       {{"-parentpid", "2147483648"}, {"-parentpid", "1.5"}}},
-      {{"-parentAppNumber", "7", "-x"}, {{"-x", std::nullopt}, {"-parentappnumber", "7"}}},
-  };
-  for (const auto& [words, setAside] : rows) {
-    const auto read = MediaAnalysisCLIArguments::read(words);
-    EXPECT_EQ(read.setAside, setAside) << testing::PrintToString(words);
-    EXPECT_FALSE(read.custodial);
+  const std::string needed = "-pathToAnalyze|a|-workDirectory|w|-resultsFilePath|r";
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      {"", "pathToAnalyzeNotSupplied workDirectoryNotSupplied resultsFilePathNotSupplied", ""},
+      {"/before|-workDirectory|w|-pathToAnalyze|-resultsFilePath",
+       "pathToAnalyzeNotSupplied resultsFilePathNotSupplied", "-pathtoanalyze|-resultsfilepath"},
+      {"-pathToAnalyze|a|-workDirectory|w|-resultsFilePath|-r", "resultsFilePathNotSupplied",
+       "-resultsfilepath|-r"},
+      {"-pathToAnalyze||-workDirectory||-resultsFilePath||-allowFinderImages",
+       "missingSnapshotLocations missingMaxImageWidth", ""},
+      {needed + "|-maxImageWidth|wide|-snapshotLocation|1e-3", "missingMaxImageWidth", "-maximagewidth wide"},
+      {needed + "|-Unknown|a|b|-x", "", "-unknown a|-unknown b|-x"},
+      {needed + "|-analysisId|-", "", "-analysisid|-"},
+      {needed + "|-snapshotLocation|0.5|half|| 1", "missingMaxImageWidth",
+       "-snapshotlocation half|-snapshotlocation |-snapshotlocation  1"},
+      {needed + "|-maxImageWidth|1e39|-imageHeight|-0.5", "missingSnapshotLocations missingMaxImageWidth",
+       "-maximagewidth 1e39|-imageheight|-0.5"},
+      {needed + "|-parentPid|2147483648|-parentPid|1.5", "", "-parentpid 2147483648|-parentpid 1.5"},
+      {needed + "|-parentAppNumber|7|-x", "", "-x|-parentappnumber 7"}};
+  for (const auto& [words, errors, setAside] : rows) {
+    const auto read = MediaAnalysisCLIArguments::read(split(words, '|'));
+    EXPECT_EQ(joined(read.errors) + joined(read.imageErrors), errors) << words;
+    EXPECT_EQ(joined(read.setAside, '|',
+                     [](const Aside& aside) { return aside.flag + (aside.value ? " " + *aside.value : ""); }),
+              setAside)
+        << words;
+    EXPECT_EQ(read.basic.has_value(), read.errors.empty()) << words;
+    EXPECT_FALSE(read.image || read.custodial) << words;
   }
   const auto read = MediaAnalysisCLIArguments::read(
-      {"-snapshotLocation", "nan", "-maxImageWidth", "1", "2", "-maxImageWidth", "wide"});
+      split("-PATHTOANALYZE|a|b|-workDirectoryPath|w|-resultsFilePath|r|-deepAnalysis|x|"
+            "-snapshotLocation|nan|-maxImageWidth|1|2|-maxImageWidth|wide",
+            '|'));
+  EXPECT_EQ(read.basic, Factory::buildBasicOptions({"a", "b"}, "w", "r", std::nullopt, true));
   EXPECT_EQ(read.image->maxImageWidth, 2);
   EXPECT_TRUE(std::isnan(read.image->snapshotLocations.front()));
 }
@@ -205,7 +173,7 @@ TEST(MediaAnalysisTool, DoesWhatItsParentAsksFor) {
   const auto basic = Factory::buildBasicOptions({media, folder.path()}, folder.path(), results, "A 7", true);
   const auto image = Factory::buildImageOptions({0.25F, 0.5F}, 1920.5, std::nullopt, false);
   const auto custodial = Factory::custodialOptions(getpid());
-  const auto words = joined({&basic, &image, &custodial});
+  const auto words = wordsOf({&basic, &image, &custodial});
   const auto tool = std::filesystem::path(EXAMPLES_DIRECTORY) / "media_analysis_tool";
 
   const auto first = runChild(tool, words);

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "texts.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -59,8 +61,9 @@ TEST(CLISanitizationOptions, TrimsTheUnicodeWhiteSpaceAndNothingElse) {
 }
 
 TEST(CLISanitizationOptions, KeepsBytesThatAreNotUtf8) {
-  for (const std::string bytes : {"\xff", "\xc3", "\xe3\x80", "\x80\xa0", "\xa0", "\x85", "\xc0\xa0",
-                                  "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xe0\x80\xa0"}) {
+  for (const auto& bytes :
+       split("\xff|\xc3|\xe3\x80|\x80\xa0|\xa0|\x85|\xc0\xa0|\xed\xa0\x80|\xf4\x90\x80\x80|\xe0\x80\xa0",
+             '|')) {
     EXPECT_EQ((lowercase | trim).sanitize(" A" + bytes + "\u3000"), "a" + bytes);
     EXPECT_EQ((lowercase | trim).sanitize(bytes), bytes);
     EXPECT_EQ((lowercase | trim).sanitize(bytes + "\u00c9"), bytes + "\u00e9");

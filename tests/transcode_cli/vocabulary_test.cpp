@@ -1,31 +1,20 @@
 #include <quillonic/transcode_cli.hpp>
 
 #include <gtest/gtest.h>
+#include <ranges>
 #include <string>
 #include <thread>
 #include <type_traits>
 #include <unordered_set>
 #include <vector>
 
+#include "texts.hpp"
+
 namespace quillonic {
 namespace {
 
 using Codec = VAVTranscodeArgumentVideoCodecValue;
 using FileFormat = VAVTranscodeArgumentFileFormatValue;
-
-// Texts, or things that have a text, as one text.
-std::string joined(const auto& items) {
-  std::string all;
-  for (const auto& item : items) {
-    if (!all.empty()) all += " ";
-    if constexpr (RawHashCase<std::remove_cvref_t<decltype(item)>>) {
-      all += rawValue(item);
-    } else {
-      all += item;
-    }
-  }
-  return all;
-}
 
 // Written out once more, because programs that are already shipped depend on these texts and their order.
 TEST(TranscodeVocabulary, ListsFlagsAndValuesInTheirFixedOrder) {
@@ -88,14 +77,15 @@ TEST(TranscodeVocabulary, TellsWhichFlagsTakeNoValue) {
 }
 
 TEST(TranscodeVocabulary, ValuesNameTheirFlag) {
-  EXPECT_EQ(VAVMp4Format.fileFlag(), VAVFileFormatFlag);
-  EXPECT_EQ(VAVMpeg4Codec.videoFlag(), VAVVideoFormatFlag);
-  EXPECT_EQ(VAVCropAspect.cliFlag(), "-aspect_scaling");
-  EXPECT_EQ(VAVSrgbColorSpace.cliFlag(), "-c_space");
-  EXPECT_EQ(VAVAacAudioFormatValue.audioFlag(), VAVAudioFormatFlag);
-  EXPECT_EQ(VAVStereoAudioLayout.cliFlag(), "-acl");
-  EXPECT_EQ(VAVVantiroCloudPresetValue.cliFlag(), "-preset");
-  EXPECT_EQ(VAVAnchorTopLeft.cliFlag(), "tl");
+  const std::string_view flags[] = {VAVMp4Format.fileFlag(),
+                                    VAVMpeg4Codec.videoFlag(),
+                                    VAVCropAspect.cliFlag(),
+                                    VAVSrgbColorSpace.cliFlag(),
+                                    VAVAacAudioFormatValue.audioFlag(),
+                                    VAVStereoAudioLayout.cliFlag(),
+                                    VAVVantiroCloudPresetValue.cliFlag(),
+                                    VAVAnchorTopLeft.cliFlag()};
+  EXPECT_EQ(joined(flags), "-file_format -vcodec -aspect_scaling -c_space -acodec -acl -preset tl");
 }
 
 TEST(TranscodeVocabulary, WrapsAnyTextAndComparesByText) {
@@ -113,15 +103,15 @@ TEST(TranscodeVocabulary, WrapsAnyTextAndComparesByText) {
 }
 
 TEST(TranscodeVocabulary, FormatsAndCodecsNameTheirExtensions) {
-  EXPECT_EQ(joined(VAVQuickTimeFileFormat.validExtensions()), "mov mp4");
-  EXPECT_EQ(joined(VAVMp4Format.validExtensions()), "mp4 mov");
-  EXPECT_EQ(joined(VAVWaveFileFormat.validExtensions()), "wav");
+  const auto extensions = [](const Codec& codec) { return joined(codec.permittedExtensions()); };
+  EXPECT_EQ(
+      joined(FileFormat::allCases(), ';', [](auto& format) { return joined(format.validExtensions()); }),
+      "mov mp4;mp4 mov;wav");
   EXPECT_EQ(VAVMp4Format.preferredFileExtension(), FileExtension::mp4);
   EXPECT_EQ(FileFormat(std::string("avi")).preferredFileExtension(), std::nullopt);
-  std::string all;
-  for (const auto& codec : Codec::allCases()) all += joined(codec.permittedExtensions()) + ";";
-  EXPECT_EQ(all, "mxf;mp4 mov;mov;mov mjpeg;mov;mov;mov;mov;mov;mov;mov;");
-  EXPECT_EQ(joined(Codec(std::string("other")).permittedExtensions()), "");
+  EXPECT_EQ(joined(Codec::allCases(), ';', extensions),
+            "mxf;mp4 mov;mov;mov mjpeg;mov;mov;mov;mov;mov;mov;mov");
+  EXPECT_EQ(extensions(Codec(std::string("other"))), "");
 }
 
 TEST(TranscodeVocabulary, TheHostChangesTheCodecGroupsWhileOthersRead) {
@@ -149,13 +139,13 @@ TEST(TranscodeVocabulary, TheHostChangesTheCodecGroupsWhileOthersRead) {
 }
 
 TEST(TranscodeVocabulary, ReadsTheStoredColourSpaces) {
-  std::string texts;
-  for (const int number : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1}) {
-    const auto stored = static_cast<Cloud_ConversionOptions::VideoTranscodeOptions::ColorSpace>(number);
-    const auto value = VAVTranscodeArgumentColorSpaceValue::fromColorSpace(stored);
-    texts.append(value ? value->rawValue() : "-").append(" ");
-  }
-  EXPECT_EQ(texts, "- - rec_2020 rec_709 sRGB - - smpte_c ebu_3213 - - ");
+  using Stored = Cloud_ConversionOptions::VideoTranscodeOptions::ColorSpace;
+  const auto read = [](int number) {
+    const auto value = VAVTranscodeArgumentColorSpaceValue::fromColorSpace(static_cast<Stored>(number));
+    return std::string(value ? value->rawValue() : "-");
+  };
+  EXPECT_EQ(joined(std::views::iota(-1, 10), ' ', read),
+            "- - - rec_2020 rec_709 sRGB - - smpte_c ebu_3213 -");
 }
 
 TEST(TranscodeCliPreset, HoldsTheBuiltInPresets) {
@@ -163,18 +153,18 @@ TEST(TranscodeCliPreset, HoldsTheBuiltInPresets) {
   EXPECT_EQ(joined(allCases<TranscodeCliPreset>()), "vantiroCloud proRes4444XQ");
   EXPECT_EQ(description(vantiroCloud), "cloud");
   EXPECT_EQ(description(proRes4444XQ), "ProRes 4444 XQ");
-  EXPECT_EQ(presetCliValue(vantiroCloud), VAVVantiroCloudPresetValue);
-  EXPECT_EQ(presetCliValue(proRes4444XQ), VAVVantiroProRes4444XQPresetValue);
   EXPECT_EQ(joined(orderedArgumentsAsList(vantiroCloud)),
             "-file_format qt -vcodec h264 -dims 960x540 -aspect_scaling stretch -vbr 3 -web  -acodec aac "
-            "-asr 48000 "
-            "-acl stereo");
+            "-asr 48000 -acl stereo");
   EXPECT_EQ(joined(orderedArgumentsAsList(proRes4444XQ)),
             "-file_format qt -vcodec prores4444xq -acodec lpcm");
-  EXPECT_EQ(TranscodeCliArguments(orderedArgumentsAsList(vantiroCloud)).flagValueLookup(),
-            TranscodeCliArguments::vantiroCloudPresetArguments());
-  EXPECT_EQ(TranscodeCliArguments(orderedArgumentsAsList(proRes4444XQ)).flagValueLookup(),
-            TranscodeCliArguments::vantiroProRes4444XQPresetArguments());
+  const auto read = [](auto preset) {
+    return TranscodeCliArguments(orderedArgumentsAsList(preset)).flagValueLookup();
+  };
+  EXPECT_EQ(read(vantiroCloud), TranscodeCliArguments::vantiroCloudPresetArguments());
+  EXPECT_EQ(read(proRes4444XQ), TranscodeCliArguments::vantiroProRes4444XQPresetArguments());
+  EXPECT_EQ(presetCliValue(vantiroCloud), VAVVantiroCloudPresetValue);
+  EXPECT_EQ(presetCliValue(proRes4444XQ), VAVVantiroProRes4444XQPresetValue);
 }
 
 }  // namespace

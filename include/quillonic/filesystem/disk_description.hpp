@@ -1,8 +1,7 @@
 /// What the description of a disk says about the volume on it.
 ///
-///     const auto dictionary = diskDescriptionOfVolume("/media/CARD");       // see
-///     platform/disk_descriptions.hpp if (dictionary &&
-///     DiskDescription(*dictionary).indicatesVolumeIsNetworkDevice()) ...
+///     const auto dictionary = diskDescriptionOfVolume("/media/CARD");   // platform/disk_descriptions.hpp
+///     if (dictionary && DiskDescription(*dictionary).indicatesVolumeIsNetworkDevice()) ...
 #pragma once
 
 #include <quillonic/export.hpp>

@@ -1,7 +1,7 @@
 /// The mounted volumes, and which of them holds an item.
 ///
-///     const MountTable table = MountTable::current();                   // one reading for any number of
-///     items for (const auto& item : items) {
+///     const MountTable table = MountTable::current();   // one reading for any number of items
+///     for (const auto& item : items) {
 ///       if (const Mount* mount = table.holding(item)) use(mount->mountPoint);
 ///     }
 #pragma once

@@ -1,9 +1,9 @@
 /// A value of any type, for dictionaries whose values differ in kind: file attributes, disk descriptions.
 ///
 ///     std::map<std::string, AnyValue> attributes{{"size", 4096}, {"name", "clip.mov"}};
-///     std::optional<std::uint64_t> size = attributes["size"].as<std::uint64_t>();       // 4096
-///     std::optional<std::string_view> none = attributes["size"].as<std::string_view>(); // a number is no
-///     text bool same = attributes["size"] == AnyValue(4096.0);                               // true
+///     auto size = attributes["size"].as<std::uint64_t>();       // 4096
+///     auto none = attributes["size"].as<std::string_view>();    // nothing: a number is no text
+///     bool same = attributes["size"] == AnyValue(4096.0);       // true
 #pragma once
 
 #include <quillonic/export.hpp>

@@ -25,7 +25,12 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
     if constexpr (std::is_function_v<Target>) {
       target_.function = reinterpret_cast<void (*)()>(&callable);
       call_ = [](Bound bound, Arguments... arguments) -> Result {
-        return reinterpret_cast<Target*>(bound.function)(std::forward<Arguments>(arguments)...);
+        const auto target = reinterpret_cast<Target*>(bound.function);
+        if constexpr (std::is_void_v<Result>) {
+          target(std::forward<Arguments>(arguments)...);
+        } else {
+          return target(std::forward<Arguments>(arguments)...);
+        }
       };
     } else {
       target_.object = std::addressof(callable);

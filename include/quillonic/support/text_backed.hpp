@@ -1,8 +1,8 @@
 /// Open enumerations: values that are a text, of which only some are listed.
 ///
-///     VAVTranscodeArgumentVideoCodecValue codec = VAVAvcH264Codec;               // a listed constant, no
-///     cost VAVTranscodeArgumentVideoCodecValue other{std::string_view{"cineform"}};   // any text can be
-///     wrapped bool same = codec == other;                                                // by text
+///     VAVTranscodeArgumentVideoCodecValue codec = VAVAvcH264Codec;   // a listed constant, at no cost
+///     VAVTranscodeArgumentVideoCodecValue other(userText);           // any std::string can be wrapped
+///     if (codec == other) ...                                        // by text
 #pragma once
 
 #include <quillonic/support/enumeration.hpp>

@@ -1,7 +1,6 @@
 /// Timecodes as hours, minutes, seconds and frames, and their texts.
 ///
-///     if (auto start = TimecodeComponents::fromTimecode("01:00:00;00")) {   // strict: nothing for a bad
-///     text
+///     if (auto start = TimecodeComponents::fromTimecode("01:00:00;00")) {   // strict
 ///       start->hours += 1;
 ///       use(start->timecodeString());                                       // "02:00:00;00"
 ///     }

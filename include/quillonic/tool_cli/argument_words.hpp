@@ -5,13 +5,15 @@
 ///     }
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <initializer_list>
+#include <ranges>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
-#include <vector>
 
 namespace quillonic {
 
@@ -19,18 +21,22 @@ namespace quillonic {
 /// stay for as long as the view is used; every operation of this library that takes one is done with it on
 /// return.
 class ArgumentWords {
+  template <class Word>
+  static constexpr bool isText = std::same_as<Word, std::string> || std::same_as<Word, std::string_view> ||
+                                 std::same_as<Word, const char*> || std::same_as<Word, char*>;
+  template <class Word>
+  using View = std::span<std::conditional_t<std::is_pointer_v<Word>, const char* const, const Word>>;
+
  public:
   constexpr ArgumentWords() noexcept = default;
 
-  // A list of words in any of its usual forms reads as itself.
-  // NOLINTBEGIN(google-explicit-constructor)
-  constexpr ArgumentWords(std::span<const std::string> words) noexcept : words_(words) {}
-  constexpr ArgumentWords(std::span<const std::string_view> words) noexcept : words_(words) {}
-  constexpr ArgumentWords(std::span<const char* const> words) noexcept : words_(words) {}
-  constexpr ArgumentWords(const std::vector<std::string>& words) noexcept
-      : words_(std::span<const std::string>(words)) {}
-  constexpr ArgumentWords(const std::vector<std::string_view>& words) noexcept
-      : words_(std::span<const std::string_view>(words)) {}
+  /// Any list of words side by side: a vector, array or span of `std::string`, `std::string_view` or NUL-ended
+  /// texts. Never name a view of a list that is itself temporary.
+  // NOLINTBEGIN(google-explicit-constructor): a list of words reads as itself
+  template <std::ranges::contiguous_range Words>
+  requires(!std::same_as<std::remove_cvref_t<Words>, ArgumentWords> && std::ranges::sized_range<Words> &&
+           isText<std::ranges::range_value_t<Words>>) constexpr ArgumentWords(Words&& words) noexcept
+      : words_(View<std::ranges::range_value_t<Words>>(std::ranges::data(words), std::ranges::size(words))) {}
   constexpr ArgumentWords(std::initializer_list<std::string_view> words) noexcept
       : words_(std::span<const std::string_view>(words.begin(), words.size())) {}
   // NOLINTEND(google-explicit-constructor)

@@ -1,11 +1,13 @@
 /// Takes a tool's argument list apart: which words are flags, which flags are known, which values belong to
 /// them.
 ///
-///     CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(flagForm), flagForm);
+///     constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
+///     const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
+///     auto [custodial, rest] = sanitizer.splitByValidity(words);   // the parent's flags, and the tool's own
 ///     sanitizer.enumerateSanitizedCLIEntries(
-///         words, [](std::string_view) { return CLISanitizationOptions{}; },
-///         [&](std::string_view flag, std::optional<std::string_view> value) { ... },   // known
-///         [&](std::string_view flag, std::optional<std::string_view> value) { ... });  // unknown
+///         custodial, [](std::string_view flag) { return CLISanitizationOptions{}; },
+///         [&](std::string_view flag, std::optional<std::string_view> value) { ... },    // known
+///         [&](std::string_view flag, std::optional<std::string_view> value) { ... });   // unknown
 #pragma once
 
 #include <quillonic/export.hpp>

@@ -66,7 +66,8 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// The same under its second name.
   static TranscodeCliArguments from(const TextDictionary& argumentLookup);
 
-  /// Reads back what `encode` gave. Throws a `DecodingError` that names the key that is missing or mistyped.
+  /// Reads back what `encode` gave, and takes it as it stands: flags are neither normalised nor checked again.
+  /// Of two equal keys the first counts. Throws a `DecodingError` that names the key that is missing or mistyped.
   static TranscodeCliArguments from(const CodedValue& coded);
   /// The whole state, set-aside flags and the order of flags included: a record with "flagValueLookup" and,
   /// where they are present, "orderedFlags" and "invalidKeyValueLookup".
@@ -107,6 +108,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   std::optional<InputFileGroups> inputFileGroups() const;
   /// Replaces all input files, a plain "-in" included. The files of a group get the positions 0, 1, 2 and so
   /// on. Absent, and groups without files, just remove.
+  void setInputFileGroups(const InputFileGroups& groups);
   void setInputFileGroups(const std::optional<InputFileGroups>& groups);
 
   /// All input files: the one of a plain "-in" that has a value, then group by group. Absent when there are

@@ -87,7 +87,7 @@ class VAVTranscodeArriLookArgumentFlag : public TranscodeFlag<VAVTranscodeArriLo
 
 /// A fixed value of some flag: `cliFlag` is the text of that flag, not the value's own text.
 template <class T>
-concept CLIArgumentOption = requires(const T& value) {
+concept CLIArgumentOption = !CliFlag<T> && requires(const T& value) {
   { cliFlag(value) } -> std::convertible_to<std::string_view>;
 };
 

@@ -331,6 +331,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   TranscodeTimecodeDetail timecodeDetail() const;
   /// Sets each field that differs from `timecodeDetail()`, in the record's order and as its own setter does.
   /// An option that nobody changed so keeps the text it has, also one that does not read.
+  /// The separator of a timecode that is set follows the record's switch.
   void update(const TranscodeTimecodeDetail& fromTimecodeDetail);
   /// The settings of the image watermark.
   TranscodeWatermarkImageFileDetail watermarkImageFileDetail() const;

@@ -1,11 +1,11 @@
 /// The transcoder's vocabulary: every flag and every fixed value as a constant, and what each can tell of
 /// itself.
 ///
-///     VAVVideoFormatFlag.cliFlag();                                       // "-vcodec"
-///     VAVNoVideoFlag.acceptsArguments();                                  // false
-///     VAVAvcH264Codec.cliFlag();                                          // "-vcodec", the flag it belongs
-///     to VAVTranscodeArgumentFileFormatValue::fromStringValue("qt");         // VAVQuickTimeFileFormat
-///     VAVQuickTimeFileFormat.preferredFileExtension();                    // FileExtension::mov
+///     VAVVideoFormatFlag.cliFlag();                      // "-vcodec"
+///     VAVNoVideoFlag.acceptsArguments();                 // false
+///     cliFlag(VAVAvcH264Codec);                          // "-vcodec", the flag that the value belongs to
+///     VAVQuickTimeFileFormat.preferredFileExtension();   // FileExtension::mov
+///     VAVTranscodeArgumentFileFormatValue::fromStringValue("qt");   // VAVQuickTimeFileFormat
 ///
 /// The constants cost nothing at start-up. Any other text can be wrapped in the same types, so that a value
 /// of a newer tool is carried along and not lost.

@@ -1,0 +1,44 @@
+// Lists as one text and back, so that a test shows what it gives and what it expects in one line.
+#pragma once
+
+#include <quillonic/support/enumeration.hpp>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace quillonic {
+
+// Texts, or cases that have one; `textOf` makes a text of anything else.
+template <class Items, class TextOf = std::identity>
+std::string joined(const Items& items, char separator = ' ', TextOf textOf = {}) {
+  std::string all;
+  for (const auto& item : items) {
+    const auto& text = std::invoke(textOf, item);
+    if constexpr (std::is_convertible_v<decltype(text), std::string_view>) {
+      all += text;
+    } else {
+      all += rawValue(text);
+    }
+    all += separator;
+  }
+  return all.empty() ? all : all.substr(0, all.size() - 1);
+}
+
+// The pieces of a text, and none of an empty one.
+inline std::vector<std::string> split(std::string_view text, char separator = ' ') {
+  std::vector<std::string> pieces;
+  if (!text.empty()) pieces.emplace_back();
+  for (const char c : text) {
+    if (c == separator) {
+      pieces.emplace_back();
+    } else {
+      pieces.back() += c;
+    }
+  }
+  return pieces;
+}
+
+}  // namespace quillonic
