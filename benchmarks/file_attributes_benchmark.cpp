@@ -79,8 +79,9 @@ const Tree& links() {
 }
 
 template <const Tree& (*tree)()> void bareLoop(benchmark::State& state) {
+  const auto& items = tree().items();
   for (auto _ : state) {
-    for (const auto& item : tree().items()) {
+    for (const auto& item : items) {
       struct statx status {};
       benchmark::DoNotOptimize(statx(AT_FDCWD, item.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
                                      STATX_BASIC_STATS | STATX_BTIME, &status));
@@ -90,17 +91,19 @@ template <const Tree& (*tree)()> void bareLoop(benchmark::State& state) {
 }
 
 template <const Tree& (*tree)()> void expandedAttributes(benchmark::State& state) {
+  const auto& items = tree().items();
   for (auto _ : state) {
-    for (const auto& item : tree().items()) benchmark::DoNotOptimize(expandedAttributesOfItem(item));
+    for (const auto& item : items) benchmark::DoNotOptimize(expandedAttributesOfItem(item));
   }
   state.SetItemsProcessed(state.iterations() * itemCount);
 }
 
 void walkLinks(benchmark::State& state) {
+  const auto& root = links().root();
   for (auto _ : state) {
     int found = 0;
     enumerateLinkFileDereferencePairs(
-        links().root(), [&](const std::filesystem::path&, const std::filesystem::path&, bool&) { ++found; });
+        root, [&](const std::filesystem::path&, const std::filesystem::path&, bool&) { ++found; });
     if (found != itemCount) state.SkipWithError("links are missing");
   }
   state.SetItemsProcessed(state.iterations() * itemCount);
