@@ -47,7 +47,7 @@ class Resolution {
     if (recordedVolumeIsMounted()) {
       if (auto found = find("/", names_)) return found;
     }
-    if (auto found = relativeToAlias(); found && !isOnAnotherVolume(*found)) return found;
+    if (auto found = relativeToAlias()) return found;
     if (auto found = onMountedVolume()) return found;
     if (alias_.componentsBelowHome != 0) {
       const auto below = last(names_, alias_.componentsBelowHome);
@@ -127,7 +127,8 @@ class Resolution {
     const auto tail = last(names_, alias_.relativeDirsDown);
     if (!stripped || !tail) return std::nullopt;
     folder.resize(folder.size() - stripped->size());
-    return find(joined("/", folder), *tail);
+    auto found = find(joined("/", folder), *tail);
+    return found && !isOnAnotherVolume(*found) ? found : std::nullopt;
   }
 
   // From the alias file upwards: the longest end of the recorded path that is there.

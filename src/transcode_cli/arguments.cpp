@@ -55,6 +55,12 @@ TextDictionary numberedEntries(const InputFileGroups& groups) {
   return TextDictionary(std::move(entries));
 }
 
+// The file of an "-in" without numbers; null when there is none.
+const std::string* plainInputFile(const TextDictionary& lookup) noexcept {
+  const auto* plain = lookup.find(VAVInputPrefixFlag);
+  return plain && !plain->value.empty() ? &plain->value : nullptr;
+}
+
 CodedRecord coded(const TextDictionary& lookup) {
   CodedRecord record;
   for (const auto& [key, value] : lookup) record.add(key, value);
@@ -199,7 +205,8 @@ std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
 }
 
 void TranscodeCliArguments::setInputFileGroups(const std::optional<InputFileGroups>& groups) {
-  setInputFileGroups(groups ? *groups : InputFileGroups());
+  if (groups) return setInputFileGroups(*groups);
+  flagValueLookup_.removePrefixed(VAVInputPrefixFlag);
 }
 
 void TranscodeCliArguments::setInputFileGroups(const InputFileGroups& groups) {
@@ -209,8 +216,7 @@ void TranscodeCliArguments::setInputFileGroups(const InputFileGroups& groups) {
 
 std::optional<std::vector<std::string>> TranscodeCliArguments::inputFiles() const {
   std::vector<std::string> all;
-  const auto* plain = flagValueLookup_.find(VAVInputPrefixFlag);
-  if (plain && !plain->value.empty()) all.push_back(plain->value);
+  if (const auto* plain = plainInputFile(flagValueLookup_)) all.push_back(*plain);
   enumerateInputFileGroups([&](std::span<const std::string_view> files, std::int64_t /*group*/) {
     all.insert(all.end(), files.begin(), files.end());
   });
@@ -218,8 +224,12 @@ std::optional<std::vector<std::string>> TranscodeCliArguments::inputFiles() cons
 }
 
 std::optional<std::string> TranscodeCliArguments::firstInputFile() const {
-  auto files = inputFiles();
-  return files ? std::optional(std::move(files->front())) : std::nullopt;
+  if (const auto* plain = plainInputFile(flagValueLookup_)) return *plain;
+  std::optional<std::string> first;
+  enumerateInputFileGroups([&](std::span<const std::string_view> files, std::int64_t /*group*/) {
+    if (!first) first.emplace(files.front());
+  });
+  return first;
 }
 
 std::optional<TranscodeInputFileGroup> TranscodeCliArguments::inputFileGroup(std::int64_t group) const {
