@@ -43,8 +43,9 @@ class QUILLONIC_EXPORT TranscodeOptionValues {
   /// A switch that the separator of the timecode follows.
   void setDropFrame(std::string_view flag, bool value);
 
-  template <class Value> std::optional<Value> read(std::string_view flag) const;
-  template <class Value> void write(std::string_view flag, const std::optional<Value>& value);
+  template <class Value> QUILLONIC_HIDDEN std::optional<Value> read(std::string_view flag) const;
+  template <class Value>
+  QUILLONIC_HIDDEN void write(std::string_view flag, const std::optional<Value>& value);
 
   /// Numbers of which each has a flag of its own behind a common prefix.
   std::vector<std::int64_t> readTracks(std::string_view prefix) const;
