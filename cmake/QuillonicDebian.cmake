@@ -4,6 +4,7 @@ if(NOT QUILLONIC_INSTALL OR NOT BUILD_SHARED_LIBS)
 endif()
 
 get_target_property(soversion quillonic SOVERSION)
+get_target_property(library_folder quillonic BINARY_DIR)
 set(runtime_package libquillonic${soversion})
 set(same_version "${runtime_package} (= ${PROJECT_VERSION})")
 
@@ -25,14 +26,12 @@ set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS $<TARGET_FILE_DIR:quillonic>)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${library_folder})
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtime_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
-  "shared library that media applications and their child tools agree through
- It reads and writes the transcoder's command line, and holds the value types, timecodes
- and file-system helpers that go with it.")
+  "This package holds the shared library that programs load.")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
@@ -41,14 +40,12 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ${same_version})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
-  "headers of the quillonic library
- Also its packages for CMake and pkg-config.")
+  "This package holds what programs are built with: the headers, and the packages for CMake and pkg-config.")
 
 set(CPACK_DEBIAN_EXAMPLES_PACKAGE_NAME quillonic-examples)
 set(CPACK_DEBIAN_EXAMPLES_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_EXAMPLES_PACKAGE_DEPENDS ${same_version})
 set(CPACK_DEBIAN_EXAMPLES_DESCRIPTION
-  "example programs of the quillonic library
- A parent application and the child tools that it starts, as programs and as sources.")
+  "This package holds the examples, as programs and as sources: a parent application and the child tools that it starts.")
 
 include(CPack)

@@ -35,7 +35,7 @@ bool throwsThroughTheLibrary() {
 }
 
 bool seesThroughBases() {
-  const std::unique_ptr<AtomicSwitch> base = std::make_unique<UnfairLockBasedAtomicSwitch>();
+  const std::unique_ptr<AtomicSwitch> base = std::make_unique<UnfairLockBasedAtomicSwitch>(true);
   return dynamic_cast<UnfairLockBasedAtomicSwitch*>(base.get()) &&
          !dynamic_cast<QueueBasedAtomicSwitch*>(base.get());
 }
