@@ -49,7 +49,7 @@ TextDictionary numberedEntries(const InputFileGroups& groups) {
   for (const auto& [group, files] : groups) {
     const auto prefix = std::string(VAVInputPrefixFlag) + "_" + std::to_string(group) + "_";
     for (std::size_t position = 0; position < files.size(); ++position) {
-      entries.push_back({prefix + std::to_string(position), files[position]});
+      entries.push_back({prefix + std::to_string(position), std::string(files[position])});
     }
   }
   return TextDictionary(std::move(entries));
