@@ -43,7 +43,7 @@ class QUILLONIC_EXPORT TextDictionary {
    private:
     template <class Text> static std::string owned(Text&& text) {
       if constexpr (std::same_as<Text, std::string>) {
-        return std::move(text);
+        return std::forward<Text>(text);
       } else {
         return std::string(std::string_view(text));
       }
@@ -92,7 +92,7 @@ class QUILLONIC_EXPORT TextDictionary {
  private:
   template <class Pairs> static std::vector<Entry> copied(const Pairs& pairs) {
     std::vector<Entry> entries;
-    for (const auto& [key, value] : pairs) entries.push_back({std::string(key), std::string(value)});
+    for (const auto& [key, value] : pairs) entries.emplace_back(key, value);
     return entries;
   }
 
