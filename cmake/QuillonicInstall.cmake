@@ -17,6 +17,8 @@ install(TARGETS quillonic ${component_targets} EXPORT QuillonicTargets
   FILE_SET HEADERS COMPONENT Development)
 install(EXPORT QuillonicTargets DESTINATION ${package_folder} FILE Quillonic${kind}Targets.cmake
   NAMESPACE Quillonic:: COMPONENT Development)
+# The header for hosts that have nlohmann-json: they have it or not, whatever this machine has.
+install(FILES include/quillonic/json.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillonic COMPONENT Development)
 
 configure_package_config_file(cmake/QuillonicConfig.cmake.in ${PROJECT_BINARY_DIR}/QuillonicConfig.cmake
   INSTALL_DESTINATION ${package_folder} NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
