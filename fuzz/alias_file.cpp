@@ -2,6 +2,7 @@
 #include <quillonic/filesystem/alias_file.hpp>
 #include <quillonic/filesystem/reference_links.hpp>
 
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -72,9 +73,11 @@ void run(std::string_view bytes) {
     if (written.size() <= AliasFile::greatestSize) {
       require(AliasFile::fromBytes(written) == alias, "what is written reads back");
     }
-    checkFollowing(written);
+    if (written.size() <= AliasFile::greatestSize) checkFollowing(written);
   }
-  if (AliasFile::isAliasFile(bytes)) checkFollowing(bytes);
+  // A smaller file has no room for a path and is not opened.
+  constexpr std::size_t smallest = 80;
+  if (AliasFile::isAliasFile(bytes) && bytes.size() >= smallest) checkFollowing(bytes);
 }
 
 }  // namespace quillonic::fuzz

@@ -101,7 +101,7 @@ void checkColor(std::string_view given) {
   for (const double part : {rgb->red, rgb->green, rgb->blue}) {
     // One and more is taken to be out of 255 already.
     const double full = std::trunc(part < 1 ? 255 * part : part);
-    if (std::abs(full) >= 0x1p63) {
+    if (!(full >= -0x1p63 && full < 0x1p63)) {
       model.setTimecodeBurnFontColor(color);
       require(!model.hasArgumentFlag(VAVTimecodeBurnFontRGB),
               "a colour that no integers hold is not written");
