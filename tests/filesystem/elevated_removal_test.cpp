@@ -126,9 +126,11 @@ TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {
     }
     EXPECT_TRUE(std::filesystem::exists(kept) && std::filesystem::exists(inner));
     EXPECT_FALSE(std::filesystem::is_symlink(folder / "dangling"));
-    EXPECT_THAT(logOfRemoving(inner, false),
-                testing::MatchesRegex(
-                    failed + std::string("key: exit status value: 1 key: output value: .*FILE.*[^\n]\n")));
+    // The program quotes a name of odd bytes in its own way.
+    EXPECT_THAT(
+        logOfRemoving(inner, false),
+        testing::MatchesRegex(
+            failed + std::string("key: exit status value: 1 key: output value: .*(FILE|inner).*[^\n]\n")));
     EXPECT_TRUE(std::filesystem::exists(inner));
   });
 }
