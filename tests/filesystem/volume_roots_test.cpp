@@ -42,9 +42,9 @@ void compareMounts(const TemporaryFolder& folder) {
   mountAt(card);
   const auto file = folder.file("card a/inner/deep/file");
   const auto bound = folder.folder("bound");
-  mountAt(bound, (card / "inner").c_str(), nullptr, MS_BIND);
+  mountAt(bound, (card / "inner").c_str(), "none", MS_BIND);
   const auto boundFile = folder.file("bound file");
-  mountAt(boundFile, file.c_str(), nullptr, MS_BIND);
+  mountAt(boundFile, file.c_str(), "none", MS_BIND);
   const auto stack = folder.folder("stack");
   const auto odd = folder.folder("odd \\040\t\nname");
   for (const auto& at : {stack, folder / "stack/hidden", stack, odd}) mountAt(folder.folder(at));
