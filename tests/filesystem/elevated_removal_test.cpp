@@ -170,15 +170,15 @@ TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
       {says + "127", says + "1", status + "1 key: output value: sudo -n -- /bin/rm -- FILE\n"},
       {"", "kill -9 $$", failed + std::string("key: signal value: 9\n")},
       {"", "", refused}};
-  for (const auto& [pkexec, sudo, expected] : rows) {
+  for (const auto& row : rows) {
     const TemporaryFolder folder;
     const auto file = folder.file("it's.mov");
     runPrivately([&] {
-      replaceLaunchers(folder, pkexec, sudo);
-      EXPECT_EQ(logOfRemoving(file, expected.empty()), expected);
+      replaceLaunchers(folder, row.pkexec, row.sudo);
+      EXPECT_EQ(logOfRemoving(file, row.log.empty()), row.log);
     });
     if (testing::Test::IsSkipped()) return;
-    EXPECT_EQ(std::filesystem::exists(file), !expected.empty());
+    EXPECT_EQ(std::filesystem::exists(file), !row.log.empty());
   }
 }
 
