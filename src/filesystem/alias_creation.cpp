@@ -62,14 +62,16 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
 }  // namespace
 
 void createAliasForFilePath(const std::filesystem::path& item, const std::filesystem::path& atLocation) {
-  const auto target = placeOf(item);
   std::error_code error;
-  const auto status = items::status(target.path(), error);
-  if (!status) locations::fail("cannot make an alias of a missing item", target.path(), error);
-  const auto place = placeOf(atLocation);
-  const auto bytes = aliasTo(target, *status, place).bytes(std::chrono::system_clock::now());
-  if (!items::create(place.path(), bytes, error))
-    locations::fail("cannot write alias file", place.path(), error);
+  const auto target = placeOf(item, error);
+  const auto status = target ? items::status(target->path(), error) : std::nullopt;
+  if (!status) locations::fail("cannot make an alias of a missing item", item, error);
+  const auto place = placeOf(atLocation, error);
+  const bool isWritten =
+      place &&
+      items::create(place->path(), aliasTo(*target, *status, *place).bytes(std::chrono::system_clock::now()),
+                    error);
+  if (!isWritten) locations::fail("cannot write alias file", atLocation, error);
 }
 
 }  // namespace quillonic

@@ -30,7 +30,7 @@ enum Key : std::uint32_t {
   volumeURLKey = 0x2005,
 };
 
-constexpr std::string_view aliasMark("book\0\0\0\0mark\0\0\0\0", 16);
+constexpr std::string_view aliasMark("book\0\0\0\0mark\0\0\0\0", AliasFile::markSize);
 constexpr std::uint32_t versionMark = 0x10040000;
 constexpr std::uint32_t tableMark = 0xFFFFFFFE;
 constexpr std::size_t greatestTableCount = 64;

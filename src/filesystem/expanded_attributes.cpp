@@ -35,14 +35,17 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
   LinkDetails details{.type = ReferenceLinkType::softSymbolicReference, .target = {}, .isRelative = {}};
   std::error_code error;
   const auto text = items::linkText(item, error);
-  const auto folder = text && !text->starts_with('/') ? locations::absolutePath(item) : std::string();
-  if (text) details.target = locations::destination(path_text::folderPrefix(folder), false, *text);
+  const bool isRelative = text && !text->starts_with('/');
+  const auto absolute = isRelative ? locations::absolutePath(item, error) : std::string();
+  if (text && absolute) {
+    details.target = locations::destination(path_text::folderPrefix(*absolute), false, *text, error);
+  }
   // Whether something is there is seen through the link, which takes one look however far it leads.
-  if (!details.target || !items::existsBehindLinks(item)) {
+  if (!details.target || !items::existsBehindLinks(item, error)) {
     VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
   }
   if (text) {
-    details.isRelative = !text->starts_with('/');
+    details.isRelative = isRelative;
   } else {
     VantiroLogging::defaultLogger()->logWarning("Failed to discover if symbolic link is relative");
   }
