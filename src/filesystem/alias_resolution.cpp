@@ -15,7 +15,7 @@
 #include "platform/items.hpp"
 #include "platform/name_folding.hpp"
 #include "platform/path_text.hpp"
-#include "platform/volume_identities.hpp"
+#include "platform/volume_names.hpp"
 
 namespace quillonic {
 namespace {
@@ -190,9 +190,13 @@ class Resolution {
     if (!name && !volume.empty()) name = volume.back();
     if (!name) return std::nullopt;
     const auto folded = text::foldedName(*name);
+    const auto labels = VolumeNames::labels();
     for (const auto& mount : mounts_.mounts()) {
       const auto& point = mount.mountPoint.native();
-      if (text::foldedName(std::string_view(point).substr(point.rfind('/') + 1)) != folded) continue;
+      const auto label = labels.of(mount);
+      const bool isNamed = text::foldedName(std::string_view(point).substr(point.rfind('/') + 1)) == folded ||
+                           (label && text::foldedName(*label) == folded);
+      if (!isNamed) continue;
       if (auto found = find(point, below)) return found;
     }
     return std::nullopt;
@@ -202,20 +206,18 @@ class Resolution {
 
   Verdict isRecordedVolume(const Mount& mount) {
     if (!alias_.volumeUUID) return Verdict::unknown;
-    if (!identities_) identities_ = volumeIdentities();
-    const auto identity = std::ranges::find_if(*identities_, [&](const VolumeIdentity& candidate) {
-      return candidate.deviceMajor == mount.deviceMajor && candidate.deviceMinor == mount.deviceMinor;
-    });
-    if (identity == identities_->end()) return Verdict::unknown;
-    return text::foldedName(identity->uuid) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes
-                                                                                    : Verdict::no;
+    if (!identifiers_) identifiers_ = VolumeNames::identifiers();
+    const auto identifier = identifiers_->of(mount);
+    // Systems derive identifiers of different forms from the short number that a card bears.
+    if (!identifier || identifier->size() != alias_.volumeUUID->size()) return Verdict::unknown;
+    return text::foldedName(*identifier) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes : Verdict::no;
   }
 
   const AliasFile& alias_;
   std::string aliasPath_;
   Names names_;
   MountTable mounts_ = MountTable::current();
-  std::optional<std::vector<VolumeIdentity>> identities_;
+  std::optional<VolumeNames> identifiers_;
   // What kept the first place that could not be looked at from being looked at.
   std::error_code obstacle_;
 };

@@ -385,9 +385,18 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
     ASSERT_EQ(stat(byIdentifier.c_str(), &volume), 0);
     mountAt("/dev");
     folder.link("/dev/disk/by-uuid/0a81-f3b1", "../../sdx1");
+    folder.link("/dev/disk/by-label/CARD\\x20\\xc3\\xa9\\x2", "../../sdx1");
     if (mknod("/dev/sdx1", S_IFBLK | 0600, volume.st_dev) != 0) endAsNotAllowed();
     recorded.volumeUUID = "0A81-F3B1";
     expectTarget(byIdentifier / file);
+    recorded.volumeUUID.reset();
+    recorded.volumeName = "card \u00C9\\x2";
+    expectTarget(byIdentifier / file);
+    createAliasForFilePath(byIdentifier / file, folder / "made");
+    const auto made = AliasFile::fromBytes(contentOf(folder / "made")).value();
+    EXPECT_EQ(made.volumeUUID, "0A81-F3B1");
+    EXPECT_EQ(made.volumeName, "CARD \u00E9\\x2");
+    recorded.volumeName = "CARD";
 
     // Mounted where it was, unless that is another volume now.
     const auto mountedAt = [&](const path& point) {
@@ -402,6 +411,20 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
     mountedAt(byIdentifier);
     recorded.volumeUUID = "FFFF-FFFF";
     expectTarget(folder / "x/A.MXF");
+    // Nor is a clip of that volume taken because it lies where the recorded one lay from the alias.
+    const auto onOther = byIdentifier / "alias";
+    for (const auto* name : {"Cafe\u0301/A.MXF", "CAFE\u0301/a.mxf"}) {
+      std::filesystem::remove_all(byIdentifier / "Cafe\u0301");
+      folder.file(byIdentifier / name);
+      for (const auto steps : {std::optional<std::int64_t>(1), std::optional<std::int64_t>()}) {
+        recorded.relativeDirsUp = steps;
+        recorded.relativeDirsDown = steps ? steps.value() + 1 : steps;
+        EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byName / file) << name;
+      }
+    }
+    // An identifier of another form tells nothing.
+    recorded.volumeUUID = "0A81F3B1-51D9-3335-B3E3-169C3640360D";
+    EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byIdentifier / "CAFE\u0301/a.mxf");
   });
 }
 
@@ -428,11 +451,19 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
     EXPECT_EQ(fileSystemSupportsHardLinks(file), !hard) << place;
   };
   expectTruth(folder.path());
-  EXPECT_TRUE(errorOf(fileSystemSupportsHardLinks, folder / "missing"));
-  EXPECT_TRUE(errorOf(fileSystemSupportsSymbolicLinks, path(std::string("/\0", 2))));
-  // A link counts for the volume that holds it.
-  EXPECT_TRUE(fileSystemSupportsHardLinks(folder.link("to proc", "/proc")));
-  EXPECT_FALSE(fileSystemSupportsHardLinks("/proc"));
+  // A link counts for the volume that holds it; what is missing for the one where it will be made.
+  const auto toProc = folder.link("to proc", "/proc");
+  for (const auto& here : {toProc, folder / "new", folder / "new/folder//x", folder.link("dangling", "new")})
+    EXPECT_TRUE(fileSystemSupportsHardLinks(here)) << here;
+  for (const auto& there : {path("/proc"), toProc / "new/x"})
+    EXPECT_FALSE(fileSystemSupportsHardLinks(there));
+  std::filesystem::current_path(toProc);
+  EXPECT_FALSE(fileSystemSupportsSymbolicLinks("new"));
+  std::filesystem::current_path("/");
+  for (const path& nowhere :
+       {folder / "file/x", folder / "new/../x", folder / "dangling/x", path(), path(std::string("/\0", 2))}) {
+    EXPECT_TRUE(errorOf(fileSystemSupportsSymbolicLinks, nowhere)) << nowhere;
+  }
 
   runPrivately([&] {
     int mounted = 0;
