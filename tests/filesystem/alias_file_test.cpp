@@ -112,36 +112,37 @@ TEST(AliasFile, EndsAtCirclesAndAtFiguresOutOfBounds) {
 }
 
 // Whatever is damaged, reading ends with a value or with none, and what is read can be written. The bytes
-// are given without anything behind them, so that a read behind their end is seen.
-bool isRead(const std::string& bytes, bool writes) {
-  const std::vector<char> exact(bytes.begin(), bytes.end());
-  const auto alias = AliasFile::fromBytes({exact.data(), exact.size()});
-  const bool isRepeated =
-      !alias || !writes || AliasFile::fromBytes(alias->bytes())->pathComponents == alias->pathComponents;
-  EXPECT_TRUE(isRepeated);
+// have nothing behind them, so that a read behind their end is seen.
+bool isRead(const std::vector<char>& bytes, bool writes) {
+  const auto alias = AliasFile::fromBytes({bytes.data(), bytes.size()});
+  if (alias && writes) {
+    EXPECT_EQ(AliasFile::fromBytes(alias->bytes())->pathComponents, alias->pathComponents);
+  }
   return alias.has_value();
 }
 
 TEST(AliasFile, TakesAnyDamage) {
   for (const auto& whole : {exampleFile, exampleBookmark}) {
     std::size_t values = 0;
+    std::vector<char> damaged(whole.begin(), whole.end());
     for (std::size_t at = 0; at < whole.size(); ++at) {
-      EXPECT_FALSE(isRead(whole.substr(0, at), true)) << at;
-      auto damaged = whole;
+      EXPECT_FALSE(isRead({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(at)}, true)) << at;
       for (int value = 0; value < 256; ++value) {
         damaged[at] = static_cast<char>(value);
         values += isRead(damaged, value % 51 == 0) ? 1U : 0U;
       }
+      damaged[at] = whole[at];
     }
     EXPECT_GT(values, whole.size());
   }
   std::mt19937 random(3);
+  const auto full = fullAlias().bytes();
   for (int round = 0; round < 10000; ++round) {
-    auto bytes = fullAlias().bytes();
+    auto bytes = full;
     for (auto n = 1 + random() % 4; n > 0; --n) {
       put(bytes, random() % (bytes.size() / 4) * 4, random() % 0x400);
     }
-    isRead(bytes, true);
+    isRead({bytes.begin(), bytes.end()}, round % 8 == 0);
   }
 }
 
