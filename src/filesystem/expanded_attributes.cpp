@@ -72,7 +72,9 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
   entries.reserve(18);
   // In the order in which the dictionary keeps them, so that nothing has to be sorted.
   using Key = FileAttributeKey;
-  const auto add = [&](const Key& key, AnyValue value) { entries.push_back({key, std::move(value)}); };
+  const auto add = [&](const Key& key, auto&& value) {
+    entries.push_back({key, std::forward<decltype(value)>(value)});
+  };
   if (status.created) add(Key::NSFileCreationDate, *status.created);
   add(Key::NSFileGroupOwnerAccountID, status.group);
   add(Key::NSFileModificationDate, status.modified);
@@ -96,7 +98,9 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
 }  // namespace
 
 std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL) {
-  const auto item = locations::itself(atURL);
+  const std::string& item = atURL.native();
+  // The usual path has no slash at its end and needs no copy.
+  if (item.size() > 1 && item.ends_with('/')) return expandedAttributesOfItem(locations::itself(atURL));
   std::error_code error;
   const auto status = items::status(item, error);
   return status ? std::optional(attributesOf(item, *status)) : std::nullopt;
