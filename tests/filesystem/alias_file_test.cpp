@@ -121,6 +121,8 @@ TEST(AliasFile, TakesAnyDamage) {
     }
     EXPECT_GT(values, whole.size());
   }
+  const auto circle = changed(changed(exampleFile, table + 12, table - header), table + 16, 0);
+  EXPECT_FALSE(isRead({circle.begin(), circle.end()}, false));
   std::mt19937 random(3);
   const auto full = fullAlias().bytes();
   for (int round = 0; round < 10000; ++round) {
