@@ -38,8 +38,9 @@ QUILLONIC_EXPORT std::optional<ReferenceLinkType> referenceLinkTypeOfItem(const 
 /// `referenceLinkType`; for a link also `referencedFileSystemURL`, and for a symbolic link
 /// `isRelativeSymbolicReference`. A detail of a link that cannot be read is logged and left out, and so is the
 /// kind of a small file that may not be opened. That a symbolic link leads nowhere is logged too, but where it
-/// leads is told. One system call per item, three for a symbolic link; a regular file of up to 1 MiB is opened
-/// to see whether it is an alias.
+/// leads is told where its target names a location. One system call per item; for a symbolic link three, and more
+/// where its target goes back by ".." behind a link; a regular file of 16 bytes to 1 MiB is opened to see whether
+/// it is an alias.
 QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);
 
 /// The kind of link that an item is. Throws when it is missing or cannot be read.
