@@ -1,0 +1,26 @@
+#include <KFileUtils>
+#include <QUrl>
+
+#include "../files.hpp"
+
+namespace quillonic::benchmarks::files {
+namespace {
+
+// It always counts further, so a name that is free is asked about before.
+std::string freeName(const std::filesystem::path& wanted) {
+  if (!std::filesystem::exists(wanted)) return wanted.native();
+  const auto folder = wanted.parent_path();
+  const auto name = KFileUtils::suggestName(QUrl::fromLocalFile(QString::fromStdString(folder.native())),
+                                            QString::fromStdString(wanted.filename().native()));
+  return folder.native() + "/" + name.toStdString();
+}
+
+const bool added = addNaming(
+    "KDE KFileUtils", "numbers in brackets from 1 on; a dangling link counts as free",
+    [](int collision) {
+      return collision == 1 ? std::string("clip.mov") : "clip (" + std::to_string(collision - 1) + ").mov";
+    },
+    freeName);
+
+}  // namespace
+}  // namespace quillonic::benchmarks::files

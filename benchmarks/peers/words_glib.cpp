@@ -1,0 +1,69 @@
+#include <glib.h>
+#include <stdexcept>
+
+#include "../words.hpp"
+
+namespace quillonic::benchmarks {
+namespace {
+
+class OptionContext final : public WordsReader {
+ public:
+  explicit OptionContext(const CommandLine& line) : line_(line), values_(line.flags.size()) {
+    for (std::size_t i = 0; i < line.flags.size(); ++i) {
+      entries_.push_back(
+          {line.flags[i].c_str(), 0, 0, G_OPTION_ARG_STRING, static_cast<void*>(&values_[i]), "", nullptr});
+    }
+    entries_.push_back({});
+    g_option_context_set_help_enabled(context_, FALSE);
+    g_option_context_add_main_entries(context_, entries_.data(), nullptr);
+  }
+  ~OptionContext() override {
+    g_option_context_free(context_);
+    forget();
+  }
+
+  void parse() override {
+    forget();
+    // It takes what it reads out of the list.
+    auto words = line_.argv;
+    int count = line_.argc();
+    char** list = words.data();
+    if (!g_option_context_parse(context_, &count, &list, nullptr))
+      throw std::runtime_error("cannot read the words");
+  }
+  std::string value(std::size_t flag) const override { return values_[flag] ? values_[flag] : "nothing"; }
+  void change(std::size_t flag, const std::string& value) override {
+    g_free(values_[flag]);
+    values_[flag] = g_strdup(value.c_str());
+  }
+  std::vector<std::string> emit() const override {
+    std::vector<std::string> words;
+    words.reserve(2 * values_.size());
+    for (std::size_t i = 0; i < values_.size(); ++i) {
+      if (!values_[i]) continue;
+      words.push_back("--" + line_.flags[i]);
+      words.emplace_back(values_[i]);
+    }
+    return words;
+  }
+
+ private:
+  void forget() {
+    for (auto& value : values_) g_clear_pointer(&value, g_free);
+  }
+
+  const CommandLine& line_;
+  std::vector<char*> values_;
+  std::vector<GOptionEntry> entries_;
+  GOptionContext* context_ = g_option_context_new(nullptr);
+};
+
+const bool added = addWordsReader(
+    {.name = "GLib GOptionContext",
+     .parsing = "less: normalises nothing, keeps no order; two hyphens before a flag",
+     .writing = "less: normalises nothing; written in the order of its table by code around it",
+     .hyphens = "--"},
+    [](const CommandLine& line) { return std::make_unique<OptionContext>(line); });
+
+}  // namespace
+}  // namespace quillonic::benchmarks
