@@ -45,6 +45,7 @@ def rows_of(results):
                 "allocations": measured.get("allocations"),
                 "peak": measured.get("peak"),
                 "note": measured.get("label", ""),
+                "place": measured["family_index"],
             }
     return topics, failures
 
@@ -70,10 +71,8 @@ def count(allocations):
 def beside(works):
     """A line per work and peer, and the lines that are behind."""
     lines, behind = [], []
-    for work, rows in works.items():
-        ours = rows.get(OURS)
-        if not ours:
-            continue
+    for work, rows in sorted(works.items(), key=lambda entry: entry[1][OURS]["place"]):
+        ours = rows[OURS]
         others = sorted((who.startswith(LIMIT), -row["time"], who) for who, row in rows.items() if who != OURS)
         for is_limit, _, who in others:
             row = rows[who]
@@ -171,7 +170,7 @@ def main():
         results = json.load(file)
     context = results["context"]
     topics, failures = rows_of(results)
-    growth = topics.pop("growth", {})
+    growth = dict(sorted(topics.pop("growth", {}).items(), key=lambda entry: entry[1]["100"]["place"]))
 
     behind, sections = [], []
     for topic, (title, unit, text) in TOPICS.items():
@@ -193,8 +192,11 @@ those of one turn of the work, C libraries included. Single threads are timed on
     parts.append(f"Left out: {context['left out']}." if context.get("left out") else "No peer was left out.")
     if packages():
         parts.append(f"Peers: {packages()}.")
-    parts.append("## Behind\n\n" + (table(["work", "beside", "ours / theirs", "note"], behind, [2])
-                                    if behind else "Nowhere."))
+    doing_less = [row for row in behind if row[3].startswith("less")]
+    for title, rows in (("Behind on the same work", [row for row in behind if row not in doing_less]),
+                        ("Behind a peer that does less", doing_less)):
+        parts.append(f"## {title}\n\n" + (table(["work", "beside", "ours / theirs", "note"], rows, [2])
+                                           if rows else "Nowhere."))
     parts += sections
     if growth:
         parts.append("## Cost as work grows\n\nTime and peak memory, what was handed in not counted, for each word, path "

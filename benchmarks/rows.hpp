@@ -34,7 +34,6 @@ void add(const Row& row, std::function<void(benchmark::State&)> run);
 
 // Times a work, and counts what one turn asks the heap for before the clock runs.
 template <class Work> void timeTurns(benchmark::State& state, Work work) {
-  work();
   const auto before = memory::allocations();
   work();
   state.counters["allocations"] = static_cast<double>(memory::allocations() - before);

@@ -14,13 +14,8 @@ class OptionContext final : public WordsReader {
           {line.flags[i].c_str(), 0, 0, G_OPTION_ARG_STRING, static_cast<void*>(&values_[i]), "", nullptr});
     }
     entries_.push_back({});
-    g_option_context_set_help_enabled(context_, FALSE);
-    g_option_context_add_main_entries(context_, entries_.data(), nullptr);
   }
-  ~OptionContext() override {
-    g_option_context_free(context_);
-    forget();
-  }
+  ~OptionContext() override { forget(); }
 
   void parse() override {
     forget();
@@ -28,8 +23,12 @@ class OptionContext final : public WordsReader {
     auto words = line_.argv;
     int count = line_.argc();
     char** list = words.data();
-    if (!g_option_context_parse(context_, &count, &list, nullptr))
-      throw std::runtime_error("cannot read the words");
+    auto* const context = g_option_context_new(nullptr);
+    g_option_context_set_help_enabled(context, FALSE);
+    g_option_context_add_main_entries(context, entries_.data(), nullptr);
+    const bool isRead = g_option_context_parse(context, &count, &list, nullptr) != FALSE;
+    g_option_context_free(context);
+    if (!isRead) throw std::runtime_error("cannot read the words");
   }
   std::string value(std::size_t flag) const override { return values_[flag] ? values_[flag] : "nothing"; }
   void change(std::size_t flag, const std::string& value) override {
@@ -55,12 +54,12 @@ class OptionContext final : public WordsReader {
   const CommandLine& line_;
   std::vector<char*> values_;
   std::vector<GOptionEntry> entries_;
-  GOptionContext* context_ = g_option_context_new(nullptr);
 };
 
 const bool added = addWordsReader(
     {.name = "GLib GOptionContext",
-     .parsing = "less: normalises nothing, keeps no order; two hyphens before a flag",
+     .parsing = "less: normalises nothing, keeps no order; two hyphens before a flag; a context reads once, "
+                "so it is told of the flags each time",
      .writing = "less: normalises nothing; written in the order of its table by code around it",
      .hyphens = "--"},
     [](const CommandLine& line) { return std::make_unique<OptionContext>(line); });
