@@ -3,8 +3,10 @@
 #include <quillonic/transcode_cli.hpp>
 
 #include <array>
+#include <fcntl.h>
 #include <functional>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 #include "rows.hpp"
@@ -73,6 +75,13 @@ const bool added = [] {
   };
   addGrowth("volume roots, per path", paths, [](const std::vector<std::filesystem::path>& items) {
     benchmark::DoNotOptimize(FileManager().getUniqueDrives(items).data());
+  });
+  addGrowth("a bare system call, per path", paths, [](const std::vector<std::filesystem::path>& items) {
+    for (const auto& item : items) {
+      struct statx status {};
+      benchmark::DoNotOptimize(
+          statx(AT_FDCWD, item.c_str(), AT_SYMLINK_NOFOLLOW, STATX_TYPE | STATX_MNT_ID, &status));
+    }
   });
   addGrowth("items by volume, per item", paths, [](const std::vector<std::filesystem::path>& items) {
     benchmark::DoNotOptimize(FileManager().mappingOfUniqueDrives(items).size());

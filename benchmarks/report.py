@@ -14,10 +14,11 @@ FOLDER = os.path.dirname(os.path.abspath(__file__))
 
 TOPICS = {
     "words": ("Words of a command line", "ns per word",
-              """A value follows every flag. On the lines of `parse` each flag stands once: the known flags, and behind them
-numbered input files; on those with flags repeated the known flags come over and over. All readers get the same
-words, those that ask for two hyphens one byte more per flag, and are shown to read the same values and to write the
-same words before the clock runs. What a peer needs to be told of the flags is told before, too."""),
+              """A value follows every flag. On the lines of `parse` each flag stands once: some of the known flags or all of
+them, and then numbered input files; on those with flags repeated the known flags come over and over. Every reader has
+to know all known flags and the files of the line, and is told of them before the clock runs. All get the same words,
+those that ask for two hyphens one byte more per flag, and are first shown to read the same values and to write the same
+words."""),
     "timecode": ("Timecodes", "ns each", "1,024 timecodes in turn, half of them in drop frame."),
     "files": ("Files", "ns per item, or per name found",
               "Empty files in memory (tmpfs), so that nothing waits for a disk."),
@@ -93,8 +94,8 @@ def growth_table(series):
     for name, rows in series.items():
         for kind, unit in (("time", "ns"), ("peak", "bytes")):
             values = [rows[str(size)]["time"] if kind == "time" else rows[str(size)]["peak"] / size for size in sizes]
-            if kind == "peak" and max(values) < 64:
-                note = "constant"
+            if kind == "peak" and rows[str(sizes[-1])]["peak"] < 2 * rows[str(sizes[0])]["peak"]:
+                note = "the same for all"
             else:
                 note = figure(max(values) / min(values))
             lines.append([name, unit] + [figure(value) for value in values] + [note])
@@ -102,11 +103,11 @@ def growth_table(series):
     return table(header, lines, range(2, len(header)))
 
 
-COLOURS = ["#1b6ca8", "#c8553d", "#3b8b4a", "#7a4fa3", "#b8860b", "#555555"]
+COLOURS = ["#1b6ca8", "#c8553d", "#3b8b4a", "#7a4fa3", "#b8860b", "#777777", "#111111"]
 
 
 def svg_of(series):
-    width, height, left, top, panel_width, panel_height = 960, 430, 70, 50, 370, 260
+    width, height, left, top, panel_width, panel_height = 960, 440, 70, 50, 370, 260
     out = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {width} {height}" font-family="sans-serif" '
            'font-size="12">', f'<rect width="{width}" height="{height}" fill="white"/>']
     sizes = sorted({int(size) for rows in series.values() for size in rows})

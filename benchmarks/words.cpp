@@ -1,6 +1,6 @@
 // Command lines of 10 to 100,000 words, read, written, and read, changed and written.
 //
-// "parse" and the works behind it take a line on which every flag stands once: the known flags, and behind them
+// "parse" and the works behind it take a line on which every flag stands once: known flags, and behind all of them
 // the numbered input files of a long job. "parse, flags repeated" takes the known flags over and over.
 #include "words.hpp"
 
@@ -11,6 +11,7 @@
 #include <cstring>
 #include <iterator>
 #include <map>
+#include <numeric>
 #include <stdexcept>
 #include <tuple>
 
@@ -22,6 +23,8 @@ namespace {
 constexpr auto topic = "words";
 constexpr std::array<std::size_t, 4> sizes{10, 100, 1'000, anyLength};
 
+constexpr std::size_t stride = 41;
+
 enum class Kind { distinct, repeated };
 
 CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
@@ -31,18 +34,22 @@ CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
   std::vector<std::string_view> known;
   std::ranges::copy_if(TranscodeCliArguments::allKnownCommandFlags(), std::back_inserter(known),
                        [](std::string_view flag) { return flag.size() > 2; });
+  if (std::gcd(known.size(), stride) != 1) throw std::logic_error("the stride leaves flags out");
+  for (const auto flag : known) line.flags.emplace_back(flag.substr(1));
   for (std::size_t i = 0; i < size / 2; ++i) {
+    const bool isNew = kind == Kind::distinct || i < known.size();
     const bool isFile = kind == Kind::distinct && i >= known.size();
     const auto number = std::to_string(i);
-    auto flag = isFile ? "in_0_" + number : std::string(known[i % known.size()].substr(1));
+    // Here and there in the table, as on a line that a person or a program has written.
+    const auto flag = isFile ? line.flags.size() : i * stride % known.size();
     auto value = isFile ? "/media/CARD/A001_C" + number + ".mov" : std::to_string(960 + i % 64) + "x540";
-    line.words.push_back(hyphens + flag);
+    if (isFile) line.flags.push_back("in_0_" + number);
+    line.words.push_back(hyphens + line.flags[flag]);
     line.words.push_back(value);
-    if (kind == Kind::distinct || i < known.size()) {
-      line.flags.push_back(std::move(flag));
-      line.values.push_back(std::move(value));
+    if (isNew) {
+      line.settings.push_back({flag, std::move(value)});
     } else {
-      line.values[i % known.size()] = std::move(value);
+      line.settings[i % known.size()].value = std::move(value);
     }
   }
   static char program[] = "program";
@@ -65,26 +72,36 @@ struct Prepared {
   std::unique_ptr<WordsReader> reader;
 };
 
+// The words, as pairs in any order where the reader does not keep it.
+std::vector<std::pair<std::string, std::string>> settingsIn(const std::vector<std::string>& words,
+                                                            bool keepsOrder) {
+  std::vector<std::pair<std::string, std::string>> settings;
+  for (std::size_t i = 0; i + 1 < words.size(); i += 2) settings.emplace_back(words[i], words[i + 1]);
+  if (!keepsOrder) std::ranges::sort(settings);
+  return settings;
+}
+
 // A reader that has shown that it reads what stands on the line.
-Prepared prepare(Kind kind, std::size_t size, const std::string& hyphens, const MakeReader& make,
-                 bool writes) {
-  const auto& words = line(kind, size, hyphens);
+Prepared prepare(Kind kind, std::size_t size, const WordsPeer& peer, const MakeReader& make, bool writes) {
+  const auto& words = line(kind, size, peer.hyphens);
   Prepared prepared{&words, make(words)};
+  auto& reader = *prepared.reader;
   // Twice, since what it read before must not count.
-  prepared.reader->parse();
-  prepared.reader->parse();
-  for (std::size_t i = 0; i < words.flags.size(); ++i) {
-    if (prepared.reader->value(i) != words.values[i]) {
-      throw std::runtime_error("reads another value for " + words.flags[i]);
-    }
+  reader.parse();
+  reader.parse();
+  for (const auto& [flag, value] : words.settings) {
+    if (reader.value(flag) != value) throw std::runtime_error("reads another value for " + words.flags[flag]);
   }
   if (!writes) return prepared;
-  if (prepared.reader->emit() != words.words) throw std::runtime_error("writes other words");
-  prepared.reader->change(0, "changed");
-  auto changed = words.words;
-  changed[1] = "changed";
-  if (prepared.reader->emit() != changed) throw std::runtime_error("does not write what was changed");
-  prepared.reader->parse();
+  auto expected = words.words;
+  const auto writesExpected = [&] {
+    return settingsIn(reader.emit(), peer.keepsOrder) == settingsIn(expected, peer.keepsOrder);
+  };
+  if (!writesExpected()) throw std::runtime_error("writes other words");
+  reader.change(words.settings.front().flag, "changed");
+  expected[1] = "changed";
+  if (!writesExpected()) throw std::runtime_error("does not write what was changed");
+  reader.parse();
   return prepared;
 }
 
@@ -97,7 +114,7 @@ std::string named(const char* work, std::size_t size) {
 
 void addParsing(const WordsPeer& peer, const MakeReader& make, Kind kind, std::size_t size) {
   const auto* work = kind == Kind::distinct ? "parse" : "parse, flags repeated,";
-  Lazily<Prepared> prepared([=] { return prepare(kind, size, peer.hyphens, make, false); });
+  Lazily<Prepared> prepared([=] { return prepare(kind, size, peer, make, false); });
   add({topic, named(work, size), peer.name, peer.parsing, static_cast<double>(size)},
       [=](benchmark::State& state) mutable {
         auto& reader = *(*prepared).reader;
@@ -106,7 +123,7 @@ void addParsing(const WordsPeer& peer, const MakeReader& make, Kind kind, std::s
 }
 
 void addWriting(const WordsPeer& peer, const MakeReader& make, std::size_t size) {
-  Lazily<Prepared> prepared([=] { return prepare(Kind::distinct, size, peer.hyphens, make, true); });
+  Lazily<Prepared> prepared([=] { return prepare(Kind::distinct, size, peer, make, true); });
   add({topic, named("emit", size), peer.name, peer.writing, static_cast<double>(size)},
       [=](benchmark::State& state) mutable {
         const auto& reader = *(*prepared).reader;
@@ -115,9 +132,10 @@ void addWriting(const WordsPeer& peer, const MakeReader& make, std::size_t size)
   add({topic, named("parse, change one and emit", size), peer.name, peer.writing, static_cast<double>(size)},
       [=](benchmark::State& state) mutable {
         auto& reader = *(*prepared).reader;
+        const auto changed = (*prepared).line->settings.front().flag;
         timeTurns(state, [&] {
           reader.parse();
-          reader.change(0, "changed");
+          reader.change(changed, "changed");
           benchmark::DoNotOptimize(reader.emit().data());
         });
       });

@@ -15,9 +15,15 @@ namespace quillonic::benchmarks {
 struct CommandLine {
   // With as many hyphens as its reader asks for.
   std::vector<std::string> words;
-  // Each flag once, in the order in which it first stands, without hyphens, and the value that holds in the end.
+  // Every flag that the reader has to know, without hyphens: many more than stand on a short line.
   std::vector<std::string> flags;
-  std::vector<std::string> values;
+  // A flag of the line, by its place among all, and the value that holds in the end. Each once, in the order in which
+  // they first stand.
+  struct Setting {
+    std::size_t flag;
+    std::string value;
+  };
+  std::vector<Setting> settings;
   std::string hyphens;
   // As `main` receives the words: the program's name before them, a null pointer behind.
   mutable std::vector<char*> argv;
@@ -35,10 +41,10 @@ class WordsReader {
 
   // Reads the words and forgets what it read before.
   virtual void parse() = 0;
-  // The value of the n-th flag.
+  // The value of the n-th of all flags, which stands on the line.
   virtual std::string value(std::size_t flag) const = 0;
   virtual void change(std::size_t flag, const std::string& value) = 0;
-  // The words that hold what was read.
+  // The words that hold what was read, in its order where the reader knows it.
   virtual std::vector<std::string> emit() const = 0;
 };
 
@@ -51,6 +57,7 @@ struct WordsPeer {
   // Empty where it cannot write words.
   std::string writing;
   std::string hyphens = "-";
+  bool keepsOrder = true;
   // The longest lines that it is given, of flags that differ and of flags repeated, where its time for a word grows
   // with what it knows or has read.
   std::size_t longestOfDistinct = 1'000;

@@ -22,7 +22,7 @@ class Cli11 final : public WordsReader {
   }
   std::vector<std::string> emit() const override {
     std::vector<std::string> words;
-    words.reserve(2 * options_.size());
+    words.reserve(2 * line_.settings.size());
     for (const auto* option : options_) {
       if (option->empty()) continue;
       words.push_back("--" + option->get_lnames().front());
@@ -42,7 +42,8 @@ const bool added = addWordsReader(
     {.name = "CLI11",
      .parsing = "less: normalises nothing; two hyphens before a flag",
      .writing = "less: normalises nothing; written in the order of its table by code around it",
-     .hyphens = "--"},
+     .hyphens = "--",
+     .keepsOrder = false},
     [](const CommandLine& line) { return std::make_unique<Cli11>(line); });
 
 }  // namespace

@@ -48,11 +48,15 @@ class Bare final : public WordsReader {
 // What a program writes around getopt to have values of its own and to write them back in their order.
 class Stored final : public WordsReader {
  public:
+  using Values = std::vector<std::optional<std::string>>;
+
   explicit Stored(const CommandLine& line) : line_(line), getopt_(line) {}
 
   void parse() override {
-    order_.clear();
-    values_.assign(line_.flags.size(), std::nullopt);
+    // As a program does that reads once.
+    order_ = {};
+    order_.reserve(line_.settings.size());
+    values_ = Values(line_.flags.size());
     getopt_.read([&](std::size_t flag, const char* value) {
       if (!values_[flag]) order_.push_back(flag);
       values_[flag] = value;
@@ -74,7 +78,7 @@ class Stored final : public WordsReader {
   const CommandLine& line_;
   Getopt getopt_;
   std::vector<std::size_t> order_;
-  std::vector<std::optional<std::string>> values_;
+  Values values_;
 };
 
 const bool added =

@@ -37,7 +37,7 @@ class OptionContext final : public WordsReader {
   }
   std::vector<std::string> emit() const override {
     std::vector<std::string> words;
-    words.reserve(2 * values_.size());
+    words.reserve(2 * line_.settings.size());
     for (std::size_t i = 0; i < values_.size(); ++i) {
       if (!values_[i]) continue;
       words.push_back("--" + line_.flags[i]);
@@ -61,7 +61,8 @@ const bool added = addWordsReader(
      .parsing = "less: normalises nothing, keeps no order; two hyphens before a flag; a context reads once, "
                 "so it is told of the flags each time",
      .writing = "less: normalises nothing; written in the order of its table by code around it",
-     .hyphens = "--"},
+     .hyphens = "--",
+     .keepsOrder = false},
     [](const CommandLine& line) { return std::make_unique<OptionContext>(line); });
 
 }  // namespace
