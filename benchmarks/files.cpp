@@ -75,8 +75,9 @@ void addRootsOfOurs() {
 }
 
 const bool added = [] {
-  addNaming(ours, "", numbered, [](const std::filesystem::path& wanted) {
-    return FileManager().filePathAdjustedForCollision(wanted).native();
+  const FileManager fileManager;
+  addNaming(ours, "", numbered, [=](const std::filesystem::path& wanted) {
+    return fileManager.filePathAdjustedForCollision(wanted).native();
   });
   addNamingLimit();
   addRootsOfOurs();

@@ -6,9 +6,8 @@
 namespace quillonic::benchmarks::files {
 namespace {
 
-// It always counts further, so a name that is free is asked about before.
+// It always counts further, so it is for names that are taken only.
 std::string freeName(const std::filesystem::path& wanted) {
-  if (!std::filesystem::exists(wanted)) return wanted.native();
   const auto folder = wanted.parent_path();
   const auto name = KFileUtils::suggestName(QUrl::fromLocalFile(QString::fromStdString(folder.native())),
                                             QString::fromStdString(wanted.filename().native()));
@@ -20,7 +19,7 @@ const bool added = addNaming(
     [](int collision) {
       return collision == 1 ? std::string("clip.mov") : "clip (" + std::to_string(collision - 1) + ").mov";
     },
-    freeName);
+    freeName, 1);
 
 }  // namespace
 }  // namespace quillonic::benchmarks::files
