@@ -108,8 +108,9 @@ std::string sizeOf(const std::filesystem::path& item) {
 }
 
 bool addNaming(const std::string& who, const std::string& note, const NameOf& nameOf,
-               const FindFreeName& find) {
+               const FindFreeName& find, int leastCollisions) {
   for (const auto& [count, work] : collisions) {
+    if (count < leastCollisions) continue;
     Lazily<Taken> names([=, count_ = count] {
       auto made = taken(count_, nameOf);
       if (find(made.wanted) != made.names.back()) throw std::runtime_error("finds another name");

@@ -129,7 +129,8 @@ void addWriting(const WordsPeer& peer, const MakeReader& make, std::size_t size)
         const auto& reader = *(*prepared).reader;
         timeTurns(state, [&] { benchmark::DoNotOptimize(reader.emit().data()); });
       });
-  add({topic, named("parse, change one and emit", size), peer.name, peer.writing, static_cast<double>(size)},
+  add({topic, named("parse, change one and emit", size), peer.name, peer.parsing + "; " + peer.writing,
+       static_cast<double>(size)},
       [=](benchmark::State& state) mutable {
         auto& reader = *(*prepared).reader;
         const auto changed = (*prepared).line->settings.front().flag;
@@ -214,7 +215,7 @@ void addLimit(const char* work, const std::string& what, Kind kind, std::size_t 
 }
 
 const bool added = [] {
-  addWordsReader({.name = ours, .parsing = "", .writing = "all", .longestOfDistinct = anyLength},
+  addWordsReader({.name = ours, .parsing = "", .writing = "ours", .longestOfDistinct = anyLength},
                  [](const CommandLine& words) { return std::make_unique<Model>(words); });
   const std::string probe = "one hash probe per word";
   const std::string copy = "memcpy of the bytes";

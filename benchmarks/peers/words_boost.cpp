@@ -51,7 +51,7 @@ class ProgramOptions final : public WordsReader {
 const bool added =
     addWordsReader({.name = "Boost.Program_options",
                     .parsing = "less: normalises nothing",
-                    .writing = "less: normalises nothing; written by code around its list",
+                    .writing = "written by code around its list",
                     .longestOfRepeated = 1'000},
                    [](const CommandLine& line) { return std::make_unique<ProgramOptions>(line); });
 

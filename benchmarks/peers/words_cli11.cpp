@@ -38,13 +38,12 @@ class Cli11 final : public WordsReader {
   std::vector<CLI::Option*> options_;
 };
 
-const bool added = addWordsReader(
-    {.name = "CLI11",
-     .parsing = "less: normalises nothing; two hyphens before a flag",
-     .writing = "less: normalises nothing; written in the order of its table by code around it",
-     .hyphens = "--",
-     .keepsOrder = false},
-    [](const CommandLine& line) { return std::make_unique<Cli11>(line); });
+const bool added = addWordsReader({.name = "CLI11",
+                                   .parsing = "less: normalises nothing; two hyphens before a flag",
+                                   .writing = "written in the order of its table by code around it",
+                                   .hyphens = "--",
+                                   .keepsOrder = false},
+                                  [](const CommandLine& line) { return std::make_unique<Cli11>(line); });
 
 }  // namespace
 }  // namespace quillonic::benchmarks

@@ -39,13 +39,12 @@ class Cxxopts final : public WordsReader {
   std::optional<std::pair<std::string, std::string>> changed_;
 };
 
-const bool added =
-    addWordsReader({.name = "cxxopts",
-                    .parsing = "less: normalises nothing; two hyphens before a flag",
-                    .writing = "less: normalises nothing, changes nothing; written by code around its list",
-                    .hyphens = "--",
-                    .longestOfDistinct = anyLength},
-                   [](const CommandLine& line) { return std::make_unique<Cxxopts>(line); });
+const bool added = addWordsReader({.name = "cxxopts",
+                                   .parsing = "less: normalises nothing; two hyphens before a flag",
+                                   .writing = "changes nothing; written by code around its list",
+                                   .hyphens = "--",
+                                   .longestOfDistinct = anyLength},
+                                  [](const CommandLine& line) { return std::make_unique<Cxxopts>(line); });
 
 }  // namespace
 }  // namespace quillonic::benchmarks

@@ -88,7 +88,7 @@ const bool added =
                    [](const CommandLine& line) { return std::make_unique<Bare>(line); }) &&
     addWordsReader({.name = "getopt_long_only, stored",
                     .parsing = "less: normalises nothing; values and order kept by code around it",
-                    .writing = "less: normalises nothing; written by code around it"},
+                    .writing = "written by code around it"},
                    [](const CommandLine& line) { return std::make_unique<Stored>(line); });
 
 }  // namespace

@@ -60,7 +60,7 @@ const bool added = addWordsReader(
     {.name = "GLib GOptionContext",
      .parsing = "less: normalises nothing, keeps no order; two hyphens before a flag; a context reads once, "
                 "so it is told of the flags each time",
-     .writing = "less: normalises nothing; written in the order of its table by code around it",
+     .writing = "written in the order of its table by code around it",
      .hyphens = "--",
      .keepsOrder = false},
     [](const CommandLine& line) { return std::make_unique<OptionContext>(line); });

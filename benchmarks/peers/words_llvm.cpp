@@ -88,7 +88,7 @@ class Llvm final : public WordsReader {
 
 const bool added = addWordsReader({.name = "LLVM OptTable",
                                    .parsing = "less: points at the words, normalises nothing",
-                                   .writing = "less: points at the words, normalises nothing",
+                                   .writing = "renders the words it points at",
                                    .longestOfDistinct = anyLength},
                                   [](const CommandLine& line) { return std::make_unique<Llvm>(line); });
 
