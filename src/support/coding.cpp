@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/utf8.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -16,6 +18,15 @@ std::string message(std::string_view key, std::string_view reason) {
 }
 
 }  // namespace
+
+bool isUtf8(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const auto [scalar, length, valid] = utf8::decode(text);
+    if (!valid) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
 
 DecodingError::DecodingError(std::string_view key, std::string_view reason)
     : std::runtime_error(message(key, reason)), key_(key) {}

@@ -47,7 +47,10 @@ struct QUILLONIC_EXPORT AliasFile {
     external = 0x100,
   };
 
-  /// No alias file is greater than this many bytes; a greater file is not looked into.
+  /// How many bytes at the start of a file tell whether it is an alias file.
+  static constexpr std::size_t markSize = 16;
+  /// No alias file is greater than this many bytes, some hundred times what desktops write. A greater file is
+  /// none whatever it begins with, and is nowhere looked into: camera clips need not be opened.
   static constexpr std::size_t greatestSize = std::size_t{1} << 20;
 
   /// The names from the root to the target, each a plain name; none for the root itself.
@@ -71,7 +74,7 @@ struct QUILLONIC_EXPORT AliasFile {
   std::optional<std::int64_t> creationOptions = std::nullopt;
   std::optional<std::string> displayName = std::nullopt;
 
-  /// Whether a file that begins with these bytes is an alias file; 16 are enough.
+  /// Whether a file that begins with these bytes is an alias file, by its first `markSize` bytes alone.
   static bool isAliasFile(std::string_view firstBytes) noexcept;
 
   /// Reads an alias file, or the plain bookmark data that property lists carry. Nothing for bytes that are

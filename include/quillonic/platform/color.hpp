@@ -17,6 +17,25 @@ namespace quillonic {
 /// Colours are equal when their forms and components are.
 class QUILLONIC_EXPORT Color {
  public:
+  /// The forms of a colour, each with its components as they were given.
+  struct Rgb {
+    double red, green, blue, alpha;
+    friend bool operator==(const Rgb&, const Rgb&) = default;
+  };
+  struct Grey {
+    double white, alpha;
+    friend bool operator==(const Grey&, const Grey&) = default;
+  };
+  struct Cmyk {
+    double cyan, magenta, yellow, black, alpha;
+    friend bool operator==(const Cmyk&, const Cmyk&) = default;
+  };
+  struct Pattern {
+    std::string name;
+    friend bool operator==(const Pattern&, const Pattern&) = default;
+  };
+  using Form = std::variant<Rgb, Grey, Cmyk, Pattern>;
+
   /// A colour of the generic RGB space. An alpha of 1 is opaque.
   static Color rgb(double red, double green, double blue, double alpha = 1);
   /// A grey: 0 is black, 1 is white.
@@ -44,6 +63,9 @@ class QUILLONIC_EXPORT Color {
   /// once converted, is infinite or not a number. Grey becomes equal parts, inks are taken off white.
   std::optional<Color> inGenericRgbSpace() const noexcept;
 
+  /// The colour as it was made, for `std::visit`.
+  const Form& form() const noexcept { return form_; }
+
   /// The colour for people and logs: "RGB 1.0 0.5 0.0 alpha 1.0", "grey 0.5 alpha 1.0",
   /// "CMYK 0.0 1.0 1.0 0.0 alpha 1.0" or "pattern stripes".
   std::string description() const;
@@ -51,24 +73,6 @@ class QUILLONIC_EXPORT Color {
   friend bool operator==(const Color&, const Color&) = default;
 
  private:
-  struct Rgb {
-    double red, green, blue, alpha;
-    friend bool operator==(const Rgb&, const Rgb&) = default;
-  };
-  struct Grey {
-    double white, alpha;
-    friend bool operator==(const Grey&, const Grey&) = default;
-  };
-  struct Cmyk {
-    double cyan, magenta, yellow, black, alpha;
-    friend bool operator==(const Cmyk&, const Cmyk&) = default;
-  };
-  struct Pattern {
-    std::string name;
-    friend bool operator==(const Pattern&, const Pattern&) = default;
-  };
-  using Form = std::variant<Rgb, Grey, Cmyk, Pattern>;
-
   explicit Color(Form form) noexcept;
 
   Form form_;

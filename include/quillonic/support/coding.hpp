@@ -9,9 +9,13 @@
 
 #include <concepts>
 #include <cstdint>
+#include <filesystem>
+#include <limits>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -21,6 +25,9 @@ namespace quillonic {
 
 class CodedValue;
 struct CodedMember;
+
+/// Whether the whole text is UTF-8, which archives may ask for; the texts of coded values are any bytes.
+QUILLONIC_EXPORT bool isUtf8(std::string_view text) noexcept;
 
 /// Reports a coded value that cannot be decoded.
 class QUILLONIC_EXPORT DecodingError : public std::runtime_error {
@@ -126,25 +133,137 @@ template <class T> const T& CodedRecord::require(std::string_view key) const {
 template <class T>
 concept CodableRawHashCase = RawHashCase<T>;
 
-/// The coded form of a value: an enumeration is its bare text, a record what its own `encode` gives.
-template <class T> CodedValue encode(const T& value) {
-  if constexpr (RawHashCase<T>) {
-    return std::string(rawValue(value));
-  } else {
-    return value.encode();
+/// How a type is encoded and decoded. It stands here for Booleans, 64-bit integers, floating-point numbers,
+/// texts, paths, lists, enumerations with texts, records with a table of fields, and every type with an
+/// `encode()` and a `from(coded)` of its own. A host can specialise it for others. `decode` throws a
+/// `DecodingError` when the coded form does not fit, with `key`, the key that the value stands under, when
+/// the value itself is wrong.
+template <class T> struct Coding;
+
+/// A field of a record and the key that it is encoded under.
+template <class Record, class Value> struct Field {
+  std::string_view key;
+  Value Record::*member;
+};
+
+template <class Record, class Value> Field(std::string_view, Value Record::*) -> Field<Record, Value>;
+
+/// The fields of a plain record, as a tuple `fields` of `Field`; specialised once beside each record that is
+/// encoded. A field without a value has no key. A key that is missing leaves its field as a new record has
+/// it, so that what an earlier version wrote can be read; keys without a field are passed over.
+template <class Record> struct FieldTable;
+
+/// A record that has a table of its fields.
+template <class T>
+concept RecordOfFields = std::default_initializable<T> && requires {
+  FieldTable<T>::fields;
+};
+
+/// A type that encodes itself.
+template <class T>
+concept SelfCoding = requires(const T& value, const CodedValue& coded) {
+  { value.encode() } -> std::same_as<CodedValue>;
+  { T::from(coded) } -> std::same_as<T>;
+};
+
+template <CodedAlternative T> struct Coding<T> {
+  static CodedValue encode(const T& value) { return value; }
+  static T decode(const CodedValue& coded, std::string_view key) { return coded.require<T>(key); }
+};
+
+/// An archive may have turned 24.0 into 24, so an integer that a floating-point number holds exactly is one.
+template <> struct Coding<double> {
+  static CodedValue encode(double value) { return value; }
+  static double decode(const CodedValue& coded, std::string_view key) {
+    if (const auto* integer = coded.as<std::int64_t>()) {
+      constexpr std::int64_t allHeld = std::int64_t{1} << std::numeric_limits<double>::digits;
+      if (-allHeld <= *integer && *integer <= allHeld) return static_cast<double>(*integer);
+    }
+    return coded.require<double>(key);
   }
+};
+
+/// The bytes of the path as they are.
+template <> struct Coding<std::filesystem::path> {
+  static CodedValue encode(const std::filesystem::path& value) { return value.native(); }
+  static std::filesystem::path decode(const CodedValue& coded, std::string_view key) {
+    return coded.require<std::string>(key);
+  }
+};
+
+template <class T> struct Coding<std::vector<T>> {
+  static CodedValue encode(const std::vector<T>& values) {
+    CodedList list;
+    list.reserve(values.size());
+    for (const T& value : values) list.push_back(Coding<T>::encode(value));
+    return list;
+  }
+  static std::vector<T> decode(const CodedValue& coded, std::string_view key) {
+    const auto& list = coded.require<CodedList>(key);
+    std::vector<T> values;
+    values.reserve(list.size());
+    for (const CodedValue& value : list) values.push_back(Coding<T>::decode(value, key));
+    return values;
+  }
+};
+
+template <RawHashCase T> struct Coding<T> {
+  static CodedValue encode(const T& value) { return std::string(rawValue(value)); }
+  static T decode(const CodedValue& coded, std::string_view key) {
+    const auto& text = coded.require<std::string>(key);
+    if (auto value = fromRawValue<T>(text)) return *std::move(value);
+    throw DecodingError(key, "no case has the text \"" + text + "\"");
+  }
+};
+
+template <SelfCoding T> struct Coding<T> {
+  static CodedValue encode(const T& value) { return value.encode(); }
+  static T decode(const CodedValue& coded, std::string_view /*key*/) { return T::from(coded); }
+};
+
+template <RecordOfFields T> struct Coding<T> {
+  static CodedValue encode(const T& value) {
+    CodedRecord record;
+    std::apply([&](const auto&... field) { (add(record, field.key, value.*field.member), ...); },
+               FieldTable<T>::fields);
+    return record;
+  }
+
+  static T decode(const CodedValue& coded, std::string_view key) {
+    const auto& record = coded.require<CodedRecord>(key);
+    T value;
+    std::apply([&](const auto&... field) { (read(record, field.key, value.*field.member), ...); },
+               FieldTable<T>::fields);
+    return value;
+  }
+
+ private:
+  template <class Value> static void add(CodedRecord& record, std::string_view key, const Value& value) {
+    record.add(key, Coding<Value>::encode(value));
+  }
+  template <class Value>
+  static void add(CodedRecord& record, std::string_view key, const std::optional<Value>& value) {
+    if (value) add(record, key, *value);
+  }
+
+  template <class Value> static void read(const CodedRecord& record, std::string_view key, Value& value) {
+    if (const auto* coded = record.find(key)) value = Coding<Value>::decode(*coded, key);
+  }
+  template <class Value>
+  static void read(const CodedRecord& record, std::string_view key, std::optional<Value>& value) {
+    if (const auto* coded = record.find(key)) value = Coding<Value>::decode(*coded, key);
+  }
+};
+
+/// The coded form of a value.
+template <class T> CodedValue encode(const T& value) {
+  return Coding<T>::encode(value);
 }
 
 /// Reads a value back. Throws `DecodingError` when the coded form does not fit: for a closed enumeration also
 /// when no case has the text.
 template <class T> T decode(const CodedValue& coded) {
-  if constexpr (RawHashCase<T>) {
-    const auto& text = coded.require<std::string>();
-    if (auto value = fromRawValue<T>(text)) return *value;
-    throw DecodingError({}, "no case has the text \"" + text + "\"");
-  } else {
-    return T::from(coded);
-  }
+  return Coding<T>::decode(coded, {});
 }
 
 }  // namespace quillonic

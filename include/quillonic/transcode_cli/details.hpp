@@ -2,10 +2,12 @@
 /// details_table.hpp.
 #pragma once
 
+#include <quillonic/support/coding.hpp>
 #include <quillonic/transcode_cli/details_table.hpp>
 
 #include <cstdint>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace quillonic {
@@ -20,6 +22,14 @@ struct TranscodeWatermarkDetail {
   friend bool operator==(const TranscodeWatermarkDetail&, const TranscodeWatermarkDetail&) = default;
 };
 
+/// The fields of `TranscodeWatermarkDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeWatermarkDetail> {
+  static constexpr std::tuple fields{
+      Field{"imageFile", &TranscodeWatermarkDetail::imageFile},
+      Field{"text", &TranscodeWatermarkDetail::text},
+  };
+};
+
 /// The input files of one group.
 struct TranscodeInputFileGroup {
   /// The number of the group.
@@ -28,6 +38,14 @@ struct TranscodeInputFileGroup {
   std::vector<std::string> files;
 
   friend bool operator==(const TranscodeInputFileGroup&, const TranscodeInputFileGroup&) = default;
+};
+
+/// The fields of `TranscodeInputFileGroup`, each encoded under its own name.
+template <> struct FieldTable<TranscodeInputFileGroup> {
+  static constexpr std::tuple fields{
+      Field{"group", &TranscodeInputFileGroup::group},
+      Field{"files", &TranscodeInputFileGroup::files},
+  };
 };
 
 }  // namespace quillonic

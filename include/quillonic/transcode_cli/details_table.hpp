@@ -4,6 +4,8 @@
 
 // clang-format off
 #include <quillonic/platform/color.hpp>
+#include <quillonic/support/coding.hpp>
+#include <quillonic/support/color_coding.hpp>
 #include <quillonic/transcode_cli/anchors.hpp>
 #include <quillonic/transcode_cli/frame_size.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
@@ -12,6 +14,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace quillonic {
@@ -50,6 +53,26 @@ struct TranscodeVideoDetail {
   friend bool operator==(const TranscodeVideoDetail&, const TranscodeVideoDetail&) = default;
 };
 
+/// The fields of `TranscodeVideoDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeVideoDetail> {
+  static constexpr std::tuple fields{
+      Field{"noVideo", &TranscodeVideoDetail::noVideo},
+      Field{"videoFormat", &TranscodeVideoDetail::videoFormat},
+      Field{"videoFrameRate", &TranscodeVideoDetail::videoFrameRate},
+      Field{"videoDimensions", &TranscodeVideoDetail::videoDimensions},
+      Field{"videoAspectScaling", &TranscodeVideoDetail::videoAspectScaling},
+      Field{"videoAspectCropAnchor", &TranscodeVideoDetail::videoAspectCropAnchor},
+      Field{"videoBitRate", &TranscodeVideoDetail::videoBitRate},
+      Field{"videoBitDepth", &TranscodeVideoDetail::videoBitDepth},
+      Field{"videoColorSpace", &TranscodeVideoDetail::videoColorSpace},
+      Field{"videoKeyFrames", &TranscodeVideoDetail::videoKeyFrames},
+      Field{"videoGPUDecoding", &TranscodeVideoDetail::videoGPUDecoding},
+      Field{"videoGPUEncoding", &TranscodeVideoDetail::videoGPUEncoding},
+      Field{"redRocketDevice", &TranscodeVideoDetail::redRocketDevice},
+      Field{"videoProfile", &TranscodeVideoDetail::videoProfile},
+  };
+};
+
 /// The settings of the audio.
 struct TranscodeAudioDetail {
   /// Leaves the audio out.
@@ -72,6 +95,21 @@ struct TranscodeAudioDetail {
   std::optional<std::int64_t> audioBitRate{};
 
   friend bool operator==(const TranscodeAudioDetail&, const TranscodeAudioDetail&) = default;
+};
+
+/// The fields of `TranscodeAudioDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeAudioDetail> {
+  static constexpr std::tuple fields{
+      Field{"noAudio", &TranscodeAudioDetail::noAudio},
+      Field{"copyAudio", &TranscodeAudioDetail::copyAudio},
+      Field{"ignoredAudioTracks", &TranscodeAudioDetail::ignoredAudioTracks},
+      Field{"discreteAudio", &TranscodeAudioDetail::discreteAudio},
+      Field{"audioFormat", &TranscodeAudioDetail::audioFormat},
+      Field{"audioBitsPerChannel", &TranscodeAudioDetail::audioBitsPerChannel},
+      Field{"audioSampleRate", &TranscodeAudioDetail::audioSampleRate},
+      Field{"audioChannelLayout", &TranscodeAudioDetail::audioChannelLayout},
+      Field{"audioBitRate", &TranscodeAudioDetail::audioBitRate},
+  };
 };
 
 /// The settings of the timecode, its track and its burn-in.
@@ -102,6 +140,23 @@ struct TranscodeTimecodeDetail {
   friend bool operator==(const TranscodeTimecodeDetail&, const TranscodeTimecodeDetail&) = default;
 };
 
+/// The fields of `TranscodeTimecodeDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeTimecodeDetail> {
+  static constexpr std::tuple fields{
+      Field{"timecodeAddTrack", &TranscodeTimecodeDetail::timecodeAddTrack},
+      Field{"timecodeAddBurn", &TranscodeTimecodeDetail::timecodeAddBurn},
+      Field{"timecodeBurnAnchor", &TranscodeTimecodeDetail::timecodeBurnAnchor},
+      Field{"timecodeBurnFontSize", &TranscodeTimecodeDetail::timecodeBurnFontSize},
+      Field{"timecodeBurnFontColor", &TranscodeTimecodeDetail::timecodeBurnFontColor},
+      Field{"timecodeBurnBoxColor", &TranscodeTimecodeDetail::timecodeBurnBoxColor},
+      Field{"timecodeMatchSource", &TranscodeTimecodeDetail::timecodeMatchSource},
+      Field{"timecodeFromCreationDate", &TranscodeTimecodeDetail::timecodeFromCreationDate},
+      Field{"timecode", &TranscodeTimecodeDetail::timecode},
+      Field{"timecodeFrameRate", &TranscodeTimecodeDetail::timecodeFrameRate},
+      Field{"timecodeIsDropFrame", &TranscodeTimecodeDetail::timecodeIsDropFrame},
+  };
+};
+
 /// The settings of the image watermark.
 struct TranscodeWatermarkImageFileDetail {
   /// Where the image is placed.
@@ -112,6 +167,15 @@ struct TranscodeWatermarkImageFileDetail {
   std::optional<double> watermarkFileBurnScale{};
 
   friend bool operator==(const TranscodeWatermarkImageFileDetail&, const TranscodeWatermarkImageFileDetail&) = default;
+};
+
+/// The fields of `TranscodeWatermarkImageFileDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeWatermarkImageFileDetail> {
+  static constexpr std::tuple fields{
+      Field{"watermarkFileBurnAnchor", &TranscodeWatermarkImageFileDetail::watermarkFileBurnAnchor},
+      Field{"watermarkFileBurnFilePath", &TranscodeWatermarkImageFileDetail::watermarkFileBurnFilePath},
+      Field{"watermarkFileBurnScale", &TranscodeWatermarkImageFileDetail::watermarkFileBurnScale},
+  };
 };
 
 /// The settings of the text watermark.
@@ -130,6 +194,18 @@ struct TranscodeWatermarkTextDetail {
   std::optional<Color> watermarkTextBurnBoxColor{};
 
   friend bool operator==(const TranscodeWatermarkTextDetail&, const TranscodeWatermarkTextDetail&) = default;
+};
+
+/// The fields of `TranscodeWatermarkTextDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeWatermarkTextDetail> {
+  static constexpr std::tuple fields{
+      Field{"watermarkTextAddBurn", &TranscodeWatermarkTextDetail::watermarkTextAddBurn},
+      Field{"watermarkTextBurnText", &TranscodeWatermarkTextDetail::watermarkTextBurnText},
+      Field{"watermarkTextBurnFontSize", &TranscodeWatermarkTextDetail::watermarkTextBurnFontSize},
+      Field{"watermarkTextBurnAnchor", &TranscodeWatermarkTextDetail::watermarkTextBurnAnchor},
+      Field{"watermarkTextBurnFontColor", &TranscodeWatermarkTextDetail::watermarkTextBurnFontColor},
+      Field{"watermarkTextBurnBoxColor", &TranscodeWatermarkTextDetail::watermarkTextBurnBoxColor},
+  };
 };
 
 }  // namespace quillonic

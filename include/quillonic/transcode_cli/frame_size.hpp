@@ -1,7 +1,10 @@
 /// The size of a frame.
 #pragma once
 
+#include <quillonic/support/coding.hpp>
+
 #include <cstdint>
+#include <tuple>
 
 namespace quillonic {
 
@@ -11,6 +14,14 @@ struct FrameSize {
   std::int64_t height = 0;
 
   friend bool operator==(const FrameSize&, const FrameSize&) = default;
+};
+
+/// The fields of `FrameSize`, each encoded under its own name.
+template <> struct FieldTable<FrameSize> {
+  static constexpr std::tuple fields{
+      Field{"width", &FrameSize::width},
+      Field{"height", &FrameSize::height},
+  };
 };
 
 }  // namespace quillonic

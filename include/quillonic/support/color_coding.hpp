@@ -1,0 +1,21 @@
+/// How colours are encoded: a record of one member, whose key is the form and whose value is the list of components
+/// in their order, or the name of a pattern.
+///
+///     encode(Color::grey(0.5));    // {"grey": [0.5, 1.0]}
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/platform/color.hpp>
+#include <quillonic/support/coding.hpp>
+
+#include <string_view>
+
+namespace quillonic {
+
+template <> struct QUILLONIC_EXPORT Coding<Color> {
+  static CodedValue encode(const Color& color);
+  /// Throws a `DecodingError` where the form is unknown, or has more or fewer components than it should.
+  static Color decode(const CodedValue& coded, std::string_view key);
+};
+
+}  // namespace quillonic
