@@ -30,9 +30,13 @@ figures hang on when the system takes a thread's core away."""),
 
 
 def rows_of(results):
-    """The medians, as {topic: {work: {who: row}}}, and the rows that could not be measured."""
+    """The medians, as {topic: {work: {who: row}}}, and the rows that could not be measured.
+
+    A row without a topic has timed what it is beside itself."""
     topics, failures = {}, []
     for measured in results["benchmarks"]:
+        if "|" not in measured["run_name"]:
+            continue
         topic, work, who = measured["run_name"].split("|")
         is_threaded = topic == "switches"
         who = who.split("/real_time")[0]
@@ -86,6 +90,23 @@ def beside(works):
             if is_behind:
                 behind.append([work, name, figure(ratio), row["note"]])
     return lines, behind
+
+
+def turns_table(results):
+    """The rows that took turns with what they are beside."""
+    names = {"expandedAttributes<clips>": "attributes of clips",
+             "expandedAttributes<smallFiles>": "attributes of small files, which may be alias files",
+             "walkLinks": "a tree of links walked"}
+    lines = []
+    for measured in results["benchmarks"]:
+        name = measured["run_name"].split("/")[0]
+        if name in names and measured.get("aggregate_name") == "median":
+            assert measured["time_unit"] == "ms"
+            least = measured.get("times_least")
+            lines.append([names[name], figure(measured["real_time"] * 1e6 / 10_000), figure(measured["times_bare"]),
+                          figure(least) if least else ""])
+    return table(["work", "ours, ns per item", "times one system call per item", "times what it cannot do without"],
+                 sorted(lines), range(1, 4))
 
 
 def growth_table(series):
@@ -199,6 +220,8 @@ those of one turn of the work, C libraries included. Single threads are timed on
         parts.append(f"## {title}\n\n" + (table(["work", "beside", "ours / theirs", "note"], rows, [2])
                                            if rows else "Nowhere."))
     parts += sections
+    parts.append("## Attributes and links\n\n10,000 items each; the loops take turns. A small file has to be opened to see "
+                 "whether it is an alias file.\n\n" + turns_table(results))
     if growth:
         parts.append("## Cost as work grows\n\nTime and peak memory, what was handed in not counted, for each word, path "
                      "or item of a hundred to a million.\n\n![growth](growth.svg)\n\n" + growth_table(growth))
