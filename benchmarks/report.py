@@ -115,7 +115,7 @@ def growth_table(series):
     for name, rows in series.items():
         for kind, unit in (("time", "ns"), ("peak", "bytes")):
             values = [rows[str(size)]["time"] if kind == "time" else rows[str(size)]["peak"] / size for size in sizes]
-            if kind == "peak" and rows[str(sizes[-1])]["peak"] < 2 * rows[str(sizes[0])]["peak"]:
+            if kind == "peak" and rows[str(sizes[-1])]["peak"] <= 2 * rows[str(sizes[0])]["peak"]:
                 note = "the same for all"
             else:
                 note = figure(max(values) / min(values))
