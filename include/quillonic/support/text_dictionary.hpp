@@ -7,6 +7,7 @@
 #pragma once
 
 #include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
 
 #include <concepts>
 #include <cstddef>
@@ -60,6 +61,11 @@ class QUILLONIC_EXPORT TextDictionary {
   /// As above, without a copy.
   explicit TextDictionary(std::vector<Entry> entries);
 
+  /// As above, and calls `didPlace` once per entry with its position in the list that was given and the position of its
+  /// key in the dictionary, which several entries share where keys are equal.
+  TextDictionary(std::vector<Entry> entries,
+                 FunctionRef<void(std::size_t given, std::size_t position)> didPlace);
+
   /// Copies any map or list of pairs of texts; of equal keys the last one stays.
   template <std::ranges::input_range Pairs>
   requires std::convertible_to<decltype(std::declval<std::ranges::range_reference_t<Pairs>>().first),
@@ -95,6 +101,8 @@ class QUILLONIC_EXPORT TextDictionary {
     for (const auto& [key, value] : pairs) entries.emplace_back(key, value);
     return entries;
   }
+
+  void keepLastOfEqualKeys();
 
   std::vector<Entry> entries_;
 };

@@ -164,13 +164,21 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
    public:
     void reserve(std::size_t flags);
     void append(std::string_view flag);
-    std::size_t size() const noexcept { return ends_.size(); }
+    // Where the entry of a flag stood when the flags were read.
+    void setEntryPosition(std::size_t position, std::size_t entryPosition) noexcept;
+    std::size_t size() const noexcept { return marks_.size(); }
     std::string_view operator[](std::size_t position) const noexcept;
+    std::size_t entryPosition(std::size_t position) const noexcept { return marks_[position].entryPosition; }
 
    private:
+    struct Mark {
+      std::size_t end;
+      std::size_t entryPosition;
+    };
+
     // All flags in one text, so that recording the order costs no allocation per flag.
     std::string flags_;
-    std::vector<std::size_t> ends_;
+    std::vector<Mark> marks_;
   };
 
   template <class Visit> void visitArguments(Visit visit) const;
