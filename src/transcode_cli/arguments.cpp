@@ -275,15 +275,15 @@ std::optional<TimecodeSource> TranscodeCliArguments::timecodeSource() const noex
 }
 
 void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> source) {
-  for (const auto other : allCases<TimecodeSource>()) {
-    if (other != source) flagValueLookup_.remove(cliFlag(other));
-  }
-  if (!source) return;
-  if (*source != TimecodeSource::custom) {
+  // What can run out of memory comes first.
+  if (source && *source != TimecodeSource::custom) {
     flagValueLookup_.set(cliFlag(*source), {});
-  } else if (timecode().value_or("").empty()) {
+  } else if (source && timecode().value_or("").empty()) {
     setTimecode(timecodeIsDropFrame() ? TimecodeComponents::defaultDropFrameTimecode
                                       : TimecodeComponents::defaultNonDropTimecode);
+  }
+  for (const auto other : allCases<TimecodeSource>()) {
+    if (other != source) flagValueLookup_.remove(cliFlag(other));
   }
 }
 

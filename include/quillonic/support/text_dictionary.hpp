@@ -24,7 +24,7 @@ namespace quillonic {
 /// Texts by text, in ascending byte order of the keys, so that the same content reads the same in every
 /// process. Entries lie side by side in one block: a dictionary costs one allocation and what its longer
 /// texts need. Looking up takes logarithmic time; adding or removing a single key moves the entries behind
-/// it.
+/// it. Only running out of memory makes an operation throw, and the dictionary is then as it was.
 class QUILLONIC_EXPORT TextDictionary {
  public:
   /// One key and its value.

@@ -53,8 +53,8 @@ struct QUILLONIC_EXPORT MediaAnalysisCLIArguments {
   /// process identifier is the last.
   std::vector<SetAside> setAside;
 
-  /// Reads the words that follow the tool's name. Never fails, whatever the words hold; words before the
-  /// first flag are dropped.
+  /// Reads the words that follow the tool's name. Never fails, whatever the words hold, unless memory runs out; words
+  /// before the first flag are dropped.
   static MediaAnalysisCLIArguments read(ArgumentWords cliArgs);
 };
 

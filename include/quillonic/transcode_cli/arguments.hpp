@@ -47,7 +47,9 @@ using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
 /// Lists come as copies: name an optional one before a loop over its content, since the loop does not keep it alive.
 ///
 /// The model can be moved but not copied; share it through a `std::shared_ptr`. One thread at a time uses one
-/// model. Only running out of memory makes its operations throw, except for decoding.
+/// model. Only running out of memory makes its operations throw, except for decoding. The model is then as it was;
+/// only an operation that changes several options (`setInputFileGroups`, `setIgnoredAudioTracks` and every `update`)
+/// may have changed some of them, and the model stays as usable as any.
 class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, public TranscodeOptions {
  public:
   /// A model without settings.
