@@ -41,10 +41,12 @@ enum class FilePathAttributeGenerationError {
 
 /// The category of `IOError`; its name is "quillonic.io".
 QUILLONIC_EXPORT const std::error_category& ioErrorCategory() noexcept;
+/// Lets an `IOError` stand wherever an error code does.
 QUILLONIC_EXPORT std::error_code make_error_code(IOError error) noexcept;
 
 /// The category of `FilePathAttributeGenerationError`; its name is "quillonic.attributes".
 QUILLONIC_EXPORT const std::error_category& filePathAttributeGenerationErrorCategory() noexcept;
+/// Lets a `FilePathAttributeGenerationError` stand wherever an error code does.
 QUILLONIC_EXPORT std::error_code make_error_code(FilePathAttributeGenerationError error) noexcept;
 
 }  // namespace quillonic

@@ -50,6 +50,7 @@ template <> struct CaseTable<MediaAnalysisCLIImageError> {
 /// The errors as error codes of two categories of their own. The message of a code is the name of its case:
 /// the texts that people read are the tool's.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIError error) noexcept;
+/// The same for an image analysis, in the other category.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIImageError error) noexcept;
 
 }  // namespace quillonic
