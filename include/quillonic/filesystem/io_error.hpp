@@ -13,17 +13,29 @@ namespace quillonic {
 /// What the replication layer reports of itself. The platform's own errors pass through it unchanged. The
 /// messages are fixed: lower case and without a full stop.
 enum class IOError {
+  /// "invalid path type"
   invalidPathType = 1,
+  /// "invalid data type"
   invalidDataType,
+  /// "path does not exist"
   nonexistentIOPath,
+  /// "io has closed"
   closedToIOActivity,
+  /// "reposition failure"
   failedToReposition,
+  /// "data ignored"
   ioDataIgnored,
+  /// "file attributes unavailable"
   unavailableFileAttributes,
+  /// "invalid replication structure"
   invalidReplicationStructure,
+  /// "replicator type not supported"
   unsupportedReplicator,
+  /// "replication resources unavailable"
   unavailableReplicationResources,
+  /// "output already processed"
   outputPreviouslyProcessed,
+  /// "verification resources unavailable"
   unavailableVerificationResources,
 };
 

@@ -14,12 +14,19 @@ namespace quillonic {
 
 /// Each case names the check that failed. The numbers begin at 1 because an error code of 0 means success.
 enum class MediaAnalysisCLIError : std::uint8_t {
+  /// The list has no path to analyse.
   pathToAnalyzeNotSupplied = 1,
+  /// Nothing is at one of the paths to analyse.
   pathToAnalyzeDoesNotExist,
+  /// The list has no folder for temporary files.
   workDirectoryNotSupplied,
+  /// That folder is not there.
   workDirectoryDoesNotExist,
+  /// The list has no file for the results.
   resultsFilePathNotSupplied,
+  /// Something is there already, which is not to be replaced.
   resultsFileAlreadyExists,
+  /// The file for the results cannot be created.
   resultsFilePathNotCreated,
 };
 
