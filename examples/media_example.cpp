@@ -23,7 +23,7 @@ int main() {
   VideoDimension::tenEightyP.storeIn(preset.videoOptions);
   SampleRate::hz48000.storeIn(preset.audioOptions);
 
-  // Reading never turns a stored number away without saying so: what fits no fixed case is a custom one.
+  // A stored number that is no fixed case's is read as a custom rate; one that cannot be a rate as nothing.
   const auto rate = FrameRate::fromProto(preset.videoOptions).value_or(FrameRate::match);
   std::cout << rate.description() << ", " << VideoDimension::fromProto(preset.videoOptions).description()
             << ", " << SampleRate::fromProto(preset.audioOptions).description() << '\n';
@@ -34,16 +34,14 @@ int main() {
   showPicker("frame rates for DNxHD", FrameRate::allowed(preset.codecType));
   for (const auto depth : allowed<ColorDepth>(preset.codecType)) std::cout << description(depth) << '\n';
 
-  // The compiler says when a case is forgotten.
-  switch (rate.kind()) {
-    case FrameRate::Kind::match:
-    case FrameRate::Kind::halfstep:
-      std::cout << "follows the source\n";
+  // A switch over the cases reads like one over an enumeration: the compiler says when one is forgotten.
+  const auto dataRate = VideoDataRate::fromProto(preset.videoOptions);
+  switch (dataRate.kind()) {
+    case VideoDataRate::Kind::auto_:
+      std::cout << "the encoder chooses the data rate\n";
       break;
-    case FrameRate::Kind::custom:
-      std::cout << "typed: " << rate.value() << '\n';
+    case VideoDataRate::Kind::restrict:
+      std::cout << "at most " << dataRate.doubleForProto() << " megabits per second\n";
       break;
-    default:
-      std::cout << "a broadcast rate\n";
   }
 }

@@ -19,7 +19,7 @@ namespace quillonic {
 
 /// How a runner wants to be told what to run.
 enum class ScriptForm : std::uint8_t {
-  /// As a script's source, `do shell script "/bin/rm '/a/b';" with administrator privileges`.
+  /// As a script's source, ``do shell script "/bin/rm '/a/b';" with administrator privileges``.
   text,
   /// As a program and its arguments, which no shell reads: "/bin/rm", "--", "/a/b".
   argumentList,
