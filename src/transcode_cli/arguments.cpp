@@ -49,7 +49,7 @@ TextDictionary numberedEntries(const InputFileGroups& groups) {
   for (const auto& [group, files] : groups) {
     const auto prefix = std::string(VAVInputPrefixFlag) + "_" + std::to_string(group) + "_";
     for (std::size_t position = 0; position < files.size(); ++position) {
-      entries.push_back({prefix + std::to_string(position), files[position]});
+      entries.emplace_back(prefix + std::to_string(position), files[position]);
     }
   }
   return TextDictionary(std::move(entries));
@@ -73,7 +73,7 @@ TextDictionary decoded(const CodedRecord& record) {
   // Backwards, since a record gives the first of equal keys and a dictionary keeps the last.
   const auto& members = record.members();
   std::for_each(members.rbegin(), members.rend(), [&](const CodedMember& member) {
-    entries.push_back({member.key, member.value.require<std::string>(member.key)});
+    entries.emplace_back(member.key, member.value.require<std::string>(member.key));
   });
   return TextDictionary(std::move(entries));
 }

@@ -43,7 +43,7 @@ class TranscodeCliArguments::Intake {
     if (keepsOrder_) order_.append(key);
     const bool valid = known_flags::isValid(key, known);
     auto& target = valid ? valid_ : invalid_;
-    target.push_back({std::move(key), std::move(stored)});
+    target.emplace_back(std::move(key), std::move(stored));
     place = valid ? 2 * target.size() : 2 * target.size() + 1;
     if (known == known_flags::none) ++others_;
   }

@@ -66,7 +66,7 @@ TextDictionary presetArguments(TranscodeCliPreset preset) {
   std::vector<TextDictionary::Entry> entries;
   entries.reserve(arguments.size() / 2);
   for (std::size_t i = 0; i < arguments.size(); i += 2) {
-    entries.push_back({std::string(arguments[i]), std::string(arguments[i + 1])});
+    entries.emplace_back(arguments[i], arguments[i + 1]);
   }
   return TextDictionary(std::move(entries));
 }

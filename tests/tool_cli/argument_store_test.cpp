@@ -36,7 +36,7 @@ TEST(CliArgumentStore, WritesItsTextsInOrderAndItsDictionaryByKey) {
 TEST(CliArgumentStore, BuildsAListWithoutAClosingMarkAndTakesItApart) {
   EXPECT_EQ(Store().buildCLIList(std::vector<std::string>{}), "");
   EXPECT_EQ(Store().buildCLIList(std::vector<std::string>{"a"}), "[a");
-  EXPECT_EQ(Store().buildCLIList(std::vector<std::string_view>{"a", "b", "c"}), "[a b c");
+  EXPECT_EQ(Store().buildCLIList({"a", "b", "c"}), "[a b c");
   EXPECT_EQ(OtherSyntax().buildCLIList(std::vector<const char*>{"a", "b"}), "<\u00aba,\u00b7b");
   EXPECT_EQ(values(Store(), "[a b"), "|a|b");
   EXPECT_EQ(values(Store(), ""), "|");

@@ -1,6 +1,6 @@
 /// A dictionary from text to text that always iterates in the same order.
 ///
-///     TextDictionary lookup{{"-vcodec", "h264"}, {"-vn", ""}};
+///     TextDictionary lookup{{"-vcodec", "h264"}, {VAVNoVideoFlag, ""}};
 ///     lookup.set("-web", "");
 ///     for (const auto& [flag, value] : lookup) { ... }          // "-vcodec", "-vn", "-web"
 ///     if (const auto* codec = lookup.find("-vcodec")) use(codec->value);
@@ -28,12 +28,28 @@ class QUILLONIC_EXPORT TextDictionary {
  public:
   /// One key and its value.
   struct Entry {
+    Entry() = default;
+    /// Takes any two texts: literals, views, or constants such as flags. A `std::string` that is given away is not
+    /// copied.
+    template <std::convertible_to<std::string_view> Key, std::convertible_to<std::string_view> Value>
+    Entry(Key&& itsKey, Value&& itsValue)
+        : key(owned(std::forward<Key>(itsKey))), value(owned(std::forward<Value>(itsValue))) {}
+
     /// Any bytes; no two entries of a dictionary have the same.
     std::string key;
     /// Any bytes; empty for a key that stands alone.
     std::string value;
 
     friend bool operator==(const Entry&, const Entry&) = default;
+
+   private:
+    template <class Text> static std::string owned(Text&& text) {
+      if constexpr (std::same_as<Text, std::string>) {
+        return std::forward<Text>(text);
+      } else {
+        return std::string(std::string_view(text));
+      }
+    }
   };
 
   /// Visits the entries in ascending byte order of their keys. Valid until the dictionary changes.
@@ -84,7 +100,7 @@ class QUILLONIC_EXPORT TextDictionary {
  private:
   template <class Pairs> static std::vector<Entry> copied(const Pairs& pairs) {
     std::vector<Entry> entries;
-    for (const auto& [key, value] : pairs) entries.push_back({std::string(key), std::string(value)});
+    for (const auto& [key, value] : pairs) entries.emplace_back(key, value);
     return entries;
   }
 

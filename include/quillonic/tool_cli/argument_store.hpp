@@ -6,6 +6,7 @@
 #include <quillonic/support/text_dictionary.hpp>
 
 #include <concepts>
+#include <initializer_list>
 #include <ranges>
 #include <string>
 #include <string_view>
@@ -49,6 +50,11 @@ class QUILLONIC_EXPORT CliArgumentStore {
       before = listValueSeparator();
     }
     return list;
+  }
+
+  /// The same for values written in braces.
+  std::string buildCLIList(std::initializer_list<std::string_view> fromValues) const {
+    return buildCLIList<std::initializer_list<std::string_view>>(fromValues);
   }
 
   /// Calls `block` with each value of a list, in order; the views lie in `list`. Two separators in a row
