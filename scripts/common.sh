@@ -37,7 +37,7 @@ need() {
 }
 
 need_build_tools() { need g++ cmake ninja-build; }
-need_test_tools() { need_build_tools && need libgtest-dev libgmock-dev nlohmann-json3-dev python3; }
+need_test_tools() { need_build_tools && need libgtest-dev libgmock-dev nlohmann-json3-dev python3 doxygen; }
 
 # build_and_test PRESET
 build_and_test() {

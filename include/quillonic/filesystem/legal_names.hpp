@@ -43,6 +43,7 @@ inline constexpr std::string_view legalLtfsCharacters(detail::legalLtfsCharacter
                                                       detail::legalLtfsCharacters.size());
 /// The same as a set, and everything else: control characters, all of Unicode beyond "~", the illegal ones.
 inline constexpr CharacterSet validLtfsCharacters = CharacterSet::of(legalLtfsCharacters);
+/// What LTFS cleaning drops: all that `validLtfsCharacters` lacks.
 inline constexpr CharacterSet invalidLtfsCharacters = validLtfsCharacters.inverted();
 
 /// The characters that separate folders on a desktop volume, in one or the other of its forms of a path.

@@ -24,6 +24,7 @@ enum class ReferenceLinkType : std::int64_t {
 
 /// One case of an enumeration of numbers, with its text for logs.
 template <class Enumeration> struct LoggedCaseRow : CaseRow<Enumeration, std::int64_t> {
+  /// What logs show; a fixed text, the same in every language.
   std::string_view loggingDescription;
 };
 

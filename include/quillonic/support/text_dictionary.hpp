@@ -36,7 +36,9 @@ class QUILLONIC_EXPORT TextDictionary {
     Entry(Key&& itsKey, Value&& itsValue)
         : key(owned(std::forward<Key>(itsKey))), value(owned(std::forward<Value>(itsValue))) {}
 
+    /// Any bytes; no two entries of a dictionary have the same.
     std::string key;
+    /// Any bytes; empty for a key that stands alone.
     std::string value;
 
     friend bool operator==(const Entry&, const Entry&) = default;
@@ -51,6 +53,7 @@ class QUILLONIC_EXPORT TextDictionary {
     }
   };
 
+  /// Visits the entries in ascending byte order of their keys. Valid until the dictionary changes.
   using const_iterator = std::vector<Entry>::const_iterator;
 
   TextDictionary() = default;
@@ -74,6 +77,7 @@ class QUILLONIC_EXPORT TextDictionary {
 
   /// The entry of a key, or null. Valid until the dictionary changes.
   const Entry* find(std::string_view key) const noexcept;
+  /// Whether there is an entry for exactly this key, case included.
   bool contains(std::string_view key) const noexcept { return find(key) != nullptr; }
 
   /// Stores a value, replacing an earlier one.
@@ -88,9 +92,13 @@ class QUILLONIC_EXPORT TextDictionary {
   /// The entries whose key begins with a text, in order. Valid until the dictionary changes.
   std::span<const Entry> prefixed(std::string_view prefix) const noexcept;
 
+  /// The entry with the least key.
   const_iterator begin() const noexcept { return entries_.begin(); }
+  /// Behind the entry with the greatest key.
   const_iterator end() const noexcept { return entries_.end(); }
+  /// The number of entries.
   std::size_t size() const noexcept { return entries_.size(); }
+  /// Whether there is no entry.
   bool empty() const noexcept { return entries_.empty(); }
 
   friend bool operator==(const TextDictionary&, const TextDictionary&) = default;

@@ -52,6 +52,7 @@ class QUILLONIC_EXPORT CliArgumentStore {
     return list;
   }
 
+  /// The same for values written in braces.
   std::string buildCLIList(std::initializer_list<std::string_view> fromValues) const {
     return buildCLIList<std::initializer_list<std::string_view>>(fromValues);
   }

@@ -28,7 +28,9 @@ namespace quillonic {
 struct QUILLONIC_EXPORT MediaAnalysisCLIArguments {
   /// A flag that was of no use, in lower case, and its value.
   struct SetAside {
+    /// The word that was taken for a flag, its hyphen included.
     std::string flag;
+    /// The word behind it as it stood; absent when none followed.
     std::optional<std::string> value;
 
     friend bool operator==(const SetAside&, const SetAside&) = default;

@@ -39,8 +39,11 @@ class QUILLONIC_EXPORT CLIArgumentSanitizer {
   CLIArgumentSanitizer& operator=(const CLIArgumentSanitizer&) = delete;
   ~CLIArgumentSanitizer();
 
+  /// The accepted flags as they were given.
   const std::vector<std::string>& validCommandFlags() const noexcept { return validCommandFlags_; }
+  /// How words are normalised before they are looked at as flags; absent means not at all.
   std::optional<CLISanitizationOptions> flagSanitizationOptions() const noexcept { return options_; }
+  /// Changes that for the walks to come.
   void setFlagSanitizationOptions(std::optional<CLISanitizationOptions> options) noexcept {
     options_ = options;
   }

@@ -75,7 +75,9 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// where they are present, "orderedFlags" and "invalidKeyValueLookup".
   CodedValue encode() const;
 
+  /// Takes the settings over; the other model may then only be assigned to or destroyed.
   TranscodeCliArguments(TranscodeCliArguments&&) noexcept;
+  /// Replaces all settings by those of the other, which may then only be assigned to or destroyed.
   TranscodeCliArguments& operator=(TranscodeCliArguments&&) noexcept;
   ~TranscodeCliArguments() override;
 
@@ -90,6 +92,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
 
   /// The flags that are not valid, in the order of their texts; absent when there are none.
   std::optional<std::vector<std::string>> unknownFlags() const;
+  /// Whether no flag was set aside, so that `unknownFlags` is absent; true for a model without flags.
   bool allFlagsAreValid() const noexcept { return invalidKeyValueLookup_.empty(); }
 
   /// Whether the flag is set. The query is trimmed but not lower-cased, on purpose: " -vn " finds "-vn", and
@@ -111,6 +114,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// Replaces all input files, a plain "-in" included. The files of a group get the positions 0, 1, 2 and so
   /// on. Absent, and groups without files, just remove.
   void setInputFileGroups(const InputFileGroups& groups);
+  /// The same; without a value all input files are removed.
   void setInputFileGroups(const std::optional<InputFileGroups>& groups);
 
   /// All input files: the one of a plain "-in" that has a value, then group by group. Absent when there are
@@ -151,11 +155,14 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   std::vector<std::string> commandLineArguments() const override;
   /// The words of `commandLineArguments` one after another with nothing between them; a fixed form.
   std::string cliString() const override;
+  /// The words of `commandLineArguments`.
   std::vector<std::string> orderedCLITexts() const override { return commandLineArguments(); }
+  /// A copy of `flagValueLookup`.
   TextDictionary argumentLookup() const override { return flagValueLookup_; }
 
   /// The flags and values of the built-in presets, to be merged into a dictionary of one's own.
   static TextDictionary vantiroCloudPresetArguments();
+  /// The same for the preset of mastering quality.
   static TextDictionary vantiroProRes4444XQPresetArguments();
 
  private:
