@@ -34,7 +34,7 @@ inline bool enterPrivateNamespace() {
     std::ofstream("/proc/self/gid_map") << "0 " << group << " 1";
     if (geteuid() != 0) return false;
   }
-  return mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+  return mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
 // Becomes a user with no rights at all.

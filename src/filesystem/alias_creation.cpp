@@ -11,6 +11,7 @@
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
+#include "platform/volume_names.hpp"
 
 namespace quillonic {
 namespace {
@@ -29,6 +30,11 @@ AliasFile::Properties targetProperties(const std::string& name, FileType type, b
   return {flags, 0x21F | AliasFile::hidden | AliasFile::alias};
 }
 
+// Identifiers are digits of a base up to 36.
+constexpr char upperCased(char c) noexcept {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 AliasFile aliasTo(const Place& target, const items::Status& status, const Place& alias) {
   const auto targetPath = target.path();
   AliasFile file;
@@ -45,7 +51,10 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
   if (mount) {
     const auto& point = mount->mountPoint.native();
     file.volumePath = point;
-    file.volumeName = point == "/" ? point : mount->mountPoint.filename().native();
+    file.volumeName = VolumeNames::labels().of(*mount);
+    if (!file.volumeName) file.volumeName = point == "/" ? point : mount->mountPoint.filename().native();
+    file.volumeUUID = VolumeNames::identifiers().of(*mount);
+    if (file.volumeUUID) std::ranges::transform(*file.volumeUUID, file.volumeUUID->begin(), upperCased);
     std::uint64_t flags = AliasFile::local;
     if (mount->isReadOnly) flags |= AliasFile::readOnly;
     file.volumeProperties = AliasFile::Properties{flags, 0x100013EF};
@@ -62,14 +71,16 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
 }  // namespace
 
 void createAliasForFilePath(const std::filesystem::path& item, const std::filesystem::path& atLocation) {
-  const auto target = placeOf(item);
   std::error_code error;
-  const auto status = items::status(target.path(), error);
-  if (!status) locations::fail("cannot make an alias of a missing item", target.path(), error);
-  const auto place = placeOf(atLocation);
-  const auto bytes = aliasTo(target, *status, place).bytes(std::chrono::system_clock::now());
-  if (!items::create(place.path(), bytes, error))
-    locations::fail("cannot write alias file", place.path(), error);
+  const auto target = placeOf(item, error);
+  const auto status = target ? items::status(target->path(), error) : std::nullopt;
+  if (!status) locations::fail("cannot make an alias of a missing item", item, error);
+  const auto place = placeOf(atLocation, error);
+  const bool isWritten =
+      place &&
+      items::create(place->path(), aliasTo(*target, *status, *place).bytes(std::chrono::system_clock::now()),
+                    error);
+  if (!isWritten) locations::fail("cannot write alias file", atLocation, error);
 }
 
 }  // namespace quillonic

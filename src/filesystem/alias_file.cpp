@@ -30,7 +30,7 @@ enum Key : std::uint32_t {
   volumeURLKey = 0x2005,
 };
 
-constexpr std::string_view aliasMark("book\0\0\0\0mark\0\0\0\0", 16);
+constexpr std::string_view aliasMark("book\0\0\0\0mark\0\0\0\0", AliasFile::markSize);
 constexpr std::uint32_t versionMark = 0x10040000;
 constexpr std::uint32_t tableMark = 0xFFFFFFFE;
 constexpr std::size_t greatestTableCount = 64;
@@ -50,9 +50,9 @@ template <class Unsigned> Unsigned littleEndian(std::string_view bytes) noexcept
 }
 
 template <class Unsigned> std::string littleEndianBytes(Unsigned number) {
-  std::string bytes;
-  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
-    bytes.push_back(static_cast<char>(static_cast<unsigned char>(number >> (8 * i))));
+  std::string bytes(sizeof(Unsigned), '\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    bytes[i] = static_cast<char>(static_cast<unsigned char>(number >> (8 * i)));
   }
   return bytes;
 }
@@ -119,6 +119,7 @@ class Data {
       // The length that the table gives itself is not asked: writers differ in what they count.
       if (!next || !entryCount || (bytes_.size() - start - 20) / 12 < *entryCount) return std::nullopt;
       if (entries.size() + *entryCount > greatestEntryCount) return std::nullopt;
+      entries.reserve(entries.size() + *entryCount);
       for (std::uint64_t at = start + 20; at < start + 20 + std::uint64_t{12} * *entryCount; at += 12) {
         entries.emplace_back(*numberAt(at), *numberAt(at + 4));
       }
@@ -246,6 +247,7 @@ std::optional<std::vector<std::string>> pathOf(const Data& data, const Record& r
   if (record.type != arrayRecord || record.payload.size() % 4 != 0) return std::nullopt;
   if (record.payload.size() / 4 > greatestNameCount) return std::nullopt;
   std::vector<std::string> names;
+  names.reserve(record.payload.size() / 4);
   for (std::size_t at = 0; at < record.payload.size(); at += 4) {
     const auto element = data.recordAt(littleEndian<std::uint32_t>(record.payload.substr(at, 4)));
     auto name = element ? textOf(*element) : std::nullopt;

@@ -1,5 +1,7 @@
 #include "filesystem/alias_resolution.hpp"
 
+#include <quillonic/filesystem/alias_file.hpp>
+#include <quillonic/filesystem/io_error.hpp>
 #include <quillonic/platform/mount_table.hpp>
 
 #include <algorithm>
@@ -9,10 +11,11 @@
 #include <utility>
 #include <vector>
 
+#include "filesystem/locations.hpp"
 #include "platform/items.hpp"
 #include "platform/name_folding.hpp"
 #include "platform/path_text.hpp"
-#include "platform/volume_identities.hpp"
+#include "platform/volume_names.hpp"
 
 namespace quillonic {
 namespace {
@@ -40,10 +43,21 @@ std::optional<Names> last(Names names, std::optional<std::int64_t> count) {
 
 class Resolution {
  public:
-  Resolution(const AliasFile& alias, const std::string& aliasPath)
-      : alias_(alias), aliasPath_(aliasPath), names_(alias.pathComponents) {}
+  // The alias file's own path is absolute and holds no links but itself.
+  Resolution(const AliasFile& alias, std::string aliasPath)
+      : alias_(alias), aliasPath_(std::move(aliasPath)), names_(alias.pathComponents) {}
 
-  std::optional<std::string> target() {
+  std::optional<std::string> target(std::error_code& error) {
+    auto found = firstFound();
+    error.clear();
+    if (!found) {
+      error = obstacle_ ? obstacle_ : make_error_code(FilePathAttributeGenerationError::aliasTargetNotFound);
+    }
+    return found;
+  }
+
+ private:
+  std::optional<std::string> firstFound() {
     if (recordedVolumeIsMounted()) {
       if (auto found = find("/", names_)) return found;
     }
@@ -59,17 +73,20 @@ class Resolution {
     return find("/", names_);
   }
 
- private:
-  bool exists(const std::string& path) const {
+  bool exists(const std::string& path) {
     // To look below an automounter's folder would make it mount.
     const auto* mount = mounts_.withLongestMountPoint(path);
     if (mount && mount->kind == "autofs") return false;
-    std::error_code ignored;
-    return items::status(path, ignored).has_value();
+    std::error_code error;
+    if (items::status(path, error)) return true;
+    const bool isMissing = error == std::errc::no_such_file_or_directory ||
+                           error == std::errc::not_a_directory || error == std::errc::filename_too_long;
+    if (!isMissing && !obstacle_) obstacle_ = error;
+    return false;
   }
 
   // The item below a folder, each name as it is where there is such an item, else as it reads.
-  std::optional<std::string> find(const std::string& folder, Names names) const {
+  std::optional<std::string> find(const std::string& folder, Names names) {
     auto path = joined(folder, names);
     if (!exists(path)) {
       path = folder;
@@ -93,8 +110,9 @@ class Resolution {
     std::string name;
   };
 
-  // Of names that read alike the first one in byte order comes first.
-  std::vector<FoldedEntry> foldedEntries(const std::string& folder) const {
+  // Of names that read alike the first one in byte order comes first. None of a folder that cannot be listed: the
+  // name itself was looked for there.
+  std::vector<FoldedEntry> foldedEntries(const std::string& folder) {
     std::vector<FoldedEntry> folded;
     std::error_code ignored;
     // The dot leads through a link to a folder.
@@ -172,9 +190,13 @@ class Resolution {
     if (!name && !volume.empty()) name = volume.back();
     if (!name) return std::nullopt;
     const auto folded = text::foldedName(*name);
+    const auto labels = VolumeNames::labels();
     for (const auto& mount : mounts_.mounts()) {
       const auto& point = mount.mountPoint.native();
-      if (text::foldedName(std::string_view(point).substr(point.rfind('/') + 1)) != folded) continue;
+      const auto label = labels.of(mount);
+      const bool isNamed = text::foldedName(std::string_view(point).substr(point.rfind('/') + 1)) == folded ||
+                           (label && text::foldedName(*label) == folded);
+      if (!isNamed) continue;
       if (auto found = find(point, below)) return found;
     }
     return std::nullopt;
@@ -184,26 +206,38 @@ class Resolution {
 
   Verdict isRecordedVolume(const Mount& mount) {
     if (!alias_.volumeUUID) return Verdict::unknown;
-    if (!identities_) identities_ = volumeIdentities();
-    const auto identity = std::ranges::find_if(*identities_, [&](const VolumeIdentity& candidate) {
-      return candidate.deviceMajor == mount.deviceMajor && candidate.deviceMinor == mount.deviceMinor;
-    });
-    if (identity == identities_->end()) return Verdict::unknown;
-    return text::foldedName(identity->uuid) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes
-                                                                                    : Verdict::no;
+    if (!identifiers_) identifiers_ = VolumeNames::identifiers();
+    const auto identifier = identifiers_->of(mount);
+    // Systems derive identifiers of different forms from the short number that a card bears.
+    if (!identifier || identifier->size() != alias_.volumeUUID->size()) return Verdict::unknown;
+    return text::foldedName(*identifier) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes : Verdict::no;
   }
 
   const AliasFile& alias_;
-  const std::string& aliasPath_;
+  std::string aliasPath_;
   Names names_;
   MountTable mounts_ = MountTable::current();
-  std::optional<std::vector<VolumeIdentity>> identities_;
+  std::optional<VolumeNames> identifiers_;
+  // What kept the first place that could not be looked at from being looked at.
+  std::error_code obstacle_;
 };
 
 }  // namespace
 
-std::optional<std::string> targetOf(const AliasFile& alias, const std::string& aliasPath) {
-  return Resolution(alias, aliasPath).target();
+std::optional<std::string> aliasTarget(const std::string& aliasFile, std::error_code& error) {
+  const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize + 1, error);
+  if (!bytes) return std::nullopt;
+  if (!AliasFile::isAliasFile(*bytes) || bytes->size() > AliasFile::greatestSize) {
+    error = FilePathAttributeGenerationError::notAnAliasFile;
+    return std::nullopt;
+  }
+  const auto alias = AliasFile::fromBytes(*bytes);
+  if (!alias) {
+    error = FilePathAttributeGenerationError::malformedAliasFile;
+    return std::nullopt;
+  }
+  const auto place = locations::placeOf(aliasFile, error);
+  return place ? Resolution(*alias, place->path()).target(error) : std::nullopt;
 }
 
 }  // namespace quillonic

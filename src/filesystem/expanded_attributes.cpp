@@ -35,14 +35,17 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
   LinkDetails details{.type = ReferenceLinkType::softSymbolicReference, .target = {}, .isRelative = {}};
   std::error_code error;
   const auto text = items::linkText(item, error);
-  const auto folder = text && !text->starts_with('/') ? locations::absolutePath(item) : std::string();
-  if (text) details.target = locations::destination(path_text::folderPrefix(folder), false, *text);
+  const bool isRelative = text && !text->starts_with('/');
+  const auto absolute = isRelative ? locations::absolutePath(item, error) : std::string();
+  if (text && absolute) {
+    details.target = locations::destination(path_text::folderPrefix(*absolute), false, *text, error);
+  }
   // Whether something is there is seen through the link, which takes one look however far it leads.
-  if (!details.target || !items::existsBehindLinks(item)) {
+  if (!details.target || !items::existsBehindLinks(item, error)) {
     VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
   }
   if (text) {
-    details.isRelative = !text->starts_with('/');
+    details.isRelative = isRelative;
   } else {
     VantiroLogging::defaultLogger()->logWarning("Failed to discover if symbolic link is relative");
   }
@@ -69,7 +72,9 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
   entries.reserve(18);
   // In the order in which the dictionary keeps them, so that nothing has to be sorted.
   using Key = FileAttributeKey;
-  const auto add = [&](const Key& key, AnyValue value) { entries.push_back({key, std::move(value)}); };
+  const auto add = [&](const Key& key, auto&& value) {
+    entries.push_back({key, std::forward<decltype(value)>(value)});
+  };
   if (status.created) add(Key::NSFileCreationDate, *status.created);
   add(Key::NSFileGroupOwnerAccountID, status.group);
   add(Key::NSFileModificationDate, status.modified);
@@ -93,7 +98,9 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
 }  // namespace
 
 std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL) {
-  const auto item = locations::itself(atURL);
+  const std::string& item = atURL.native();
+  // The usual path has no slash at its end and needs no copy.
+  if (item.size() > 1 && item.ends_with('/')) return expandedAttributesOfItem(locations::itself(atURL));
   std::error_code error;
   const auto status = items::status(item, error);
   return status ? std::optional(attributesOf(item, *status)) : std::nullopt;

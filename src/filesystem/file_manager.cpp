@@ -88,8 +88,11 @@ bool FileManager::isTaken(const std::string& path) const {
 
 std::filesystem::path FileManager::filePathAdjustedForCollision(const std::filesystem::path& path) const {
   const auto taken = path_text::withoutTrailingSlashes(path.native());
-  std::string candidate(taken);
-  if (!isTaken(candidate)) return path;
+  // The usual path has no slash at its end and needs no copy.
+  std::string candidate;
+  if (taken.size() != path.native().size()) candidate = taken;
+  if (!isTaken(candidate.empty() ? path.native() : candidate)) return path;
+  candidate = taken;
   const auto folderSize = path_text::folderPrefix(taken).size();
   const auto stemEnd = folderSize + extensionStart(taken.substr(folderSize));
   candidate.resize(stemEnd);

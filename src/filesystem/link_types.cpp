@@ -1,15 +1,17 @@
 #include "filesystem/link_types.hpp"
 
 #include <quillonic/filesystem/alias_file.hpp>
-#include <quillonic/filesystem/reference_links.hpp>
 #include <quillonic/platform/logging.hpp>
+
+#include "filesystem/alias_resolution.hpp"
 
 namespace quillonic::link_types {
 namespace {
 
-bool couldBeAlias(FileType type, std::uint64_t size) noexcept {
-  constexpr std::size_t smallest = 56 + 24;  // the header and a table without entries
-  return type == FileType::regular && size >= smallest && size <= AliasFile::greatestSize;
+// The size spares camera clips from being opened.
+bool couldBeAlias(const items::Status& status) noexcept {
+  return status.type == FileType::regular && status.size >= AliasFile::markSize &&
+         status.size <= AliasFile::greatestSize;
 }
 
 }  // namespace
@@ -18,8 +20,8 @@ std::optional<ReferenceLinkType> typeOf(const std::string& item, const items::St
                                         std::error_code& error) {
   error.clear();
   if (status.type == FileType::symbolicLink) return ReferenceLinkType::softSymbolicReference;
-  if (couldBeAlias(status.type, status.size)) {
-    const auto mark = items::firstBytes(item, 16, error);
+  if (couldBeAlias(status)) {
+    const auto mark = items::firstBytes(item, AliasFile::markSize, error);
     if (!mark) return std::nullopt;
     if (AliasFile::isAliasFile(*mark)) return ReferenceLinkType::aliasReference;
   }
@@ -33,13 +35,13 @@ std::optional<ReferenceLinkType> typeOf(const std::string& item, std::error_code
 }
 
 std::optional<std::string> loggedAliasTarget(const std::string& aliasFile) {
-  try {
-    return standardizedResolvedAliasReference(aliasFile).native();
-  } catch (const std::system_error& error) {
+  std::error_code error;
+  auto target = aliasTarget(aliasFile, error);
+  if (!target) {
     VantiroLogging::defaultLogger()->logWarning("Failed to resolve alias for file '" + aliasFile +
-                                                "' with error " + error.what());
-    return std::nullopt;
+                                                "' with error " + error.message());
   }
+  return target;
 }
 
 }  // namespace quillonic::link_types

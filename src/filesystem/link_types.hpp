@@ -3,7 +3,6 @@
 
 #include <quillonic/filesystem/reference_link_type.hpp>
 
-#include <exception>
 #include <optional>
 #include <string>
 #include <system_error>

@@ -24,12 +24,17 @@ class LinkWalk {
 
   explicit LinkWalk(Block block) : block_(block) {}
 
-  void walk(const path& root) {
-    const auto shownRoot = locations::standardized(locations::absolutePath(locations::itself(root)));
-    const auto physicalRoot = items::canonical(shownRoot);
-    if (!physicalRoot) return logUnreadable(shownRoot);
+  // Whether every folder was read, until the block stopped the walk.
+  bool walk(const path& root) {
+    std::error_code error;
+    const auto shownRoot = locations::standardizedItem(locations::itself(root), error);
+    const auto physicalRoot = shownRoot ? items::canonical(*shownRoot, error) : std::nullopt;
+    if (!physicalRoot) {
+      missFolder(root, error);
+      return false;
+    }
     // Folders still to be visited; the next one stands last.
-    std::vector<Visit> pending{{shownRoot, *physicalRoot}};
+    std::vector<Visit> pending{{*shownRoot, *physicalRoot}};
     while (!pending.empty() && !stop_) {
       const auto visit = std::move(pending.back());
       pending.pop_back();
@@ -37,6 +42,7 @@ class LinkWalk {
       visitFolder(visit, pending);
       std::reverse(pending.begin() + first, pending.end());
     }
+    return isComplete_;
   }
 
  private:
@@ -46,15 +52,17 @@ class LinkWalk {
     std::string physical;
   };
 
-  static void logUnreadable(const std::string& folder) {
-    VantiroLogging::defaultLogger()->logWarning("ELFDP-Failed to read folder: " + folder);
+  void missFolder(const std::string& folder, std::error_code error) {
+    isComplete_ = false;
+    VantiroLogging::defaultLogger()->logWarning("ELFDP-Failed to read folder: " + folder + " with error " +
+                                                error.message());
   }
 
   void visitFolder(const Visit& visit, std::vector<Visit>& pending) {
     std::error_code error;
     const auto folder = items::Folder::open(visit.physical, error);
     const auto entries = folder ? items::entries(*folder, error) : std::nullopt;
-    if (!entries) return logUnreadable(visit.shown);
+    if (!entries) return missFolder(visit.shown, error);
     // Taken apart into its components once, and not for each link.
     path link = path(visit.shown) / "link";
     for (const auto& entry : *entries) {
@@ -84,7 +92,7 @@ class LinkWalk {
                                                    const std::string& name) {
     std::error_code error;
     const auto text = items::linkText(name, error, &folder);
-    auto target = text ? locations::destination(path, true, *text) : std::nullopt;
+    auto target = text ? locations::destination(path, true, *text, error) : std::nullopt;
     if (!target) {
       VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
     }
@@ -99,14 +107,15 @@ class LinkWalk {
 
   Block block_;
   bool stop_ = false;
+  bool isComplete_ = true;
 };
 
 }  // namespace
 
-void enumerateLinkFileDereferencePairs(
+bool enumerateLinkFileDereferencePairs(
     const path& inDirectory,
     FunctionRef<void(const path& link, const path& target, bool& stop)> didFindPair) {
-  LinkWalk(didFindPair).walk(inDirectory);
+  return LinkWalk(didFindPair).walk(inDirectory);
 }
 
 }  // namespace quillonic

@@ -11,7 +11,7 @@
 
 namespace quillonic::locations {
 
-void fail(const char* operation, const std::string& item, std::error_code error) {
+void fail(const char* operation, const std::filesystem::path& item, std::error_code error) {
   throw std::filesystem::filesystem_error(operation, item, error);
 }
 
@@ -27,16 +27,22 @@ std::string inFolder(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
-std::string absolutePath(const std::string& item) {
+std::optional<std::string> absolutePath(const std::string& item, std::error_code& error) {
+  error.clear();
   if (item.starts_with('/')) return item;
+  if (item.empty()) {
+    error = std::make_error_code(std::errc::no_such_file_or_directory);
+    return std::nullopt;
+  }
   const auto folder = workingFolder();
-  if (!folder)
-    fail("cannot find the working folder", item,
-         FilePathAttributeGenerationError::symbolicLinkTargetNotFound);
-  return inFolder(*folder, item);
+  if (folder) return inFolder(*folder, item);
+  error = FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
+  return std::nullopt;
 }
 
-std::string standardized(std::string_view absolute, std::size_t physical) {
+std::optional<std::string> standardized(std::string_view absolute, std::size_t physical,
+                                        std::error_code& error) {
+  error.clear();
   std::string result;
   result.reserve(absolute.size());
   for (std::size_t at = 0; at < absolute.size();) {
@@ -49,37 +55,50 @@ std::string standardized(std::string_view absolute, std::size_t physical) {
       continue;
     }
     if (result.size() > physical) {
-      if (auto folder = items::canonical(result)) {
-        result = folder == "/" ? std::string() : *std::move(folder);
-        physical = result.size();
-      }
+      // The resolution alone asks for no permission to pass through the folder.
+      const bool isPassable = items::existsBehindLinks(result + "/..", error);
+      auto folder = isPassable ? items::canonical(result, error) : std::nullopt;
+      if (!folder) return std::nullopt;
+      result = folder == "/" ? std::string() : *std::move(folder);
     }
     result.resize(result.empty() ? 0 : result.rfind('/'));
-    physical = std::min(physical, result.size());
+    physical = result.size();
   }
   if (result.empty()) result.push_back('/');
   return result;
 }
 
-std::optional<std::string> destination(std::string_view folder, bool physical, std::string_view target) {
-  if (target.empty() || target.find('\0') != std::string_view::npos) return std::nullopt;
-  if (target.starts_with('/')) return standardized(target);
-  return standardized(inFolder(folder, target), physical ? folder.size() : 0);
+std::optional<std::string> standardizedItem(const std::string& item, std::error_code& error) {
+  const auto absolute = absolutePath(item, error);
+  return absolute ? standardized(*absolute, 0, error) : std::nullopt;
 }
 
-Place placeOf(const std::filesystem::path& item) {
-  const auto absolute = absolutePath(itself(item));
-  const auto prefix = path_text::folderPrefix(absolute);
-  Place place{std::string(prefix), absolute.substr(prefix.size())};
-  if (place.name.empty() || place.name == "." || place.name == "..") place = {absolute, {}};
-  std::error_code error;
-  auto folder = items::canonical(place.folder);
-  if (!folder) {
-    // The resolution says nothing of why it failed; looking at the folder does.
-    items::status(inFolder(place.folder, "."), error);
-    fail("cannot find the folder", place.folder,
-         error ? error : std::make_error_code(std::errc::no_such_file_or_directory));
+std::optional<std::string> destination(std::string_view folder, bool physical, std::string_view target,
+                                       std::error_code& error) {
+  if (target.empty() || target.find('\0') != std::string_view::npos) {
+    error = FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
+    return std::nullopt;
   }
+  auto place = target.starts_with('/')
+                   ? standardized(target, 0, error)
+                   : standardized(inFolder(folder, target), physical ? folder.size() : 0, error);
+  if (!place || !(target.ends_with('/') || target.ends_with("/."))) return place;
+  // What is missing may become a folder; what is no folder leads nowhere.
+  if (items::existsBehindLinks(*place + "/", error) || error != std::errc::not_a_directory) {
+    error.clear();
+    return place;
+  }
+  return std::nullopt;
+}
+
+std::optional<Place> placeOf(const std::filesystem::path& item, std::error_code& error) {
+  const auto absolute = absolutePath(itself(item), error);
+  if (!absolute) return std::nullopt;
+  const auto prefix = path_text::folderPrefix(*absolute);
+  Place place{std::string(prefix), absolute->substr(prefix.size())};
+  if (place.name.empty() || place.name == "." || place.name == "..") place = {*absolute, {}};
+  auto folder = items::canonical(place.folder, error);
+  if (!folder) return std::nullopt;
   place.folder = *std::move(folder);
   return place;
 }

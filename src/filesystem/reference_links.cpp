@@ -1,4 +1,3 @@
-#include <quillonic/filesystem/alias_file.hpp>
 #include <quillonic/filesystem/io_error.hpp>
 #include <quillonic/filesystem/reference_links.hpp>
 
@@ -18,58 +17,68 @@ namespace {
 
 using link_types::leadsElsewhere;
 using link_types::typeOf;
-using locations::absolutePath;
 using locations::fail;
 using locations::itself;
-using locations::standardized;
 using std::filesystem::path;
 
 // As many as the system follows while it looks up one path.
 constexpr int greatestStepCount = 40;
 
-std::string linkTextOf(const std::string& item) {
-  std::error_code error;
-  auto text = items::linkText(item, error);
-  if (!text) fail("cannot read symbolic link", item, error);
-  return *std::move(text);
+std::optional<std::string> symbolicTarget(const std::string& link, std::error_code& error) {
+  const auto text = items::linkText(link, error);
+  const auto absolute = text ? locations::absolutePath(link, error) : std::nullopt;
+  if (!absolute) return std::nullopt;
+  return locations::destination(path_text::folderPrefix(*absolute), false, *text, error);
 }
 
-// The target of a link of a kind, one step away.
-std::string dereferenced(ReferenceLinkType type, const path& item) {
+// The target of a link of a kind, one step away. Nothing, and an error, where there is none.
+std::optional<std::string> dereferenced(ReferenceLinkType type, const std::string& item,
+                                        std::error_code& error) {
   switch (type) {
     case ReferenceLinkType::softSymbolicReference:
-      return standardizedDestinationOfSymbolicLink(item).native();
+      return symbolicTarget(item, error);
     case ReferenceLinkType::aliasReference:
-      return standardizedResolvedAliasReference(item).native();
+      return aliasTarget(item, error);
     case ReferenceLinkType::notAReferenceLink:
     case ReferenceLinkType::hardSymbolicReference:
       break;
   }
-  return standardized(absolutePath(itself(item)));
+  return locations::standardizedItem(item, error);
 }
 
-// Follows links until an item that is none; nothing where a link leads to a missing item.
-std::optional<std::string> finalTarget(std::string item, ReferenceLinkType type) {
+path targetOrFail(ReferenceLinkType type, const path& item) {
+  std::error_code error;
+  auto target = dereferenced(type, itself(item), error);
+  if (!target) fail("cannot follow link", item, error);
+  return *std::move(target);
+}
+
+// The link itself was read, and nothing is where it leads.
+bool isMissingTarget(std::error_code error) noexcept {
+  return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
+         error == FilePathAttributeGenerationError::aliasTargetNotFound;
+}
+
+// Follows links until an item that is none.
+std::optional<std::string> finalTarget(std::string item, ReferenceLinkType type, std::error_code& error) {
   for (int step = 0; leadsElsewhere(type); ++step) {
     if (step == greatestStepCount) {
-      fail("cannot follow links", item, std::make_error_code(std::errc::too_many_symbolic_link_levels));
-    }
-    item = dereferenced(type, item);
-    std::error_code error;
-    const auto next = typeOf(item, error);
-    if (!next && (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)) {
+      error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
       return std::nullopt;
     }
-    if (!next) fail("cannot read item", item, error);
+    auto target = dereferenced(type, item, error);
+    const auto next = target ? typeOf(*target, error) : std::nullopt;
+    if (!next) return std::nullopt;
+    item = *std::move(target);
     type = *next;
   }
-  return standardized(absolutePath(item));
+  return locations::standardizedItem(item, error);
 }
 
 LinkSupport linkSupport(const path& url) {
   std::error_code error;
   const auto support = linkSupportAt(url, error);
-  if (!support) fail("cannot ask the volume", url.native(), error);
+  if (!support) fail("cannot ask the volume", url, error);
   return *support;
 }
 
@@ -93,38 +102,27 @@ bool filePathAppearsToBeNonHardReference(const path& path) {
 }
 
 bool symbolicLinkIsRelative(const path& atPath) {
-  return !linkTextOf(itself(atPath)).starts_with('/');
+  std::error_code error;
+  const auto text = items::linkText(itself(atPath), error);
+  if (!text) fail("cannot read symbolic link", atPath, error);
+  return !text->starts_with('/');
 }
 
 path standardizedDestinationOfSymbolicLink(const path& atPath) {
-  const auto item = itself(atPath);
-  const auto text = linkTextOf(item);
-  const auto absolute = absolutePath(item);
-  auto target = locations::destination(path_text::folderPrefix(absolute), false, text);
-  if (!target)
-    fail("cannot follow symbolic link", item, FilePathAttributeGenerationError::symbolicLinkTargetNotFound);
-  return *std::move(target);
+  return targetOrFail(ReferenceLinkType::softSymbolicReference, atPath);
 }
 
 path standardizedResolvedAliasReference(const path& aliasFileAt, AliasResolutionOptions /*options*/) {
-  const auto item = itself(aliasFileAt);
-  std::error_code error;
-  const auto bytes = items::firstBytes(item, AliasFile::greatestSize + 1, error);
-  if (!bytes) fail("cannot read alias file", item, error);
-  if (!AliasFile::isAliasFile(*bytes) || bytes->size() > AliasFile::greatestSize) {
-    fail("cannot resolve alias file", item, FilePathAttributeGenerationError::notAnAliasFile);
-  }
-  const auto alias = AliasFile::fromBytes(*bytes);
-  if (!alias) fail("cannot resolve alias file", item, FilePathAttributeGenerationError::malformedAliasFile);
-  auto target = targetOf(*alias, locations::placeOf(item).path());
-  if (!target) fail("cannot resolve alias file", item, FilePathAttributeGenerationError::aliasTargetNotFound);
-  return *std::move(target);
+  return targetOrFail(ReferenceLinkType::aliasReference, aliasFileAt);
 }
 
 std::optional<path> deeplyDereferencedFilePath(const path& forLinkFile,
                                                AliasResolutionOptions /*resolutionOptions*/) {
   const auto item = itself(forLinkFile);
-  return finalTarget(item, filePathLinkType(item));
+  std::error_code error;
+  auto target = finalTarget(item, filePathLinkType(item), error);
+  if (!target && !isMissingTarget(error)) fail("cannot follow links", item, error);
+  return target;
 }
 
 bool fileSystemSupportsSymbolicLinks(const path& url) {
@@ -136,15 +134,14 @@ bool fileSystemSupportsHardLinks(const path& url) {
 }
 
 path dereferencedFilePathURL(ReferenceLinkType type, const path& forURL) {
-  return dereferenced(type, forURL);
+  return targetOrFail(type, forURL);
 }
 
 path deeplyDereferencedFilePathURL(ReferenceLinkType type, const path& forURL) {
-  const auto target = finalTarget(itself(forURL), type);
-  if (!target) {
-    fail("cannot follow links", forURL.native(), std::make_error_code(std::errc::no_such_file_or_directory));
-  }
-  return *target;
+  std::error_code error;
+  auto target = finalTarget(itself(forURL), type, error);
+  if (!target) fail("cannot follow links", forURL, error);
+  return *std::move(target);
 }
 
 }  // namespace quillonic

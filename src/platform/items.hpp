@@ -52,9 +52,9 @@ class Folder {
 // working folder; so it does below.
 std::optional<Status> status(const std::string& path, std::error_code& error, const Folder* folder = nullptr);
 
-// Whether there is an item behind a path, the one operation that follows links. One system call; wakes no
-// automounter.
-bool existsBehindLinks(const std::string& path);
+// Whether there is an item behind a path, the one operation that follows links; a slash at the end asks for a
+// folder. One system call; wakes no automounter.
+bool existsBehindLinks(const std::string& path, std::error_code& error);
 
 // The target of a symbolic link as it is stored. One system call.
 std::optional<std::string> linkText(const std::string& path, std::error_code& error,
@@ -75,7 +75,7 @@ struct Entry {
 std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code& error);
 
 // The absolute path of an existing item with every link in it followed.
-std::optional<std::string> canonical(const std::string& path);
+std::optional<std::string> canonical(const std::string& path, std::error_code& error);
 
 // The user's home folder; nothing when it is not known.
 std::optional<std::string> homeFolder();

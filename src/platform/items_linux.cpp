@@ -127,10 +127,11 @@ std::optional<Status> status(const std::string& path, std::error_code& error, co
   return std::nullopt;
 }
 
-bool existsBehindLinks(const std::string& path) {
+bool existsBehindLinks(const std::string& path, std::error_code& error) {
   struct stat ignored {};
-  std::error_code error;
-  return canExist(path, error) && ::fstatat(AT_FDCWD, path.c_str(), &ignored, AT_NO_AUTOMOUNT) == 0;
+  if (!canExist(path, error)) return false;
+  if (::fstatat(AT_FDCWD, path.c_str(), &ignored, AT_NO_AUTOMOUNT) != 0) error = lastError();
+  return !error;
 }
 
 std::optional<std::string> linkText(const std::string& path, std::error_code& error, const Folder* folder) {
@@ -149,11 +150,12 @@ std::optional<std::string> firstBytes(const std::string& path, std::size_t limit
     error = lastError();
     return std::nullopt;
   }
-  std::string bytes(limit, '\0');
+  std::string bytes;
   std::size_t size = 0;
   ssize_t count = 1;
   while (size < limit && count != 0 && !error) {
-    count = ::read(file, bytes.data() + size, limit - size);
+    bytes.resize(std::min(limit, std::max<std::size_t>(2 * size, 4096)));
+    count = ::read(file, bytes.data() + size, bytes.size() - size);
     if (count >= 0) {
       size += static_cast<std::size_t>(count);
     } else if (errno != EINTR) {
@@ -211,10 +213,12 @@ std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code&
   return found;
 }
 
-std::optional<std::string> canonical(const std::string& path) {
-  if (path.find('\0') != std::string::npos) return std::nullopt;
+std::optional<std::string> canonical(const std::string& path, std::error_code& error) {
+  if (!canExist(path, error)) return std::nullopt;
   const std::unique_ptr<char, decltype(&std::free)> text(::realpath(path.c_str(), nullptr), &std::free);
-  return text ? std::optional<std::string>(text.get()) : std::nullopt;
+  if (text) return std::string(text.get());
+  error = lastError();
+  return std::nullopt;
 }
 
 std::optional<std::string> homeFolder() {

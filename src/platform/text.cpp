@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 
 #include "platform/utf8.hpp"
@@ -56,6 +57,21 @@ constexpr char asciiLowerCase(char c) noexcept {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
+// Lower-cases the ASCII letters among eight bytes at once and returns the bytes as they were. With the high bits out
+// of the way, adding carries into a byte's high bit where the byte is at least "A", or beyond "Z".
+std::uint64_t lowerCaseEight(char* bytes) noexcept {
+  constexpr std::uint64_t ones = 0x0101010101010101U;
+  std::uint64_t before = 0;
+  std::memcpy(&before, bytes, sizeof before);
+  const auto low = before & (0x7FU * ones);
+  const auto fromA = low + (0x80U - 'A') * ones;
+  const auto beyondZ = low + (0x7FU - 'Z') * ones;
+  const auto isUpper = fromA & ~beyondZ & ~before & (0x80U * ones);
+  const auto after = before | isUpper >> 2U;
+  std::memcpy(bytes, &after, sizeof after);
+  return before;
+}
+
 std::string lowerCasedUnicode(std::string_view text) {
   std::string result;
   result.reserve(text.size());
@@ -76,6 +92,9 @@ std::string lowerCasedUnicode(std::string_view text) {
 }  // namespace
 
 std::string_view trimmed(std::string_view text) noexcept {
+  // The usual word begins and ends with a printable character of ASCII.
+  const auto isPrintable = [](char c) { return c > ' ' && c < '\x7F'; };
+  if (!text.empty() && isPrintable(text.front()) && isPrintable(text.back())) return text;
   while (!text.empty()) {
     const auto length = leadingWhiteSpace(text);
     if (length == 0) break;
@@ -91,12 +110,19 @@ std::string_view trimmed(std::string_view text) noexcept {
 
 std::string lowerCased(std::string_view text) {
   std::string result(text);
-  unsigned char allBits = 0;
-  for (char& c : result) {
-    allBits |= static_cast<unsigned char>(c);
-    c = asciiLowerCase(c);
+  std::uint64_t allBits = 0;
+  if (result.size() >= 8) {
+    // The last eight may be met twice, which changes nothing.
+    for (std::size_t at = 0; at + 8 < result.size(); at += 8) allBits |= lowerCaseEight(&result[at]);
+    allBits |= lowerCaseEight(&result[result.size() - 8]);
+  } else {
+    for (char& c : result) {
+      allBits |= static_cast<unsigned char>(c);
+      c = asciiLowerCase(c);
+    }
   }
-  if (allBits >= 0x80) return lowerCasedUnicode(text);
+  constexpr std::uint64_t highBits = 0x8080808080808080U;
+  if ((allBits & highBits) != 0) return lowerCasedUnicode(text);
   return result;
 }
 

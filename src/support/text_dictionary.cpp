@@ -5,6 +5,8 @@
 #include <functional>
 #include <iterator>
 
+#include "support/scratch.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -25,49 +27,84 @@ std::uint64_t leadingBytes(std::string_view text) noexcept {
   return bytes;
 }
 
-// The entries in ascending order of their keys; of equal keys the last one. Long lists are mostly numbered keys that
+// Where an entry stands before the sorting, and what its key is sorted by.
+struct Rank {
+  std::uint64_t bytes;
+  std::size_t position;
+};
+
+// Sorts the ranks of entries by their keys, equal keys by their positions. Long lists are mostly numbered keys that
 // share a long beginning, so what is sorted is eight bytes behind that beginning, and two whole keys are compared only
 // where these are equal.
-std::vector<Entry> sorted(std::vector<Entry> entries) {
+void rankByKey(std::span<const Entry> entries, std::span<Rank> ranks) {
   const std::string_view first = entries.front().key;
   auto shared = first.size();
   for (const auto& entry : entries) shared = commonPrefix(first.substr(0, shared), entry.key);
 
-  struct Rank {
-    std::uint64_t bytes;
-    std::size_t position;
-  };
-  std::vector<Rank> ranks;
-  ranks.reserve(entries.size());
-  for (const auto& entry : entries) {
-    ranks.push_back({leadingBytes(std::string_view(entry.key).substr(shared)), ranks.size()});
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    ranks[i] = {leadingBytes(std::string_view(entries[i].key).substr(shared)), i};
   }
   std::ranges::sort(ranks, [&](const Rank& a, const Rank& b) {
     if (a.bytes != b.bytes) return a.bytes < b.bytes;
     const int order = entries[a.position].key.compare(entries[b.position].key);
     return order != 0 ? order < 0 : a.position < b.position;
   });
+}
 
-  std::vector<Entry> result;
-  result.reserve(entries.size());
-  for (const auto& rank : ranks) {
-    auto& entry = entries[rank.position];
-    if (!result.empty() && result.back().key == entry.key) {
-      result.back() = std::move(entry);
-    } else {
-      result.push_back(std::move(entry));
+// Moves the entries to where their ranks stand, in place, and spends the ranks' positions.
+void moveToRanks(std::span<Entry> entries, std::span<Rank> ranks) {
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (ranks[i].position == i) continue;
+    auto displaced = std::move(entries[i]);
+    auto gap = i;
+    for (auto from = ranks[gap].position; from != i; from = ranks[gap].position) {
+      entries[gap] = std::move(entries[from]);
+      ranks[gap].position = gap;
+      gap = from;
     }
+    entries[gap] = std::move(displaced);
+    ranks[gap].position = gap;
   }
-  return result;
 }
 
 }  // namespace
 
-TextDictionary::TextDictionary(std::vector<Entry> entries) : entries_(std::move(entries)) {
+TextDictionary::TextDictionary(std::vector<Entry> entries)
+    : TextDictionary(std::move(entries), [](std::size_t /*given*/, std::size_t /*position*/) {}) {}
+
+TextDictionary::TextDictionary(std::vector<Entry> entries,
+                               FunctionRef<void(std::size_t given, std::size_t position)> didPlace)
+    : entries_(std::move(entries)) {
   const auto ascending = [](const Entry& a, const Entry& b) { return a.key < b.key; };
-  if (std::ranges::adjacent_find(entries_, std::not_fn(ascending)) != entries_.end()) {
-    entries_ = sorted(std::move(entries_));
+  if (std::ranges::adjacent_find(entries_, std::not_fn(ascending)) == entries_.end()) {
+    for (std::size_t i = 0; i < entries_.size(); ++i) didPlace(i, i);
+    return;
   }
+
+  constexpr std::size_t fewRanks = 64;
+  Scratch<Rank, fewRanks> scratch(entries_.size());
+  const auto ranks = scratch.elements();
+  rankByKey(entries_, ranks);
+  const auto repeats = [&](std::size_t i) {
+    return i > 0 && ranks[i].bytes == ranks[i - 1].bytes &&
+           entries_[ranks[i].position].key == entries_[ranks[i - 1].position].key;
+  };
+  std::size_t kept = 0;
+  for (std::size_t i = 0; i < ranks.size(); ++i) {
+    if (!repeats(i)) ++kept;
+    didPlace(ranks[i].position, kept - 1);
+  }
+  moveToRanks(entries_, ranks);
+  if (kept < entries_.size()) keepLastOfEqualKeys();
+}
+
+void TextDictionary::keepLastOfEqualKeys() {
+  std::size_t kept = 0;
+  for (std::size_t i = 1; i < entries_.size(); ++i) {
+    if (entries_[i].key != entries_[kept].key) ++kept;
+    if (i != kept) entries_[kept] = std::move(entries_[i]);
+  }
+  entries_.resize(kept + 1);
 }
 
 const TextDictionary::Entry* TextDictionary::find(std::string_view wanted) const noexcept {

@@ -7,6 +7,7 @@
 
 #include "platform/number_text.hpp"
 #include "platform/text.hpp"
+#include "support/scratch.hpp"
 #include "transcode_cli/intake.hpp"
 #include "transcode_cli/known_flags.hpp"
 
@@ -83,17 +84,22 @@ TextDictionary decoded(const CodedRecord& record) {
 void TranscodeCliArguments::FlagOrder::reserve(std::size_t flags) {
   constexpr std::size_t usualLength = 12;
   flags_.reserve(flags * usualLength);
-  ends_.reserve(flags);
+  marks_.reserve(flags);
 }
 
 void TranscodeCliArguments::FlagOrder::append(std::string_view flag) {
   flags_.append(flag);
-  ends_.push_back(flags_.size());
+  marks_.push_back({flags_.size(), 0});
+}
+
+void TranscodeCliArguments::FlagOrder::setEntryPosition(std::size_t position,
+                                                        std::size_t entryPosition) noexcept {
+  marks_[position].entryPosition = entryPosition;
 }
 
 std::string_view TranscodeCliArguments::FlagOrder::operator[](std::size_t position) const noexcept {
-  const auto begin = position == 0 ? 0 : ends_[position - 1];
-  return std::string_view(flags_).substr(begin, ends_[position] - begin);
+  const auto begin = position == 0 ? 0 : marks_[position - 1].end;
+  return std::string_view(flags_).substr(begin, marks_[position].end - begin);
 }
 
 TranscodeCliArguments::TranscodeCliArguments() = default;
@@ -269,36 +275,54 @@ std::optional<TimecodeSource> TranscodeCliArguments::timecodeSource() const noex
 }
 
 void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> source) {
-  for (const auto other : allCases<TimecodeSource>()) {
-    if (other != source) flagValueLookup_.remove(cliFlag(other));
-  }
-  if (!source) return;
-  if (*source != TimecodeSource::custom) {
+  // What can run out of memory comes first.
+  if (source && *source != TimecodeSource::custom) {
     flagValueLookup_.set(cliFlag(*source), {});
-  } else if (timecode().value_or("").empty()) {
+  } else if (source && timecode().value_or("").empty()) {
     setTimecode(timecodeIsDropFrame() ? TimecodeComponents::defaultDropFrameTimecode
                                       : TimecodeComponents::defaultNonDropTimecode);
+  }
+  for (const auto other : allCases<TimecodeSource>()) {
+    if (other != source) flagValueLookup_.remove(cliFlag(other));
   }
 }
 
 // The one order in which settings are written.
 template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) const {
-  std::vector<bool> written;
-  if (orderedFlags_) {
-    written.resize(flagValueLookup_.size());
-    for (std::size_t i = 0; i < orderedFlags_->size(); ++i) {
-      const auto* entry = flagValueLookup_.find((*orderedFlags_)[i]);
-      if (!entry) continue;
-      const auto position = static_cast<std::size_t>(entry - std::to_address(flagValueLookup_.begin()));
-      if (written[position]) continue;
-      written[position] = true;
-      visit(*entry);
-    }
+  const std::span<const TextDictionary::Entry> entries(flagValueLookup_.begin(), flagValueLookup_.end());
+  if (!orderedFlags_) {
+    for (const auto& entry : entries) visit(entry);
+    return;
   }
-  std::size_t position = 0;
-  for (const auto& entry : flagValueLookup_) {
-    if (written.empty() || !written[position]) visit(entry);
-    ++position;
+
+  // Most entries stand where they stood when the flags were read, or as far from there as the one that was last
+  // searched for, since what was added or removed before them moves them together.
+  std::size_t shift = 0;
+  const auto positionOf = [&](std::size_t ordered) {
+    const auto flag = (*orderedFlags_)[ordered];
+    const auto before = orderedFlags_->entryPosition(ordered);
+    for (const auto likely : {before, before + shift}) {
+      if (likely < entries.size() && entries[likely].key == flag) return likely;
+    }
+    const auto* entry = flagValueLookup_.find(flag);
+    if (!entry) return entries.size();
+    const auto position = static_cast<std::size_t>(entry - entries.data());
+    shift = position - before;
+    return position;
+  };
+
+  constexpr std::size_t fewFlags = 256;
+  Scratch<bool, fewFlags> scratch(entries.size());
+  const auto written = scratch.elements();
+  std::ranges::fill(written, false);
+  for (std::size_t i = 0; i < orderedFlags_->size(); ++i) {
+    const auto position = positionOf(i);
+    if (position == entries.size() || written[position]) continue;
+    written[position] = true;
+    visit(entries[position]);
+  }
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!written[i]) visit(entries[i]);
   }
 }
 

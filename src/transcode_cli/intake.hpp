@@ -50,7 +50,11 @@ class TranscodeCliArguments::Intake {
 
   TranscodeCliArguments model() && {
     TranscodeCliArguments model;
-    model.flagValueLookup_ = TextDictionary(std::move(valid_));
+    // Where every flag is valid, which is the usual line, the n-th in order is the n-th entry.
+    const bool locates = keepsOrder_ && invalid_.empty();
+    model.flagValueLookup_ = TextDictionary(std::move(valid_), [&](std::size_t given, std::size_t position) {
+      if (locates) order_.setEntryPosition(given, position);
+    });
     model.invalidKeyValueLookup_ = TextDictionary(std::move(invalid_));
     if (order_.size() > 0) model.orderedFlags_ = std::move(order_);
     return model;

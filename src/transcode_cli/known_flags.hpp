@@ -23,31 +23,61 @@ namespace table {
 inline constexpr std::size_t longest =
     std::ranges::max(detail::knownCommandFlags, {}, &std::string_view::size).size();
 
-constexpr std::size_t slotOf(std::string_view text, std::uint32_t seed, std::size_t slots) noexcept {
-  std::uint32_t hash = seed;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x01000193U;
-  return (hash ^ (hash >> 15)) % slots;
+// Four or eight bytes of a text as a number, written so that it is one load.
+constexpr std::uint64_t fourBytes(const char* text) noexcept {
+  const auto byte = [=](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(text[i])}; };
+  return byte(0) | byte(1) << 8U | byte(2) << 16U | byte(3) << 24U;
+}
+constexpr std::uint64_t eightBytes(const char* text) noexcept {
+  return fourBytes(text) | fourBytes(text + 4) << 32U;
+}
+
+// Takes eight bytes at a time; the last ones overlap those before them.
+constexpr std::uint64_t hashOf(std::string_view text) noexcept {
+  std::uint64_t hash = text.size();
+  const auto mix = [&](std::uint64_t bytes) {
+    hash = (hash ^ bytes) * 0x9E3779B97F4A7C15U;
+    hash ^= hash >> 32U;
+  };
+  const char* const begin = text.data();
+  if (text.size() >= 8) {
+    for (std::size_t at = 0; at + 8 < text.size(); at += 8) mix(eightBytes(begin + at));
+    mix(eightBytes(begin + text.size() - 8));
+  } else if (text.size() >= 4) {
+    mix(fourBytes(begin) | fourBytes(begin + text.size() - 4) << 32U);
+  } else {
+    for (const char c : text) mix(static_cast<unsigned char>(c));
+  }
+  return hash;
+}
+
+inline constexpr unsigned slotBits = 9;
+
+constexpr std::size_t slotOf(std::uint64_t hash, std::uint64_t seed) noexcept {
+  return (hash ^ seed) * 0xD6E8FEB86659FD93U >> (64U - slotBits);
 }
 
 struct Slots {
-  std::uint32_t seed = 0;
-  std::array<std::uint8_t, 512> flag{};
+  std::uint64_t seed = 0;
+  std::array<std::uint8_t, 1U << slotBits> flag{};
 };
 
 // Tries seeds until no two flags share a slot.
 consteval Slots withoutCollision() {
   static_assert(none < 256);
+  std::array<std::uint64_t, count> hashes{};
+  std::ranges::transform(detail::knownCommandFlags, hashes.begin(), hashOf);
   Slots slots;
-  for (std::uint32_t seed = 1;; ++seed) {
-    slots.seed = seed;
-    slots.flag.fill(static_cast<std::uint8_t>(none));
+  slots.flag.fill(static_cast<std::uint8_t>(none));
+  for (;; ++slots.seed) {
     std::size_t placed = 0;
     for (; placed < count; ++placed) {
-      auto& slot = slots.flag[slotOf(detail::knownCommandFlags[placed], seed, slots.flag.size())];
+      auto& slot = slots.flag[slotOf(hashes[placed], slots.seed)];
       if (slot != none) break;
       slot = static_cast<std::uint8_t>(placed);
     }
     if (placed == count) return slots;
+    while (placed > 0) slots.flag[slotOf(hashes[--placed], slots.seed)] = static_cast<std::uint8_t>(none);
   }
 }
 
@@ -74,8 +104,7 @@ inline constexpr ContainedTexts contained{std::span(shortest.first).first(shorte
 // The position of a flag in the list of known flags, or `none`. `flag` must be lower-cased and trimmed.
 constexpr std::size_t indexOf(std::string_view flag) noexcept {
   if (flag.size() > table::longest) return none;
-  const std::size_t found =
-      table::slots.flag[table::slotOf(flag, table::slots.seed, table::slots.flag.size())];
+  const std::size_t found = table::slots.flag[table::slotOf(table::hashOf(flag), table::slots.seed)];
   return found != none && detail::knownCommandFlags[found] == flag ? found : none;
 }
 

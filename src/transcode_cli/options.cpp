@@ -43,13 +43,14 @@ void TranscodeOptionValues::setOn(std::string_view flag, bool value) {
 }
 
 void TranscodeOptionValues::setDropFrame(std::string_view flag, bool value) {
-  setOn(flag, value);
   const auto* timecode = flagValueLookup_.find(VAVTimecodeCustomFlag);
-  if (!timecode) return;
-  auto components = TimecodeComponents::fromTimecode(timecode->value);
-  if (!components) return;
+  auto components = timecode ? TimecodeComponents::fromTimecode(timecode->value) : std::nullopt;
+  if (!components) return setOn(flag, value);
   components->isDropFrame = value;
-  flagValueLookup_.set(VAVTimecodeCustomFlag, components->timecodeString());
+  const auto text = components->timecodeString();
+  setOn(flag, value);
+  // Never longer than the text that it replaces, so that no memory is asked for once the switch is set.
+  flagValueLookup_.set(VAVTimecodeCustomFlag, text);
 }
 
 template <class Value> std::optional<Value> TranscodeOptionValues::read(std::string_view flag) const {

@@ -126,9 +126,11 @@ TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {
     }
     EXPECT_TRUE(std::filesystem::exists(kept) && std::filesystem::exists(inner));
     EXPECT_FALSE(std::filesystem::is_symlink(folder / "dangling"));
-    EXPECT_THAT(logOfRemoving(inner, false),
-                testing::MatchesRegex(
-                    failed + std::string("key: exit status value: 1 key: output value: .*FILE.*[^\n]\n")));
+    // The program quotes a name of odd bytes in its own way.
+    EXPECT_THAT(
+        logOfRemoving(inner, false),
+        testing::MatchesRegex(
+            failed + std::string("key: exit status value: 1 key: output value: .*(FILE|inner).*[^\n]\n")));
     EXPECT_TRUE(std::filesystem::exists(inner));
   });
 }
@@ -168,7 +170,7 @@ TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
       {says + "127", says + "1", status + "1 key: output value: sudo -n -- /bin/rm -- FILE\n"},
       {"", "kill -9 $$", failed + std::string("key: signal value: 9\n")},
       {"", "", refused}};
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     const TemporaryFolder folder;
     const auto file = folder.file("it's.mov");
     runPrivately([&] {

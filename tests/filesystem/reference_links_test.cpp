@@ -63,7 +63,7 @@ TEST(ReferenceLinks, AreTold) {
   createAliasForFilePath(folder.file("plain"), folder / "alias");
   std::filesystem::create_hard_link(folder / "alias", folder / "alias twin");
   // Begins like an alias file and is none that could be resolved, but what it is is told by how it begins.
-  folder.file("damaged", aliasBegin + std::string(100, 'x'));
+  folder.file("damaged", aliasBegin);
   folder.file("too great", aliasBegin + std::string(AliasFile::greatestSize, 'x'));
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
 
@@ -94,9 +94,10 @@ TEST(ReferenceLinks, OfTheSymbolicKindLeadWhereTheSystemGoes) {
     folder.file(name);
   folder.link("a/b/away", folder / "far/inner");
   const char* const places[] = {"", "a/b/", "a/b/c/", "a/b/away/"};
-  const char* const pieces[] = {"..", "../b", "away", "inner/..", ".", "", "a", "c", "file"};
+  const char* const pieces[] = {"..", "../b", "away", "inner/..", ".", "", "a", "c", "file", "file/.."};
   std::mt19937 random(6);
   int leading = 0;
+  int refused = 0;
   for (int round = 0; round < 3000; ++round) {
     const bool isRelative = random() % 2 == 0;
     auto text = isRelative ? std::string(".") : (folder / "a/b").native();
@@ -105,7 +106,17 @@ TEST(ReferenceLinks, OfTheSymbolicKindLeadWhereTheSystemGoes) {
     std::filesystem::remove(link);
     std::filesystem::create_symlink(text, link);
     ASSERT_EQ(symbolicLinkIsRelative(link), isRelative);
-    if (!std::filesystem::exists(link)) continue;
+    // Where the system finds nothing there is none; where it cannot even tell which place is meant, its answer
+    // is passed on.
+    struct stat item {};
+    if (stat(link.c_str(), &item) != 0) {
+      const std::error_code error(errno, std::generic_category());
+      ASSERT_EQ(deeplyDereferencedFilePath(link), std::nullopt) << text;
+      const auto told = errorOf(standardizedDestinationOfSymbolicLink, link);
+      ASSERT_TRUE(!told || told == error.default_error_condition()) << text << told.message();
+      refused += told ? 1 : 0;
+      continue;
+    }
     ++leading;
     const auto target = standardizedDestinationOfSymbolicLink(link);
     ASSERT_TRUE(std::filesystem::equivalent(target, link)) << link << " " << text << " " << target;
@@ -115,9 +126,10 @@ TEST(ReferenceLinks, OfTheSymbolicKindLeadWhereTheSystemGoes) {
     ASSERT_FALSE(std::filesystem::is_symlink(followed(link)));
   }
   EXPECT_GT(leading, 300);
+  EXPECT_GT(refused, 300);
 
-  // The text decides where nothing is there, and a link to a link is one step only.
-  const auto dangling = folder.link("dangling", "nowhere/../missing/./x");
+  // A place where nothing is has a name, and a link to a link is one step only.
+  const auto dangling = folder.link("dangling", "missing/./x/");
   EXPECT_EQ(standardizedDestinationOfSymbolicLink(dangling), folder / "missing/x");
   EXPECT_EQ(deeplyDereferencedFilePath(dangling), std::nullopt);
   const auto follow =
@@ -158,13 +170,18 @@ TEST(ReferenceLinks, IntoAClosedFolderFail) {
   const auto closed = folder.file("closed/file").parent_path();
   const auto link = folder.link("link", "closed/file");
   const auto second = folder.link("second", "link");
+  folder.link("through", "closed/../alias");
+  const auto alias = folder / "alias";
+  createAliasForFilePath(closed / "file", alias);
   const auto secret = folder.file("secret", std::string(100, 'x'));
   for (const auto& item : {closed, secret}) permissions(item, std::filesystem::perms::none);
   permissions(folder.path(), std::filesystem::perms::all);
   runPrivately([&] {
     becomeNobody();
     const RecordedLog log;
-    EXPECT_EQ(errorOf(followed, second), std::errc::permission_denied);
+    for (const auto& into : {second, alias, folder / "through"})
+      EXPECT_EQ(errorOf(followed, into), std::errc::permission_denied) << into;
+    EXPECT_EQ(errorOf(resolved, alias), std::errc::permission_denied);
     EXPECT_EQ(standardizedDestinationOfSymbolicLink(link), closed / "file");
     EXPECT_EQ(expandedAttributesOfItem(closed / "file"), std::nullopt);
     EXPECT_EQ(expandedAttributesOfItem(link)->value<path>(Key::referencedFileSystemURL), closed / "file");
@@ -173,9 +190,11 @@ TEST(ReferenceLinks, IntoAClosedFolderFail) {
     EXPECT_EQ(expandedAttributesOfItem(secret)->find(Key::referenceLinkType), nullptr);
     EXPECT_EQ(expandedAttributesOfItem(secret)->value<int>(Key::NSFileSize), 100);
     int pairs = 0;
-    enumerateLinkFileDereferencePairs(folder.path(), [&](const path&, const path&, bool&) { ++pairs; });
+    const auto count = [&](const path&, const path&, bool&) { ++pairs; };
+    EXPECT_FALSE(enumerateLinkFileDereferencePairs(folder.path(), count));
     EXPECT_EQ(pairs, 2);
-    EXPECT_EQ(log.lines().back(), "warning: ELFDP-Failed to read folder: " + closed.native());
+    EXPECT_EQ(log.lines().back(),
+              "warning: ELFDP-Failed to read folder: " + closed.native() + " with error Permission denied");
   });
   permissions(closed, std::filesystem::perms::all);
 }
@@ -319,6 +338,7 @@ TEST(AliasResolution, LooksForTheLongestEndOfThePathUpwards) {
   // The alias bears its target's name, and yet it is not its own target.
   const auto alias = folder.file("copy/Project/A.MXF", macAlias().bytes());
   EXPECT_EQ(errorOf(resolved, alias), Errors::aliasTargetNotFound);
+  EXPECT_EQ(deeplyDereferencedFilePath(folder.link("link", alias)), std::nullopt);
   // First ignoring case, one scalar for letter and accent; byte for byte wins over likeness.
   for (const auto* target : {"a.mxf", "copy/cAF\u00C9/a.MXF", "A.MXF", "copy/Cafe\u0301/A.MXF",
                              "copy/CARD/Cafe\u0301/A.MXF", "copy/Project/Cafe\u0301/A.MXF"}) {
@@ -365,9 +385,18 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
     ASSERT_EQ(stat(byIdentifier.c_str(), &volume), 0);
     mountAt("/dev");
     folder.link("/dev/disk/by-uuid/0a81-f3b1", "../../sdx1");
+    folder.link("/dev/disk/by-label/CARD\\x20\\xc3\\xa9\\x2", "../../sdx1");
     if (mknod("/dev/sdx1", S_IFBLK | 0600, volume.st_dev) != 0) endAsNotAllowed();
     recorded.volumeUUID = "0A81-F3B1";
     expectTarget(byIdentifier / file);
+    recorded.volumeUUID.reset();
+    recorded.volumeName = "card \u00C9\\x2";
+    expectTarget(byIdentifier / file);
+    createAliasForFilePath(byIdentifier / file, folder / "made");
+    const auto made = AliasFile::fromBytes(contentOf(folder / "made")).value();
+    EXPECT_EQ(made.volumeUUID, "0A81-F3B1");
+    EXPECT_EQ(made.volumeName, "CARD \u00E9\\x2");
+    recorded.volumeName = "CARD";
 
     // Mounted where it was, unless that is another volume now.
     const auto mountedAt = [&](const path& point) {
@@ -382,6 +411,20 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
     mountedAt(byIdentifier);
     recorded.volumeUUID = "FFFF-FFFF";
     expectTarget(folder / "x/A.MXF");
+    // Nor is a clip of that volume taken because it lies where the recorded one lay from the alias.
+    const auto onOther = byIdentifier / "alias";
+    for (const auto* name : {"Cafe\u0301/A.MXF", "CAFE\u0301/a.mxf"}) {
+      std::filesystem::remove_all(byIdentifier / "Cafe\u0301");
+      folder.file(byIdentifier / name);
+      for (const auto steps : {std::optional<std::int64_t>(1), std::optional<std::int64_t>()}) {
+        recorded.relativeDirsUp = steps;
+        recorded.relativeDirsDown = steps ? steps.value() + 1 : steps;
+        EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byName / file) << name;
+      }
+    }
+    // An identifier of another form tells nothing.
+    recorded.volumeUUID = "0A81F3B1-51D9-3335-B3E3-169C3640360D";
+    EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byIdentifier / "CAFE\u0301/a.mxf");
   });
 }
 
@@ -408,11 +451,19 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
     EXPECT_EQ(fileSystemSupportsHardLinks(file), !hard) << place;
   };
   expectTruth(folder.path());
-  EXPECT_TRUE(errorOf(fileSystemSupportsHardLinks, folder / "missing"));
-  EXPECT_TRUE(errorOf(fileSystemSupportsSymbolicLinks, path(std::string("/\0", 2))));
-  // A link counts for the volume that holds it.
-  EXPECT_TRUE(fileSystemSupportsHardLinks(folder.link("to proc", "/proc")));
-  EXPECT_FALSE(fileSystemSupportsHardLinks("/proc"));
+  // A link counts for the volume that holds it; what is missing for the one where it will be made.
+  const auto toProc = folder.link("to proc", "/proc");
+  for (const auto& here : {toProc, folder / "new", folder / "new/folder//x", folder.link("dangling", "new")})
+    EXPECT_TRUE(fileSystemSupportsHardLinks(here)) << here;
+  for (const auto& there : {path("/proc"), toProc / "new/x"})
+    EXPECT_FALSE(fileSystemSupportsHardLinks(there));
+  std::filesystem::current_path(toProc);
+  EXPECT_FALSE(fileSystemSupportsSymbolicLinks("new"));
+  std::filesystem::current_path("/");
+  for (const path& nowhere :
+       {folder / "file/x", folder / "new/../x", folder / "dangling/x", path(), path(std::string("/\0", 2))}) {
+    EXPECT_TRUE(errorOf(fileSystemSupportsSymbolicLinks, nowhere)) << nowhere;
+  }
 
   runPrivately([&] {
     int mounted = 0;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <gmock/gmock.h>
@@ -86,7 +87,9 @@ TEST(Settings, TextsHoldAnyNumberWithoutAnExponent) {
     ASSERT_NE(start, std::string::npos) << text;
     const auto digits = text.substr(start, text.find(' ', start) - start);
     EXPECT_EQ(digits.find_first_not_of("0123456789."), std::string::npos) << digits;
-    EXPECT_EQ(std::strtod(digits.c_str(), nullptr), number) << text;
+    double read = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), read);
+    EXPECT_EQ(read, number) << text;
   };
   for (const double number :
        {5e-324, 1e-7, 0.1, 1.0 + 1e-15, 9007199254740993.0, 1e22, std::numeric_limits<double>::max()}) {

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <map>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace quillonic {
 namespace {
@@ -22,12 +24,19 @@ TEST(TextDictionary, BehavesLikeAMap) {
   for (int round = 0; round < 2000; ++round) {
     std::map<std::string, std::string> map;
     std::vector<TextDictionary::Entry> entries;
-    for (auto n = random() % 8; n > 0; --n) {
+    for (auto n = random() % (round % 100 == 0 ? 300 : 8); n > 0; --n) {
       entries.push_back({text(), text()});
       map[entries.back().key] = entries.back().value;
     }
     TextDictionary dictionary(entries);
     ASSERT_EQ(asMap(dictionary), map);
+    std::size_t placed = 0;
+    const TextDictionary same(entries, [&](std::size_t given, std::size_t position) {
+      ++placed;
+      ASSERT_EQ(std::next(dictionary.begin(), static_cast<std::ptrdiff_t>(position))->key,
+                entries[given].key);
+    });
+    ASSERT_EQ(std::pair(same, placed), std::pair(dictionary, entries.size()));
 
     const TextDictionary other{{text(), text()}, {text(), text()}};
     for (const auto& [k, v] : other) dictionary.set(v, map[v] = k);

@@ -1,21 +1,30 @@
-// How often the main trip asks for memory. Counts every `operator new` of this program, the library's
-// included.
+// How often the main trip asks for memory, and what it leaves behind when there is none. Counts every
+// `operator new` of this program, the library's included.
 
+#include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
 #include <atomic>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <limits>
 #include <new>
 #include <string>
 #include <vector>
 
+#include "recorded_log.hpp"
+
 namespace {
+constexpr auto unlimited = std::numeric_limits<std::int64_t>::max();
 std::atomic<std::size_t> allocations = 0;
-}
+std::atomic<std::size_t> releases = 0;
+// How many more there are until memory has run out.
+std::atomic<std::int64_t> allocationsLeft = unlimited;
+}  // namespace
 
 // Not inlined, or the compiler takes the pair of malloc and free for a mistake.
 [[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  if (--allocationsLeft < 0) return nullptr;
   ++allocations;
   return std::malloc(size > 0 ? size : 1);
 }
@@ -24,13 +33,14 @@ std::atomic<std::size_t> allocations = 0;
   throw std::bad_alloc();
 }
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
+  if (memory) ++releases;
   std::free(memory);
 }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
-  std::free(memory);
+  operator delete(memory);
 }
 [[gnu::noinline]] void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
-  std::free(memory);
+  operator delete(memory);
 }
 
 namespace quillonic {
@@ -74,6 +84,126 @@ TEST(Allocations, AreNoneForRepeatsAndQuestions) {
               EXPECT_TRUE(model.allFlagsAreValid());
             }),
             0U);
+}
+
+using Model = TranscodeCliArguments;
+
+const std::vector<std::string> words{"-vcodec",
+                                     "h264",
+                                     "-out",
+                                     "/a/path/that/fits/no/small/buffer",
+                                     "-unknown_and_long_enough",
+                                     "x",
+                                     "-in_0_0",
+                                     "/Volumes/CARD A/A001C002_220101.mov",
+                                     "-ac_omit_0",
+                                     "2",
+                                     "-tc",
+                                     "000000000000000001:00:00:00",
+                                     "-tc_match",
+                                     "-wmt_text",
+                                     "a text that fits no small buffer"};
+
+struct Operation {
+  const char* name;
+  // Whether it changes several options, of which some may have changed when it fails.
+  bool isStepwise;
+  void (*run)(Model& model);
+};
+
+const Operation operations[] = {
+    {"parse", false, [](Model&) { Model(words, true); }},
+    {"parse and replace", false, [](Model& model) { model = Model(words); }},
+    {"read a dictionary", false, [](Model& model) { Model::from(model.argumentLookup()); }},
+    {"code", false, [](Model& model) { decode<Model>(encode(model)); }},
+    {"write", false,
+     [](Model& model) {
+       static_cast<void>(model.commandLineArguments());
+       static_cast<void>(model.cliString());
+     }},
+    {"ask", false,
+     [](Model& model) {
+       static_cast<void>(model.unknownFlags());
+       static_cast<void>(model.inputFileGroups());
+       static_cast<void>(model.inputFiles());
+       static_cast<void>(model.watermarkDetail());
+     }},
+    {"set any flag", false,
+     [](Model& model) { model.setArgumentFlagValue(" -IN_1_0_and_so_on ", std::string(40, 'x')); }},
+    {"change a path", false, [](Model& model) { model.setOutputFile(std::string(80, 'x')); }},
+    {"add a number", false, [](Model& model) { model.setVideoFrameRate(1e22); }},
+    {"warn of a number", false,
+     [](Model& model) {
+       model.setVideoDimensions(FrameSize{-1, 1});
+     }},
+    {"add a colour", false, [](Model& model) { model.setTimecodeBurnFontColor(Color::rgb(1e9, 1e9, 1e9)); }},
+    {"drop frames", false, [](Model& model) { model.setTimecodeIsDropFrame(true); }},
+    {"count from a date", false, [](Model& model) { model.setTimecodeSource(TimecodeSource::creationDate); }},
+    {"leave tracks out", true,
+     [](Model& model) {
+       model.setIgnoredAudioTracks({1, 2, 3});
+     }},
+    {"number files", true,
+     [](Model& model) {
+       model.setInputFileGroups(InputFileGroups{{7, {std::string(40, 'a'), "b"}}});
+     }},
+    {"update", true,
+     [](Model& model) {
+       TranscodeDetailModifier change{{model.videoDetail(), model.watermarkDetail(), model.timecodeDetail()}};
+       std::get<TranscodeVideoDetail>(change.details[0]).videoFrameRate = 1e22;
+       std::get<TranscodeWatermarkDetail>(change.details[1]).text.watermarkTextBurnText =
+           std::string(80, 'x');
+       std::get<TranscodeTimecodeDetail>(change.details[2]).timecode = "0000000000000000001:00:00:00";
+       change.apply(model);
+     }},
+    {"sanitize", false,
+     [](Model&) {
+       const auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
+       const CLIArgumentSanitizer sanitizer({"-out", "-a_flag_that_fits_no_small_buffer"}, form);
+       const auto drop = [](std::string_view, std::optional<std::string_view>) {};
+       sanitizer.enumerateSanitizedCLIEntries(
+           words, [&](std::string_view) { return form; }, drop, drop);
+       static_cast<void>(sanitizer.splitByValidity(words));
+     }},
+    {"analyse", false,
+     [](Model&) {
+       const auto read = MediaAnalysisCLIArguments::read(
+           {"-pathToAnalyze", "/a/path/that/fits/no/small/buffer", "-workDirectory", "/w", "-resultsFilePath",
+            "/r", "-snapshotLocation", "1e30", "2", "-maxImageWidth", "1920", "-parentPid", "1",
+            "-no_flag_of_the_tool"});
+       static_cast<void>(read.basic->commandLineArguments());
+       static_cast<void>(read.image->orderedCLITexts());
+     }},
+};
+
+// Each operation with memory for one allocation more, until it has enough.
+TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
+  // What the library keeps from its first message on is no leak.
+  { const RecordedLog first; }
+  for (const auto& operation : operations) {
+    SCOPED_TRACE(operation.name);
+    bool isDone = false;
+    for (std::int64_t memory = 0; !isDone; ++memory) {
+      const auto held = allocations - releases;
+      {
+        const RecordedLog log;
+        Model model(words, true);
+        const auto before = encode(model);
+        allocationsLeft = memory;
+        try {
+          operation.run(model);
+          isDone = true;
+        } catch (const std::bad_alloc&) {
+        }
+        allocationsLeft = unlimited;
+        EXPECT_FALSE(isDone && memory == 0);
+        EXPECT_TRUE(isDone || operation.isStepwise || encode(model) == before) << memory;
+        const auto written = model.commandLineArguments();
+        EXPECT_EQ(Model(written, true).commandLineArguments(), written) << memory;
+      }
+      EXPECT_EQ(allocations - releases, held) << memory;
+    }
+  }
 }
 
 }  // namespace

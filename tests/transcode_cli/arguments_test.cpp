@@ -80,6 +80,32 @@ TEST(TranscodeCliArguments, WritesFlagsInTheOrderInWhichTheyFirstStood) {
   EXPECT_EQ(model.cliString(), "-vnx-vcodech265-an-abr1");
 }
 
+TEST(TranscodeCliArguments, KeepsTheOrderWhateverIsSetAndRemoved) {
+  const auto known = Model::allKnownCommandFlags();
+  Words flags(known.begin(), known.end());
+  std::mt19937 random(11);
+  for (int round = 0; round < 100; ++round) {
+    std::ranges::shuffle(flags, random);
+    const Words line(flags.begin(), flags.begin() + static_cast<std::ptrdiff_t>(random() % flags.size()));
+    Model model(line, true);
+    std::set<std::string> set(line.begin(), line.end());
+    for (int change = 0; change < 10; ++change) {
+      const auto& flag = flags[random() % flags.size()];
+      const bool isSet = random() % 2 == 0;
+      model.setArgumentFlagValue(flag, isSet ? std::optional<std::string_view>("") : std::nullopt);
+      set.erase(flag);
+      if (isSet) set.insert(flag);
+      auto rest = set;
+      Words expected;
+      for (const auto& first : line) {
+        if (rest.erase(first) > 0) expected.push_back(first + "|");
+      }
+      for (const auto& other : rest) expected.push_back(other + "|");
+      ASSERT_EQ(wordsOf(model), joined(expected, '|'));
+    }
+  }
+}
+
 TEST(TranscodeCliArguments, NumbersTheInputFiles) {
   Model model({"-in", "/old", "-in_7_7", "/old", "-inx", "/old", "-vn"});
   model.setInputFileGroups(InputFileGroups{{1, {"c"}}, {0, {"a", "b"}}, {-2, {" d\n"}}, {5, {}}});

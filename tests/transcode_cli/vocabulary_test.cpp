@@ -2,7 +2,6 @@
 
 #include <array>
 #include <gtest/gtest.h>
-#include <ranges>
 #include <string>
 #include <thread>
 #include <type_traits>
@@ -145,7 +144,7 @@ TEST(TranscodeVocabulary, ReadsTheStoredColourSpaces) {
     const auto value = VAVTranscodeArgumentColorSpaceValue::fromColorSpace(static_cast<Stored>(number));
     return std::string(value ? value->rawValue() : "-");
   };
-  EXPECT_EQ(joined(std::to_array({-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9}), ' ', read),
+  EXPECT_EQ(joined(std::array{-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, ' ', read),
             "- - - rec_2020 rec_709 sRGB - - smpte_c ebu_3213 -");
 }
 

@@ -21,7 +21,9 @@ namespace quillonic {
 struct QUILLONIC_EXPORT AliasFile {
   /// Flags, and a mask of those flags that are known.
   struct Properties {
+    /// The values of the flags, one bit each.
     std::uint64_t flags = 0;
+    /// Which of those bits mean anything; the others say nothing.
     std::uint64_t mask = 0;
 
     friend bool operator==(const Properties&, const Properties&) = default;
@@ -47,31 +49,43 @@ struct QUILLONIC_EXPORT AliasFile {
     external = 0x100,
   };
 
-  /// No alias file is greater than this many bytes; a greater file is not looked into.
+  /// How many bytes at the start of a file tell whether it is an alias file.
+  static constexpr std::size_t markSize = 16;
+  /// No alias file is greater than this many bytes, some hundred times what desktops write. A greater file is
+  /// none whatever it begins with, and is nowhere looked into: camera clips need not be opened.
   static constexpr std::size_t greatestSize = std::size_t{1} << 20;
 
   /// The names from the root to the target, each a plain name; none for the root itself.
   std::vector<std::string> pathComponents;
+  /// What kind of item the target was; see `TargetFlag`.
   std::optional<Properties> targetProperties = std::nullopt;
+  /// When the target was made.
   std::optional<AnyValue::Date> targetCreationDate = std::nullopt;
   /// How many names to take from the end of the alias file's own path, its own name included, and how many
   /// from the end of the target's to add then.
   std::optional<std::int64_t> relativeDirsUp = std::nullopt;
+  /// The number of names that are added then.
   std::optional<std::int64_t> relativeDirsDown = std::nullopt;
   /// Where the target's volume was mounted.
   std::optional<std::string> volumePath = std::nullopt;
+  /// The name of the target's volume for people.
   std::optional<std::string> volumeName = std::nullopt;
+  /// What identifies the volume wherever it is mounted, as a text.
   std::optional<std::string> volumeUUID = std::nullopt;
+  /// What kind of volume it was; see `VolumeFlag`.
   std::optional<Properties> volumeProperties = std::nullopt;
   /// How many names at the end of the target's path lie below the home of who made the alias.
   std::optional<std::int64_t> componentsBelowHome = std::nullopt;
+  /// The account of who made the alias.
   std::optional<std::string> userName = std::nullopt;
+  /// The number of that account.
   std::optional<std::int64_t> userID = std::nullopt;
   /// 1024 for an alias file.
   std::optional<std::int64_t> creationOptions = std::nullopt;
+  /// The target's name as it was shown to people.
   std::optional<std::string> displayName = std::nullopt;
 
-  /// Whether a file that begins with these bytes is an alias file; 16 are enough.
+  /// Whether a file that begins with these bytes is an alias file, by its first `markSize` bytes alone.
   static bool isAliasFile(std::string_view firstBytes) noexcept;
 
   /// Reads an alias file, or the plain bookmark data that property lists carry. Nothing for bytes that are

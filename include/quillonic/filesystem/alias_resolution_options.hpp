@@ -10,6 +10,7 @@ namespace quillonic {
 class AliasResolutionOptions {
  public:
   constexpr AliasResolutionOptions() noexcept = default;
+  /// The set of those options whose bits are set.
   constexpr explicit AliasResolutionOptions(std::uint64_t rawValue) noexcept : rawValue_(rawValue) {}
 
   /// Never asks the user, for a volume or a password for example.
@@ -17,6 +18,7 @@ class AliasResolutionOptions {
   /// Never mounts the target's volume.
   static const AliasResolutionOptions withoutMounting;
 
+  /// The bits, those included that name no option.
   constexpr std::uint64_t rawValue() const noexcept { return rawValue_; }
   /// Whether every option of the other set is in this one.
   constexpr bool contains(AliasResolutionOptions other) const noexcept {

@@ -26,13 +26,16 @@ class QUILLONIC_EXPORT FileSystemAttributesStore {
  public:
   virtual ~FileSystemAttributesStore();
 
+  /// All that is known of the item, by key; empty when nothing is.
   virtual FileAttributes attributes() const = 0;
 
   /// The item's name.
   virtual std::optional<std::string> name() const = 0;
   /// The item's size in bytes.
   virtual std::optional<std::uint64_t> fileSize() const = 0;
+  /// When the item was made.
   virtual std::optional<AnyValue::Date> dateCreated() const = 0;
+  /// When the item's contents last changed.
   virtual std::optional<AnyValue::Date> dateModified() const = 0;
 
   /// The attributes that two stores are compared on: name, size, creation date and modification date.

@@ -30,6 +30,7 @@ concept DescriptionDictionary = std::ranges::forward_range<const T> &&
 /// texts; entries under keys of other kinds are carried along.
 class QUILLONIC_EXPORT DiskDescription {
  public:
+  /// Refers to the dictionary; copies nothing. A temporary one does not compile.
   template <DescriptionDictionary Dictionary>
   explicit DiskDescription(const Dictionary& dictionary) noexcept
       : dictionary_(&dictionary), enumerate_([](const void* entries, EntryBlock block) {

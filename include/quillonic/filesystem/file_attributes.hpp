@@ -28,13 +28,17 @@ class QUILLONIC_EXPORT FileAttributes {
  public:
   /// One attribute.
   struct Entry {
+    /// No two entries of a dictionary have the same.
     FileAttributeKey key;
+    /// What the key stands for; it may hold nothing.
     AnyValue value;
 
     friend bool operator==(const Entry&, const Entry&) = default;
   };
 
+  /// Visits the entries in the dictionary's order. Valid until the dictionary changes.
   using const_iterator = std::vector<Entry>::const_iterator;
+  /// Keys, each once.
   using KeyList = std::vector<FileAttributeKey>;
 
   FileAttributes() = default;
@@ -45,6 +49,7 @@ class QUILLONIC_EXPORT FileAttributes {
 
   /// The value of a key, or null. Valid until the dictionary changes.
   const AnyValue* find(std::string_view key) const noexcept;
+  /// Whether the key is there, also where its value holds nothing.
   bool contains(std::string_view key) const noexcept { return find(key) != nullptr; }
   /// The value of a key as `T`; nothing when the key is absent or its value is of another kind. A number reads
   /// as any number type that holds it exactly.
@@ -58,9 +63,13 @@ class QUILLONIC_EXPORT FileAttributes {
   /// Removes a key; false when there was none.
   bool remove(std::string_view key);
 
+  /// The first entry in the dictionary's order.
   const_iterator begin() const noexcept { return entries_.begin(); }
+  /// Behind the last entry.
   const_iterator end() const noexcept { return entries_.end(); }
+  /// The number of entries.
   std::size_t size() const noexcept { return entries_.size(); }
+  /// Whether there is no entry.
   bool empty() const noexcept { return entries_.empty(); }
 
   /// The keys that both have; nothing when there are none. Every list of keys is in the dictionary's order
@@ -86,7 +95,9 @@ class QUILLONIC_EXPORT FileAttributes {
   /// Calls the block once per key that both have, in the dictionary's order.
   void correlatedEnumerateCommonKeyValueEntries(const FileAttributes& other, CommonEntryBlock block) const;
 
+  /// Receives a common key whose values are equal, with the value of the dictionary that is asked.
   using MatchBlock = FunctionRef<void(const FileAttributeKey& key, const AnyValue& value, bool& stop)>;
+  /// Receives a common key and its two different values, first that of the dictionary that is asked.
   using MismatchBlock = FunctionRef<void(const FileAttributeKey& key, const AnyValue& value,
                                          const AnyValue& otherValue, bool& stop)>;
 

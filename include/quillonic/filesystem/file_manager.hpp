@@ -72,6 +72,7 @@ class QUILLONIC_EXPORT FileManager {
   /// Item paths by the mount point of the volume that holds them, each list in the order of the items. Items
   /// on no known volume, whose drive was pulled for example, are logged and stand under the empty text.
   using ItemsByDrive = std::map<std::string, std::vector<std::string>, std::less<>>;
+  /// The items, each under its drive; as `getUniqueDrives`, but nothing is left out.
   ItemsByDrive mappingOfUniqueDrives(std::span<const std::filesystem::path> to) const;
 
   /// Removes a file or a link, never its target and never a folder, with administrator rights through the
@@ -81,6 +82,7 @@ class QUILLONIC_EXPORT FileManager {
   /// as an option or as part of a command: one that a script's quoting cannot carry is not handed to a runner
   /// that takes text, but fails. Blocks until the command ends, which may take a user's answer.
   bool removePathWithElevatedPermissions(std::string_view path) const;
+  /// The same for a path that is not a plain text yet.
   bool removeItemWithElevatedPermissions(const std::filesystem::path& url) const;
 
  private:

@@ -13,17 +13,29 @@ namespace quillonic {
 /// What the replication layer reports of itself. The platform's own errors pass through it unchanged. The
 /// messages are fixed: lower case and without a full stop.
 enum class IOError {
+  /// "invalid path type"
   invalidPathType = 1,
+  /// "invalid data type"
   invalidDataType,
+  /// "path does not exist"
   nonexistentIOPath,
+  /// "io has closed"
   closedToIOActivity,
+  /// "reposition failure"
   failedToReposition,
+  /// "data ignored"
   ioDataIgnored,
+  /// "file attributes unavailable"
   unavailableFileAttributes,
+  /// "invalid replication structure"
   invalidReplicationStructure,
+  /// "replicator type not supported"
   unsupportedReplicator,
+  /// "replication resources unavailable"
   unavailableReplicationResources,
+  /// "output already processed"
   outputPreviouslyProcessed,
+  /// "verification resources unavailable"
   unavailableVerificationResources,
 };
 
@@ -41,10 +53,12 @@ enum class FilePathAttributeGenerationError {
 
 /// The category of `IOError`; its name is "quillonic.io".
 QUILLONIC_EXPORT const std::error_category& ioErrorCategory() noexcept;
+/// Lets an `IOError` stand wherever an error code does.
 QUILLONIC_EXPORT std::error_code make_error_code(IOError error) noexcept;
 
 /// The category of `FilePathAttributeGenerationError`; its name is "quillonic.attributes".
 QUILLONIC_EXPORT const std::error_category& filePathAttributeGenerationErrorCategory() noexcept;
+/// Lets a `FilePathAttributeGenerationError` stand wherever an error code does.
 QUILLONIC_EXPORT std::error_code make_error_code(FilePathAttributeGenerationError error) noexcept;
 
 }  // namespace quillonic

@@ -7,7 +7,8 @@
 /// A character here is a Unicode scalar: of a letter written with a combining mark only the mark may go.
 /// Nothing is replaced, everything else keeps its order, and nothing may be left of a name. Bytes that are
 /// not UTF-8 are in no listed set of characters: LTFS cleaning, which keeps a list, drops them, and desktop
-/// cleaning, which drops a list, keeps them.
+/// cleaning, which drops a list, keeps them. Where such bytes become a character because what stood between
+/// them goes, that character is judged too: cleaning a cleaned text changes nothing.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -42,6 +43,7 @@ inline constexpr std::string_view legalLtfsCharacters(detail::legalLtfsCharacter
                                                       detail::legalLtfsCharacters.size());
 /// The same as a set, and everything else: control characters, all of Unicode beyond "~", the illegal ones.
 inline constexpr CharacterSet validLtfsCharacters = CharacterSet::of(legalLtfsCharacters);
+/// What LTFS cleaning drops: all that `validLtfsCharacters` lacks.
 inline constexpr CharacterSet invalidLtfsCharacters = validLtfsCharacters.inverted();
 
 /// The characters that separate folders on a desktop volume, in one or the other of its forms of a path.

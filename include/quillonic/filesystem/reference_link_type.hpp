@@ -24,6 +24,7 @@ enum class QUILLONIC_EXPORT ReferenceLinkType : std::int64_t {
 
 /// One case of an enumeration of numbers, with its text for logs.
 template <class Enumeration> struct LoggedCaseRow : CaseRow<Enumeration, std::int64_t> {
+  /// What logs show; a fixed text, the same in every language.
   std::string_view loggingDescription;
 };
 
@@ -82,14 +83,15 @@ constexpr std::string_view description(ReferenceLinkType type) noexcept {
 }
 
 /// The location one link step away from a link of the given kind; the location itself, absolute and
-/// standardized, for an ordinary item and a hard link, where nothing is asked. The target need not exist.
-/// Throws a `std::system_error` when the link cannot be read or is of another kind.
+/// standardized, for an ordinary item and a hard link, where nothing is asked of the item. The target of a
+/// symbolic link need not exist. Throws a `std::system_error` when the link cannot be read, leads nowhere or is
+/// of another kind.
 QUILLONIC_EXPORT std::filesystem::path dereferencedFilePathURL(ReferenceLinkType type,
                                                                const std::filesystem::path& forURL);
 
 /// The final location after following links from a link of the given kind until an item that is none, at most
 /// 40 steps. Throws a `std::system_error` when a link cannot be read, when there are more steps (ELOOP) and
-/// when the final item is missing (ENOENT).
+/// when a link leads to nothing (ENOENT, ENOTDIR, or `aliasTargetNotFound` for an alias file).
 QUILLONIC_EXPORT std::filesystem::path deeplyDereferencedFilePathURL(ReferenceLinkType type,
                                                                      const std::filesystem::path& forURL);
 

@@ -23,17 +23,23 @@ namespace quillonic {
 /// custom value equal to it, -0.0 equals 0.0, and a value that carries NaN equals nothing, itself included.
 template <class KindType, class PayloadType> class CaseWithPayload {
  public:
+  /// The enumeration of the cases, payload cases included.
   using Kind = KindType;
+  /// The number that a payload case carries, or the pair of them.
   using Payload = PayloadType;
 
+  /// Which case the value is, whatever number it carries.
   constexpr Kind kind() const noexcept { return kind_; }
 
   friend constexpr bool operator==(const CaseWithPayload&, const CaseWithPayload&) = default;
 
  protected:
+  /// A fixed case; its payload is zero and nothing reads it.
   constexpr explicit CaseWithPayload(Kind kind) noexcept : CaseWithPayload(kind, {}) {}
+  /// A case that carries a number, kept as it is given.
   constexpr CaseWithPayload(Kind kind, Payload payload) noexcept : kind_(kind), payload_(payload) {}
 
+  /// The number of a payload case; zero for a fixed case, which takes its number from its table.
   constexpr const Payload& payload() const noexcept { return payload_; }
 
  private:

@@ -53,12 +53,19 @@ inline constexpr auto channelLayoutRows = std::to_array<ChannelLayoutRow>({
 /// How the channels of audio are laid out, as far as their number tells.
 class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
  public:
+  /// As many channels as the source has.
   static const ChannelLayout matchSource;
+  /// One channel.
   static const ChannelLayout mono;
+  /// Two channels.
   static const ChannelLayout stereo;
+  /// Four channels.
   static const ChannelLayout quadrophonic;
+  /// Five channels.
   static const ChannelLayout pentagonal;
+  /// Six channels.
   static const ChannelLayout hexagonal;
+  /// Eight channels.
   static const ChannelLayout octagonal;
   /// Any number of channels, taken as it is.
   static constexpr ChannelLayout custom(std::int64_t channelCount) noexcept {

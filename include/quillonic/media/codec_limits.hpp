@@ -13,10 +13,12 @@ namespace quillonic {
 /// What one codec accepts, as the standard behind it has it. What the transcoder writes can be narrower
 /// still: see `VAVTranscodeArgumentVideoCodecValue::permittedExtensions`.
 struct CodecLimits {
+  /// The codec that is spoken of; 0 where any unknown one is.
   Cloud_ConversionOptions::CodecType codec{};
   /// The least and the greatest number of bits per pixel component; every colour depth between them is
   /// accepted.
   std::int64_t leastDepth = 0;
+  /// As above; equal to the least where the codec has one depth only.
   std::int64_t greatestDepth = 0;
   /// Whether an mp4 file can hold it. A mov file holds each of them.
   bool livesInMp4 = false;

@@ -27,6 +27,7 @@ enum class ColorDepth : std::int64_t { bpp8 = 8, bpp10 = 10, bpp12 = 12, bpp16 =
 
 /// One depth, its number and its text.
 struct ColorDepthRow : CaseRow<ColorDepth, std::int64_t> {
+  /// What is shown of the depth, in English.
   std::string_view text;
 };
 
@@ -50,6 +51,7 @@ constexpr std::string_view tag(ColorDepth depth) noexcept {
 
 /// The tag in the user's language, also for pickers.
 QUILLONIC_EXPORT std::string description(ColorDepth depth);
+/// The same as `description`.
 QUILLONIC_EXPORT std::string pickerDescription(ColorDepth depth);
 
 /// The depths that a codec accepts, ascending. The span stays valid for the life of the program.

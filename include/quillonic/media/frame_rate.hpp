@@ -67,16 +67,25 @@ QUILLONIC_EXPORT void reportUnknownFrameRate(double rawValue);
 /// How many frames a second has: that of the source, half of it, a broadcast rate, or any other.
 class FrameRate : public CaseWithPayload<FrameRateKind, double> {
  public:
+  /// The rate of the source.
   static const FrameRate match;
+  /// Half the rate of the source.
   static const FrameRate halfstep;
   /// Its value is 23.967, which is not the broadcast rate of 23.976: a fixed contract with stored presets.
   static const FrameRate fps23_98;
+  /// 24 frames per second.
   static const FrameRate fps24;
+  /// 25 frames per second.
   static const FrameRate fps25;
+  /// 29.97 frames per second.
   static const FrameRate fps29_97;
+  /// 30 frames per second.
   static const FrameRate fps30;
+  /// 50 frames per second.
   static const FrameRate fps50;
+  /// 59.94 frames per second.
   static const FrameRate fps59_94;
+  /// 60 frames per second.
   static const FrameRate fps60;
   /// Any rate, taken as it is. One of 0 or below, or NaN, stands for a rate that is yet to be typed.
   static constexpr FrameRate custom(double value) noexcept { return {Kind::custom, value}; }

@@ -41,9 +41,13 @@ inline constexpr auto sampleRateRows = std::to_array<SampleRateRow>({
 /// How many samples a second of audio has.
 class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
  public:
+  /// The rate of the source.
   static const SampleRate matchSource;
+  /// 44100 hertz.
   static const SampleRate hz44100;
+  /// 48000 hertz.
   static const SampleRate hz48000;
+  /// 96000 hertz.
   static const SampleRate hz96000;
   /// Any rate in hertz, taken as it is.
   static constexpr SampleRate custom(std::int64_t hertz) noexcept { return {Kind::custom, hertz}; }
@@ -51,6 +55,7 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
   /// The rate in hertz that a picker proposes: 48000 until a host sets another. Any number is taken as it is,
   /// also while other threads read it.
   QUILLONIC_EXPORT static std::int64_t defaultCustomHz() noexcept;
+  /// Sets that rate for the whole process. Lists that were handed out before keep the earlier one.
   QUILLONIC_EXPORT static void setDefaultCustomHz(std::int64_t hertz) noexcept;
 
   /// The case of a stored number: `matchSource` below 1, else the fixed case of exactly this rate, else a
@@ -60,6 +65,7 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
   /// Hertz; 0 for `matchSource`.
   constexpr std::int64_t hertz() const noexcept { return isCustom() ? payload() : row().hertz; }
 
+  /// Whether the rate carries a number of its own, also one that a fixed case stands for.
   constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
 
   /// For people, in the user's language: "48 kHz", "22.05 kHz", "1000 Hz". A custom rate is in kilohertz from

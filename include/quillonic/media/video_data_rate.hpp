@@ -38,6 +38,7 @@ class VideoDataRate : public CaseWithPayload<VideoDataRateKind, double> {
     return rawValue > 0 ? restrict(rawValue) : VideoDataRate(Kind::auto_);
   }
 
+  /// Whether the rate carries a number, also one that is yet to be typed.
   constexpr bool isRestrict() const noexcept { return kind() == Kind::restrict; }
 
   /// What stored presets carry: megabits per second, 0.0 for `auto_`.

@@ -75,18 +75,29 @@ QUILLONIC_EXPORT void reportUnfitDimension(double width, double height);
 /// How large the frame is.
 class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
  public:
+  /// The size of the source.
   static const VideoDimension match;
+  /// Each side of the source times 1/2.
   static const VideoDimension half;
+  /// Each side of the source times 1/4.
   static const VideoDimension quarter;
+  /// Each side of the source times 1/8.
   static const VideoDimension eighth;
+  /// Each side of the source times 1/16.
   static const VideoDimension sixteenth;
   /// 320 x 220, unlike the 320 x 230 of `VideoResolution::qvga`: a fixed contract with stored presets.
   static const VideoDimension twoTwentyP;
+  /// 480 x 270.
   static const VideoDimension twoSeventyP;
+  /// 640 x 480.
   static const VideoDimension fourEightyP;
+  /// 960 x 540.
   static const VideoDimension fiveFortyP;
+  /// 1280 x 720.
   static const VideoDimension sevenTwentyP;
+  /// 1920 x 1080.
   static const VideoDimension tenEightyP;
+  /// 3840 x 2160.
   static const VideoDimension fourK;
   /// Any size in pixels, taken as it is. Sides of 0 or below, or NaN, stand for a size that is yet to be
   /// typed.
@@ -106,7 +117,9 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
     return isScaleOption() ? VideoSize{1920, 1080} : size();
   }
 
+  /// Whether the size is a typed one in pixels, also one that a fixed case stands for.
   constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
+  /// Whether the size is a typed factor, also one that a fixed case stands for.
   constexpr bool isCustomScale() const noexcept { return kind() == Kind::scaled; }
   /// Whether the size depends on the source: `scaled`, whatever its factor, and the scale cases, `match`
   /// included.

@@ -23,6 +23,7 @@ enum class VideoExtension : std::uint8_t { mov, mp4 };
 
 /// One extension, its text and its stored number.
 struct VideoExtensionRow : CaseRow<VideoExtension> {
+  /// The number that presets store for the container.
   Cloud_ConversionOptions::VideoTranscodeOptions::Container stored;
 };
 
@@ -40,9 +41,11 @@ static_assert(CodableRawHashCase<VideoExtension>);
 constexpr std::string_view description(VideoExtension extension) noexcept {
   return rawValue(extension);
 }
+/// The same as `description`.
 constexpr std::string_view pickerDescription(VideoExtension extension) noexcept {
   return rawValue(extension);
 }
+/// The same as `description`.
 constexpr std::string_view tag(VideoExtension extension) noexcept {
   return rawValue(extension);
 }

@@ -36,6 +36,7 @@ enum class VideoResolution : std::uint8_t {
 
 /// One resolution, its text and its sizes in pixels, the standard one first.
 struct VideoResolutionRow : CaseRow<VideoResolution> {
+  /// Never empty; the first size is the standard one.
   std::span<const VideoSize> validDimensions;
 };
 
@@ -85,9 +86,11 @@ static_assert(CodableRawHashCase<VideoResolution>);
 constexpr std::string_view description(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }
+/// The same as `description`.
 constexpr std::string_view pickerDescription(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }
+/// The same as `description`.
 constexpr std::string_view tag(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }

@@ -8,7 +8,9 @@ namespace quillonic {
 
 /// A width and a height, in pixels unless the operation that gives it says otherwise.
 struct VideoSize {
+  /// The horizontal side, or the factor for it; any number is kept.
   double width = 0;
+  /// The vertical side, or the factor for it; any number is kept.
   double height = 0;
 
   friend constexpr bool operator==(const VideoSize&, const VideoSize&) = default;

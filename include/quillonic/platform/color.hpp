@@ -17,23 +17,47 @@ namespace quillonic {
 /// Colours are equal when their forms and components are.
 class QUILLONIC_EXPORT Color {
  public:
-  /// The forms of a colour, each with its components as they were given.
+  /// A colour of the generic RGB space.
   struct Rgb {
-    double red, green, blue, alpha;
+    /// Red light, from 0 for none to 1 for full.
+    double red;
+    /// Green light.
+    double green;
+    /// Blue light.
+    double blue;
+    /// From 0 for transparent to 1 for opaque.
+    double alpha;
     friend bool operator==(const Rgb&, const Rgb&) = default;
   };
+  /// A grey.
   struct Grey {
-    double white, alpha;
+    /// From 0 for black to 1 for white.
+    double white;
+    /// From 0 for transparent to 1 for opaque.
+    double alpha;
     friend bool operator==(const Grey&, const Grey&) = default;
   };
+  /// A colour of four printing inks.
   struct Cmyk {
-    double cyan, magenta, yellow, black, alpha;
+    /// Cyan ink, which takes red away, from 0 for none to 1 for all of it.
+    double cyan;
+    /// Magenta ink, which takes green away.
+    double magenta;
+    /// Yellow ink, which takes blue away.
+    double yellow;
+    /// Black ink.
+    double black;
+    /// From 0 for transparent to 1 for opaque.
+    double alpha;
     friend bool operator==(const Cmyk&, const Cmyk&) = default;
   };
+  /// A pattern that is painted with.
   struct Pattern {
+    /// For people; nothing looks a pattern up by it.
     std::string name;
     friend bool operator==(const Pattern&, const Pattern&) = default;
   };
+  /// A colour as it was made, in one of its four forms.
   using Form = std::variant<Rgb, Grey, Cmyk, Pattern>;
 
   /// A colour of the generic RGB space. An alpha of 1 is opaque.
@@ -47,8 +71,11 @@ class QUILLONIC_EXPORT Color {
 
   /// The parts of a colour in the generic RGB space.
   struct RgbComponents {
+    /// Red light, from 0 for none to 1 for full; a colour that was made of other numbers has those.
     double red = 0;
+    /// Green light.
     double green = 0;
+    /// Blue light.
     double blue = 0;
     /// Absent where the colour does not say how opaque it is; every colour made here does.
     std::optional<double> alpha;

@@ -40,6 +40,7 @@ struct Cloud_ConversionOptions {
 
     /// Pixels; 0 when the frame is scaled or left as it is.
     double width = 0;
+    /// Pixels, like the width.
     double height = 0;
     /// The factor that both sides of the frame are multiplied by; 0 when the size is given in pixels or left
     /// as it is.
@@ -50,7 +51,9 @@ struct Cloud_ConversionOptions {
     double dataRate = 0;
     /// Bits per pixel component.
     std::int64_t colorDepth = 0;
+    /// 0 when none was chosen.
     ColorSpace colorSpace{};
+    /// 0 when none was chosen.
     Container container{};
 
     friend constexpr bool operator==(const VideoTranscodeOptions&, const VideoTranscodeOptions&) = default;
@@ -66,8 +69,11 @@ struct Cloud_ConversionOptions {
     friend constexpr bool operator==(const AudioTranscodeOptions&, const AudioTranscodeOptions&) = default;
   };
 
+  /// 0 when none was chosen.
   CodecType codecType{};
+  /// What was chosen for the video; a new one keeps the source's size and rate.
   VideoTranscodeOptions videoOptions;
+  /// What was chosen for the audio; a new one keeps the source's rate and layout.
   AudioTranscodeOptions audioOptions;
 
   friend constexpr bool operator==(const Cloud_ConversionOptions&, const Cloud_ConversionOptions&) = default;

@@ -21,9 +21,13 @@ class QUILLONIC_EXPORT Loggable {
   Loggable& operator=(const Loggable&) = delete;
   virtual ~Loggable();
 
+  /// Receives what only a developer looks for.
   virtual void logDebug(std::string_view message) = 0;
+  /// Receives what happened as it should.
   virtual void logInfo(std::string_view message) = 0;
+  /// Receives what was passed over or put right, such as a value that was left out.
   virtual void logWarning(std::string_view message) = 0;
+  /// Receives what failed, also where the caller gets no more than an absent result.
   virtual void logError(std::string_view message) = 0;
 };
 

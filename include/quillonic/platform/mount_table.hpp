@@ -27,6 +27,7 @@ struct Mount {
   std::uint64_t parentIdentifier = 0;
   /// The number of the device behind the file system. The major number is 0 where no single block device is.
   std::uint32_t deviceMajor = 0;
+  /// The second part of the device's number.
   std::uint32_t deviceMinor = 0;
   /// Which folder of the file system is mounted: "/", or the folder that a bind mount shows.
   std::filesystem::path root;

@@ -19,7 +19,7 @@ namespace quillonic {
 
 /// How a runner wants to be told what to run.
 enum class ScriptForm : std::uint8_t {
-  /// As a script's source, `do shell script "/bin/rm '/a/b';" with administrator privileges`.
+  /// As a script's source, ``do shell script "/bin/rm '/a/b';" with administrator privileges``.
   text,
   /// As a program and its arguments, which no shell reads: "/bin/rm", "--", "/a/b".
   argumentList,
@@ -37,9 +37,10 @@ class QUILLONIC_EXPORT ScriptRunner {
   /// Which of the two operations below is called.
   virtual ScriptForm form() const noexcept = 0;
 
-  /// Both give what went wrong, by key; an empty dictionary when the command has done its work; nothing when
-  /// the script could not be created, so that nothing ran. Unless replaced they create nothing.
+  /// Runs a script. Gives what went wrong, by key; an empty dictionary when the command has done its work;
+  /// nothing when the script could not be created, so that nothing ran. Unless overridden it creates nothing.
   virtual std::optional<TextDictionary> runText(std::string_view source);
+  /// Runs a program, the first word, with the other words as its arguments. The result is that of `runText`.
   virtual std::optional<TextDictionary> runArguments(std::span<const std::string> words);
 
   /// The runner in use, never null. The built-in one takes an argument list. In a process that is root

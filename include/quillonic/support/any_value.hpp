@@ -107,8 +107,10 @@ class QUILLONIC_EXPORT AnyValue {
 
   // A value stands for itself wherever a dictionary is filled.
   // NOLINTBEGIN(google-explicit-constructor)
+  /// A Boolean, which is no number. Nothing but `bool` itself becomes one.
   template <std::same_as<bool> Boolean> AnyValue(Boolean value) noexcept : value_(value) {}
 
+  /// An integer of up to 64 bits, signed or not, or a floating-point number; never rounded.
   template <detail::NumberOfAnyWidth Number>
   AnyValue(Number value) : value_(std::in_place_type<Kept<Number>>, value) {
     if constexpr (std::unsigned_integral<Kept<Number>>) {
@@ -119,12 +121,14 @@ class QUILLONIC_EXPORT AnyValue {
 
   /// A text is any bytes.
   AnyValue(std::string value) noexcept : value_(std::move(value)) {}
+  /// Keeps a copy of the text.
   AnyValue(std::string_view value) : value_(std::string(value)) {}
   /// Up to the terminating NUL; a null pointer gives a value that holds nothing.
   AnyValue(const char* value) {
     if (value) value_ = std::string(value);
   }
 
+  /// A path, which is no text: it reads back as a path only.
   AnyValue(std::filesystem::path value) : value_(std::move(value)) {}
 
   /// A date of any precision down to the nanosecond. One that a count of nanoseconds in 64 bits cannot reach,

@@ -26,7 +26,9 @@ class QUILLONIC_EXPORT AtomicSwitch {
   AtomicSwitch& operator=(const AtomicSwitch&) = delete;
   virtual ~AtomicSwitch();
 
+  /// The value of the last write that has returned, or of one that runs meanwhile.
   virtual bool isOn() const = 0;
+  /// Writes the value; every read that begins after the return sees it.
   virtual void setIsOn(bool isOn) = 0;
 
   /// Reads the value, hands a copy to `modification` to change, and writes it back, also when the
@@ -52,6 +54,7 @@ class QUILLONIC_EXPORT AtomicSwitch {
 /// The cheapest switch, for hot paths: a lock is held for the single load or store.
 class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
  public:
+  /// A switch that starts with a value. Nothing is allocated.
   explicit UnfairLockBasedAtomicSwitch(bool isOn) noexcept;
   ~UnfairLockBasedAtomicSwitch() override;
 
@@ -75,7 +78,9 @@ class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
   bool isOn() const noexcept override;
   void setIsOn(bool isOn) noexcept override;
 
+  /// The queue's label as it was given, for logs; it may be empty.
   const std::string& label() const noexcept { return dispatchQueue_.label(); }
+  /// The queue's quality of service; unspecified for one that was made with a target.
   DispatchQoS qos() const noexcept { return dispatchQueue_.qos(); }
   /// Absent when the queue targets none.
   std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return dispatchQueue_.target(); }
@@ -96,7 +101,9 @@ class QUILLONIC_EXPORT ConcurrentQueueBasedAtomicSwitch final : public AtomicSwi
   bool isOn() const noexcept override;
   void setIsOn(bool isOn) noexcept override;
 
+  /// The queue's label as it was given, for logs; it may be empty.
   const std::string& label() const noexcept { return dispatchQueue_.label(); }
+  /// Always unspecified: the class that was given is that of the target.
   DispatchQoS qos() const noexcept { return dispatchQueue_.qos(); }
   /// Never absent.
   std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return dispatchQueue_.target(); }

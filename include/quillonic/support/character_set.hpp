@@ -36,6 +36,7 @@ class QUILLONIC_EXPORT CharacterSet {
     return set;
   }
 
+  /// Whether a scalar is in the set. Takes logarithmic time beyond ASCII.
   constexpr bool contains(char32_t scalar) const noexcept {
     if (scalar < 0x80) return bytes_[scalar];
     return std::ranges::binary_search(beyondAscii_, scalar) != isInverted_;

@@ -35,10 +35,13 @@ class QUILLONIC_EXPORT DecodingError : public std::runtime_error {
   /// `key` is the key whose value is missing or wrong, empty when the whole value is; `reason` completes the
   /// sentence "cannot decode 'key': ...".
   DecodingError(std::string_view key, std::string_view reason);
+  /// Exceptions are copied when they are caught by value and passed between threads.
   DecodingError(const DecodingError&);
+  /// Takes over key and message of the other.
   DecodingError& operator=(const DecodingError&);
   ~DecodingError() override;
 
+  /// The key whose value is missing or wrong; empty when the whole value is.
   const std::string& key() const noexcept { return key_; }
 
  private:
@@ -65,6 +68,7 @@ class QUILLONIC_EXPORT CodedRecord {
   /// The same, but null when the key is missing.
   template <class T> QUILLONIC_HIDDEN const T* optional(std::string_view key) const;
 
+  /// All members in the order in which they were added. Valid until the record changes.
   const std::vector<CodedMember>& members() const noexcept { return members_; }
 
   friend QUILLONIC_EXPORT bool operator==(const CodedRecord&, const CodedRecord&);
@@ -83,6 +87,7 @@ concept CodedAlternative =
 /// Nothing, or one of the alternatives.
 class CodedValue {
  public:
+  /// What a value can hold, the first alternative being nothing. Archives visit it.
   using Alternatives =
       std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
 
@@ -113,7 +118,9 @@ class CodedValue {
 
 /// One key of a record and its value.
 struct CodedMember {
+  /// Any bytes, the empty text included.
   std::string key;
+  /// What the record holds under the key.
   CodedValue value;
 
   friend bool operator==(const CodedMember&, const CodedMember&) = default;
@@ -142,10 +149,13 @@ template <class T> struct Coding;
 
 /// A field of a record and the key that it is encoded under.
 template <class Record, class Value> struct Field {
+  /// The key in the coded record; a literal, so that it outlives the table.
   std::string_view key;
+  /// Where the record keeps the value. A `std::optional` without a value is not encoded.
   Value Record::*member;
 };
 
+/// Lets `Field{"key", &Record::member}` name neither type.
 template <class Record, class Value> Field(std::string_view, Value Record::*) -> Field<Record, Value>;
 
 /// The fields of a plain record, as a tuple `fields` of `Field`; specialised once beside each record that is

@@ -21,15 +21,22 @@ struct DispatchQoS {
     userInteractive,
   };
 
+  /// How urgent the work is.
   QoSClass qosClass = QoSClass::unspecified;
   /// 0 is the most urgent place within the class, -15 the least; kept as given.
   int relativePriority = 0;
 
+  /// No statement about urgency.
   static const DispatchQoS unspecified;
+  /// Work that nobody waits for.
   static const DispatchQoS background;
+  /// Long work whose progress a person may look at.
   static const DispatchQoS utility;
+  /// Ordinary work. Ends in an underscore because the language keeps the bare word to itself.
   static const DispatchQoS default_;
+  /// Work that a person has asked for and waits for.
   static const DispatchQoS userInitiated;
+  /// Work that a person watches, such as drawing.
   static const DispatchQoS userInteractive;
 
   friend constexpr bool operator==(const DispatchQoS&, const DispatchQoS&) = default;

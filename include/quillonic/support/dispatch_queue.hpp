@@ -24,6 +24,7 @@ namespace quillonic {
 /// A block must not enter the queue that it runs on: it would wait for itself for ever.
 class QUILLONIC_EXPORT DispatchQueue {
  public:
+  /// Which blocks may run side by side.
   enum class Attribute : std::uint8_t {
     /// One block at a time.
     serial,
@@ -51,8 +52,11 @@ class QUILLONIC_EXPORT DispatchQueue {
     return std::forward<Block>(block)();
   }
 
+  /// The label as it was given, for logs; it may be empty.
   const std::string& label() const noexcept { return label_; }
+  /// The quality of service as it was given; no scheduling follows from it.
   DispatchQoS qos() const noexcept { return qos_; }
+  /// Whether blocks of `sync` run together.
   Attribute attribute() const noexcept { return attribute_; }
   /// The class of the global queue that this queue targets; absent when it targets none.
   std::optional<DispatchQoS::QoSClass> target() const noexcept { return target_; }

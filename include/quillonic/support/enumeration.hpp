@@ -28,7 +28,9 @@ template <class Enumeration> struct CaseTable;
 /// One case of a closed enumeration and its raw value: a text, or a number where the enumeration stands for
 /// numbers.
 template <class Enumeration, class RawValue = std::string_view> struct CaseRow {
+  /// The case that the row is for.
   Enumeration value;
+  /// What is stored and compared; each row has another one.
   RawValue rawValue;
 };
 

@@ -15,6 +15,8 @@ template <class Signature> class FunctionRef;
 /// operation that takes one calls it before it returns and keeps nothing of it.
 template <class Result, class... Arguments> class FunctionRef<Result(Arguments...)> {
  public:
+  /// Binds a function, a lambda or a function object, which must outlive the reference: a temporary lives until
+  /// the end of the call that it is an argument of.
   template <class Callable>
   requires(!std::same_as<std::remove_cvref_t<Callable>, FunctionRef> &&
            std::is_invocable_r_v<Result, Callable&, Arguments...>)
@@ -45,6 +47,7 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
     }
   }
 
+  /// Calls the callable and gives its result; its exceptions pass through.
   Result operator()(Arguments... arguments) const {
     return call_(target_, std::forward<Arguments>(arguments)...);
   }

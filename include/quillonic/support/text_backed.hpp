@@ -22,10 +22,12 @@ namespace quillonic {
 /// A string literal. Only a literal converts to it, at compile time, so the text it names never dies.
 class TextLiteral {
  public:
+  /// The characters up to the terminating NUL, which is left out.
   template <std::size_t size>
   // NOLINTNEXTLINE(google-explicit-constructor): a literal stands for itself
   consteval TextLiteral(const char (&literal)[size]) : text_(literal, size - 1) {}
 
+  /// The literal, valid for the life of the program.
   constexpr std::string_view text() const noexcept { return text_; }
 
  private:
@@ -89,6 +91,7 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
 /// destroy them one by one is no constant expression for every compiler under its sanitisers.
 template <class Value, std::size_t count> class CaseList {
  public:
+  /// Copies the values, of which there is at least one.
   template <class... Rest>
   constexpr explicit CaseList(const Value& first, const Rest&... rest) noexcept : values_{first, rest...} {}
   CaseList(const CaseList&) = delete;
@@ -97,6 +100,7 @@ template <class Value, std::size_t count> class CaseList {
   constexpr ~CaseList() {}
 
   // NOLINTNEXTLINE(google-explicit-constructor): a list reads as its values
+  /// All values in their order, valid as long as the list.
   constexpr operator std::span<const Value>() const noexcept { return values_; }
 
  private:
@@ -105,6 +109,7 @@ template <class Value, std::size_t count> class CaseList {
   };
 };
 
+/// Lets `CaseList{first, ...}` name neither type nor number.
 template <class First, class... Rest>
 CaseList(const First&, const Rest&...) -> CaseList<First, 1 + sizeof...(Rest)>;
 

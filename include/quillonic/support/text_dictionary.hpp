@@ -7,6 +7,7 @@
 #pragma once
 
 #include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
 
 #include <concepts>
 #include <cstddef>
@@ -23,7 +24,7 @@ namespace quillonic {
 /// Texts by text, in ascending byte order of the keys, so that the same content reads the same in every
 /// process. Entries lie side by side in one block: a dictionary costs one allocation and what its longer
 /// texts need. Looking up takes logarithmic time; adding or removing a single key moves the entries behind
-/// it.
+/// it. Only running out of memory makes an operation throw, and the dictionary is then as it was.
 class QUILLONIC_EXPORT TextDictionary {
  public:
   /// One key and its value.
@@ -35,7 +36,9 @@ class QUILLONIC_EXPORT TextDictionary {
     Entry(Key&& itsKey, Value&& itsValue)
         : key(owned(std::forward<Key>(itsKey))), value(owned(std::forward<Value>(itsValue))) {}
 
+    /// Any bytes; no two entries of a dictionary have the same.
     std::string key;
+    /// Any bytes; empty for a key that stands alone.
     std::string value;
 
     friend bool operator==(const Entry&, const Entry&) = default;
@@ -50,6 +53,7 @@ class QUILLONIC_EXPORT TextDictionary {
     }
   };
 
+  /// Visits the entries in ascending byte order of their keys. Valid until the dictionary changes.
   using const_iterator = std::vector<Entry>::const_iterator;
 
   TextDictionary() = default;
@@ -60,6 +64,11 @@ class QUILLONIC_EXPORT TextDictionary {
   /// As above, without a copy.
   explicit TextDictionary(std::vector<Entry> entries);
 
+  /// As above, and calls `didPlace` once per entry with its position in the list that was given and the position of its
+  /// key in the dictionary, which several entries share where keys are equal.
+  TextDictionary(std::vector<Entry> entries,
+                 FunctionRef<void(std::size_t given, std::size_t position)> didPlace);
+
   /// Copies any map or list of pairs of texts; of equal keys the last one stays.
   template <std::ranges::input_range Pairs>
   requires std::convertible_to<decltype(std::declval<std::ranges::range_reference_t<Pairs>>().first),
@@ -68,6 +77,7 @@ class QUILLONIC_EXPORT TextDictionary {
 
   /// The entry of a key, or null. Valid until the dictionary changes.
   const Entry* find(std::string_view key) const noexcept;
+  /// Whether there is an entry for exactly this key, case included.
   bool contains(std::string_view key) const noexcept { return find(key) != nullptr; }
 
   /// Stores a value, replacing an earlier one.
@@ -82,9 +92,13 @@ class QUILLONIC_EXPORT TextDictionary {
   /// The entries whose key begins with a text, in order. Valid until the dictionary changes.
   std::span<const Entry> prefixed(std::string_view prefix) const noexcept;
 
+  /// The entry with the least key.
   const_iterator begin() const noexcept { return entries_.begin(); }
+  /// Behind the entry with the greatest key.
   const_iterator end() const noexcept { return entries_.end(); }
+  /// The number of entries.
   std::size_t size() const noexcept { return entries_.size(); }
+  /// Whether there is no entry.
   bool empty() const noexcept { return entries_.empty(); }
 
   friend bool operator==(const TextDictionary&, const TextDictionary&) = default;
@@ -95,6 +109,8 @@ class QUILLONIC_EXPORT TextDictionary {
     for (const auto& [key, value] : pairs) entries.emplace_back(key, value);
     return entries;
   }
+
+  void keepLastOfEqualKeys();
 
   std::vector<Entry> entries_;
 };

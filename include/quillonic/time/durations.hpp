@@ -46,8 +46,11 @@ class QUILLONIC_EXPORT NumberUtility {
 
   /// Hours, and minutes and seconds below 60. None of them is above zero for negative seconds.
   struct HoursMinutesSeconds {
+    /// Whole hours; not limited to a day.
     std::int64_t h = 0;
+    /// Whole minutes besides, -59 to 59.
     std::int64_t m = 0;
+    /// Seconds besides, -59 to 59.
     std::int64_t s = 0;
 
     friend bool operator==(const HoursMinutesSeconds&, const HoursMinutesSeconds&) = default;

@@ -21,9 +21,13 @@ namespace quillonic {
 /// A timecode. It knows no frame rate and counts nothing: drop frame is only the separator before the frames.
 /// Any number may stand in any field.
 struct QUILLONIC_EXPORT TimecodeComponents {
+  /// Not limited to a day.
   std::int64_t hours = 0;
+  /// 0 to 60 in a timecode that was read strictly.
   std::int64_t minutes = 0;
+  /// 0 to 60 in a timecode that was read strictly.
   std::int64_t seconds = 0;
+  /// Not limited: the frame rate is not known here.
   std::int64_t frames = 0;
   /// Whether ";" stands before the frames.
   bool isDropFrame = false;
@@ -60,9 +64,13 @@ struct QUILLONIC_EXPORT TimecodeComponents {
 
   /// What a lenient split finds: a field that is empty or not a number of 64 bits is absent.
   struct Decomposed {
+    /// What stands before the first separator.
     std::optional<std::int64_t> hours;
+    /// What stands behind the first separator.
     std::optional<std::int64_t> minutes;
+    /// What stands behind the second separator.
     std::optional<std::int64_t> seconds;
+    /// What stands behind the third separator, later separators left out.
     std::optional<std::int64_t> frames;
     /// Whether the third separator is ";".
     bool isDropFrame = false;

@@ -15,7 +15,7 @@
 namespace quillonic {
 
 /// Mix-in for a record of command-line settings. A record supplies its ordered texts and its dictionary, and
-/// may change the list syntax.
+/// may change the list syntax. Writing changes nothing, also where memory runs out, which alone makes it throw.
 class QUILLONIC_EXPORT CliArgumentStore {
  public:
   virtual ~CliArgumentStore();
@@ -52,6 +52,7 @@ class QUILLONIC_EXPORT CliArgumentStore {
     return list;
   }
 
+  /// The same for values written in braces.
   std::string buildCLIList(std::initializer_list<std::string_view> fromValues) const {
     return buildCLIList<std::initializer_list<std::string_view>>(fromValues);
   }

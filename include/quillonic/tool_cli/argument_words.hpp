@@ -37,6 +37,7 @@ class ArgumentWords {
   requires(!std::same_as<std::remove_cvref_t<Words>, ArgumentWords> && std::ranges::sized_range<Words> &&
            isText<std::ranges::range_value_t<Words>>) constexpr ArgumentWords(Words&& words) noexcept
       : words_(View<std::ranges::range_value_t<Words>>(std::ranges::data(words), std::ranges::size(words))) {}
+  /// Words written in braces where a view is an argument; they live until the call returns.
   constexpr ArgumentWords(std::initializer_list<std::string_view> words) noexcept
       : words_(std::span<const std::string_view>(words.begin(), words.size())) {}
   // NOLINTEND(google-explicit-constructor)
@@ -48,9 +49,11 @@ class ArgumentWords {
     return std::span<const char* const>(argv + 1, static_cast<std::size_t>(argc) - 1);
   }
 
+  /// The number of words.
   constexpr std::size_t size() const noexcept {
     return std::visit([](auto words) { return words.size(); }, words_);
   }
+  /// Whether there are no words.
   constexpr bool empty() const noexcept { return size() == 0; }
 
   /// The word at a position below `size()`.

@@ -13,10 +13,13 @@ class QUILLONIC_EXPORT CLIExitCodeError : public std::runtime_error {
  public:
   /// `exitStatus` is kept as given; a system passes on its low eight bits only. `message` is for people.
   explicit CLIExitCodeError(int exitStatus, const std::string& message = "the tool must end");
+  /// Exceptions are copied when they are caught by value and passed between threads.
   CLIExitCodeError(const CLIExitCodeError&);
+  /// Takes over status and message of the other.
   CLIExitCodeError& operator=(const CLIExitCodeError&);
   ~CLIExitCodeError() override;
 
+  /// The status for `main` to return, as it was given.
   int exitStatus() const noexcept { return exitStatus_; }
 
  private:

@@ -36,10 +36,13 @@ template <CliFlag Flag> std::vector<std::string> sanitizeAllCLIFlags(CLISanitiza
 
 /// One case of a closed flag enumeration. Its text is the flag without the hyphen.
 template <class Flag> struct FlagRow : CaseRow<Flag> {
+  /// `text` is the flag with its hyphen, a literal.
   consteval FlagRow(Flag flag, std::string_view text, bool takesValue)
       : CaseRow<Flag>{flag, text.substr(1)}, cliFlag(text), acceptsArguments(takesValue) {}
 
+  /// The flag as it stands on a command line, hyphen included.
   std::string_view cliFlag;
+  /// Whether a value follows the flag.
   bool acceptsArguments;
 };
 

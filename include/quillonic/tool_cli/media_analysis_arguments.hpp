@@ -28,7 +28,9 @@ namespace quillonic {
 struct QUILLONIC_EXPORT MediaAnalysisCLIArguments {
   /// A flag that was of no use, in lower case, and its value.
   struct SetAside {
+    /// The word that was taken for a flag, its hyphen included.
     std::string flag;
+    /// The word behind it as it stood; absent when none followed.
     std::optional<std::string> value;
 
     friend bool operator==(const SetAside&, const SetAside&) = default;
@@ -53,8 +55,8 @@ struct QUILLONIC_EXPORT MediaAnalysisCLIArguments {
   /// process identifier is the last.
   std::vector<SetAside> setAside;
 
-  /// Reads the words that follow the tool's name. Never fails, whatever the words hold; words before the
-  /// first flag are dropped.
+  /// Reads the words that follow the tool's name. Never fails, whatever the words hold, unless memory runs out; words
+  /// before the first flag are dropped.
   static MediaAnalysisCLIArguments read(ArgumentWords cliArgs);
 };
 

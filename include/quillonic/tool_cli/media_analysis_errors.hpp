@@ -14,12 +14,19 @@ namespace quillonic {
 
 /// Each case names the check that failed. The numbers begin at 1 because an error code of 0 means success.
 enum class MediaAnalysisCLIError : std::uint8_t {
+  /// The list has no path to analyse.
   pathToAnalyzeNotSupplied = 1,
+  /// Nothing is at one of the paths to analyse.
   pathToAnalyzeDoesNotExist,
+  /// The list has no folder for temporary files.
   workDirectoryNotSupplied,
+  /// That folder is not there.
   workDirectoryDoesNotExist,
+  /// The list has no file for the results.
   resultsFilePathNotSupplied,
+  /// Something is there already, which is not to be replaced.
   resultsFileAlreadyExists,
+  /// The file for the results cannot be created.
   resultsFilePathNotCreated,
 };
 
@@ -50,6 +57,7 @@ template <> struct CaseTable<MediaAnalysisCLIImageError> {
 /// The errors as error codes of two categories of their own. The message of a code is the name of its case:
 /// the texts that people read are the tool's.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIError error) noexcept;
+/// The same for an image analysis, in the other category.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIImageError error) noexcept;
 
 }  // namespace quillonic

@@ -46,7 +46,9 @@ struct DistributedMediaAnalysisImageOptions {
   std::vector<float> snapshotLocations;
   /// The largest width of a still frame.
   float maxImageWidth = 0;
+  /// The height of a still frame; absent where the width alone limits it.
   std::optional<float> imageHeight;
+  /// How much the written images are compressed; absent leaves it to the tool.
   std::optional<float> compressionFactor;
   /// Permits the file manager's own preview images as a source.
   bool allowFinderImages = false;
@@ -57,6 +59,7 @@ struct DistributedMediaAnalysisImageOptions {
 
 /// Who started the tool.
 struct MediaAnalysisCLICustodialOptions {
+  /// The process identifier of the parent application.
   std::int32_t parentProcessId = 0;
   /// The number that identifies the parent application; absent until the parent sets it.
   std::optional<std::int64_t> parentAppNumber;
@@ -81,9 +84,11 @@ class QUILLONIC_EXPORT MediaAnalysisCLIRecord : public CliArgumentStore {
  protected:
   /// A flag that the record writes, with its values as texts.
   struct FlagEntry {
+    /// The flag with its hyphen, a literal.
     std::string_view flag;
     /// None for a switch that is on, and for a list without values, which is not written at all.
     std::vector<std::string> values;
+    /// Whether the flag may stand several times, once for each value.
     bool isList = false;
   };
 
@@ -96,6 +101,7 @@ class QUILLONIC_EXPORT MediaAnalysisCLIRecord : public CliArgumentStore {
 class QUILLONIC_EXPORT BasicMediaAnalysisCLIRecord final : public BasicMediaAnalysisCLIOptions,
                                                            public MediaAnalysisCLIRecord {
  public:
+  /// Takes the options over as they are.
   explicit BasicMediaAnalysisCLIRecord(BasicMediaAnalysisCLIOptions options);
 
  private:
@@ -109,6 +115,7 @@ class QUILLONIC_EXPORT DistributedMediaAnalysisImageRecord final
     : public DistributedMediaAnalysisImageOptions,
       public MediaAnalysisCLIRecord {
  public:
+  /// Takes the options over as they are.
   explicit DistributedMediaAnalysisImageRecord(DistributedMediaAnalysisImageOptions options);
 
  private:
@@ -119,6 +126,7 @@ class QUILLONIC_EXPORT DistributedMediaAnalysisImageRecord final
 class QUILLONIC_EXPORT MediaAnalysisCLICustodialRecord final : public MediaAnalysisCLICustodialOptions,
                                                                public MediaAnalysisCLIRecord {
  public:
+  /// Takes the options over as they are.
   explicit MediaAnalysisCLICustodialRecord(MediaAnalysisCLICustodialOptions options);
 
  private:
@@ -128,6 +136,7 @@ class QUILLONIC_EXPORT MediaAnalysisCLICustodialRecord final : public MediaAnaly
 /// Makes the records. Every argument is kept as given.
 class QUILLONIC_EXPORT MediaAnalysisCLIArgumentFactory {
  public:
+  /// What any analysis needs; whether the paths exist is not asked.
   static BasicMediaAnalysisCLIRecord buildBasicOptions(std::vector<std::string> pathsToAnalyze,
                                                        std::string workDirectory, std::string resultsFilePath,
                                                        std::optional<std::string> analysisId,

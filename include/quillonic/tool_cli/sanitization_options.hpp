@@ -14,6 +14,7 @@ namespace quillonic {
 class QUILLONIC_EXPORT CLISanitizationOptions {
  public:
   constexpr CLISanitizationOptions() noexcept = default;
+  /// The set of those options whose bits are set.
   constexpr explicit CLISanitizationOptions(std::int64_t rawValue) noexcept : rawValue_(rawValue) {}
 
   /// Lower-cases by Unicode's simple mapping, whatever the locale. Bytes that are not UTF-8 stay.
@@ -21,6 +22,7 @@ class QUILLONIC_EXPORT CLISanitizationOptions {
   /// Removes Unicode white space and line breaks from both ends.
   QUILLONIC_HIDDEN static const CLISanitizationOptions trimWhiteSpace;
 
+  /// The bits, those included that name no option.
   constexpr std::int64_t rawValue() const noexcept { return rawValue_; }
   /// Whether every option of the other set is in this one.
   constexpr bool contains(CLISanitizationOptions other) const noexcept {

@@ -27,7 +27,7 @@ namespace quillonic {
 /// Groups an argument list by flag and tells known flags from unknown ones. A word is a flag when its
 /// sanitized form begins with "-". A flag is valid when one of the valid flags occurs within it, compared
 /// without regard to case: "-deepanalysisx" is valid where "-deepAnalysis" is. One thread at a time uses one
-/// sanitizer.
+/// sanitizer. Only running out of memory, or a block that throws, makes its operations throw; no operation changes it.
 class QUILLONIC_EXPORT CLIArgumentSanitizer {
  public:
   /// `validCommandFlags` are the flags that the tool accepts, with their hyphen. None at all makes every flag
@@ -39,8 +39,11 @@ class QUILLONIC_EXPORT CLIArgumentSanitizer {
   CLIArgumentSanitizer& operator=(const CLIArgumentSanitizer&) = delete;
   ~CLIArgumentSanitizer();
 
+  /// The accepted flags as they were given.
   const std::vector<std::string>& validCommandFlags() const noexcept { return validCommandFlags_; }
+  /// How words are normalised before they are looked at as flags; absent means not at all.
   std::optional<CLISanitizationOptions> flagSanitizationOptions() const noexcept { return options_; }
+  /// Changes that for the walks to come.
   void setFlagSanitizationOptions(std::optional<CLISanitizationOptions> options) noexcept {
     options_ = options;
   }

@@ -47,7 +47,9 @@ using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
 /// Lists come as copies: name an optional one before a loop over its content, since the loop does not keep it alive.
 ///
 /// The model can be moved but not copied; share it through a `std::shared_ptr`. One thread at a time uses one
-/// model. Only running out of memory makes its operations throw, except for decoding.
+/// model. Only running out of memory makes its operations throw, except for decoding. The model is then as it was;
+/// only an operation that changes several options (`setInputFileGroups`, `setIgnoredAudioTracks` and every `update`)
+/// may have changed some of them, and the model stays as usable as any.
 class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, public TranscodeOptions {
  public:
   /// A model without settings.
@@ -73,7 +75,9 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// where they are present, "orderedFlags" and "invalidKeyValueLookup".
   CodedValue encode() const;
 
+  /// Takes the settings over; the other model may then only be assigned to or destroyed.
   TranscodeCliArguments(TranscodeCliArguments&&) noexcept;
+  /// Replaces all settings by those of the other, which may then only be assigned to or destroyed.
   TranscodeCliArguments& operator=(TranscodeCliArguments&&) noexcept;
   ~TranscodeCliArguments() override;
 
@@ -88,6 +92,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
 
   /// The flags that are not valid, in the order of their texts; absent when there are none.
   std::optional<std::vector<std::string>> unknownFlags() const;
+  /// Whether no flag was set aside, so that `unknownFlags` is absent; true for a model without flags.
   bool allFlagsAreValid() const noexcept { return invalidKeyValueLookup_.empty(); }
 
   /// Whether the flag is set. The query is trimmed but not lower-cased, on purpose: " -vn " finds "-vn", and
@@ -109,6 +114,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// Replaces all input files, a plain "-in" included. The files of a group get the positions 0, 1, 2 and so
   /// on. Absent, and groups without files, just remove.
   void setInputFileGroups(const InputFileGroups& groups);
+  /// The same; without a value all input files are removed.
   void setInputFileGroups(const std::optional<InputFileGroups>& groups);
 
   /// All input files: the one of a plain "-in" that has a value, then group by group. Absent when there are
@@ -149,11 +155,14 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   std::vector<std::string> commandLineArguments() const override;
   /// The words of `commandLineArguments` one after another with nothing between them; a fixed form.
   std::string cliString() const override;
+  /// The words of `commandLineArguments`.
   std::vector<std::string> orderedCLITexts() const override { return commandLineArguments(); }
+  /// A copy of `flagValueLookup`.
   TextDictionary argumentLookup() const override { return flagValueLookup_; }
 
   /// The flags and values of the built-in presets, to be merged into a dictionary of one's own.
   static TextDictionary vantiroCloudPresetArguments();
+  /// The same for the preset of mastering quality.
   static TextDictionary vantiroProRes4444XQPresetArguments();
 
  private:
@@ -162,13 +171,21 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
    public:
     void reserve(std::size_t flags);
     void append(std::string_view flag);
-    std::size_t size() const noexcept { return ends_.size(); }
+    // Where the entry of a flag stood when the flags were read.
+    void setEntryPosition(std::size_t position, std::size_t entryPosition) noexcept;
+    std::size_t size() const noexcept { return marks_.size(); }
     std::string_view operator[](std::size_t position) const noexcept;
+    std::size_t entryPosition(std::size_t position) const noexcept { return marks_[position].entryPosition; }
 
    private:
+    struct Mark {
+      std::size_t end;
+      std::size_t entryPosition;
+    };
+
     // All flags in one text, so that recording the order costs no allocation per flag.
     std::string flags_;
-    std::vector<std::size_t> ends_;
+    std::vector<Mark> marks_;
   };
 
   template <class Visit> void visitArguments(Visit visit) const;

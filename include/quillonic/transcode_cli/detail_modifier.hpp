@@ -23,7 +23,7 @@ struct QUILLONIC_EXPORT TranscodeDetailModifier {
   /// The records in the order in which they are applied. Where two speak of one option the later one wins.
   std::vector<TranscodeDetail> details;
 
-  /// Calls `update` of the model with each record.
+  /// Calls `update` of the model with each record. Where memory runs out, what was applied so far stays.
   void apply(TranscodeCliArguments& arguments) const;
 
   friend bool operator==(const TranscodeDetailModifier&, const TranscodeDetailModifier&) = default;

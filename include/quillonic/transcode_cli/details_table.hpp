@@ -33,7 +33,7 @@ struct TranscodeVideoDetail {
   std::optional<VAVTranscodeArgumentAspectRatioValue> videoAspectScaling{};
   /// The part of the picture that a crop keeps.
   std::optional<VideoCropAnchor> videoAspectCropAnchor{};
-  /// The video's bit rate.
+  /// The video's bit rate in megabits per second, as the cloud preset's 3 is.
   std::optional<double> videoBitRate{};
   /// Bits per colour component.
   std::optional<std::int64_t> videoBitDepth{};
@@ -85,13 +85,13 @@ struct TranscodeAudioDetail {
   bool discreteAudio = false;
   /// The audio codec.
   std::optional<VAVTranscodeArgumentAudioFormatValue> audioFormat{};
-  /// Bits per channel.
+  /// Bits per sample of each channel.
   std::optional<std::int64_t> audioBitsPerChannel{};
-  /// Samples per second.
+  /// Samples per second, in hertz.
   std::optional<std::int64_t> audioSampleRate{};
   /// The channel layout.
   std::optional<VAVTranscodeArgumentAudioChannelLayoutValue> audioChannelLayout{};
-  /// The audio's bit rate.
+  /// The audio's bit rate in the tool's own unit; the library does not scale it.
   std::optional<std::int64_t> audioBitRate{};
 
   friend bool operator==(const TranscodeAudioDetail&, const TranscodeAudioDetail&) = default;
@@ -120,7 +120,7 @@ struct TranscodeTimecodeDetail {
   bool timecodeAddBurn = false;
   /// Where the timecode is burnt in; valid because it contains "-tc_burn".
   std::optional<TimecodeBurnAnchor> timecodeBurnAnchor{};
-  /// The font size of the burnt-in timecode.
+  /// The font size of the burnt-in timecode, in the tool's own unit.
   std::optional<std::int64_t> timecodeBurnFontSize{};
   /// The font colour of the burnt-in timecode.
   std::optional<Color> timecodeBurnFontColor{};
@@ -163,7 +163,7 @@ struct TranscodeWatermarkImageFileDetail {
   std::optional<WatermarkBurnAnchor> watermarkFileBurnAnchor{};
   /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract.
   std::optional<std::filesystem::path> watermarkFileBurnFilePath{};
-  /// The scale factor of the image.
+  /// What both sides of the image are multiplied by.
   std::optional<double> watermarkFileBurnScale{};
 
   friend bool operator==(const TranscodeWatermarkImageFileDetail&, const TranscodeWatermarkImageFileDetail&) = default;
@@ -184,11 +184,11 @@ struct TranscodeWatermarkTextDetail {
   bool watermarkTextAddBurn = false;
   /// The text.
   std::optional<std::string> watermarkTextBurnText{};
-  /// The font size.
+  /// The font size of the text, in the tool's own unit.
   std::optional<std::int64_t> watermarkTextBurnFontSize{};
   /// Where the text is placed.
   std::optional<VAVTranscodeArgumentOverlayAnchorValue> watermarkTextBurnAnchor{};
-  /// The font colour.
+  /// The font colour of the text.
   std::optional<Color> watermarkTextBurnFontColor{};
   /// The colour of the box behind the text.
   std::optional<Color> watermarkTextBurnBoxColor{};

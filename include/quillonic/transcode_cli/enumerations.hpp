@@ -40,6 +40,7 @@ class VAVTranscodeCliCommand : public TranscodeFlag<VAVTranscodeCliCommand> {
  public:
   using TranscodeFlag::TranscodeFlag;
 
+  /// Never.
   constexpr bool acceptsArguments() const noexcept { return false; }
 };
 
@@ -201,14 +202,19 @@ class VAVTranscodeArgumentVideoCodecValue : public TranscodeVideoValue<VAVTransc
   /// `allProResFormats`. The MPEG-4 codec permits only `mov`, on purpose.
   QUILLONIC_EXPORT std::span<const FileExtension> permittedExtensions() const;
 
-  /// Groups of codecs that a host may change. Each answers its current content and may be set while other
-  /// threads read; what a reader got stays as it was.
+  /// The codecs of the DNx family: "dnxhd" until a host sets others. This group and the two below may be set
+  /// while other threads read them; what a reader got stays as it was.
   QUILLONIC_EXPORT static std::vector<VAVTranscodeArgumentVideoCodecValue> allAvidDNxFormats();
+  /// Replaces the group for the whole process.
   QUILLONIC_EXPORT static void setAllAvidDNxFormats(std::vector<VAVTranscodeArgumentVideoCodecValue> formats);
+  /// The codecs for playing in a browser: "h264", "h265" and "mjpeg" until a host sets others.
   QUILLONIC_EXPORT static std::vector<VAVTranscodeArgumentVideoCodecValue> allWebFormats();
+  /// Replaces the group for the whole process.
   QUILLONIC_EXPORT static void setAllWebFormats(std::vector<VAVTranscodeArgumentVideoCodecValue> formats);
-  /// Decides which codecs `permittedExtensions` gives the extension of the ProRes family.
+  /// The codecs of the ProRes family: the six listed ones until a host sets others. `permittedExtensions`
+  /// goes by it.
   QUILLONIC_EXPORT static std::vector<VAVTranscodeArgumentVideoCodecValue> allProResFormats();
+  /// Replaces the group for the whole process.
   QUILLONIC_EXPORT static void setAllProResFormats(std::vector<VAVTranscodeArgumentVideoCodecValue> formats);
 };
 

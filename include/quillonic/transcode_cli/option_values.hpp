@@ -38,19 +38,25 @@ class QUILLONIC_EXPORT TranscodeOptionValues {
   TranscodeOptionValues& operator=(TranscodeOptionValues&&) noexcept = default;
   ~TranscodeOptionValues() = default;
 
+  /// Whether the flag is there, whatever its value.
   bool isOn(std::string_view flag) const noexcept;
+  /// Stores the flag with the empty text, or removes it.
   void setOn(std::string_view flag, bool value);
   /// A switch that the separator of the timecode follows.
   void setDropFrame(std::string_view flag, bool value);
 
+  /// The flag's value as `Value`; nothing when the flag is absent or its value does not read.
   template <class Value> QUILLONIC_HIDDEN std::optional<Value> read(std::string_view flag) const;
+  /// Stores the value's text; without a value, and for one that cannot be written, removes the flag.
   template <class Value>
   QUILLONIC_HIDDEN void write(std::string_view flag, const std::optional<Value>& value);
 
   /// Numbers of which each has a flag of its own behind a common prefix.
   std::vector<std::int64_t> readTracks(std::string_view prefix) const;
+  /// Replaces all flags that begin with the prefix by one for each number.
   void writeTracks(std::string_view prefix, const std::vector<std::int64_t>& tracks);
 
+  /// Every valid flag of the model with its value.
   TextDictionary flagValueLookup_;
 };
 

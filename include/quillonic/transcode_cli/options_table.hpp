@@ -30,51 +30,51 @@ namespace quillonic {
 /// with `TranscodeOptionValues`.
 class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
  public:
-  /// Prints how the tool is used.
+  /// Whether "-h" is set, which prints how the tool is used.
   bool cliHelp() const;
   /// Sets or removes "-h".
   void setCliHelp(bool value);
-  /// Prints the video codecs.
+  /// Whether "-codecs" is set, which prints the video codecs.
   bool cliCodecs() const;
   /// Sets or removes "-codecs".
   void setCliCodecs(bool value);
-  /// Prints the file formats.
+  /// Whether "-formats" is set, which prints the file formats.
   bool cliFormats() const;
   /// Sets or removes "-formats".
   void setCliFormats(bool value);
-  /// Prints the tool's version.
+  /// Whether "-version" is set, which prints the tool's version.
   bool cliVersion() const;
   /// Sets or removes "-version".
   void setCliVersion(bool value);
-  /// Prints acknowledgements.
+  /// Whether "-acknowledge" is set, which prints acknowledgements.
   bool cliAcknowledgement() const;
   /// Sets or removes "-acknowledge".
   void setCliAcknowledgement(bool value);
-  /// Prints the presets.
+  /// Whether "-presets" is set, which prints the presets.
   bool cliPresets() const;
   /// Sets or removes "-presets".
   void setCliPresets(bool value);
-  /// Prints the ways of fitting a picture into a frame.
+  /// Whether "-aspect_scalings" is set, which prints the ways of fitting a picture into a frame.
   bool cliAspectRatioScalings() const;
   /// Sets or removes "-aspect_scalings".
   void setCliAspectRatioScalings(bool value);
-  /// Prints the anchors for cropping.
+  /// Whether "-crop_anchors" is set, which prints the anchors for cropping.
   bool cliCropAnchors() const;
   /// Sets or removes "-crop_anchors".
   void setCliCropAnchors(bool value);
-  /// Prints the colour spaces.
+  /// Whether "-color_spaces" is set, which prints the colour spaces.
   bool cliColorSpaces() const;
   /// Sets or removes "-color_spaces".
   void setCliColorSpaces(bool value);
-  /// Prints the channel layouts.
+  /// Whether "-audio_channel_layouts" is set, which prints the channel layouts.
   bool cliAudioChannelLayouts() const;
   /// Sets or removes "-audio_channel_layouts".
   void setCliAudioChannelLayouts(bool value);
-  /// Prints the anchors for a burnt-in timecode.
+  /// Whether "-tc_burn_anchors" is set, which prints the anchors for a burnt-in timecode.
   bool cliTimecodeBurnAnchors() const;
   /// Sets or removes "-tc_burn_anchors".
   void setCliTimecodeBurnAnchors(bool value);
-  /// Prints the GPU platforms.
+  /// Whether "-gpu_platforms" is set, which prints the GPU platforms.
   bool cliGpuPlatforms() const;
   /// Sets or removes "-gpu_platforms".
   void setCliGpuPlatforms(bool value);
@@ -95,7 +95,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<std::string> progressOutputPrefix() const;
   /// Stores the value of "-progress_prefix"; no value removes the flag.
   void setProgressOutputPrefix(std::optional<std::string_view> value);
-  /// Replaces an existing output file.
+  /// Whether "-overwrite" is set, which replaces an existing output file.
   bool overwriteExisting() const;
   /// Sets or removes "-overwrite".
   void setOverwriteExisting(bool value);
@@ -107,7 +107,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<std::filesystem::path> colorLutFile() const;
   /// Stores the value of "-clut"; no value removes the flag.
   void setColorLutFile(const std::optional<std::filesystem::path>& value);
-  /// Lays the output out for playing over a network.
+  /// Whether "-web" is set, which lays the output out for playing over a network.
   bool prepareForWeb() const;
   /// Sets or removes "-web".
   void setPrepareForWeb(bool value);
@@ -120,7 +120,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Stores the value of "-work_dir"; no value removes the flag.
   void setWorkDirectory(const std::optional<std::filesystem::path>& value);
 
-  /// Leaves the video out.
+  /// Whether "-vn" is set, which leaves the video out.
   bool noVideo() const;
   /// Sets or removes "-vn".
   void setNoVideo(bool value);
@@ -144,7 +144,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<VideoCropAnchor> videoAspectCropAnchor() const;
   /// Stores the value of "-crop_anchor"; no value removes the flag.
   void setVideoAspectCropAnchor(const std::optional<VideoCropAnchor>& value);
-  /// The video's bit rate.
+  /// The video's bit rate in megabits per second, as the cloud preset's 3 is.
   std::optional<double> videoBitRate() const;
   /// Stores the value of "-vbr"; no value removes the flag.
   void setVideoBitRate(std::optional<double> value);
@@ -160,11 +160,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<std::int64_t> videoKeyFrames() const;
   /// Stores the value of "-key_frames"; no value removes the flag.
   void setVideoKeyFrames(std::optional<std::int64_t> value);
-  /// Decodes on the GPU.
+  /// Whether "-gpu_decoding" is set, which decodes on the GPU.
   bool videoGPUDecoding() const;
   /// Sets or removes "-gpu_decoding".
   void setVideoGPUDecoding(bool value);
-  /// Encodes on the GPU.
+  /// Whether "-gpu_encoding" is set, which encodes on the GPU.
   bool videoGPUEncoding() const;
   /// Sets or removes "-gpu_encoding".
   void setVideoGPUEncoding(bool value);
@@ -177,11 +177,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Stores the value of "-vprofile"; no value removes the flag.
   void setVideoProfile(std::optional<std::string_view> value);
 
-  /// Leaves the audio out.
+  /// Whether "-an" is set, which leaves the audio out.
   bool noAudio() const;
   /// Sets or removes "-an".
   void setNoAudio(bool value);
-  /// Copies the source's audio.
+  /// Whether "-acopy" is set, which copies the source's audio.
   bool copyAudio() const;
   /// Sets or removes "-acopy".
   void setCopyAudio(bool value);
@@ -191,7 +191,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Replaces all flags that begin with "-ac_omit" by one for each track, numbered from 0. A track given twice
   /// counts once; a negative one is left out with a warning.
   void setIgnoredAudioTracks(const std::vector<std::int64_t>& value);
-  /// Writes discrete channels.
+  /// Whether "-adiscrete" is set, which writes discrete channels.
   bool discreteAudio() const;
   /// Sets or removes "-adiscrete".
   void setDiscreteAudio(bool value);
@@ -199,11 +199,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<VAVTranscodeArgumentAudioFormatValue> audioFormat() const;
   /// Stores the value of "-acodec"; no value removes the flag.
   void setAudioFormat(const std::optional<VAVTranscodeArgumentAudioFormatValue>& value);
-  /// Bits per channel.
+  /// Bits per sample of each channel.
   std::optional<std::int64_t> audioBitsPerChannel() const;
   /// Stores the value of "-abpc"; no value removes the flag.
   void setAudioBitsPerChannel(std::optional<std::int64_t> value);
-  /// Samples per second.
+  /// Samples per second, in hertz.
   std::optional<std::int64_t> audioSampleRate() const;
   /// Stores the value of "-asr"; no value removes the flag.
   void setAudioSampleRate(std::optional<std::int64_t> value);
@@ -211,16 +211,16 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<VAVTranscodeArgumentAudioChannelLayoutValue> audioChannelLayout() const;
   /// Stores the value of "-acl"; no value removes the flag.
   void setAudioChannelLayout(const std::optional<VAVTranscodeArgumentAudioChannelLayoutValue>& value);
-  /// The audio's bit rate.
+  /// The audio's bit rate in the tool's own unit; the library does not scale it.
   std::optional<std::int64_t> audioBitRate() const;
   /// Stores the value of "-abr"; no value removes the flag.
   void setAudioBitRate(std::optional<std::int64_t> value);
 
-  /// Adds a timecode track.
+  /// Whether "-tc_track" is set, which adds a timecode track.
   bool timecodeAddTrack() const;
   /// Sets or removes "-tc_track".
   void setTimecodeAddTrack(bool value);
-  /// Burns the timecode into the picture.
+  /// Whether "-tc_burn" is set, which burns the timecode into the picture.
   bool timecodeAddBurn() const;
   /// Sets or removes "-tc_burn".
   void setTimecodeAddBurn(bool value);
@@ -228,7 +228,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<TimecodeBurnAnchor> timecodeBurnAnchor() const;
   /// Stores the value of "-tc_burn_anchor"; no value removes the flag.
   void setTimecodeBurnAnchor(const std::optional<TimecodeBurnAnchor>& value);
-  /// The font size of the burnt-in timecode.
+  /// The font size of the burnt-in timecode, in the tool's own unit.
   std::optional<std::int64_t> timecodeBurnFontSize() const;
   /// Stores the value of "-tc_burn_size"; no value removes the flag.
   void setTimecodeBurnFontSize(std::optional<std::int64_t> value);
@@ -240,11 +240,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<Color> timecodeBurnBoxColor() const;
   /// Stores the value of "-tc_burn_box_rgb"; no value removes the flag.
   void setTimecodeBurnBoxColor(const std::optional<Color>& value);
-  /// Takes the timecode from the source.
+  /// Whether "-tc_match" is set, which takes the timecode from the source.
   bool timecodeMatchSource() const;
   /// Sets or removes "-tc_match".
   void setTimecodeMatchSource(bool value);
-  /// Takes the timecode from the creation date.
+  /// Whether "-tc_creation" is set, which takes the timecode from the creation date.
   bool timecodeFromCreationDate() const;
   /// Sets or removes "-tc_creation".
   void setTimecodeFromCreationDate(bool value);
@@ -256,7 +256,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<double> timecodeFrameRate() const;
   /// Stores the value of "-tc_rate"; no value removes the flag.
   void setTimecodeFrameRate(std::optional<double> value);
-  /// Counts in drop frame.
+  /// Whether "-tc_drop" is set, which counts in drop frame.
   bool timecodeIsDropFrame() const;
   /// Sets or removes "-tc_drop". A `timecode` that reads strictly is rewritten with the separator that follows the
   /// switch; any other text stays as it is.
@@ -270,12 +270,12 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<std::filesystem::path> watermarkFileBurnFilePath() const;
   /// Stores the value of "-wmf_path"; no value removes the flag.
   void setWatermarkFileBurnFilePath(const std::optional<std::filesystem::path>& value);
-  /// The scale factor of the image.
+  /// What both sides of the image are multiplied by.
   std::optional<double> watermarkFileBurnScale() const;
   /// Stores the value of "-wmf_scale"; no value removes the flag.
   void setWatermarkFileBurnScale(std::optional<double> value);
 
-  /// Burns a text into the picture.
+  /// Whether "-wmt_burn" is set, which burns a text into the picture.
   bool watermarkTextAddBurn() const;
   /// Sets or removes "-wmt_burn".
   void setWatermarkTextAddBurn(bool value);
@@ -283,7 +283,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<std::string> watermarkTextBurnText() const;
   /// Stores the value of "-wmt_text"; no value removes the flag.
   void setWatermarkTextBurnText(std::optional<std::string_view> value);
-  /// The font size.
+  /// The font size of the text, in the tool's own unit.
   std::optional<std::int64_t> watermarkTextBurnFontSize() const;
   /// Stores the value of "-wmt_size"; no value removes the flag.
   void setWatermarkTextBurnFontSize(std::optional<std::int64_t> value);
@@ -291,7 +291,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<VAVTranscodeArgumentOverlayAnchorValue> watermarkTextBurnAnchor() const;
   /// Stores the value of "-wmt_anchor"; no value removes the flag.
   void setWatermarkTextBurnAnchor(const std::optional<VAVTranscodeArgumentOverlayAnchorValue>& value);
-  /// The font colour.
+  /// The font colour of the text.
   std::optional<Color> watermarkTextBurnFontColor() const;
   /// Stores the value of "-wmt_font_rgb"; no value removes the flag.
   void setWatermarkTextBurnFontColor(const std::optional<Color>& value);

@@ -23,6 +23,7 @@ enum class TimecodeSource : std::uint8_t {
 
 /// A source, its text and its flag.
 struct TimecodeSourceRow : CaseRow<TimecodeSource> {
+  /// The flag that asks for the source.
   const VAVTranscodeTimecodeArgumentFlag& tcFlag;
 };
 

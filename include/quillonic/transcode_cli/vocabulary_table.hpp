@@ -125,7 +125,7 @@ inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoDimensionsFlag{"-dims"};
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectScalingFlag{"-aspect_scaling"};
 /// The part of the picture that a crop keeps. Takes a `VideoCropAnchor`.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectCropAnchorFlag{"-crop_anchor"};
-/// The video's bit rate. Takes a decimal number.
+/// The video's bit rate in megabits per second, as the cloud preset's 3 is. Takes a decimal number.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitRateFlag{"-vbr"};
 /// Bits per colour component. Takes an integer.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitDepthFlag{"-vbd"};
@@ -178,13 +178,13 @@ inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioIgnoreTracksPrefixFlag{"-
 inline constexpr VAVTranscodeAudioArgumentFlag VAVDiscreteAudioFlag{"-adiscrete"};
 /// The audio codec. Takes a `VAVTranscodeArgumentAudioFormatValue`.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioFormatFlag{"-acodec"};
-/// Bits per channel. Takes an integer.
+/// Bits per sample of each channel. Takes an integer.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioBitsPerChannelFlag{"-abpc"};
-/// Samples per second. Takes an integer.
+/// Samples per second, in hertz. Takes an integer.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioSampleRateFlag{"-asr"};
 /// The channel layout. Takes a `VAVTranscodeArgumentAudioChannelLayoutValue`.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioChannelLayoutFlag{"-acl"};
-/// The audio's bit rate. Takes an integer.
+/// The audio's bit rate in the tool's own unit; the library does not scale it. Takes an integer.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioBitRateFlag{"-abr"};
 
 /// The listed cases of `VAVTranscodeAudioArgumentFlag`.
@@ -214,11 +214,11 @@ inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeAddTrackFlag{"-tc_t
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeAddBurnFlag{"-tc_burn"};
 /// Where the timecode is burnt in; valid because it contains "-tc_burn". Takes a `TimecodeBurnAnchor`.
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnAnchorFlag{"-tc_burn_anchor"};
-/// The font size of the burnt-in timecode. Takes an integer.
+/// The font size of the burnt-in timecode, in the tool's own unit. Takes an integer.
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnFontSize{"-tc_burn_size"};
-/// The font colour of the burnt-in timecode. Takes a colour.
+/// The font colour of the burnt-in timecode. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnFontRGB{"-tc_burn_font_rgb"};
-/// The colour of the box behind the burnt-in timecode. Takes a colour.
+/// The colour of the box behind the burnt-in timecode. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnBoxRGB{"-tc_burn_box_rgb"};
 /// Takes the timecode from the source.
 inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeMatchSourceFlag{"-tc_match"};
@@ -259,7 +259,7 @@ struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnAnchorFlag{"-wmf_anchor"};
 /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract. Takes a path.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnFilePathFlag{"-wmf_path"};
-/// The scale factor of the image. Takes a decimal number.
+/// What both sides of the image are multiplied by. Takes a decimal number.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnScaleFlag{"-wmf_scale"};
 
 /// The listed cases of `VAVTranscodeWatermarkFileArgumentFlag`.
@@ -278,13 +278,13 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
 inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextAddBurnFlag{"-wmt_burn"};
 /// The text. Takes a text.
 inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnTextFlag{"-wmt_text"};
-/// The font size. Takes an integer.
+/// The font size of the text, in the tool's own unit. Takes an integer.
 inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnFontSizeFlag{"-wmt_size"};
 /// Where the text is placed. Takes a `VAVTranscodeArgumentOverlayAnchorValue`.
 inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnAnchorFlag{"-wmt_anchor"};
-/// The font colour. Takes a colour.
+/// The font colour of the text. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
 inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnFontRGBFlag{"-wmt_font_rgb"};
-/// The colour of the box behind the text. Takes a colour.
+/// The colour of the box behind the text. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
 inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnBoxRGBFlag{"-wmt_box_rgb"};
 
 /// The listed cases of `VAVTranscodeWatermarkTextArgumentFlag`.

@@ -1,0 +1,62 @@
+// The rows of the table: one work done by the library, by a peer, or by nobody: the least that the machine needs for it.
+#pragma once
+
+#include <benchmark/benchmark.h>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "memory.hpp"
+
+namespace quillonic::benchmarks {
+
+// Who does the work in a row of the library's own.
+inline constexpr const char* ours = "quillonic";
+
+// Who "does" it in a row that shows the physical limit: "limit: " and what that is.
+inline std::string limit(const std::string& what) {
+  return "limit: " + what;
+}
+
+struct Row {
+  std::string topic;
+  std::string work;
+  std::string who;
+  // Where a peer does less or more: what.
+  std::string note = {};
+  // How many words, paths, accesses ... one turn of the work handles.
+  double items = 1;
+  int threads = 1;
+};
+
+void add(const Row& row, std::function<void(benchmark::State&)> run);
+
+// Times a work, and counts what one turn asks the heap for before the clock runs.
+template <class Work> void timeTurns(benchmark::State& state, Work work) {
+  const auto before = memory::allocations();
+  work();
+  state.counters["allocations"] = static_cast<double>(memory::allocations() - before);
+  for (auto _ : state) {
+    work();
+    benchmark::ClobberMemory();
+  }
+}
+
+// What a row needs before its clock runs. It is made when the row first runs and kept for its repetitions.
+template <class T> class Lazily {
+ public:
+  explicit Lazily(std::function<T()> make) : make_(std::move(make)) {}
+
+  T& operator*() {
+    if (!made_->has_value()) made_->emplace(make_());
+    return **made_;
+  }
+
+ private:
+  std::function<T()> make_;
+  // Copies of a row share it.
+  std::shared_ptr<std::optional<T>> made_ = std::make_shared<std::optional<T>>();
+};
+
+}  // namespace quillonic::benchmarks

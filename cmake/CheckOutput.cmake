@@ -1,0 +1,11 @@
+# Fails where a program does not print exactly what a file holds, or does not end well.
+# Run with -D PROGRAM=... -D EXPECTED=... -D TEMPORARY=..., a folder for the program's own files, -P
+set(ENV{TMPDIR} ${TEMPORARY})
+execute_process(COMMAND ${PROGRAM} OUTPUT_VARIABLE output RESULT_VARIABLE status)
+file(READ ${EXPECTED} expected)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "${PROGRAM} ended with ${status}")
+endif()
+if(NOT output STREQUAL expected)
+  message(FATAL_ERROR "${PROGRAM} printed\n${output}\nand not ${EXPECTED}:\n${expected}")
+endif()

@@ -1,0 +1,31 @@
+// Start timecodes as people type them, and how long things took.
+#include <quillonic/time.hpp>
+
+#include <iostream>
+#include <string_view>
+
+using namespace quillonic;
+
+int main() {
+  for (const std::string_view typed : {"01:00:00;00", "1:2:3:4", "01:61:00:00", "", "tomorrow"}) {
+    std::cout << '"' << typed << "\": ";
+    if (const auto timecode = TimecodeComponents::fromTimecode(typed)) {
+      std::cout << "stored as " << timecode->timecodeString();
+      if (timecode->isDropFrame) std::cout << ", drop frame";
+    } else {
+      // A field for typing makes the best of it instead of turning the person away; bounds are not its business.
+      std::cout << "taken for " << TimecodeComponents::sanitizedTimecode(typed).timecodeString();
+    }
+    std::cout << '\n';
+  }
+
+  // Fields are plain numbers: who counts in a frame rate carries over by their own rule.
+  auto start = TimecodeComponents::defaultDropFrameTimecodeComponents;
+  start.hours = 10;
+  std::cout << "starts at " << start.timecodeString() << '\n';
+
+  std::cout << "copied in " << TimeInterval::formattedString(1.5 * TimeInterval::hour) << '\n';
+  std::cout << "left: " << NumberUtility::secondsToStandardDurationText(90061) << '\n';
+  const auto [hours, minutes, seconds] = NumberUtility::secondsToHoursMinutesSeconds(-3661);
+  std::cout << "late by " << -hours << " h " << -minutes << " min " << -seconds << " s\n";
+}

@@ -1,0 +1,45 @@
+// A parent builds the command line of a review copy; the tool reads the same words back.
+#include <quillonic/transcode_cli.hpp>
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+using namespace quillonic;
+
+namespace {
+
+std::vector<std::string> wordsOfReviewCopy() {
+  // The order of a preset is kept, so the tool's log reads like the preset.
+  TranscodeCliArguments settings(orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud), true);
+  settings.setInputFileGroups(InputFileGroups{{0, {"/card/A001_C001.mov", "/card/A001_C002.mov"}}});
+  settings.setOutputFile("/media/Review.mov");
+  settings.setVideoDimensions(FrameSize{1280, 720});
+  settings.setTimecodeSource(TimecodeSource::custom);
+  settings.setTimecode("01:00:00:00");
+  settings.setTimecodeIsDropFrame(true);  // the separator of the timecode follows
+  settings.setTimecodeBurnFontColor(Color::rgb(0.5, 0.5, 0.5));
+  return settings.commandLineArguments();
+}
+
+}  // namespace
+
+int main() {
+  auto words = wordsOfReviewCopy();
+  words.insert(words.end(), {"-speed", "9"});  // a flag of a newer parent
+  for (const auto& word : words) std::cout << '"' << word << "\" ";
+  std::cout << '\n';
+
+  // The tool's side: in main() the words come from ArgumentWords::fromMain(argc, argv).
+  const TranscodeCliArguments settings(words);
+  if (const auto unknown = settings.unknownFlags()) {
+    for (const auto& flag : *unknown) std::cout << "unknown: " << flag << '\n';
+  }
+  if (settings.videoFormat() == VAVAvcH264Codec) std::cout << "codec: H.264\n";
+  if (const auto size = settings.videoDimensions()) std::cout << "lines: " << size->height << '\n';
+  std::cout << "timecode: " << settings.timecode().value_or("none") << '\n';
+  std::cout << "without video: " << (settings.noVideo() ? "yes" : "no") << '\n';
+  settings.enumerateInputFileGroups([](std::span<const std::string_view> files, std::int64_t group) {
+    for (const auto file : files) std::cout << "input of group " << group << ": " << file << '\n';
+  });
+}

@@ -1,0 +1,21 @@
+// A logger that drops everything: the messages about odd input are wanted elsewhere, not a million times here.
+#pragma once
+
+#include <quillonic/platform/logging.hpp>
+
+#include <memory>
+#include <string_view>
+
+namespace quillonic::fuzz {
+
+class QuietLog final : public Loggable {
+ public:
+  static void install() { VantiroLogging::setDefaultLogger(std::make_shared<QuietLog>()); }
+
+  void logDebug(std::string_view /*message*/) override {}
+  void logInfo(std::string_view /*message*/) override {}
+  void logWarning(std::string_view /*message*/) override {}
+  void logError(std::string_view /*message*/) override {}
+};
+
+}  // namespace quillonic::fuzz

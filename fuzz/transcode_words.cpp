@@ -1,0 +1,187 @@
+// Any words as the transcoder's arguments: a word a line. A line "=" ends the words of the model; those behind it make
+// another model, whose details are then carried over to the first.
+#include <quillonic/time/timecode.hpp>
+#include <quillonic/tool_cli/sanitization_options.hpp>
+#include <quillonic/transcode_cli.hpp>
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "target.hpp"
+
+namespace quillonic::fuzz {
+namespace {
+
+using Model = TranscodeCliArguments;
+using Words = std::vector<std::string>;
+
+constexpr auto trim = CLISanitizationOptions::trimWhiteSpace;
+constexpr auto both = trim | CLISanitizationOptions::lowercase;
+
+bool isKnown(std::string_view flag) {
+  const auto occurs = [&](std::string_view known) { return flag.find(known) != std::string_view::npos; };
+  return std::ranges::any_of(Model::allKnownCommandFlags(), occurs);
+}
+
+// What a model must hold, found the plain way.
+struct Expected {
+  std::map<std::string, std::string> valid;
+  std::set<std::string> unknown;
+  Words order;
+
+  explicit Expected(const std::vector<std::string_view>& words) {
+    const std::set<std::string> paths{"-clut", "-out", "-progress_file", "-work_dir"};
+    for (std::size_t i = 0; i < words.size(); ++i) {
+      const auto flag = both.sanitize(words[i]);
+      if (!flag.starts_with('-')) continue;
+      if (!isKnown(flag)) {
+        unknown.insert(flag);
+        continue;
+      }
+      const bool isPath = paths.contains(flag) || flag.starts_with("-in");
+      const auto value = i + 1 < words.size() ? (isPath ? trim : both).sanitize(words[i + 1]) : std::string();
+      if (!valid.contains(flag)) order.push_back(flag);
+      valid[flag] = value.starts_with('-') ? std::string() : value;
+    }
+  }
+
+  Words written(bool ordered) const {
+    auto flags = order;
+    if (!ordered) std::ranges::sort(flags);
+    Words words;
+    for (const auto& flag : flags) words.insert(words.end(), {flag, valid.at(flag)});
+    return words;
+  }
+};
+
+// words -> model -> words -> model
+void checkRoundTrip(const Model& model, bool ordered) {
+  const auto words = model.commandLineArguments();
+  const Model again(words, ordered);
+  require(again.flagValueLookup() == model.flagValueLookup(), "the model reads back from its words");
+  require(again.commandLineArguments() == words, "both lists of words agree");
+  require(again.allFlagsAreValid(), "no word that is written is unknown");
+
+  const auto coded = encode(model);
+  const auto decoded = decode<Model>(coded);
+  require(encode(decoded) == coded && decoded.commandLineArguments() == words, "coding keeps a model");
+  require(decoded.unknownFlags() == model.unknownFlags(), "coding keeps the unknown flags");
+
+  const auto fromLookup = Model::fromArgumentLookup(model.argumentLookup());
+  require(fromLookup.flagValueLookup() == model.flagValueLookup(),
+          "the model reads back from its dictionary");
+
+  std::string joined;
+  for (const auto& word : words) joined += word;
+  require(model.cliString() == joined, "the text is the words");
+}
+
+void checkReading(const std::vector<std::string_view>& words) {
+  const Expected expected(words);
+  for (const bool ordered : {false, true}) {
+    const Model model(words, ordered);
+    require(model.flagValueLookup() == TextDictionary(expected.valid), "the model holds the known flags");
+    require(model.unknownFlags().value_or(Words{}) == Words(expected.unknown.begin(), expected.unknown.end()),
+            "the model sets the unknown flags aside");
+    require(model.commandLineArguments() == expected.written(ordered),
+            "the model writes what it holds, in order");
+    checkRoundTrip(model, ordered);
+  }
+}
+
+void checkInputFiles(const std::vector<std::string_view>& words) {
+  Model model(words, true);
+  const auto groups = model.inputFileGroups();
+  model.setInputFileGroups(groups);
+  require(model.inputFileGroups() == groups, "input files read back");
+  if (!groups) return;
+  const auto& [number, files] = *groups->begin();
+  require(model.inputFileGroup(number) == TranscodeInputFileGroup{number, files}, "one group reads alone");
+  require(model.firstInputFile() == files.front(), "the first file is the first of the first group");
+  model.update(TranscodeInputFileGroup{number, {}});
+  require(!model.inputFileGroup(number), "a group without files is none");
+}
+
+// A colour may change when it is written: a part of 1 or more is taken to be out of 255 already.
+TranscodeTimecodeDetail withoutColors(TranscodeTimecodeDetail detail) {
+  detail.timecodeBurnFontColor.reset();
+  detail.timecodeBurnBoxColor.reset();
+  return detail;
+}
+TranscodeWatermarkDetail withoutColors(TranscodeWatermarkDetail detail) {
+  detail.text.watermarkTextBurnFontColor.reset();
+  detail.text.watermarkTextBurnBoxColor.reset();
+  return detail;
+}
+
+void checkDetails(const std::vector<std::string_view>& words,
+                  const std::vector<std::string_view>& otherWords) {
+  Model model(words, true);
+  const auto before = model.commandLineArguments();
+  TranscodeDetailModifier{
+      {model.videoDetail(), model.audioDetail(), model.timecodeDetail(), model.watermarkDetail()}}
+      .apply(model);
+  require(model.commandLineArguments() == before, "updating with what is there changes nothing");
+
+  const Model other(otherWords);
+  const TranscodeDetailModifier change{
+      {other.videoDetail(), other.audioDetail(), other.timecodeDetail(), other.watermarkDetail()}};
+  change.apply(model);
+  require(model.videoDetail() == other.videoDetail() && model.audioDetail() == other.audioDetail(),
+          "video and audio take the other model's details");
+  require(withoutColors(model.watermarkDetail()) == withoutColors(other.watermarkDetail()),
+          "watermarks take the other model's details");
+  // The separator of a timecode follows the switch.
+  auto timecode = withoutColors(other.timecodeDetail());
+  if (timecode.timecode) {
+    if (auto components = TimecodeComponents::fromTimecode(*timecode.timecode)) {
+      components->isDropFrame = timecode.timecodeIsDropFrame;
+      const auto changed = withoutColors(model.timecodeDetail()).timecode;
+      require(changed == timecode.timecode || changed == components->timecodeString(),
+              "the timecode is the other model's");
+      timecode.timecode = changed;
+    }
+  }
+  require(withoutColors(model.timecodeDetail()) == timecode, "the timecode takes the other model's details");
+  checkRoundTrip(model, true);
+
+  const auto once = model.commandLineArguments();
+  change.apply(model);
+  require(model.commandLineArguments() == once, "a change that was made changes nothing");
+}
+
+void checkSetting(const std::vector<std::string_view>& words) {
+  Model model;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const auto flag = both.sanitize(words[i]);
+    const auto value = words[(i + 1) % words.size()];
+    require(model.setArgumentFlagValue(words[i], value) == isKnown(flag), "a known flag can be set");
+    if (!isKnown(flag)) continue;
+    require(model.argumentFlagValue(flag) == value, "a value is kept as it is given");
+    if (i % 3 == 0) model.setArgumentFlagValue(flag, std::nullopt);
+    require(model.hasArgumentFlag(flag) == (i % 3 != 0), "no value removes the flag");
+  }
+  for (const auto source : allCases<TimecodeSource>()) {
+    model.setTimecodeSource(source);
+    require(model.timecodeSource() == source, "a source of the timecode reads back");
+  }
+}
+
+}  // namespace
+
+void run(std::string_view bytes) {
+  const auto all = lines(bytes);
+  const auto divide = std::ranges::find(all, "=");
+  const std::vector words(all.begin(), divide);
+  const std::vector otherWords(divide == all.end() ? divide : divide + 1, all.end());
+  checkReading(words);
+  checkInputFiles(words);
+  checkDetails(words, otherWords);
+  checkSetting(otherWords);
+}
+
+}  // namespace quillonic::fuzz

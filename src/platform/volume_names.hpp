@@ -1,0 +1,42 @@
+// The identifiers and labels of the volumes on block devices.
+#pragma once
+
+#include <quillonic/platform/mount_table.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillonic {
+
+struct DeviceNumber {
+  std::uint32_t major;
+  std::uint32_t minor;
+
+  friend bool operator==(const DeviceNumber&, const DeviceNumber&) = default;
+};
+
+// The device that a mount is on: that of its source where the file system has a number of its own.
+DeviceNumber deviceOf(const Mount& mount);
+
+// What the system calls its volumes, mounted or not. Empty where it lists none.
+class VolumeNames {
+ public:
+  static VolumeNames identifiers();
+  static VolumeNames labels();
+
+  std::optional<std::string> of(const Mount& mount) const;
+
+ private:
+  explicit VolumeNames(const std::string& folder);
+
+  struct Row {
+    DeviceNumber device;
+    std::string name;
+  };
+
+  std::vector<Row> rows_;
+};
+
+}  // namespace quillonic
