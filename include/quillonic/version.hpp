@@ -13,11 +13,16 @@
 #include <string_view>
 
 // The one place where the version stands: the build, the packages and the shared library's name are made from these.
+/// A new one may break programs.
 #define QUILLONIC_VERSION_MAJOR 0
+/// A new one adds to the library; it may break programs while the first number is 0.
 #define QUILLONIC_VERSION_MINOR 1
+/// A new one mends the library.
 #define QUILLONIC_VERSION_PATCH 0
 
+/// A number as a text, in two steps, so that a macro's name gives its value.
 #define QUILLONIC_DETAIL_TEXT_OF(number) #number
+/// The second step.
 #define QUILLONIC_DETAIL_TEXT(number) QUILLONIC_DETAIL_TEXT_OF(number)
 /// The three numbers as a text, "0.1.0".
 #define QUILLONIC_VERSION                        \
