@@ -180,6 +180,7 @@ const Operation operations[] = {
 TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
   // What the library keeps from its first message on is no leak.
   { const RecordedLog first; }
+  std::size_t failures = 0;
   for (const auto& operation : operations) {
     SCOPED_TRACE(operation.name);
     bool isDone = false;
@@ -194,9 +195,9 @@ TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
           operation.run(model);
           isDone = true;
         } catch (const std::bad_alloc&) {
+          ++failures;
         }
         allocationsLeft = unlimited;
-        EXPECT_FALSE(isDone && memory == 0);
         EXPECT_TRUE(isDone || operation.isStepwise || encode(model) == before) << memory;
         const auto written = model.commandLineArguments();
         EXPECT_EQ(Model(written, true).commandLineArguments(), written) << memory;
@@ -204,6 +205,7 @@ TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
       EXPECT_EQ(allocations - releases, held) << memory;
     }
   }
+  EXPECT_GT(failures, 3 * std::size(operations));
 }
 
 }  // namespace
