@@ -9,6 +9,7 @@
 #include <quillonic/transcode_cli.hpp>
 
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -24,6 +25,11 @@ template <class Number> Number number(std::string_view text) {
   Number value{};
   std::from_chars(text.data(), text.data() + text.size(), value);
   return value;
+}
+
+// A value that holds NaN equals nothing.
+double equalToItself(double value) {
+  return std::isnan(value) ? 0 : value;
 }
 
 class Tree {
@@ -42,8 +48,7 @@ class Tree {
       case 'i':
         return number<std::int64_t>(rest);
       case 'd':
-        // A value that holds NaN equals nothing.
-        return number<double>(rest == "nan" ? "0" : rest);
+        return equalToItself(number<double>(rest));
       case 's':
         return std::string(rest);
       case '[': {

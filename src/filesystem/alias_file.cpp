@@ -68,9 +68,8 @@ std::optional<AnyValue::Date> dateOf(double seconds) {
   constexpr double farthest = 8'000'000'000;  // within what a date can hold on both sides
   if (!(std::abs(seconds) < farthest)) return std::nullopt;
   const double whole = std::floor(seconds);
-  return AnyValue::Date(
-      std::chrono::seconds(static_cast<std::int64_t>(whole) + epoch) +
-      std::chrono::nanoseconds(static_cast<std::int64_t>((seconds - whole) * 1'000'000'000)));
+  return AnyValue::Date(std::chrono::seconds(static_cast<std::int64_t>(whole) + epoch) +
+                        std::chrono::nanoseconds(std::llround((seconds - whole) * 1'000'000'000)));
 }
 
 struct Record {

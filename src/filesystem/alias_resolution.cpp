@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <span>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -22,10 +23,15 @@ namespace {
 
 using Names = std::span<const std::string>;
 
+// No system looks up a path that is longer.
+constexpr std::size_t greatestPathSize = 4096;
+
+// Cut where it is too long for any item: so the names of a hostile file do not add up.
 std::string joined(std::string path, Names names) {
   for (const auto& name : names) {
     if (!path.ends_with('/')) path.push_back('/');
     path += name;
+    if (path.size() >= greatestPathSize) break;
   }
   return path;
 }
@@ -50,7 +56,9 @@ class Resolution {
   std::optional<std::string> target(std::error_code& error) {
     auto found = firstFound();
     error.clear();
-    if (!found) {
+    if (!found && lookUpsLeft_ == 0) {
+      error = FilePathAttributeGenerationError::malformedAliasFile;
+    } else if (!found) {
       error = obstacle_ ? obstacle_ : make_error_code(FilePathAttributeGenerationError::aliasTargetNotFound);
     }
     return found;
@@ -74,15 +82,20 @@ class Resolution {
   }
 
   bool exists(const std::string& path) {
+    if (lookUpsLeft_ == 0 || path.size() >= greatestPathSize) return false;
+    --lookUpsLeft_;
     // To look below an automounter's folder would make it mount.
     const auto* mount = mounts_.withLongestMountPoint(path);
     if (mount && mount->kind == "autofs") return false;
     std::error_code error;
     if (items::status(path, error)) return true;
-    const bool isMissing = error == std::errc::no_such_file_or_directory ||
-                           error == std::errc::not_a_directory || error == std::errc::filename_too_long;
-    if (!isMissing && !obstacle_) obstacle_ = error;
+    if (!isMissing(error) && !obstacle_) obstacle_ = error;
     return false;
+  }
+
+  static bool isMissing(std::error_code error) {
+    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
+           error == std::errc::filename_too_long;
   }
 
   // The item below a folder, each name as it is where there is such an item, else as it reads.
@@ -93,7 +106,7 @@ class Resolution {
       for (const auto& name : names) {
         auto next = joined(path, {&name, 1});
         if (!exists(next)) {
-          const auto similar = foldedEntries(path);
+          const auto& similar = foldedEntries(path);
           const auto folded = text::foldedName(name);
           const auto entry = std::ranges::lower_bound(similar, folded, {}, &FoldedEntry::folded);
           if (entry == similar.end() || entry->folded != folded) return std::nullopt;
@@ -110,15 +123,19 @@ class Resolution {
     std::string name;
   };
 
-  // Of names that read alike the first one in byte order comes first. None of a folder that cannot be listed: the
-  // name itself was looked for there.
-  std::vector<FoldedEntry> foldedEntries(const std::string& folder) {
-    std::vector<FoldedEntry> folded;
-    std::error_code ignored;
+  // Of names that read alike the first one in byte order comes first. A folder is listed once.
+  const std::vector<FoldedEntry>& foldedEntries(const std::string& folder) {
+    const auto [listed, isNew] = listedFolders_.try_emplace(folder);
+    auto& folded = listed->second;
+    if (!isNew || !exists(folder)) return folded;
+    std::error_code error;
     // The dot leads through a link to a folder.
-    const auto opened = exists(folder) ? items::Folder::open(folder + "/.", ignored) : std::nullopt;
-    auto entries = opened ? items::entries(*opened, ignored) : std::nullopt;
-    if (!entries) return folded;
+    const auto opened = items::Folder::open(folder + "/.", error);
+    auto entries = opened ? items::entries(*opened, error) : std::nullopt;
+    if (!entries) {
+      if (!isMissing(error) && !obstacle_) obstacle_ = error;
+      return folded;
+    }
     for (auto& entry : *entries) folded.push_back({text::foldedName(entry.name), std::move(entry.name)});
     std::ranges::stable_sort(folded, {}, &FoldedEntry::folded);
     return folded;
@@ -126,7 +143,7 @@ class Resolution {
 
   bool recordedVolumeIsMounted() {
     return alias_.volumePath && std::ranges::any_of(mounts_.mounts(), [&](const Mount& mount) {
-             return mount.mountPoint.native() == *alias_.volumePath && isRecordedVolume(mount) != Verdict::no;
+             return mount.mountPoint.native() == *alias_.volumePath && !isOtherVolume(mount);
            });
   }
 
@@ -134,8 +151,7 @@ class Resolution {
   bool isOnAnotherVolume(const std::string& path) {
     if (!alias_.volumePath || !alias_.volumeUUID) return false;
     const auto* mount = mounts_.withLongestMountPoint(path);
-    return mount && mount->mountPoint.native() == *alias_.volumePath &&
-           isRecordedVolume(*mount) == Verdict::no;
+    return mount && mount->mountPoint.native() == *alias_.volumePath && isOtherVolume(*mount);
   }
 
   std::optional<std::string> relativeToAlias() {
@@ -151,9 +167,9 @@ class Resolution {
 
   // From the alias file upwards: the longest end of the recorded path that is there.
   std::optional<std::string> alongRecordedTails() {
-    for (auto folder = aliasPath_; folder != "/";) {
+    for (auto folder = aliasPath_; folder != "/" && lookUpsLeft_ > 0;) {
       folder = folderOf(folder);
-      for (std::size_t skipped = 0; skipped < names_.size(); ++skipped) {
+      for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
         const auto tail = names_.subspan(skipped);
         // Most folders hold none of the names, which one look tells.
         const auto first = joined(folder, tail.first(1));
@@ -163,10 +179,10 @@ class Resolution {
     }
     std::vector<std::string> folded;
     for (const auto& name : names_) folded.push_back(text::foldedName(name));
-    for (auto folder = aliasPath_; folder != "/";) {
+    for (auto folder = aliasPath_; folder != "/" && lookUpsLeft_ > 0;) {
       folder = folderOf(folder);
-      const auto similar = foldedEntries(folder);
-      for (std::size_t skipped = 0; skipped < names_.size(); ++skipped) {
+      const auto& similar = foldedEntries(folder);
+      for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
         const auto entry = std::ranges::lower_bound(similar, folded[skipped], {}, &FoldedEntry::folded);
         if (entry == similar.end() || entry->folded != folded[skipped]) continue;
         auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1));
@@ -178,7 +194,9 @@ class Resolution {
 
   std::optional<std::string> onMountedVolume() {
     const auto volume = path_text::components(alias_.volumePath.value_or("/"));
-    if (volume.size() > names_.size() || !std::ranges::equal(volume, names_.first(volume.size()))) {
+    const auto readsAs = [](const std::string& name) { return text::foldedName(name); };
+    if (volume.size() > names_.size() ||
+        !std::ranges::equal(volume, names_.first(volume.size()), {}, readsAs, readsAs)) {
       return std::nullopt;
     }
     const auto below = names_.subspan(volume.size());
@@ -204,6 +222,15 @@ class Resolution {
 
   enum class Verdict { yes, no, unknown };
 
+  // A volume without an identifier is another one, too, where the recorded one is mounted elsewhere.
+  bool isOtherVolume(const Mount& mount) {
+    const auto verdict = isRecordedVolume(mount);
+    return verdict == Verdict::no ||
+           (verdict == Verdict::unknown && std::ranges::any_of(mounts_.mounts(), [&](const Mount& other) {
+              return isRecordedVolume(other) == Verdict::yes;
+            }));
+  }
+
   Verdict isRecordedVolume(const Mount& mount) {
     if (!alias_.volumeUUID) return Verdict::unknown;
     if (!identifiers_) identifiers_ = VolumeNames::identifiers();
@@ -218,6 +245,10 @@ class Resolution {
   Names names_;
   MountTable mounts_ = MountTable::current();
   std::optional<VolumeNames> identifiers_;
+  std::unordered_map<std::string, std::vector<FoldedEntry>> listedFolders_;
+  // Desktops record a dozen names, whose every end is looked for in a dozen folders. A file made to keep the search
+  // busy is given up.
+  std::size_t lookUpsLeft_ = 10'000;
   // What kept the first place that could not be looked at from being looked at.
   std::error_code obstacle_;
 };
@@ -226,7 +257,13 @@ class Resolution {
 
 std::optional<std::string> aliasTarget(const std::string& aliasFile, std::error_code& error) {
   const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize + 1, error);
-  if (!bytes) return std::nullopt;
+  if (!bytes) {
+    // What the system says of a link or a folder that is opened is not what the caller asked.
+    std::error_code ignored;
+    const auto status = items::status(aliasFile, ignored);
+    if (status && status->type != FileType::regular) error = FilePathAttributeGenerationError::notAnAliasFile;
+    return std::nullopt;
+  }
   if (!AliasFile::isAliasFile(*bytes) || bytes->size() > AliasFile::greatestSize) {
     error = FilePathAttributeGenerationError::notAnAliasFile;
     return std::nullopt;

@@ -55,8 +55,7 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
 LinkDetails linkDetails(const std::string& item, const items::Status& status) {
   if (status.type == FileType::symbolicLink) return symbolicLinkDetails(item);
   LinkDetails details;
-  std::error_code error;
-  details.type = link_types::typeOf(item, status, error);
+  details.type = link_types::loggedTypeOf(item, status);
   if (details.type == ReferenceLinkType::aliasReference) details.target = link_types::loggedAliasTarget(item);
   return details;
 }

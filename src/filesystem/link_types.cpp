@@ -34,6 +34,16 @@ std::optional<ReferenceLinkType> typeOf(const std::string& item, std::error_code
   return status ? typeOf(item, *status, error) : std::nullopt;
 }
 
+std::optional<ReferenceLinkType> loggedTypeOf(const std::string& item, const items::Status& status) {
+  std::error_code error;
+  const auto type = typeOf(item, status, error);
+  if (!type) {
+    VantiroLogging::defaultLogger()->logWarning("Failed to discover the link type of file '" + item +
+                                                "' with error " + error.message());
+  }
+  return type;
+}
+
 std::optional<std::string> loggedAliasTarget(const std::string& aliasFile) {
   std::error_code error;
   auto target = aliasTarget(aliasFile, error);

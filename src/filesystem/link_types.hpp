@@ -18,6 +18,9 @@ std::optional<ReferenceLinkType> typeOf(const std::string& item, const items::St
 // The same for an item of which nothing is known yet.
 std::optional<ReferenceLinkType> typeOf(const std::string& item, std::error_code& error);
 
+// The same as the first, and a failure is logged.
+std::optional<ReferenceLinkType> loggedTypeOf(const std::string& item, const items::Status& status);
+
 // Whether links of a kind have a target.
 constexpr bool leadsElsewhere(ReferenceLinkType type) noexcept {
   return type == ReferenceLinkType::softSymbolicReference || type == ReferenceLinkType::aliasReference;

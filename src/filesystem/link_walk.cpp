@@ -70,7 +70,11 @@ class LinkWalk {
       std::optional<items::Status> status;
       if (type == FileType::unknown || type == FileType::regular) {
         status = items::status(entry.name, error, &*folder);
-        if (!status) continue;
+        if (!status) {
+          // What went away since the folder was read is not missed.
+          if (error != std::errc::no_such_file_or_directory) missFolder(visit.shown, error);
+          continue;
+        }
         type = status->type;
       }
       std::optional<std::string> target;
@@ -99,9 +103,9 @@ class LinkWalk {
     return target;
   }
 
-  static std::optional<std::string> aliasTarget(const std::string& item, const items::Status& status) {
-    std::error_code error;
-    const auto type = link_types::typeOf(item, status, error);
+  std::optional<std::string> aliasTarget(const std::string& item, const items::Status& status) {
+    const auto type = link_types::loggedTypeOf(item, status);
+    if (!type) isComplete_ = false;
     return type == ReferenceLinkType::aliasReference ? link_types::loggedAliasTarget(item) : std::nullopt;
   }
 

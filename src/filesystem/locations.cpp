@@ -3,6 +3,7 @@
 #include <quillonic/filesystem/io_error.hpp>
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "platform/items.hpp"
@@ -31,7 +32,7 @@ std::optional<std::string> absolutePath(const std::string& item, std::error_code
   error.clear();
   if (item.starts_with('/')) return item;
   if (item.empty()) {
-    error = std::make_error_code(std::errc::no_such_file_or_directory);
+    error = std::error_code(ENOENT, std::system_category());
     return std::nullopt;
   }
   const auto folder = workingFolder();

@@ -1,6 +1,7 @@
 #include <quillonic/filesystem/io_error.hpp>
 #include <quillonic/filesystem/reference_links.hpp>
 
+#include <cerrno>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -63,7 +64,7 @@ bool isMissingTarget(std::error_code error) noexcept {
 std::optional<std::string> finalTarget(std::string item, ReferenceLinkType type, std::error_code& error) {
   for (int step = 0; leadsElsewhere(type); ++step) {
     if (step == greatestStepCount) {
-      error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+      error = std::error_code(ELOOP, std::system_category());
       return std::nullopt;
     }
     auto target = dereferenced(type, item, error);

@@ -23,6 +23,21 @@ constexpr auto decompositions = std::to_array<Decomposition>({
 #include "platform/decomposition_table.inc"
 });
 
+// A small letter and the one that its capital has for its own.
+struct LetterVariant {
+  char32_t scalar;
+  char32_t letter;
+};
+
+constexpr auto letterVariants = std::to_array<LetterVariant>({
+#include "platform/letter_variant_table.inc"
+});
+
+char32_t withoutVariant(char32_t scalar) noexcept {
+  const auto found = std::ranges::lower_bound(letterVariants, scalar, {}, &LetterVariant::scalar);
+  return found != letterVariants.end() && found->scalar == scalar ? found->letter : scalar;
+}
+
 struct CombiningRange {
   char32_t first;
   char32_t last;
@@ -53,7 +68,7 @@ void appendDecomposed(std::u32string& text, char32_t scalar) {
   }
   const auto found = std::ranges::lower_bound(decompositions, scalar, {}, &Decomposition::scalar);
   if (found == decompositions.end() || found->scalar != scalar) {
-    text.push_back(scalar);
+    text.push_back(withoutVariant(scalar));
     return;
   }
   appendDecomposed(text, found->first);
