@@ -12,7 +12,7 @@
 namespace quillonic {
 
 /// The kind of link that an item is. The raw values are stored.
-enum class ReferenceLinkType : std::int64_t {
+enum class QUILLONIC_EXPORT ReferenceLinkType : std::int64_t {
   notAReferenceLink,
   /// A symbolic link.
   softSymbolicReference,

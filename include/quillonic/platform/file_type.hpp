@@ -9,7 +9,7 @@
 namespace quillonic {
 
 /// The kinds of items that a file system knows. An alias file is a regular file; see `ReferenceLinkType`.
-enum class FileType : std::uint8_t {
+enum class QUILLONIC_EXPORT FileType : std::uint8_t {
   regular,
   directory,
   symbolicLink,

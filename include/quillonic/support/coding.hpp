@@ -63,10 +63,10 @@ class QUILLONIC_EXPORT CodedRecord {
 
   /// The value of a key as `T`, which is one of the alternatives of `CodedValue`. Throws a `DecodingError`
   /// that names the key when it is missing or holds something else.
-  template <class T> const T& require(std::string_view key) const;
+  template <class T> QUILLONIC_HIDDEN const T& require(std::string_view key) const;
 
   /// The same, but null when the key is missing.
-  template <class T> const T* optional(std::string_view key) const;
+  template <class T> QUILLONIC_HIDDEN const T* optional(std::string_view key) const;
 
   /// All members in the order in which they were added. Valid until the record changes.
   const std::vector<CodedMember>& members() const noexcept { return members_; }

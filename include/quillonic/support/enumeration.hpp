@@ -8,6 +8,8 @@
 /// is a class over a text (see text_backed.hpp). Generic code asks either of them the same way.
 #pragma once
 
+#include <quillonic/export.hpp>
+
 #include <array>
 #include <concepts>
 #include <cstddef>
@@ -41,7 +43,7 @@ concept ClosedEnumeration = std::is_enum_v<T> && requires {
 namespace detail {
 
 template <ClosedEnumeration E>
-inline constexpr auto casesOf = [] {
+QUILLONIC_HIDDEN inline constexpr auto casesOf = [] {
   std::array<E, CaseTable<E>::rows.size()> cases{};
   for (std::size_t i = 0; i < cases.size(); ++i) cases[i] = CaseTable<E>::rows[i].value;
   return cases;

@@ -33,18 +33,18 @@ struct QUILLONIC_EXPORT TimecodeComponents {
   bool isDropFrame = false;
 
   /// What stands before the frames of a drop-frame timecode.
-  static constexpr std::string_view dropFrameSeparator = ";";
+  QUILLONIC_HIDDEN static constexpr std::string_view dropFrameSeparator = ";";
   /// What stands between all other fields.
-  static constexpr std::string_view nonDropSeparator = ":";
+  QUILLONIC_HIDDEN static constexpr std::string_view nonDropSeparator = ":";
 
   /// Zero.
-  static const TimecodeComponents defaultNonDropTimecodeComponents;
+  QUILLONIC_HIDDEN static const TimecodeComponents defaultNonDropTimecodeComponents;
   /// Zero in drop frame.
-  static const TimecodeComponents defaultDropFrameTimecodeComponents;
+  QUILLONIC_HIDDEN static const TimecodeComponents defaultDropFrameTimecodeComponents;
   /// The text of zero.
-  static constexpr std::string_view defaultNonDropTimecode = "00:00:00:00";
+  QUILLONIC_HIDDEN static constexpr std::string_view defaultNonDropTimecode = "00:00:00:00";
   /// The text of zero in drop frame.
-  static constexpr std::string_view defaultDropFrameTimecode = "00:00:00;00";
+  QUILLONIC_HIDDEN static constexpr std::string_view defaultDropFrameTimecode = "00:00:00;00";
 
   /// Reads a timecode strictly: `timecodeHasProperForm` with both demands. Nothing for any other text.
   static std::optional<TimecodeComponents> fromTimecode(std::string_view timecode) noexcept;

@@ -18,9 +18,9 @@ class QUILLONIC_EXPORT CLISanitizationOptions {
   constexpr explicit CLISanitizationOptions(std::int64_t rawValue) noexcept : rawValue_(rawValue) {}
 
   /// Lower-cases by Unicode's simple mapping, whatever the locale. Bytes that are not UTF-8 stay.
-  static const CLISanitizationOptions lowercase;
+  QUILLONIC_HIDDEN static const CLISanitizationOptions lowercase;
   /// Removes Unicode white space and line breaks from both ends.
-  static const CLISanitizationOptions trimWhiteSpace;
+  QUILLONIC_HIDDEN static const CLISanitizationOptions trimWhiteSpace;
 
   /// The bits, those included that name no option.
   constexpr std::int64_t rawValue() const noexcept { return rawValue_; }

@@ -46,9 +46,10 @@ class QUILLONIC_EXPORT TranscodeOptionValues {
   void setDropFrame(std::string_view flag, bool value);
 
   /// The flag's value as `Value`; nothing when the flag is absent or its value does not read.
-  template <class Value> std::optional<Value> read(std::string_view flag) const;
+  template <class Value> QUILLONIC_HIDDEN std::optional<Value> read(std::string_view flag) const;
   /// Stores the value's text; without a value, and for one that cannot be written, removes the flag.
-  template <class Value> void write(std::string_view flag, const std::optional<Value>& value);
+  template <class Value>
+  QUILLONIC_HIDDEN void write(std::string_view flag, const std::optional<Value>& value);
 
   /// Numbers of which each has a flag of its own behind a common prefix.
   std::vector<std::int64_t> readTracks(std::string_view prefix) const;
