@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <thread>
 
 namespace quillonic::futex {
 
@@ -21,8 +22,19 @@ inline void pause() noexcept {
 #endif
 }
 
-// How often a thread looks again before it sleeps. What it waits for takes a few instructions, unless the
-// thread that does it has lost its processor.
-inline constexpr int looksBeforeSleep = 30;
+// Looks again and again whether something has come that takes other threads a few instructions. False where it has
+// not: then a thread has lost its processor for long, or does more, and the caller should sleep.
+template <class Condition> bool comesSoon(Condition hasCome) noexcept {
+  for (int look = 0; look < 30; ++look) {
+    if (hasCome()) return true;
+    pause();
+  }
+  // Where more threads run than there are processors, the one that is waited for may need this one.
+  for (int look = 0; look < 50; ++look) {
+    if (hasCome()) return true;
+    std::this_thread::yield();
+  }
+  return false;
+}
 
 }  // namespace quillonic::futex

@@ -10,20 +10,27 @@
 namespace quillonic {
 
 // Holds a lock, which is a word that begins as 0, while in scope. Unfair: whoever comes while the lock is
-// free has it, however long others have slept for it. A thread that finds it taken sleeps at once: looking
-// again for a while would keep the word's cache line from the one who holds it.
+// free has it, however long others have slept for it.
 class UnfairGuard {
  public:
   using Word = std::atomic<std::uint32_t>;
 
-  explicit UnfairGuard(Word& word) noexcept : word_(word) {
+  enum class WhenTaken : std::uint8_t {
+    // For many threads that come again and again: to look would keep the word's cache line from who holds it.
+    sleep,
+    // For a lock that is taken on the way to something that sleeps anyway.
+    lookAgain,
+  };
+
+  explicit UnfairGuard(Word& word, WhenTaken whenTaken = WhenTaken::sleep) noexcept : word_(word) {
     // In a program of one thread nobody can come between.
     if (__libc_single_threaded && word_.load(std::memory_order_relaxed) == free) {
       word_.store(held, std::memory_order_relaxed);
       return;
     }
-    std::uint32_t before = free;
-    if (word_.compare_exchange_strong(before, held, std::memory_order_acquire, std::memory_order_relaxed)) {
+    if (takeFree()) return;
+    if (whenTaken == WhenTaken::lookAgain &&
+        futex::comesSoon([&] { return word_.load(std::memory_order_relaxed) == free && takeFree(); })) {
       return;
     }
     // Whoever has slept takes the lock as awaited, since others may sleep still.
@@ -46,6 +53,11 @@ class UnfairGuard {
     held,
     awaited,  // held, and a thread may sleep for it
   };
+
+  bool takeFree() noexcept {
+    std::uint32_t before = free;
+    return word_.compare_exchange_strong(before, held, std::memory_order_acquire, std::memory_order_relaxed);
+  }
 
   Word& word_;
 };

@@ -12,10 +12,7 @@ struct DispatchQueue::Waiter {
   enum Progress : std::uint32_t { looking, sleeping, admitted };
 
   void waitUntilAdmitted() noexcept {
-    for (int look = 0; look < futex::looksBeforeSleep; ++look) {
-      if (progress.load(std::memory_order_acquire) == admitted) return;
-      futex::pause();
-    }
+    if (futex::comesSoon([this] { return progress.load(std::memory_order_acquire) == admitted; })) return;
     std::uint32_t before = looking;
     progress.compare_exchange_strong(before, sleeping, std::memory_order_acquire);
     while (progress.load(std::memory_order_acquire) != admitted) futex::wait(progress, sleeping);
@@ -46,7 +43,7 @@ std::uint32_t DispatchQueue::running(std::uint32_t state, bool alone) noexcept {
 void DispatchQueue::wait(bool alone) noexcept {
   Waiter waiter{alone};
   {
-    const UnfairGuard guard(waitersLock_);
+    const UnfairGuard guard(waitersLock_, UnfairGuard::WhenTaken::lookAgain);
     auto state = state_.load(std::memory_order_relaxed);
     while ((state & awaited) == 0) {
       // The turn may have come meanwhile; if not, the gate is shut before the last block leaves.
@@ -68,7 +65,7 @@ void DispatchQueue::wait(bool alone) noexcept {
 void DispatchQueue::admit() noexcept {
   Waiter* admitted = nullptr;
   {
-    const UnfairGuard guard(waitersLock_);
+    const UnfairGuard guard(waitersLock_, UnfairGuard::WhenTaken::lookAgain);
     auto** end = &admitted;
     auto state = state_.load(std::memory_order_relaxed);
     while (first_ && mayRun(state, first_->alone)) {
