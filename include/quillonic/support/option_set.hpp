@@ -1,0 +1,39 @@
+/// What sets of options have in common.
+///
+///     class Restrictions : public OptionSet<Restrictions, std::uint64_t> {
+///      public:
+///       using OptionSet::OptionSet;
+///       static const Restrictions withoutNetwork;
+///     };
+///     inline constexpr Restrictions Restrictions::withoutNetwork{1};
+#pragma once
+
+#include <concepts>
+
+namespace quillonic {
+
+/// A set of options, one for each bit of a number. Bits that name no option are kept and do nothing.
+template <class Options, std::integral RawValue> class OptionSet {
+ public:
+  /// The empty set.
+  constexpr OptionSet() noexcept = default;
+  /// The set of those options whose bits are set.
+  constexpr explicit OptionSet(RawValue rawValue) noexcept : rawValue_(rawValue) {}
+
+  /// The bits, those included that name no option.
+  constexpr RawValue rawValue() const noexcept { return rawValue_; }
+  /// Whether every option of the other set is in this one.
+  constexpr bool contains(Options other) const noexcept {
+    return (rawValue_ & other.rawValue()) == other.rawValue();
+  }
+
+  friend constexpr Options operator|(Options a, Options b) noexcept {
+    return Options(a.rawValue() | b.rawValue());
+  }
+  friend constexpr bool operator==(Options a, Options b) noexcept { return a.rawValue() == b.rawValue(); }
+
+ private:
+  RawValue rawValue_ = 0;
+};
+
+}  // namespace quillonic
