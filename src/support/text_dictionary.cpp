@@ -51,22 +51,6 @@ void rankByKey(std::span<const Entry> entries, std::span<Rank> ranks) {
   });
 }
 
-// Moves the entries to where their ranks stand, in place, and spends the ranks' positions.
-void moveToRanks(std::span<Entry> entries, std::span<Rank> ranks) {
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (ranks[i].position == i) continue;
-    auto displaced = std::move(entries[i]);
-    auto gap = i;
-    for (auto from = ranks[gap].position; from != i; from = ranks[gap].position) {
-      entries[gap] = std::move(entries[from]);
-      ranks[gap].position = gap;
-      gap = from;
-    }
-    entries[gap] = std::move(displaced);
-    ranks[gap].position = gap;
-  }
-}
-
 }  // namespace
 
 TextDictionary::TextDictionary(std::vector<Entry> entries)
@@ -85,26 +69,19 @@ TextDictionary::TextDictionary(std::vector<Entry> entries,
   Scratch<Rank, fewRanks> scratch(entries_.size());
   const auto ranks = scratch.elements();
   rankByKey(entries_, ranks);
-  const auto repeats = [&](std::size_t i) {
-    return i > 0 && ranks[i].bytes == ranks[i - 1].bytes &&
-           entries_[ranks[i].position].key == entries_[ranks[i - 1].position].key;
+  const auto isLast = [&](std::size_t i) {
+    return i + 1 == ranks.size() || ranks[i].bytes != ranks[i + 1].bytes ||
+           entries_[ranks[i].position].key != entries_[ranks[i + 1].position].key;
   };
   std::size_t kept = 0;
   for (std::size_t i = 0; i < ranks.size(); ++i) {
-    if (!repeats(i)) ++kept;
-    didPlace(ranks[i].position, kept - 1);
+    didPlace(ranks[i].position, kept);
+    if (isLast(i)) ranks[kept++] = ranks[i];
   }
-  moveToRanks(entries_, ranks);
-  if (kept < entries_.size()) keepLastOfEqualKeys();
-}
-
-void TextDictionary::keepLastOfEqualKeys() {
-  std::size_t kept = 0;
-  for (std::size_t i = 1; i < entries_.size(); ++i) {
-    if (entries_[i].key != entries_[kept].key) ++kept;
-    if (i != kept) entries_[kept] = std::move(entries_[i]);
-  }
-  entries_.resize(kept + 1);
+  std::vector<Entry> placed;
+  placed.reserve(kept);
+  for (const auto& rank : ranks.first(kept)) placed.push_back(std::move(entries_[rank.position]));
+  entries_ = std::move(placed);
 }
 
 const TextDictionary::Entry* TextDictionary::find(std::string_view wanted) const noexcept {

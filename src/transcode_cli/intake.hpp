@@ -49,6 +49,7 @@ class TranscodeCliArguments::Intake {
   }
 
   TranscodeCliArguments model() && {
+    slots_ = {};  // the dictionaries need room for a while
     TranscodeCliArguments model;
     // Where every flag is valid, which is the usual line, the n-th in order is the n-th entry.
     const bool locates = keepsOrder_ && invalid_.empty();
@@ -67,24 +68,34 @@ class TranscodeCliArguments::Intake {
 
   TextDictionary::Entry& entryAt(Place place) { return (place % 2 == 0 ? valid_ : invalid_)[place / 2 - 1]; }
 
+  // The hash of a key stands beside its place, so that neither a collision nor a greater table has to look at keys.
+  struct Slot {
+    std::size_t hash;
+    Place place;
+  };
+
   // The place of a key that is not known by itself: where it stands, or a free one for it.
   Place& placeOfOther(std::string_view key) {
-    if (2 * others_ >= places_.size()) makeRoom();
-    return probe(key);
+    if (2 * others_ >= slots_.size()) makeRoom();
+    const auto hash = std::hash<std::string_view>{}(key);
+    auto& slot =
+        probe(hash, [&](const Slot& taken) { return taken.hash == hash && entryAt(taken.place).key == key; });
+    slot.hash = hash;
+    return slot.place;
   }
 
-  Place& probe(std::string_view key) {
-    const auto mask = places_.size() - 1;
-    auto slot = std::hash<std::string_view>{}(key)&mask;
-    while (places_[slot] != nowhere && entryAt(places_[slot]).key != key) slot = (slot + 1) & mask;
-    return places_[slot];
+  // The first slot from where a hash belongs that is free or the one.
+  template <class IsTheOne> Slot& probe(std::size_t hash, IsTheOne isTheOne) {
+    const auto mask = slots_.size() - 1;
+    auto at = hash & mask;
+    while (slots_[at].place != nowhere && !isTheOne(slots_[at])) at = (at + 1) & mask;
+    return slots_[at];
   }
 
   void makeRoom() {
-    const auto places =
-        std::exchange(places_, std::vector<Place>(std::max<std::size_t>(16, 2 * places_.size())));
-    for (const auto place : places) {
-      if (place != nowhere) probe(entryAt(place).key) = place;
+    const auto slots = std::exchange(slots_, std::vector<Slot>(std::max<std::size_t>(16, 2 * slots_.size())));
+    for (const auto& slot : slots) {
+      if (slot.place != nowhere) probe(slot.hash, [](const Slot&) { return false; }) = slot;
     }
   }
 
@@ -92,7 +103,7 @@ class TranscodeCliArguments::Intake {
   std::vector<TextDictionary::Entry> valid_;
   std::vector<TextDictionary::Entry> invalid_;
   std::array<Place, known_flags::count> placeOfKnown_{};
-  std::vector<Place> places_;
+  std::vector<Slot> slots_;
   std::size_t others_ = 0;
   FlagOrder order_;
 };

@@ -110,8 +110,6 @@ class QUILLONIC_EXPORT TextDictionary {
     return entries;
   }
 
-  void keepLastOfEqualKeys();
-
   std::vector<Entry> entries_;
 };
 
