@@ -43,6 +43,7 @@ CodedValue Coding<Color>::encode(const Color& color) {
 
 Color Coding<Color>::decode(const CodedValue& coded, std::string_view key) {
   const auto& record = coded.require<CodedRecord>(key);
+  if (record.members().size() > 1) throw DecodingError(key, "the colour has several forms");
   if (const auto* name = record.optional<std::string>(patternKey)) return Color::pattern(*name);
   const auto componentsOf = [&](std::string_view form, std::size_t count) -> std::optional<Components> {
     const auto* list = record.find(form);

@@ -14,7 +14,8 @@ namespace quillonic {
 
 template <> struct QUILLONIC_EXPORT Coding<Color> {
   static CodedValue encode(const Color& color);
-  /// Throws a `DecodingError` where the form is unknown, or has more or fewer components than it should.
+  /// Throws a `DecodingError` where the form is unknown, has more or fewer components than it should, or is not the
+  /// only member.
   static Color decode(const CodedValue& coded, std::string_view key);
 };
 
