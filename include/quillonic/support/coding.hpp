@@ -265,14 +265,23 @@ template <RecordOfFields T> struct Coding<T> {
   }
 };
 
-/// The coded form of a value.
+/// A type that can be encoded and decoded.
+template <class T>
+concept Codable = requires(const T& value, const CodedValue& coded) {
+  { Coding<T>::encode(value) } -> std::same_as<CodedValue>;
+  { Coding<T>::decode(coded, std::string_view{}) } -> std::same_as<T>;
+};
+
+/// The coded form of a value of a type that has a `Coding`.
 template <class T> CodedValue encode(const T& value) {
+  static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::encode(value);
 }
 
 /// Reads a value back. Throws `DecodingError` when the coded form does not fit: for a closed enumeration also
 /// when no case has the text.
 template <class T> T decode(const CodedValue& coded) {
+  static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::decode(coded, {});
 }
 
