@@ -3,6 +3,18 @@
 # its own file of targets, and what both bring is the same.
 include(CMakePackageConfigHelpers)
 
+# A folder that is given whole is part of the prefix where it lies inside, so that it moves with the rest.
+foreach(folder IN ITEMS CMAKE_INSTALL_LIBDIR CMAKE_INSTALL_INCLUDEDIR CMAKE_INSTALL_DOCDIR)
+  cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX "${${folder}}" NORMALIZE is_inside)
+  if(is_inside)
+    file(RELATIVE_PATH ${folder} ${CMAKE_INSTALL_PREFIX} ${${folder}})
+  endif()
+endforeach()
+if(IS_ABSOLUTE "${CMAKE_INSTALL_INCLUDEDIR}")
+  message(FATAL_ERROR "The headers' folder ${CMAKE_INSTALL_INCLUDEDIR} is outside the prefix ${CMAKE_INSTALL_PREFIX}, "
+    "so that the installed package would not find it. Give CMAKE_INSTALL_INCLUDEDIR relative to the prefix.")
+endif()
+
 if(BUILD_SHARED_LIBS)
   set(kind Shared)
 else()
@@ -32,24 +44,34 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillonicConfigVersion.cm
 install(FILES ${PROJECT_BINARY_DIR}/QuillonicConfig.cmake ${PROJECT_BINARY_DIR}/QuillonicConfigVersion.cmake
   DESTINATION ${package_folder} COMPONENT Development)
 
-# pkg-config finds everything from where its file lies. Only a folder outside the prefix stays where it was said to be.
-set(pc_folder ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
-cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX ${CMAKE_INSTALL_FULL_LIBDIR} NORMALIZE libraries_are_inside)
-cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX ${CMAKE_INSTALL_FULL_INCLUDEDIR} NORMALIZE headers_are_inside)
-if(libraries_are_inside AND headers_are_inside)
-  file(RELATIVE_PATH pc_includedir ${pc_folder} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
-  string(PREPEND pc_includedir "\${pcfiledir}/")
-else()
-  set(pc_includedir ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+# pkg-config finds everything from where its file lies. The system's own folders it leaves out of what it prints, so
+# they are named as such, as is a folder for libraries outside the prefix.
+set(pc_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+set(pc_libdir \${prefix}/${CMAKE_INSTALL_LIBDIR})
+file(RELATIVE_PATH to_prefix /${pc_folder} /)
+set(pc_prefix_movable \${pcfiledir}/${to_prefix})
+set(pc_prefix_system /usr)
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+  set(pc_libdir ${CMAKE_INSTALL_LIBDIR})
+  set(pc_prefix_movable ${CMAKE_INSTALL_PREFIX})
 endif()
 set(packages quillonic)
 if(kind STREQUAL Static)
   # Where both kinds are installed, -lquillonic is the shared one.
   list(APPEND packages quillonic-static)
 endif()
+# Where things are installed to may still be chosen then.
+install(CODE [[
+  set(pc_form movable)
+  if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(pc_form system)
+  endif()]] COMPONENT Development)
 foreach(package IN LISTS packages)
-  configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+  foreach(form IN ITEMS movable system)
+    set(pc_prefix ${pc_prefix_${form}})
+    configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${form}/${package}.pc @ONLY)
+  endforeach()
+  install(FILES ${PROJECT_BINARY_DIR}/\${pc_form}/${package}.pc DESTINATION ${pc_folder} COMPONENT Development)
 endforeach()
 
 if(QUILLONIC_BUILD_EXAMPLES)
