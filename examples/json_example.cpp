@@ -13,7 +13,7 @@ int main() {
   const std::string text = toJson(encode(settings)).dump(2);
   std::cout << text << '\n';
 
-  // `ordered_json` keeps the order of the keys, and so the order of what is read back.
+  // `ordered_json` keeps the order of the keys.
   const auto again = decode<TranscodeCliArguments>(fromJson(nlohmann::ordered_json::parse(text)));
   for (const auto& word : again.commandLineArguments()) std::cout << '"' << word << "\" ";
   std::cout << '\n';
@@ -24,6 +24,8 @@ int main() {
 
   try {
     fromJson(nlohmann::ordered_json::parse(R"({"$number": "many"})"));
+  } catch (const nlohmann::json::exception& error) {
+    std::cout << "no JSON: " << error.what() << '\n';
   } catch (const DecodingError& error) {
     std::cout << error.what() << '\n';
   }

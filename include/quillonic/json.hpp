@@ -30,8 +30,8 @@
 
 namespace quillonic {
 
-/// How deep lists and records may lie in each other; what lies deeper is refused, so that no text from elsewhere
-/// exhausts the stack.
+/// How deep the arrays and objects of a JSON value may lie in each other, those of the table above included; what lies
+/// deeper is refused when it is read, so that no text from elsewhere exhausts the stack.
 inline constexpr std::size_t greatestJsonDepth = 500;
 
 namespace detail {
@@ -202,9 +202,10 @@ inline nlohmann::ordered_json toJson(const CodedValue& value) {
   return detail::JsonWriter().write(value);
 }
 
-/// Reads back what `toJson` gave, also where it was written by hand. Throws a `DecodingError` for an integer outside
-/// 64 bits with a sign, an unknown tag, and values that lie too deep. Parse the text as `nlohmann::ordered_json`:
-/// `nlohmann::json` sorts the keys, which changes the order of a model's flags where that order is kept.
+/// Reads back what `toJson` gave, also where it was written by hand. Throws a `DecodingError` for an integer that 64
+/// bits hold without a sign alone, an unknown tag, and values that lie too deep; a still greater integer is a
+/// floating-point number to the parser. Parse the text as `nlohmann::ordered_json`: `nlohmann::json` sorts the keys, so
+/// the members of a record come in another order. The parser throws exceptions of its own for what is no JSON.
 template <class Json> CodedValue fromJson(const Json& json) {
   return detail::JsonReader<Json>().read(json);
 }

@@ -59,7 +59,8 @@ struct QUILLONIC_EXPORT AliasFile {
   std::vector<std::string> pathComponents;
   /// What kind of item the target was; see `TargetFlag`.
   std::optional<Properties> targetProperties = std::nullopt;
-  /// When the target was made.
+  /// When the target was made. Files hold seconds since 2001 as a floating-point number, so of today's dates the last
+  /// hundred nanoseconds are lost.
   std::optional<AnyValue::Date> targetCreationDate = std::nullopt;
   /// How many names to take from the end of the alias file's own path, its own name included, and how many
   /// from the end of the target's to add then.
