@@ -95,6 +95,7 @@ void TextDictionary::set(std::string_view wanted, std::string_view value) {
     found->value = value;
   } else {
     entries_.insert(found, Entry{std::string(wanted), std::string(value)});
+    ++keyChanges_;
   }
 }
 
@@ -104,12 +105,14 @@ void TextDictionary::merge(const TextDictionary& other) {
   // Of two equal keys std::set_union takes the first range's entry.
   std::ranges::set_union(other.entries_, entries_, std::back_inserter(merged), {}, key, key);
   entries_ = std::move(merged);
+  ++keyChanges_;
 }
 
 bool TextDictionary::remove(std::string_view wanted) {
   const auto found = std::ranges::lower_bound(entries_, wanted, {}, key);
   if (found == entries_.end() || found->key != wanted) return false;
   entries_.erase(found);
+  ++keyChanges_;
   return true;
 }
 
@@ -122,8 +125,10 @@ std::span<const TextDictionary::Entry> TextDictionary::prefixed(std::string_view
 
 void TextDictionary::removePrefixed(std::string_view prefix) {
   const auto range = prefixed(prefix);
+  if (range.empty()) return;
   const auto first = entries_.begin() + (range.data() - entries_.data());
   entries_.erase(first, first + static_cast<std::ptrdiff_t>(range.size()));
+  ++keyChanges_;
 }
 
 }  // namespace quillonic

@@ -294,6 +294,10 @@ template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) c
     for (const auto& entry : entries) visit(entry);
     return;
   }
+  if (orderedFlags_->isLocatedIn(flagValueLookup_)) {
+    for (std::size_t i = 0; i < entries.size(); ++i) visit(entries[orderedFlags_->entryPosition(i)]);
+    return;
+  }
 
   // Most entries stand where they stood when the flags were read, or as far from there as the one that was last
   // searched for, since what was added or removed before them moves them together.

@@ -56,6 +56,7 @@ class TranscodeCliArguments::Intake {
     model.flagValueLookup_ = TextDictionary(std::move(valid_), [&](std::size_t given, std::size_t position) {
       if (locates) order_.setEntryPosition(given, position);
     });
+    if (locates) order_.setLocatedIn(model.flagValueLookup_);
     model.invalidKeyValueLookup_ = TextDictionary(std::move(invalid_));
     if (order_.size() > 0) model.orderedFlags_ = std::move(order_);
     return model;

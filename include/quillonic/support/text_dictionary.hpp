@@ -11,6 +11,7 @@
 
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <ranges>
 #include <span>
@@ -101,7 +102,14 @@ class QUILLONIC_EXPORT TextDictionary {
   /// Whether there is no entry.
   bool empty() const noexcept { return entries_.empty(); }
 
-  friend bool operator==(const TextDictionary&, const TextDictionary&) = default;
+  /// How often a key was added or removed, so that who keeps positions of entries can tell that they still hold. A copy
+  /// has the number of its original; merging always counts.
+  std::uint64_t keyChanges() const noexcept { return keyChanges_; }
+
+  /// Whether both hold the same, however they came to it.
+  friend bool operator==(const TextDictionary& a, const TextDictionary& b) {
+    return a.entries_ == b.entries_;
+  }
 
  private:
   template <class Pairs> static std::vector<Entry> copied(const Pairs& pairs) {
@@ -111,6 +119,7 @@ class QUILLONIC_EXPORT TextDictionary {
   }
 
   std::vector<Entry> entries_;
+  std::uint64_t keyChanges_ = 0;
 };
 
 }  // namespace quillonic

@@ -173,6 +173,12 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
     void append(std::string_view flag);
     // Where the entry of a flag stood when the flags were read.
     void setEntryPosition(std::size_t position, std::size_t entryPosition) noexcept;
+    // Says that each flag's entry was located, and that there is no other entry.
+    void setLocatedIn(const TextDictionary& entries) noexcept { keyChanges_ = entries.keyChanges(); }
+    // Whether every entry still stands where it was located.
+    bool isLocatedIn(const TextDictionary& entries) const noexcept {
+      return keyChanges_ == entries.keyChanges() && size() == entries.size();
+    }
     std::size_t size() const noexcept { return marks_.size(); }
     std::string_view operator[](std::size_t position) const noexcept;
     std::size_t entryPosition(std::size_t position) const noexcept { return marks_[position].entryPosition; }
@@ -186,6 +192,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
     // All flags in one text, so that recording the order costs no allocation per flag.
     std::string flags_;
     std::vector<Mark> marks_;
+    std::optional<std::uint64_t> keyChanges_;
   };
 
   template <class Visit> void visitArguments(Visit visit) const;
