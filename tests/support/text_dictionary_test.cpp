@@ -46,7 +46,8 @@ TEST(TextDictionary, BehavesLikeAMap) {
                                                &TextDictionary::Entry::key);
       ASSERT_TRUE(sameKeys || dictionary.keyChanges() != before.keyChanges());
     };
-    for (const auto& [k, v] : other) countsWhatChangesKeys([&] { dictionary.set(v, map[v] = k); });
+    for (const auto& entry : other)
+      countsWhatChangesKeys([&] { dictionary.set(entry.value, map[entry.value] = entry.key); });
     countsWhatChangesKeys([&] { dictionary.merge(other); });
     for (const auto& [k, v] : other) map[k] = v;
     const auto gone = text();
