@@ -13,6 +13,10 @@ void wait(const std::atomic<std::uint32_t>& word, std::uint32_t value) noexcept;
 // Wakes one of the threads that sleep on a word. The word is only named here and not read: it may be gone.
 void wakeOne(const std::atomic<std::uint32_t>* word) noexcept;
 
+// The same for the lower half of a word; the upper one may change meanwhile.
+void wait(const std::atomic<std::uint64_t>& word, std::uint64_t value) noexcept;
+void wakeOne(const std::atomic<std::uint64_t>* word) noexcept;
+
 // Tells the processor that the caller turns round in a waiting loop.
 inline void pause() noexcept {
 #if defined(__x86_64__) || defined(__i386__)
@@ -23,14 +27,15 @@ inline void pause() noexcept {
 }
 
 // Looks again and again whether something has come that takes other threads a few instructions. False where it has
-// not: then a thread has lost its processor for long, or does more, and the caller should sleep.
+// not: then the caller should sleep.
 template <class Condition> bool comesSoon(Condition hasCome) noexcept {
-  for (int look = 0; look < 30; ++look) {
+  for (int look = 0; look < 5; ++look) {
     if (hasCome()) return true;
     pause();
   }
-  // Where more threads run than there are processors, the one that is waited for may need this one.
-  for (int look = 0; look < 50; ++look) {
+  // Where more threads run than there are processors, the one that is waited for may need this one. To be put to
+  // sleep and woken costs as much as hundreds of turns here.
+  for (int look = 0; look < 1000; ++look) {
     if (hasCome()) return true;
     std::this_thread::yield();
   }

@@ -15,24 +15,15 @@ class UnfairGuard {
  public:
   using Word = std::atomic<std::uint32_t>;
 
-  enum class WhenTaken : std::uint8_t {
-    // For many threads that come again and again: to look would keep the word's cache line from who holds it.
-    sleep,
-    // For a lock that is taken on the way to something that sleeps anyway.
-    lookAgain,
-  };
-
-  explicit UnfairGuard(Word& word, WhenTaken whenTaken = WhenTaken::sleep) noexcept : word_(word) {
+  explicit UnfairGuard(Word& word) noexcept : word_(word) {
     // In a program of one thread nobody can come between.
     if (__libc_single_threaded && word_.load(std::memory_order_relaxed) == free) {
       word_.store(held, std::memory_order_relaxed);
       return;
     }
-    if (takeFree()) return;
-    if (whenTaken == WhenTaken::lookAgain &&
-        futex::comesSoon([&] { return word_.load(std::memory_order_relaxed) == free && takeFree(); })) {
+    std::uint32_t before = free;
+    if (word_.compare_exchange_strong(before, held, std::memory_order_acquire, std::memory_order_relaxed))
       return;
-    }
     // Whoever has slept takes the lock as awaited, since others may sleep still.
     while (word_.exchange(awaited, std::memory_order_acquire) != free) futex::wait(word_, awaited);
   }
@@ -53,11 +44,6 @@ class UnfairGuard {
     held,
     awaited,  // held, and a thread may sleep for it
   };
-
-  bool takeFree() noexcept {
-    std::uint32_t before = free;
-    return word_.compare_exchange_strong(before, held, std::memory_order_acquire, std::memory_order_relaxed);
-  }
 
   Word& word_;
 };

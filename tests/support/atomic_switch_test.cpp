@@ -3,9 +3,11 @@
 #include <array>
 #include <atomic>
 #include <barrier>
+#include <chrono>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -136,6 +138,29 @@ TEST_P(DispatchQueues, RunBlocksInOrderOfArrival) {
   });
   threads.clear();
   EXPECT_EQ(order, "abcdefgh");
+}
+
+// Threads come as readers and writers without end; now and then a block takes so long that those behind it sleep.
+TEST_P(DispatchQueues, LoseNobodyAndKeepBarriersAlone) {
+  std::atomic<int> readers = 0;
+  std::atomic<int> writers = 0;
+  const auto play = [&](unsigned seed) {
+    std::minstd_rand random(seed);
+    for (int round = 0; round < 1500; ++round) {
+      const bool writes = random() % 3 == 0;
+      const auto block = [&] {
+        auto& own = writes || GetParam() == Kind::serial ? writers : readers;
+        ++own;
+        if (random() % 64 == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        const int alone = writers;
+        EXPECT_TRUE(alone == 0 || (alone == 1 && readers == 0 && &own == &writers));
+        --own;
+      };
+      writes ? queue_.syncBarrier(block) : queue_.sync(block);
+    }
+  };
+  std::vector<std::jthread> threads;
+  for (unsigned seed = 1; seed <= 6; ++seed) threads.emplace_back(play, seed);
 }
 
 TEST_P(DispatchQueues, PassAnExceptionAndEndTheTurn) {

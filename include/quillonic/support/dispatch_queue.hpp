@@ -78,46 +78,46 @@ class QUILLONIC_EXPORT DispatchQueue {
 
   struct Waiter;
 
-  // The state counts the blocks that run together in its upper bits; the two lower ones shut the gate to who
-  // comes without waiting.
-  static constexpr std::uint32_t runsAlone = 1;  // a block runs alone
-  static constexpr std::uint32_t awaited = 2;    // somebody waits, and who comes now waits behind
-  static constexpr std::uint32_t shut = runsAlone | awaited;
-  static constexpr std::uint32_t oneShared = 4;
+  // The state counts the blocks that run together and, in its upper half, those that have come and wait. Both
+  // counts and what runs alone change in one step, so that nobody slips in ahead of who waits already.
+  static constexpr std::uint64_t runsAlone = 1;    // a block runs alone
+  static constexpr std::uint64_t firstSleeps = 2;  // the first of the queue has to be woken
+  static constexpr std::uint64_t oneShared = 4;
+  static constexpr std::uint64_t oneWaiting = std::uint64_t{1} << 32U;
+  static constexpr std::uint64_t allShared = oneWaiting - oneShared;
+  static constexpr std::uint64_t shut = ~allShared;
 
   void enterShared() noexcept {
-    if ((state_.fetch_add(oneShared, std::memory_order_acquire) & shut) != 0) {
-      leaveShared();
-      wait(false);
-    }
+    if ((state_.fetch_add(oneShared, std::memory_order_acquire) & shut) != 0) waitShared();
   }
 
-  void leaveShared() noexcept {
-    const auto before = state_.fetch_sub(oneShared, std::memory_order_release);
-    if ((before & awaited) != 0 && before < 2 * oneShared) admit();
-  }
+  void leaveShared() noexcept { sharedLeft(state_.fetch_sub(oneShared, std::memory_order_release)); }
 
   void enterAlone() noexcept {
-    std::uint32_t idle = 0;
+    std::uint64_t idle = 0;
     if (!state_.compare_exchange_strong(idle, runsAlone, std::memory_order_acquire,
                                         std::memory_order_relaxed)) {
-      wait(true);
+      waitAlone();
     }
   }
 
   void leaveAlone() noexcept {
-    if ((state_.fetch_sub(runsAlone, std::memory_order_release) & awaited) != 0) admit();
+    if ((state_.fetch_sub(runsAlone, std::memory_order_release) & firstSleeps) != 0) wakeFirst();
   }
 
-  void wait(bool alone) noexcept;
-  void admit() noexcept;
-  static bool mayRun(std::uint32_t state, bool alone) noexcept;
-  static std::uint32_t running(std::uint32_t state, bool alone) noexcept;
+  void sharedLeft(std::uint64_t before) noexcept {
+    if ((before & (firstSleeps | allShared)) == (firstSleeps | oneShared)) wakeFirst();
+  }
 
-  std::atomic<std::uint32_t> state_{0};
-  std::atomic<std::uint32_t> waitersLock_{0};
-  Waiter* first_ = nullptr;
-  Waiter* last_ = nullptr;
+  void waitShared() noexcept;
+  void waitAlone() noexcept;
+  void wait(std::uint64_t turn, std::uint64_t obstacles) noexcept;
+  void passOn(Waiter& leader) noexcept;
+  void take(std::uint64_t turn, std::uint64_t obstacles) noexcept;
+  void wakeFirst() noexcept;
+
+  std::atomic<std::uint64_t> state_{0};
+  std::atomic<Waiter*> last_{nullptr};
   Attribute attribute_;
   DispatchQoS qos_;
   std::optional<DispatchQoS::QoSClass> target_;
