@@ -70,6 +70,11 @@ const bool added = [] {
       [](const TranscodeCliArguments& model) {
         benchmark::DoNotOptimize(model.commandLineArguments().data());
       });
+  addGrowth("a bare copy, per word (all flags differ)", inputFiles,
+            [](const std::vector<std::string>& words) {
+              auto copy = words;
+              benchmark::DoNotOptimize(copy.data());
+            });
   const auto paths = [](std::size_t size) -> const auto& {
     return clips(size);
   };

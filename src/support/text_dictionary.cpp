@@ -1,6 +1,7 @@
 #include <quillonic/support/text_dictionary.hpp>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <iterator>
@@ -33,6 +34,25 @@ struct Rank {
   std::size_t position;
 };
 
+// Numbered keys in the order of their numbers ascend up to each power of ten: a few runs, which are merged.
+template <class Before> void sortRuns(std::span<Rank> ranks, Before before) {
+  constexpr std::size_t fewRuns = 16;
+  std::array<std::span<Rank>::iterator, fewRuns + 1> bounds;
+  bounds[0] = ranks.begin();
+  std::size_t runs = 0;
+  while (bounds[runs] != ranks.end()) {
+    if (runs == fewRuns) {
+      std::ranges::sort(ranks, before);
+      return;
+    }
+    bounds[runs + 1] = std::ranges::is_sorted_until(bounds[runs], ranks.end(), before);
+    ++runs;
+  }
+  for (std::size_t merged = 1; merged < runs; ++merged) {
+    std::ranges::inplace_merge(ranks.begin(), bounds[merged], bounds[merged + 1], before);
+  }
+}
+
 // Sorts the ranks of entries by their keys, equal keys by their positions. Long lists are mostly numbered keys that
 // share a long beginning, so what is sorted is eight bytes behind that beginning, and two whole keys are compared only
 // where these are equal.
@@ -44,7 +64,7 @@ void rankByKey(std::span<const Entry> entries, std::span<Rank> ranks) {
   for (std::size_t i = 0; i < entries.size(); ++i) {
     ranks[i] = {leadingBytes(std::string_view(entries[i].key).substr(shared)), i};
   }
-  std::ranges::sort(ranks, [&](const Rank& a, const Rank& b) {
+  sortRuns(ranks, [&](const Rank& a, const Rank& b) {
     if (a.bytes != b.bytes) return a.bytes < b.bytes;
     const int order = entries[a.position].key.compare(entries[b.position].key);
     return order != 0 ? order < 0 : a.position < b.position;
