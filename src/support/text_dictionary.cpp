@@ -34,6 +34,9 @@ struct Rank {
   std::size_t position;
 };
 
+// So many are sorted without an allocation.
+constexpr std::size_t fewRanks = 64;
+
 // Numbered keys in the order of their numbers ascend up to each power of ten: a few runs, which are merged.
 template <class Before> void sortRuns(std::span<Rank> ranks, Before before) {
   constexpr std::size_t fewRuns = 16;
@@ -64,11 +67,12 @@ void rankByKey(std::span<const Entry> entries, std::span<Rank> ranks) {
   for (std::size_t i = 0; i < entries.size(); ++i) {
     ranks[i] = {leadingBytes(std::string_view(entries[i].key).substr(shared)), i};
   }
-  sortRuns(ranks, [&](const Rank& a, const Rank& b) {
+  const auto before = [&](const Rank& a, const Rank& b) {
     if (a.bytes != b.bytes) return a.bytes < b.bytes;
     const int order = entries[a.position].key.compare(entries[b.position].key);
     return order != 0 ? order < 0 : a.position < b.position;
-  });
+  };
+  ranks.size() <= fewRanks ? void(std::ranges::sort(ranks, before)) : sortRuns(ranks, before);
 }
 
 }  // namespace
@@ -85,7 +89,6 @@ TextDictionary::TextDictionary(std::vector<Entry> entries,
     return;
   }
 
-  constexpr std::size_t fewRanks = 64;
   Scratch<Rank, fewRanks> scratch(entries_.size());
   const auto ranks = scratch.elements();
   rankByKey(entries_, ranks);
