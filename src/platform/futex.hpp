@@ -13,9 +13,10 @@ void wait(const std::atomic<std::uint32_t>& word, std::uint32_t value) noexcept;
 // Wakes one of the threads that sleep on a word. The word is only named here and not read: it may be gone.
 void wakeOne(const std::atomic<std::uint32_t>* word) noexcept;
 
-// The same for the lower half of a word; the upper one may change meanwhile.
-void wait(const std::atomic<std::uint64_t>& word, std::uint64_t value) noexcept;
-void wakeOne(const std::atomic<std::uint64_t>* word) noexcept;
+// The same for the upper half of a word, while the lower one may change. Those who sleep say which value they wait for,
+// and all who wait for one are woken, beside few others.
+void waitFor(const std::atomic<std::uint64_t>& word, std::uint64_t value, std::uint32_t awaited) noexcept;
+void wakeThoseFor(const std::atomic<std::uint64_t>* word, std::uint32_t awaited) noexcept;
 
 // Tells the processor that the caller turns round in a waiting loop.
 inline void pause() noexcept {

@@ -1,4 +1,5 @@
 #include <bit>
+#include <climits>
 #include <linux/futex.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -6,39 +7,36 @@
 #include "platform/futex.hpp"
 
 namespace quillonic::futex {
-
 namespace {
 
 static_assert(sizeof(std::atomic<std::uint32_t>) == 4 && sizeof(std::atomic<std::uint64_t>) == 8);
 
-void sleepOn(const void* half, std::uint32_t value) noexcept {
-  syscall(SYS_futex, half, FUTEX_WAIT_PRIVATE, value, nullptr, nullptr, 0);
+const void* upperHalf(const std::atomic<std::uint64_t>* word) noexcept {
+  return reinterpret_cast<const char*>(word) + (std::endian::native == std::endian::little ? 4 : 0);
 }
 
-void wakeOneOn(const void* half) noexcept {
-  syscall(SYS_futex, half, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
-}
-
-const void* lowerHalf(const std::atomic<std::uint64_t>* word) noexcept {
-  return reinterpret_cast<const char*>(word) + (std::endian::native == std::endian::little ? 0 : 4);
+// The system tells sleepers apart by 32 bits.
+std::uint32_t bitOf(std::uint32_t awaited) noexcept {
+  return 1U << awaited % 32;
 }
 
 }  // namespace
 
 void wait(const std::atomic<std::uint32_t>& word, std::uint32_t value) noexcept {
-  sleepOn(&word, value);
-}
-
-void wait(const std::atomic<std::uint64_t>& word, std::uint64_t value) noexcept {
-  sleepOn(lowerHalf(&word), static_cast<std::uint32_t>(value));
+  syscall(SYS_futex, &word, FUTEX_WAIT_PRIVATE, value, nullptr, nullptr, 0);
 }
 
 void wakeOne(const std::atomic<std::uint32_t>* word) noexcept {
-  wakeOneOn(word);
+  syscall(SYS_futex, word, FUTEX_WAKE_PRIVATE, 1, nullptr, nullptr, 0);
 }
 
-void wakeOne(const std::atomic<std::uint64_t>* word) noexcept {
-  wakeOneOn(lowerHalf(word));
+void waitFor(const std::atomic<std::uint64_t>& word, std::uint64_t value, std::uint32_t awaited) noexcept {
+  syscall(SYS_futex, upperHalf(&word), FUTEX_WAIT_BITSET_PRIVATE, static_cast<std::uint32_t>(value >> 32U),
+          nullptr, nullptr, bitOf(awaited));
+}
+
+void wakeThoseFor(const std::atomic<std::uint64_t>* word, std::uint32_t awaited) noexcept {
+  syscall(SYS_futex, upperHalf(word), FUTEX_WAKE_BITSET_PRIVATE, INT_MAX, nullptr, nullptr, bitOf(awaited));
 }
 
 }  // namespace quillonic::futex

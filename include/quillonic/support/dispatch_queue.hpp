@@ -76,48 +76,61 @@ class QUILLONIC_EXPORT DispatchQueue {
     bool alone_;
   };
 
-  struct Waiter;
+  // Counts the blocks of one kind that have left, and lets threads sleep until the count, which wraps, is at a value.
+  class QUILLONIC_EXPORT LeftCount {
+   public:
+    explicit LeftCount(std::uint32_t start) noexcept : word_(std::uint64_t{start} << 32U) {}
 
-  // The state counts the blocks that run together and, in its upper half, those that have come and wait. Both
-  // counts and what runs alone change in one step, so that nobody slips in ahead of who waits already.
-  static constexpr std::uint64_t runsAlone = 1;    // a block runs alone
-  static constexpr std::uint64_t firstSleeps = 2;  // the first of the queue has to be woken
-  static constexpr std::uint64_t oneShared = 4;
-  static constexpr std::uint64_t oneWaiting = std::uint64_t{1} << 32U;
-  static constexpr std::uint64_t allShared = oneWaiting - oneShared;
-  static constexpr std::uint64_t shut = ~allShared;
+    bool isAt(std::uint32_t value) const noexcept {
+      return word_.load(std::memory_order_acquire) >> 32U == value;
+    }
+
+    // The queue may be gone as soon as the count has changed.
+    void increment() noexcept {
+      const auto before = word_.fetch_add(std::uint64_t{1} << 32U, std::memory_order_release);
+      if (static_cast<std::uint32_t>(before) != 0) wake(static_cast<std::uint32_t>(before >> 32U) + 1);
+    }
+
+    void await(std::uint32_t value) noexcept {
+      if (!isAt(value)) wait(value);
+    }
+
+   private:
+    void wait(std::uint32_t value) noexcept;
+    void wake(std::uint32_t value) noexcept;
+
+    // The count, and in the lower half how many threads sleep.
+    std::atomic<std::uint64_t> word_;
+  };
+
+  // A block arrives by one instruction, which counts it and tells how many of either kind came before it. Nobody is
+  // overtaken then, since a block waits until just those have left: all before it that run alone, and, if it runs alone
+  // itself, all that run together as well. A wrap is nothing special: the counts begin shortly before theirs, and what
+  // the lower count of arrivals carries into the upper one is added to those that left, too.
+  static constexpr std::uint32_t start = 0U - 8;
+  static constexpr std::uint64_t oneShared = std::uint64_t{1} << 32U;
 
   void enterShared() noexcept {
-    if ((state_.fetch_add(oneShared, std::memory_order_acquire) & shut) != 0) waitShared();
+    const auto ahead = arrived_.fetch_add(oneShared, std::memory_order_relaxed);
+    aloneLeft_.await(static_cast<std::uint32_t>(ahead));
   }
 
-  void leaveShared() noexcept { sharedLeft(state_.fetch_sub(oneShared, std::memory_order_release)); }
+  void leaveShared() noexcept { sharedLeft_.increment(); }
 
   void enterAlone() noexcept {
-    std::uint64_t idle = 0;
-    if (!state_.compare_exchange_strong(idle, runsAlone, std::memory_order_acquire,
-                                        std::memory_order_relaxed)) {
-      waitAlone();
-    }
+    const auto ahead = arrived_.fetch_add(1, std::memory_order_relaxed);
+    aloneLeft_.await(static_cast<std::uint32_t>(ahead));
+    sharedLeft_.await(static_cast<std::uint32_t>(ahead >> 32U));
   }
 
   void leaveAlone() noexcept {
-    if ((state_.fetch_sub(runsAlone, std::memory_order_release) & firstSleeps) != 0) wakeFirst();
+    if (aloneLeft_.isAt(0U - 1)) sharedLeft_.increment();
+    aloneLeft_.increment();
   }
 
-  void sharedLeft(std::uint64_t before) noexcept {
-    if ((before & (firstSleeps | allShared)) == (firstSleeps | oneShared)) wakeFirst();
-  }
-
-  void waitShared() noexcept;
-  void waitAlone() noexcept;
-  void wait(std::uint64_t turn, std::uint64_t obstacles) noexcept;
-  void passOn(Waiter& leader) noexcept;
-  void take(std::uint64_t turn, std::uint64_t obstacles) noexcept;
-  void wakeFirst() noexcept;
-
-  std::atomic<std::uint64_t> state_{0};
-  std::atomic<Waiter*> last_{nullptr};
+  std::atomic<std::uint64_t> arrived_{start * oneShared + start};
+  LeftCount aloneLeft_{start};
+  LeftCount sharedLeft_{start};
   Attribute attribute_;
   DispatchQoS qos_;
   std::optional<DispatchQoS::QoSClass> target_;
