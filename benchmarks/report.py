@@ -24,8 +24,8 @@ words."""),
               "Empty files in memory (tmpfs), so that nothing waits for a disk."),
     "names": ("Legal names", "ns per name", "Names in which one character in nineteen is not legal on a tape."),
     "switches": ("Switches", "ns per access",
-                 """All threads use one switch without a pause, timed by the clock. Where there are more threads than cores the
-figures hang on when the system takes a thread's core away."""),
+                 """All threads use one switch without a pause, each on a core of its own while there is one, timed by the clock.
+Where there are more threads than cores, keeping the order of arrival costs a change of threads for each access."""),
 }
 
 
@@ -39,7 +39,7 @@ def rows_of(results):
             continue
         topic, work, who = measured["run_name"].split("|")
         is_threaded = topic == "switches"
-        who = who.split("/real_time")[0]
+        who = who.split("/iterations")[0]
         if measured.get("error_occurred"):
             failures.append(f"{work}, {who}: {measured['error_message']}")
         elif measured.get("aggregate_name") == "median":

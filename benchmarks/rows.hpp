@@ -27,7 +27,8 @@ struct Row {
   std::string note = {};
   // How many words, paths, accesses ... one turn of the work handles.
   double items = 1;
-  int threads = 1;
+  // It measures by the clock what each of its turns took for an item.
+  bool timesItself = false;
 };
 
 void add(const Row& row, std::function<void(benchmark::State&)> run);

@@ -1,9 +1,8 @@
 // A Boolean that threads share: what guards it, and what that promises.
 #pragma once
 
-#include <sched.h>
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "rows.hpp"
 
@@ -27,33 +26,9 @@ inline const char* textOf(Promise promise) {
   return "";
 }
 
-// Keeps the threads of a row on processors of their own, in turn, while in scope. Where the system placed them, it would
-// now and then run several on one for a while, and those hardly meet.
-class Placed {
- public:
-  explicit Placed(const benchmark::State& state) {
-    if (state.threads() == 1) return;
-    sched_getaffinity(0, sizeof before_, &before_);
-    std::vector<int> processors;
-    for (int number = 0; number < CPU_SETSIZE; ++number) {
-      if (CPU_ISSET(number, &before_)) processors.push_back(number);
-    }
-    cpu_set_t own;
-    CPU_ZERO(&own);
-    CPU_SET(processors[static_cast<std::size_t>(state.thread_index()) % processors.size()], &own);
-    sched_setaffinity(0, sizeof own, &own);
-    isPlaced_ = true;
-  }
-  Placed(const Placed&) = delete;
-  Placed& operator=(const Placed&) = delete;
-  ~Placed() {
-    if (isPlaced_) sched_setaffinity(0, sizeof before_, &before_);
-  }
-
- private:
-  cpu_set_t before_{};
-  bool isPlaced_ = false;
-};
+// Lets threads play rounds of a hundred accesses at the same time, each on a processor of its own as long as there is one,
+// and gives the seconds that passed for each access.
+double secondsPerAccess(int threads, const std::function<void()>& playRound);
 
 // Every thread reads; `writes` of a hundred accesses write instead. `shared` outlives the program's rows.
 template <class Switch>
@@ -62,18 +37,18 @@ bool addSwitch(Promise promise, const std::string& who, const std::string& note,
     for (const int writes : {0, 1}) {
       const auto work = std::string(textOf(promise)) + ", " + std::to_string(threads) +
                         (threads == 1 ? " thread, " : " threads, ") + std::to_string(writes) + " % writes";
-      add({.topic = "switches", .work = work, .who = who, .note = note, .threads = threads},
-          [&shared, writes](benchmark::State& state) {
-            const Placed placed(state);
-            int turn = 0;
-            for (auto _ : state) {
-              if (++turn == 100) turn = 0;
-              if (turn < writes) {
-                shared.setIsOn(turn % 2 == 0);
-              } else {
-                benchmark::DoNotOptimize(shared.isOn());
+      add({.topic = "switches", .work = work, .who = who, .note = note, .timesItself = true},
+          [&shared, threads, writes](benchmark::State& state) {
+            const auto playRound = [&] {
+              for (int turn = 0; turn < 100; ++turn) {
+                if (turn < writes) {
+                  shared.setIsOn(true);
+                } else {
+                  benchmark::DoNotOptimize(shared.isOn());
+                }
               }
-            }
+            };
+            for (auto _ : state) state.SetIterationTime(secondsPerAccess(threads, playRound));
           });
     }
   }
