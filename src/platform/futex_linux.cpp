@@ -9,7 +9,9 @@
 namespace quillonic::futex {
 namespace {
 
-static_assert(sizeof(std::atomic<std::uint32_t>) == 4 && sizeof(std::atomic<std::uint64_t>) == 8);
+// The system looks at the numbers themselves, or at a half of them.
+static_assert(sizeof(std::atomic<std::uint32_t>) == 4 && std::atomic<std::uint32_t>::is_always_lock_free);
+static_assert(sizeof(std::atomic<std::uint64_t>) == 8 && std::atomic<std::uint64_t>::is_always_lock_free);
 
 const void* upperHalf(const std::atomic<std::uint64_t>* word) noexcept {
   return reinterpret_cast<const char*>(word) + (std::endian::native == std::endian::little ? 4 : 0);

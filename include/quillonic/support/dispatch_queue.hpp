@@ -76,11 +76,12 @@ class QUILLONIC_EXPORT DispatchQueue {
     bool alone_;
   };
 
-  // Counts the blocks of one kind that have left, and lets threads sleep until the count, which wraps, is at a value.
+  // All counts begin shortly before they wrap, so that a wrap is nothing special.
+  static constexpr std::uint32_t firstCount = 0U - 8;
+
+  // Counts the blocks of one kind that have left, and lets threads sleep until the count is at a value.
   class QUILLONIC_EXPORT LeftCount {
    public:
-    explicit LeftCount(std::uint32_t start) noexcept : word_(std::uint64_t{start} << 32U) {}
-
     bool isAt(std::uint32_t value) const noexcept {
       return word_.load(std::memory_order_acquire) >> 32U == value;
     }
@@ -100,14 +101,13 @@ class QUILLONIC_EXPORT DispatchQueue {
     void wake(std::uint32_t value) noexcept;
 
     // The count, and in the lower half how many threads sleep.
-    std::atomic<std::uint64_t> word_;
+    std::atomic<std::uint64_t> word_{std::uint64_t{firstCount} << 32U};
   };
 
   // A block arrives by one instruction, which counts it and tells how many of either kind came before it. Nobody is
   // overtaken then, since a block waits until just those have left: all before it that run alone, and, if it runs alone
-  // itself, all that run together as well. A wrap is nothing special: the counts begin shortly before theirs, and what
-  // the lower count of arrivals carries into the upper one is added to those that left, too.
-  static constexpr std::uint32_t start = 0U - 8;
+  // itself, all that run together as well. What the lower count of arrivals carries into the upper one when it wraps is
+  // added to those that left, too.
   static constexpr std::uint64_t oneShared = std::uint64_t{1} << 32U;
 
   void enterShared() noexcept {
@@ -128,9 +128,9 @@ class QUILLONIC_EXPORT DispatchQueue {
     aloneLeft_.increment();
   }
 
-  std::atomic<std::uint64_t> arrived_{start * oneShared + start};
-  LeftCount aloneLeft_{start};
-  LeftCount sharedLeft_{start};
+  std::atomic<std::uint64_t> arrived_{firstCount * oneShared + firstCount};
+  LeftCount aloneLeft_;
+  LeftCount sharedLeft_;
   Attribute attribute_;
   DispatchQoS qos_;
   std::optional<DispatchQoS::QoSClass> target_;
