@@ -116,15 +116,15 @@ def growth_table(series):
         for kind, unit in (("time", "ns"), ("peak", "bytes")):
             values = [rows[str(size)]["time"] if kind == "time" else rows[str(size)]["peak"] / size for size in sizes]
             if kind == "peak" and rows[str(sizes[-1])]["peak"] <= 2 * rows[str(sizes[0])]["peak"]:
-                note = "the same for all"
+                notes = ["the same for all", ""]
             else:
-                note = figure(max(values) / min(values))
-            lines.append([name, unit] + [figure(value) for value in values] + [note])
-    header = ["of", "in"] + [f"{size:,}" for size in sizes] + ["greatest / least"]
+                notes = [figure(max(values) / min(values)), figure(values[-1] / values[0])] if min(values) else ["", ""]
+            lines.append([name, unit] + [figure(value) for value in values] + notes)
+    header = ["of", "in"] + [f"{size:,}" for size in sizes] + ["greatest / least", "last / first"]
     return table(header, lines, range(2, len(header)))
 
 
-COLOURS = ["#1b6ca8", "#c8553d", "#3b8b4a", "#7a4fa3", "#b8860b", "#777777", "#111111"]
+COLOURS = ["#1b6ca8", "#c8553d", "#3b8b4a", "#7a4fa3", "#b8860b", "#777777", "#111111", "#d17fb0"]
 
 
 def svg_of(series):
