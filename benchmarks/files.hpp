@@ -51,8 +51,8 @@ void addQuestion(Row row, Convert convert, Ask ask, TextOf textOf, Expected expe
   });
 }
 
-inline constexpr const char* findingRoots = "volume root of 10,000 paths, asking the system";
-inline constexpr const char* findingRootsByText = "volume root of 10,000 paths, by their texts";
+inline constexpr const char* findingRoots = "volume root of each of 10,000 paths, asking the system";
+inline constexpr const char* findingRootsByText = "volume root of each of 10,000 paths, by their texts";
 inline constexpr const char* readingAttributes = "attributes of 10,000 items";
 
 std::string rootOf(const std::filesystem::path& item);

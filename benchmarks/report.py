@@ -18,10 +18,12 @@ TOPICS = {
 them, and then numbered input files; on those with flags repeated the known flags come over and over. Every reader has
 to know all known flags and the files of the line, and is told of them before the clock runs. All get the same words,
 those that ask for two hyphens one byte more per flag, and are first shown to read the same values and to write the same
+words. A reader whose time for a word grows with the flags that it knows or has read is not given lines of 100,000
 words."""),
     "timecode": ("Timecodes", "ns each", "1,024 timecodes in turn, half of them in drop frame."),
     "files": ("Files", "ns per item, or per name found",
-              "Empty files in memory (tmpfs), so that nothing waits for a disk."),
+              """Files without content, in memory where the machine has room for that, so that nothing waits for a disk. The
+library finds the roots of all paths in one call, the others path by path."""),
     "names": ("Legal names", "ns per name", "Names in which one character in nineteen is not legal on a tape."),
     "switches": ("Switches", "ns per access",
                  """All threads use one switch without a pause, each on a core of its own while there is one, timed by the clock.
@@ -76,7 +78,8 @@ def count(allocations):
 def beside(works):
     """A line per work and peer, and the lines that are behind."""
     lines, behind = [], []
-    for work, rows in sorted(works.items(), key=lambda entry: entry[1][OURS]["place"]):
+    measured = [(work, rows) for work, rows in works.items() if OURS in rows]
+    for work, rows in sorted(measured, key=lambda entry: entry[1][OURS]["place"]):
         ours = rows[OURS]
         others = sorted((who.startswith(LIMIT), -row["time"], who) for who, row in rows.items() if who != OURS)
         for is_limit, _, who in others:
@@ -210,8 +213,11 @@ Written by `./scripts/bench`; see there for how. {machine(context)}.
 Every row is measured in the same run as those beside it, each several times in random order, and the medians count:
 what may be compared is the ratio. Below 1 the library is ahead; rows in which it is behind are set in bold. Rows in
 italics are the least that the machine needs for the work, and their ratio is the distance to that. Allocations are
-those of one turn of the work, C libraries included. Single threads are timed on the processor, several by the clock."""]
+those of one turn of the work, C libraries included. What is timed is the processor's time, and the clock's where threads
+or loops take turns: for switches that is the time that passed, divided by the accesses of all threads."""]
     parts.append(f"Left out: {context['left out']}." if context.get("left out") else "No peer was left out.")
+    if failures:
+        parts.append("Not measured, since they failed:\n\n" + "\n".join(f"- {failure}" for failure in failures))
     if packages():
         parts.append(f"Peers: {packages()}.")
     doing_less = [row for row in behind if row[3].startswith("less")]
@@ -224,7 +230,9 @@ those of one turn of the work, C libraries included. Single threads are timed on
                  "whether it is an alias file.\n\n" + turns_table(results))
     if growth:
         parts.append("## Cost as work grows\n\nTime and peak memory, what was handed in not counted, for each word, path "
-                     "or item of a hundred to a million.\n\n![growth](growth.svg)\n\n" + growth_table(growth))
+                     "or item of a hundred to a million. A bare copy of the words and a bare system call show what memory and "
+                     "the system's caches do to any program; a cost that falls is one that more items share.\n\n"
+                     "![growth](growth.svg)\n\n" + growth_table(growth))
         with open(os.path.join(FOLDER, "growth.svg"), "w", encoding="utf-8") as file:
             file.write(svg_of(growth))
     with open(os.path.join(FOLDER, "README.md"), "w", encoding="utf-8") as file:

@@ -29,7 +29,6 @@ enum class Kind { distinct, repeated };
 
 CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
   CommandLine line;
-  line.hyphens = hyphens;
   // Not every peer reads a flag of one letter behind as many hyphens as the others.
   std::vector<std::string_view> known;
   std::ranges::copy_if(TranscodeCliArguments::allKnownCommandFlags(), std::back_inserter(known),
@@ -52,6 +51,7 @@ CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
       line.settings[i % known.size()].value = std::move(value);
     }
   }
+  for (const auto& flag : line.flags) line.flagWords.push_back(hyphens + flag);
   static char program[] = "program";
   line.argv.push_back(program);
   for (auto& word : line.words) line.argv.push_back(word.data());
@@ -168,7 +168,7 @@ class Limit final {
     copy_.resize(bytes_);
     text_.reserve(bytes_);
     for (const auto& word : line.words) text_ += word;
-    for (const auto& flag : line.flags) slots_[slotOf(line.hyphens + flag)] = line.hyphens + flag;
+    for (const auto& flag : line.flagWords) slots_[slotOf(flag)] = flag;
   }
 
   void probe() const {

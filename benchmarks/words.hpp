@@ -17,6 +17,8 @@ struct CommandLine {
   std::vector<std::string> words;
   // Every flag that the reader has to know, without hyphens: many more than stand on a short line.
   std::vector<std::string> flags;
+  // The same with hyphens, for readers whose writing is code around them.
+  std::vector<std::string> flagWords;
   // A flag of the line, by its place among all, and the value that holds in the end. Each once, in the order in which
   // they first stand.
   struct Setting {
@@ -24,7 +26,6 @@ struct CommandLine {
     std::string value;
   };
   std::vector<Setting> settings;
-  std::string hyphens;
   // As `main` receives the words: the program's name before them, a null pointer behind.
   mutable std::vector<char*> argv;
 

@@ -10,12 +10,13 @@ std::string numbered(int collision) {
 }
 
 std::string freeName(const fs::path& wanted) {
-  auto candidate = wanted;
-  for (int counter = 2; fs::exists(candidate); ++counter) {
-    candidate = wanted.parent_path() /
-                (wanted.stem().native() + " " + std::to_string(counter) + wanted.extension().native());
+  if (!fs::exists(wanted)) return wanted.native();
+  const auto beginning = (wanted.parent_path() / wanted.stem()).native() + " ";
+  const auto extension = wanted.extension().native();
+  for (int counter = 2;; ++counter) {
+    auto candidate = beginning + std::to_string(counter) + extension;
+    if (!fs::exists(candidate)) return candidate;
   }
-  return candidate.native();
 }
 
 struct Attributes {

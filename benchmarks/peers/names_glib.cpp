@@ -21,7 +21,8 @@ std::string withoutEscapes(std::string name) {
 }
 
 const bool added =
-    addCleaning("g_uri_escape_string", "more: writes three characters for one that is not legal", escaped,
+    addCleaning("g_uri_escape_string",
+                "more: writes three characters for one that is not legal; copied into a std::string", escaped,
                 withoutEscapes);
 
 }  // namespace

@@ -23,10 +23,10 @@ class Cli11 final : public WordsReader {
   std::vector<std::string> emit() const override {
     std::vector<std::string> words;
     words.reserve(2 * line_.settings.size());
-    for (const auto* option : options_) {
-      if (option->empty()) continue;
-      words.push_back("--" + option->get_lnames().front());
-      words.push_back(option->results().back());
+    for (std::size_t i = 0; i < options_.size(); ++i) {
+      if (options_[i]->empty()) continue;
+      words.push_back(line_.flagWords[i]);
+      words.push_back(options_[i]->results().back());
     }
     return words;
   }

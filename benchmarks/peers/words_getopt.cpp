@@ -68,7 +68,7 @@ class Stored final : public WordsReader {
     std::vector<std::string> words;
     words.reserve(2 * order_.size());
     for (const auto flag : order_) {
-      words.push_back("-" + line_.flags[flag]);
+      words.push_back(line_.flagWords[flag]);
       words.push_back(*values_[flag]);
     }
     return words;

@@ -40,7 +40,7 @@ class OptionContext final : public WordsReader {
     words.reserve(2 * line_.settings.size());
     for (std::size_t i = 0; i < values_.size(); ++i) {
       if (!values_[i]) continue;
-      words.push_back("--" + line_.flags[i]);
+      words.push_back(line_.flagWords[i]);
       words.emplace_back(values_[i]);
     }
     return words;
