@@ -104,6 +104,16 @@ const std::vector<std::string> words{"-vcodec",
                                      "-wmt_text",
                                      "a text that fits no small buffer"};
 
+// So long that tables grow and sorting needs room.
+const std::vector<std::string> manyWords = [] {
+  std::vector<std::string> made;
+  for (int i = 0; i < 150; ++i) {
+    made.push_back((i % 5 == 0 ? "-unknown_" : "-in_0_") + std::to_string(i));
+    made.push_back("/Volumes/CARD A/A001C002_" + std::to_string(i) + ".mov");
+  }
+  return made;
+}();
+
 struct Operation {
   const char* name;
   // Whether it changes several options, of which some may have changed when it fails.
@@ -113,6 +123,7 @@ struct Operation {
 
 const Operation operations[] = {
     {"parse", false, [](Model&) { Model(words, true); }},
+    {"parse a long line", false, [](Model&) { Model(manyWords, true); }},
     {"parse and replace", false, [](Model& model) { model = Model(words); }},
     {"read a dictionary", false, [](Model& model) { Model::from(model.argumentLookup()); }},
     {"code", false, [](Model& model) { decode<Model>(encode(model)); }},
