@@ -30,7 +30,7 @@ inline void pause() noexcept {
 }
 
 // Until when no thread hands its processor on to look again, since a busy program would keep it. What is lost to such
-// programs stays a fifth of the time.
+// programs stays half of the time.
 inline std::atomic<std::chrono::steady_clock::time_point> processorsAreWantedUntil{};
 
 // Looks again and again whether something has come that takes other threads a few instructions. False where it has
@@ -46,16 +46,16 @@ template <class Condition> bool comesSoon(Condition hasCome) noexcept {
   // Where more threads run than there are processors, the one that is waited for may need this one. To be put to
   // sleep and woken costs as much as hundreds of such turns.
   for (int look = 0; look < 1000; ++look) {
-    if (hasCome()) return true;
     std::this_thread::yield();
     const auto before = std::exchange(now, Clock::now());
+    if (!hasCome()) continue;
     const auto givenAway = now - before;
     if (givenAway > std::chrono::microseconds(500)) {
-      processorsAreWantedUntil.store(now + 4 * givenAway, std::memory_order_relaxed);
-      break;
+      processorsAreWantedUntil.store(now + givenAway, std::memory_order_relaxed);
     }
+    return true;
   }
-  return hasCome();
+  return false;
 }
 
 }  // namespace quillonic::futex
