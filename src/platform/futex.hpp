@@ -45,7 +45,8 @@ template <class Condition> bool comesSoon(Condition hasCome) noexcept {
   if (now < processorsAreWantedUntil.load(std::memory_order_relaxed)) return false;
   // Where more threads run than there are processors, the one that is waited for may need this one. To be put to
   // sleep and woken costs as much as hundreds of such turns.
-  for (int look = 0; look < 1000; ++look) {
+  const auto end = now + std::chrono::milliseconds(5);
+  for (int look = 0; look < 1000 && now < end; ++look) {
     std::this_thread::yield();
     const auto before = std::exchange(now, Clock::now());
     if (!hasCome()) continue;
