@@ -72,7 +72,11 @@ void rankByKey(std::span<const Entry> entries, std::span<Rank> ranks) {
     const int order = entries[a.position].key.compare(entries[b.position].key);
     return order != 0 ? order < 0 : a.position < b.position;
   };
-  ranks.size() <= fewRanks ? void(std::ranges::sort(ranks, before)) : sortRuns(ranks, before);
+  if (ranks.size() <= fewRanks) {
+    std::ranges::sort(ranks, before);
+  } else {
+    sortRuns(ranks, before);
+  }
 }
 
 }  // namespace

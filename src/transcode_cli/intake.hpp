@@ -53,7 +53,11 @@ class TranscodeCliArguments::Intake {
     if (keepsOrder_) order_.append(key);
     target.emplace_back(std::move(key), std::move(stored));
     const auto added = placeAt(target.size() - 1, valid);
-    slot ? others_.take(*slot, added) : void(placeOfKnown_[known] = added);
+    if (slot) {
+      others_.take(*slot, added);
+    } else {
+      placeOfKnown_[known] = added;
+    }
   }
 
   TranscodeCliArguments model() && {

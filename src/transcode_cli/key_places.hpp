@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "transcode_cli/known_flags.hpp"
+#include "transcode_cli/text_hash.hpp"
 
 namespace quillonic {
 
@@ -38,7 +38,7 @@ class KeyPlaces {
   template <class IsAt> Slot& slotOf(std::string_view key, IsAt isAt) {
     const auto last = key.empty() ? 0U : static_cast<unsigned char>(key.back());
     const auto stem = key.substr(0, key.empty() ? 0 : key.size() - 1);
-    const auto hash = known_flags::table::hashOf(stem) * 0xD6E8FEB86659FD93U;
+    const auto hash = text_hash::spread(text_hash::of(stem));
     const auto tag = (hash ^ std::uint64_t{last} << placeBits) & ~allPlaces;
     const auto mask = slots_.size() - 1;
     auto at = (hash >> 20U << 4U | (last & 15U)) & mask;

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "tool_cli/contained_texts.hpp"
+#include "transcode_cli/text_hash.hpp"
 
 namespace quillonic::known_flags {
 
@@ -23,38 +24,10 @@ namespace table {
 inline constexpr std::size_t longest =
     std::ranges::max(detail::knownCommandFlags, {}, &std::string_view::size).size();
 
-// Four or eight bytes of a text as a number, written so that it is one load.
-constexpr std::uint64_t fourBytes(const char* text) noexcept {
-  const auto byte = [=](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(text[i])}; };
-  return byte(0) | byte(1) << 8U | byte(2) << 16U | byte(3) << 24U;
-}
-constexpr std::uint64_t eightBytes(const char* text) noexcept {
-  return fourBytes(text) | fourBytes(text + 4) << 32U;
-}
-
-// Takes eight bytes at a time; the last ones overlap those before them.
-constexpr std::uint64_t hashOf(std::string_view text) noexcept {
-  std::uint64_t hash = text.size();
-  const auto mix = [&](std::uint64_t bytes) {
-    hash = (hash ^ bytes) * 0x9E3779B97F4A7C15U;
-    hash ^= hash >> 32U;
-  };
-  const char* const begin = text.data();
-  if (text.size() >= 8) {
-    for (std::size_t at = 0; at + 8 < text.size(); at += 8) mix(eightBytes(begin + at));
-    mix(eightBytes(begin + text.size() - 8));
-  } else if (text.size() >= 4) {
-    mix(fourBytes(begin) | fourBytes(begin + text.size() - 4) << 32U);
-  } else {
-    for (const char c : text) mix(static_cast<unsigned char>(c));
-  }
-  return hash;
-}
-
 inline constexpr unsigned slotBits = 9;
 
 constexpr std::size_t slotOf(std::uint64_t hash, std::uint64_t seed) noexcept {
-  return (hash ^ seed) * 0xD6E8FEB86659FD93U >> (64U - slotBits);
+  return text_hash::spread(hash ^ seed) >> (64U - slotBits);
 }
 
 struct Slots {
@@ -66,7 +39,7 @@ struct Slots {
 consteval Slots withoutCollision() {
   static_assert(none < 256);
   std::array<std::uint64_t, count> hashes{};
-  std::ranges::transform(detail::knownCommandFlags, hashes.begin(), hashOf);
+  std::ranges::transform(detail::knownCommandFlags, hashes.begin(), text_hash::of);
   Slots slots;
   slots.flag.fill(static_cast<std::uint8_t>(none));
   for (;; ++slots.seed) {
@@ -104,7 +77,7 @@ inline constexpr ContainedTexts contained{std::span(shortest.first).first(shorte
 // The position of a flag in the list of known flags, or `none`. `flag` must be lower-cased and trimmed.
 constexpr std::size_t indexOf(std::string_view flag) noexcept {
   if (flag.size() > table::longest) return none;
-  const std::size_t found = table::slots.flag[table::slotOf(table::hashOf(flag), table::slots.seed)];
+  const std::size_t found = table::slots.flag[table::slotOf(text_hash::of(flag), table::slots.seed)];
   return found != none && detail::knownCommandFlags[found] == flag ? found : none;
 }
 
