@@ -215,13 +215,13 @@ using Member = std::variant<std::optional<std::string> AliasFile::*, std::option
                             std::optional<AnyValue::Date> AliasFile::*,
                             std::optional<AliasFile::Properties> AliasFile::*>;
 
-struct Field {
+struct KeyedMember {
   std::uint32_t key;
   Member member;
 };
 
 // All that is recorded but the path, by key.
-constexpr auto fields = std::to_array<Field>({
+constexpr auto fields = std::to_array<KeyedMember>({
     {0x1010, &AliasFile::targetProperties},
     {0x1040, &AliasFile::targetCreationDate},
     {0x1054, &AliasFile::relativeDirsUp},

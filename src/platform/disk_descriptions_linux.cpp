@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <system_error>
 #include <utility>
 
 #include "platform/file_reading_linux.hpp"
 #include "platform/text.hpp"
+#include "platform/volume_names.hpp"
 
 namespace quillonic {
 namespace {
@@ -32,16 +31,6 @@ bool isNetworkVolume(const Mount& mount) {
   // In user space the kind may be left open; then only the address tells.
   return std::ranges::binary_search(networkKinds, kind) ||
          (kind == "fuse" && mount.source.find("://") != std::string::npos);
-}
-
-std::pair<std::uint32_t, std::uint32_t> deviceOf(const Mount& mount) {
-  struct stat node {};
-  // A file system over several devices has a number of its own, but names one of them.
-  if (mount.deviceMajor == 0 && mount.source.starts_with("/dev/") &&
-      ::stat(mount.source.c_str(), &node) == 0 && S_ISBLK(node.st_mode)) {
-    return {major(node.st_rdev), minor(node.st_rdev)};
-  }
-  return {mount.deviceMajor, mount.deviceMinor};
 }
 
 std::optional<std::string> attribute(const fs::path& device, const char* name) {
@@ -114,8 +103,8 @@ DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::p
   DiskDescriptionDictionary description{{"DAVolumePath", mount.mountPoint},
                                         {"DAVolumeKind", mount.kind},
                                         {"DAVolumeNetwork", isNetworkVolume(mount)}};
-  const auto [majorNumber, minorNumber] = deviceOf(mount);
-  const auto number = std::to_string(majorNumber) + ":" + std::to_string(minorNumber);
+  const auto block = deviceOf(mount);
+  const auto number = std::to_string(block.major) + ":" + std::to_string(block.minor);
   const auto device = deviceTree / "dev/block" / number;
   if (isThere(device)) describeDevice(device, description);
   return description;

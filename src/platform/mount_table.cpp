@@ -36,7 +36,7 @@ constexpr bool isOctal(char c) noexcept {
   return c >= '0' && c <= '7';
 }
 
-std::string withoutEscapes(std::string_view field) {
+std::string withoutOctalEscapes(std::string_view field) {
   std::string text;
   text.reserve(field.size());
   for (std::size_t at = 0; at < field.size();) {
@@ -85,12 +85,12 @@ std::optional<Mount> mountFromLine(std::string_view line) {
                .parentIdentifier = *parent,
                .deviceMajor = *major,
                .deviceMinor = *minor,
-               .root = withoutEscapes(root),
-               .mountPoint = withoutEscapes(mountPoint),
-               .kind = withoutEscapes(kind),
-               .source = withoutEscapes(source),
+               .root = withoutOctalEscapes(root),
+               .mountPoint = withoutOctalEscapes(mountPoint),
+               .kind = withoutOctalEscapes(kind),
+               .source = withoutOctalEscapes(source),
                .isReadOnly = hasOption(options, "ro") || hasOption(*superOptions, "ro"),
-               .superOptions = withoutEscapes(*superOptions)};
+               .superOptions = withoutOctalEscapes(*superOptions)};
 }
 
 }  // namespace

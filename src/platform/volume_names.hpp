@@ -17,7 +17,7 @@ struct DeviceNumber {
   friend bool operator==(const DeviceNumber&, const DeviceNumber&) = default;
 };
 
-// The device that a mount is on: that of its source where the file system has a number of its own.
+// The device that a mount is on. A file system over several devices has a number of its own, but names one of them.
 DeviceNumber deviceOf(const Mount& mount);
 
 // What the system calls its volumes, mounted or not. Empty where it lists none.

@@ -18,7 +18,7 @@ std::optional<DeviceNumber> blockDeviceAt(const std::string& path) {
 }
 
 // Bytes that a name in the device folder cannot hold are written there as "\x20".
-std::string withoutEscapes(std::string_view name) {
+std::string withoutHexEscapes(std::string_view name) {
   std::string text;
   for (std::size_t at = 0; at < name.size(); ++at) {
     const auto code = name.substr(at, 4);
@@ -55,7 +55,7 @@ VolumeNames::VolumeNames(const std::string& folder) {
   if (!links) return;
   for (const auto& link : *links) {
     if (const auto device = blockDeviceAt(folder + "/" + link.name))
-      rows_.push_back({*device, withoutEscapes(link.name)});
+      rows_.push_back({*device, withoutHexEscapes(link.name)});
   }
 }
 

@@ -46,7 +46,7 @@ class Number {
   bool fits_ = true;
 };
 
-enum Field : std::size_t { hoursField, minutesField, secondsField, framesField, fieldCount };
+enum : std::size_t { hoursField, minutesField, secondsField, framesField, fieldCount };
 
 struct Separators {
   bool isDropFrame = false;
