@@ -3,6 +3,7 @@
 set -euo pipefail
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+PATH=$PATH:/usr/sbin:/sbin # what only administrators use is not on everybody's
 
 say() { printf '\n== %s\n' "$*"; }
 
