@@ -2,6 +2,8 @@
 #include <quillonic/transcode_cli/arguments.hpp>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <memory>
 #include <utility>
 
@@ -60,6 +62,35 @@ TextDictionary numberedEntries(const InputFileGroups& groups) {
 const std::string* plainInputFile(const TextDictionary& lookup) noexcept {
   const auto* plain = lookup.find(VAVInputPrefixFlag);
   return plain && !plain->value.empty() ? &plain->value : nullptr;
+}
+
+// Copies a text that is as long as a number, or up to twice as long: as two numbers, which may overlap.
+template <class Number> void copyAsTwo(char* to, std::string_view text) noexcept {
+  Number first;
+  Number last;
+  std::memcpy(&first, text.data(), sizeof first);
+  std::memcpy(&last, text.data() + text.size() - sizeof last, sizeof last);
+  std::memcpy(to, &first, sizeof first);
+  std::memcpy(to + text.size() - sizeof last, &last, sizeof last);
+}
+
+// Most words are so short that a call which copies them would take longer than the copying.
+void append(std::vector<std::string>& words, const std::string& text) {
+  constexpr std::size_t shortText = 15;  // what strings hold without an allocation
+  if (text.size() > shortText) {
+    words.emplace_back(text);
+    return;
+  }
+  auto& word = words.emplace_back(shortText, '\0');
+  if (text.size() >= sizeof(std::uint64_t)) {
+    copyAsTwo<std::uint64_t>(word.data(), text);
+  } else if (text.size() >= sizeof(std::uint32_t)) {
+    copyAsTwo<std::uint32_t>(word.data(), text);
+  } else if (!text.empty()) {
+    copyAsTwo<char>(word.data(), text);
+    word[text.size() / 2] = text[text.size() / 2];
+  }
+  word.resize(text.size());
 }
 
 CodedRecord coded(const TextDictionary& lookup) {
@@ -303,7 +334,12 @@ template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) c
     }
     return;
   }
+  visitSearching(visit);
+}
 
+// Kept out of the way of the other two, which are most of what is asked for.
+template <class Visit> [[gnu::noinline]] void TranscodeCliArguments::visitSearching(Visit visit) const {
+  const std::span<const TextDictionary::Entry> entries(flagValueLookup_.begin(), flagValueLookup_.end());
   // Most entries stand where they stood when the flags were read, or as far from there as the one that was last
   // searched for, since what was added or removed before them moves them together.
   std::size_t shift = 0;
@@ -340,8 +376,8 @@ template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) c
   std::vector<std::string> words;
   words.reserve(2 * flagValueLookup_.size());
   visitArguments([&](const TextDictionary::Entry& entry) {
-    words.emplace_back(entry.key);
-    words.emplace_back(entry.value);
+    append(words, entry.key);
+    append(words, entry.value);
   });
   return words;
 }

@@ -196,6 +196,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   };
 
   template <class Visit> void visitArguments(Visit visit) const;
+  template <class Visit> void visitSearching(Visit visit) const;
 
   std::optional<FlagOrder> orderedFlags_;
   TextDictionary invalidKeyValueLookup_;
