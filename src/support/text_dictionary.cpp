@@ -107,7 +107,11 @@ TextDictionary::TextDictionary(std::vector<Entry> entries,
   }
   std::vector<Entry> placed;
   placed.reserve(kept);
-  for (const auto& rank : ranks.first(kept)) placed.push_back(std::move(entries_[rank.position]));
+  for (std::size_t i = 0; i < kept; ++i) {
+    constexpr std::size_t ahead = 8;
+    if (i + ahead < kept) __builtin_prefetch(&entries_[ranks[i + ahead].position]);
+    placed.push_back(std::move(entries_[ranks[i].position]));
+  }
   entries_ = std::move(placed);
 }
 

@@ -97,10 +97,11 @@ class TranscodeCliArguments::Intake {
     return others_.slotOf(key, [&](Place place) { return entryAt(place).key == key; });
   }
 
-  // How many entries there will be if the rest of the line is like its beginning, within limits. To double alone would
-  // move the entries of a long line time and again.
+  // How many entries there will be if the rest of the line is like its beginning: to double alone would move the entries
+  // of a long line time and again. The guess counts once it is near.
   std::size_t expectedFor(std::size_t entries) const noexcept {
-    return std::clamp(words_ / 2 / flags_ * entries, 2 * entries, 4 * entries) + 16;
+    const auto expected = words_ / 2 * entries / flags_;
+    return (expected < 8 * entries ? std::max(expected, 2 * entries) : 4 * entries) + 16;
   }
 
   std::size_t words_;
