@@ -44,9 +44,9 @@ template <class Condition> bool comesSoon(Condition hasCome) noexcept {
   auto now = Clock::now();
   if (now < processorsAreWantedUntil.load(std::memory_order_relaxed)) return false;
   // Where more threads run than there are processors, the one that is waited for may need this one. To be put to
-  // sleep and woken costs as much as hundreds of such turns.
-  const auto end = now + std::chrono::milliseconds(5);
-  for (int look = 0; look < 1000 && now < end; ++look) {
+  // sleep and woken costs as much as hundreds of such turns, and where the machine is shared up to a millisecond or two.
+  const auto end = now + std::chrono::milliseconds(2);
+  while (now < end) {
     std::this_thread::yield();
     const auto before = std::exchange(now, Clock::now());
     if (!hasCome()) continue;
