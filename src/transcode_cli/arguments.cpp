@@ -75,7 +75,9 @@ template <class Number> void copyAsTwo(char* to, std::string_view text) noexcept
 }
 
 // Most words are so short that a call which copies them would take longer than the copying.
-void append(std::vector<std::string>& words, const std::string& text) {
+// There must be room for it.
+void append(std::vector<std::string>& words, std::string_view text) {
+  if (words.size() == words.capacity()) __builtin_unreachable();
   constexpr std::size_t shortText = 15;  // what strings hold without an allocation
   if (text.size() > shortText) {
     words.emplace_back(text);
@@ -328,9 +330,10 @@ template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) c
   if (orderedFlags_->isLocatedIn(flagValueLookup_)) {
     // Entries lie in the order of their keys, so those of a long line are fetched from here and there: ahead of time.
     constexpr std::size_t ahead = 8;
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-      if (i + ahead < entries.size()) __builtin_prefetch(&entries[orderedFlags_->entryPosition(i + ahead)]);
-      visit(entries[orderedFlags_->entryPosition(i)]);
+    const auto marks = orderedFlags_->marks();
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+      if (i + ahead < marks.size()) __builtin_prefetch(&entries[marks[i + ahead].entryPosition]);
+      visit(entries[marks[i].entryPosition]);
     }
     return;
   }
@@ -345,7 +348,7 @@ template <class Visit> [[gnu::noinline]] void TranscodeCliArguments::visitSearch
   std::size_t shift = 0;
   const auto positionOf = [&](std::size_t ordered) {
     const auto flag = (*orderedFlags_)[ordered];
-    const auto before = orderedFlags_->entryPosition(ordered);
+    const auto before = orderedFlags_->marks()[ordered].entryPosition;
     for (const auto likely : {before, before + shift}) {
       if (likely < entries.size() && entries[likely].key == flag) return likely;
     }

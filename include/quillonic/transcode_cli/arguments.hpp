@@ -181,7 +181,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
     }
     std::size_t size() const noexcept { return marks_.size(); }
     std::string_view operator[](std::size_t position) const noexcept;
-    std::size_t entryPosition(std::size_t position) const noexcept { return marks_[position].entryPosition; }
+    auto marks() const noexcept { return std::span(marks_); }
 
    private:
     struct Mark {
