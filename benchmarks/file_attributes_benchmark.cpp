@@ -7,80 +7,64 @@
 #include <array>
 #include <benchmark/benchmark.h>
 #include <chrono>
-#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <stdexcept>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
 
-namespace quillonic {
+#include "tree.hpp"
+
+namespace quillonic::benchmarks {
 namespace {
 
 constexpr int itemCount = 10'000;
 
-class Tree {
+using Paths = std::vector<std::filesystem::path>;
+
+// Large clips as cameras leave them: too great for alias files.
+const Paths& largeClips() {
+  return clips(itemCount);
+}
+
+// A tree below a folder of its own, filled when it is first asked for.
+class Filled {
  public:
-  Tree() {
-    std::string name = std::filesystem::temp_directory_path() / "quillonic-XXXXXX";
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    root_ = name;
-  }
-  Tree(const Tree&) = delete;
-  Tree& operator=(const Tree&) = delete;
-  ~Tree() { std::filesystem::remove_all(root_); }
-
-  const std::filesystem::path& root() const { return root_; }
-  const std::vector<std::filesystem::path>& items() const { return items_; }
-
-  template <class Make> void fill(Make make) {
+  template <class Make> explicit Filled(Make make) {
     for (int i = 0; i < itemCount; ++i) {
-      const auto folder = root_ / ("reel " + std::to_string(i / 100));
-      std::filesystem::create_directories(folder);
-      items_.push_back(folder / ("A001C" + std::to_string(i) + "_201112_R1AB.MXF"));
-      make(items_.back());
+      const auto name = "reel " + std::to_string(i / 100) + "/A001C" + std::to_string(i) + "_201112_R1AB.MXF";
+      paths_.push_back(make(tree_, name));
     }
   }
 
+  const std::filesystem::path& root() const noexcept { return tree_.root(); }
+  const Paths& paths() const noexcept { return paths_; }
+
  private:
-  std::filesystem::path root_;
-  std::vector<std::filesystem::path> items_;
+  Tree tree_;
+  Paths paths_;
 };
 
-// Clips as a camera leaves them: too great for an alias file. They hold no blocks.
-const Tree& clips() {
-  static Tree tree;
-  if (tree.items().empty()) {
-    tree.fill([](const auto& item) {
-      std::ofstream(item).close();
-      std::filesystem::resize_file(item, std::uintmax_t{1} << 30U);
-    });
-  }
-  return tree;
-}
-
 // Files of the size of an alias file, each of which has to be opened.
-const Tree& smallFiles() {
-  static Tree tree;
-  if (tree.items().empty()) {
-    tree.fill([](const auto& item) { std::ofstream(item) << std::string(1000, 'x'); });
-  }
-  return tree;
+const Paths& smallFiles() {
+  static const Filled files([](Tree& tree, const std::string& name) { return tree.add(name, 1000); });
+  return files.paths();
 }
 
-const Tree& links() {
-  static Tree tree;
-  if (tree.items().empty()) {
-    int count = 0;
-    tree.fill([&](const auto& item) {
-      const bool isRelative = ++count % 2 == 0;
-      std::filesystem::create_symlink(isRelative ? "../reel 0/clip.mov" : "/media/CARD/clip.mov", item);
-    });
-  }
-  return tree;
+const Filled& linkTree() {
+  static const Filled links([isRelative = false](Tree& tree, const std::string& name) mutable {
+    isRelative = !isRelative;
+    auto link = tree.root() / name;
+    std::filesystem::create_directories(link.parent_path());
+    std::filesystem::create_symlink(isRelative ? "../reel 0/clip.mov" : "/media/CARD/clip.mov", link);
+    return link;
+  });
+  return links;
+}
+
+const Paths& links() {
+  return linkTree().paths();
 }
 
 void askBare(const std::filesystem::path& item) {
@@ -122,8 +106,9 @@ void report(benchmark::State& state, const Seconds& total) {
 
 // The loops take turns, so that what else the machine does slows all of them alike, and each finds the caches as
 // another one over all items leaves them.
-template <const Tree& (*tree)(), class Ours> void measure(benchmark::State& state, bool hasLeast, Ours ours) {
-  const auto& items = tree().items();
+template <const Paths& (*paths)(), class Ours>
+void measure(benchmark::State& state, bool hasLeast, Ours ours) {
+  const auto& items = paths();
   Seconds total;
   for (auto _ : state) {
     total.bare += secondsOf([&] { std::ranges::for_each(items, askBare); });
@@ -135,10 +120,9 @@ template <const Tree& (*tree)(), class Ours> void measure(benchmark::State& stat
   report(state, total);
 }
 
-template <const Tree& (*tree)()> void expandedAttributes(benchmark::State& state) {
-  const bool areOpened = &tree() == &smallFiles();
-  measure<tree>(state, areOpened, [] {
-    for (const auto& item : tree().items()) benchmark::DoNotOptimize(expandedAttributesOfItem(item));
+template <const Paths& (*paths)()> void expandedAttributes(benchmark::State& state) {
+  measure<paths>(state, paths == smallFiles, [] {
+    for (const auto& item : paths()) benchmark::DoNotOptimize(expandedAttributesOfItem(item));
   });
 }
 
@@ -146,14 +130,15 @@ void walkLinks(benchmark::State& state) {
   measure<links>(state, false, [&] {
     int found = 0;
     enumerateLinkFileDereferencePairs(
-        links().root(), [&](const std::filesystem::path&, const std::filesystem::path&, bool&) { ++found; });
+        linkTree().root(),
+        [&](const std::filesystem::path&, const std::filesystem::path&, bool&) { ++found; });
     if (found != itemCount) state.SkipWithError("links are missing");
   });
 }
 
-BENCHMARK_TEMPLATE(expandedAttributes, clips)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_TEMPLATE(expandedAttributes, largeClips)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_TEMPLATE(expandedAttributes, smallFiles)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(walkLinks)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace quillonic
+}  // namespace quillonic::benchmarks

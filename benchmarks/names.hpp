@@ -2,13 +2,24 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace quillonic::benchmarks {
 
-using Clean = std::function<std::string(const std::string&)>;
+// A text as its maker returns it, so that none is copied only to be timed.
+struct Cleaned {
+  std::string string;
+  std::unique_ptr<char, void (*)(void*)> characters{nullptr, nullptr};
+
+  std::string_view text() const noexcept { return characters ? characters.get() : std::string_view(string); }
+};
+
+using Clean = std::function<Cleaned(const std::string&)>;
+using Legal = std::function<std::string(std::string)>;
 
 // `legal` takes out of what the peer returns what stands for a character that the library drops.
-bool addCleaning(const std::string& who, const std::string& note, const Clean& clean, const Clean& legal);
+bool addCleaning(const std::string& who, const std::string& note, const Clean& clean, const Legal& legal);
 
 }  // namespace quillonic::benchmarks

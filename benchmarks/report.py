@@ -97,7 +97,7 @@ def beside(works):
 
 def turns_table(results):
     """The rows that took turns with what they are beside."""
-    names = {"expandedAttributes<clips>": "attributes of clips",
+    names = {"expandedAttributes<largeClips>": "attributes of clips",
              "expandedAttributes<smallFiles>": "attributes of small files, which may be alias files",
              "walkLinks": "a tree of links walked"}
     lines = []
@@ -112,6 +112,10 @@ def turns_table(results):
                  sorted(lines), range(1, 4))
 
 
+def spread(values):
+    return max(values) / min(values)
+
+
 def growth_table(series):
     sizes = sorted({int(size) for rows in series.values() for size in rows})
     lines = []
@@ -119,11 +123,14 @@ def growth_table(series):
         for kind, unit in (("time", "ns"), ("peak", "bytes")):
             values = [rows[str(size)]["time"] if kind == "time" else rows[str(size)]["peak"] / size for size in sizes]
             if kind == "peak" and rows[str(sizes[-1])]["peak"] <= 2 * rows[str(sizes[0])]["peak"]:
-                notes = ["the same for all", ""]
+                notes = ["the same for all", "", ""]
             else:
-                notes = [figure(max(values) / min(values)), figure(values[-1] / values[0])] if min(values) else ["", ""]
+                notes = [figure(spread(values)), figure(values[-1] / values[0]), ""] if min(values) else ["", "", ""]
+            bare = series.get(rows[str(sizes[0])]["note"])
+            if kind == "time" and bare:
+                notes[2] = figure(spread(values) / spread([bare[str(size)]["time"] for size in sizes]))
             lines.append([name, unit] + [figure(value) for value in values] + notes)
-    header = ["of", "in"] + [f"{size:,}" for size in sizes] + ["greatest / least", "last / first"]
+    header = ["of", "in"] + [f"{size:,}" for size in sizes] + ["greatest / least", "last / first", "times the bare work's"]
     return table(header, lines, range(2, len(header)))
 
 
@@ -231,7 +238,8 @@ or loops take turns: for switches that is the time that passed, divided by the a
     if growth:
         parts.append("## Cost as work grows\n\nTime and peak memory, what was handed in not counted, for each word, path "
                      "or item of a hundred to a million. A bare copy of the words and a bare system call show what memory and "
-                     "the system's caches do to any program; a cost that falls is one that more items share.\n\n"
+                     "the system's caches do to any program, and the last column is the greatest / least of a row in terms of theirs; a "
+                     "cost that falls is one that more items share.\n\n"
                      "![growth](growth.svg)\n\n" + growth_table(growth))
         with open(os.path.join(FOLDER, "growth.svg"), "w", encoding="utf-8") as file:
             file.write(svg_of(growth))

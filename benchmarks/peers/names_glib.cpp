@@ -7,12 +7,9 @@
 namespace quillonic::benchmarks {
 namespace {
 
-std::string escaped(const std::string& name) {
+Cleaned escaped(const std::string& name) {
   static const std::string legal(legalLtfsCharacters);
-  char* const text = g_uri_escape_string(name.c_str(), legal.c_str(), FALSE);
-  std::string result = text;
-  g_free(text);
-  return result;
+  return {.string = {}, .characters = {g_uri_escape_string(name.c_str(), legal.c_str(), FALSE), g_free}};
 }
 
 std::string withoutEscapes(std::string name) {
@@ -21,8 +18,7 @@ std::string withoutEscapes(std::string name) {
 }
 
 const bool added =
-    addCleaning("g_uri_escape_string",
-                "more: writes three characters for one that is not legal; copied into a std::string", escaped,
+    addCleaning("g_uri_escape_string", "more: writes three characters for one that is not legal", escaped,
                 withoutEscapes);
 
 }  // namespace
