@@ -53,13 +53,15 @@ char32_t simpleLowerCase(char32_t scalar) noexcept {
   return static_cast<char32_t>(static_cast<std::int32_t>(scalar) + range.distance);
 }
 
-constexpr char asciiLowerCase(char c) noexcept {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
+// What lower-casing the ASCII letters of a text came across.
+struct Seen {
+  std::uint64_t bytes = 0;
+  std::uint64_t upperCase = 0;
+};
 
-// Lower-cases the ASCII letters among eight bytes at once and returns the bytes as they were. With the high bits out
-// of the way, adding carries into a byte's high bit where the byte is at least "A", or beyond "Z".
-std::uint64_t lowerCaseEight(char* bytes) noexcept {
+// Lower-cases the ASCII letters among eight bytes at once. With the high bits out of the way, adding carries into a
+// byte's high bit where the byte is at least "A", or beyond "Z".
+void lowerCaseEight(char* bytes, Seen& seen) noexcept {
   constexpr std::uint64_t ones = 0x0101010101010101U;
   std::uint64_t before = 0;
   std::memcpy(&before, bytes, sizeof before);
@@ -69,11 +71,19 @@ std::uint64_t lowerCaseEight(char* bytes) noexcept {
   const auto isUpper = fromA & ~beyondZ & ~before & (0x80U * ones);
   const auto after = before | isUpper >> 2U;
   std::memcpy(bytes, &after, sizeof after);
-  return before;
+  seen.bytes |= before;
+  seen.upperCase |= isUpper;
 }
 
-std::string lowerCasedUnicode(std::string_view text) {
-  std::string result;
+void lowerCaseOne(char& byte, Seen& seen) noexcept {
+  seen.bytes |= static_cast<unsigned char>(byte);
+  if (byte < 'A' || byte > 'Z') return;
+  byte = static_cast<char>(byte + ('a' - 'A'));
+  seen.upperCase = 1;
+}
+
+void lowerCaseUnicode(std::string_view text, std::string& result) {
+  result.clear();
   result.reserve(text.size());
   while (!text.empty()) {
     const auto [scalar, length, valid] = utf8::decode(text);
@@ -86,7 +96,6 @@ std::string lowerCasedUnicode(std::string_view text) {
     }
     text.remove_prefix(length);
   }
-  return result;
 }
 
 }  // namespace
@@ -109,21 +118,25 @@ std::string_view trimmed(std::string_view text) noexcept {
 }
 
 std::string lowerCased(std::string_view text) {
-  std::string result(text);
-  std::uint64_t allBits = 0;
+  std::string result;
+  lowerCase(text, result);
+  return result;
+}
+
+bool lowerCase(std::string_view text, std::string& result) {
+  result.assign(text);
+  Seen seen;
   if (result.size() >= 8) {
     // The last eight may be met twice, which changes nothing.
-    for (std::size_t at = 0; at + 8 < result.size(); at += 8) allBits |= lowerCaseEight(&result[at]);
-    allBits |= lowerCaseEight(&result[result.size() - 8]);
+    for (std::size_t at = 0; at + 8 < result.size(); at += 8) lowerCaseEight(&result[at], seen);
+    lowerCaseEight(&result[result.size() - 8], seen);
   } else {
-    for (char& c : result) {
-      allBits |= static_cast<unsigned char>(c);
-      c = asciiLowerCase(c);
-    }
+    for (char& c : result) lowerCaseOne(c, seen);
   }
   constexpr std::uint64_t highBits = 0x8080808080808080U;
-  if ((allBits & highBits) != 0) return lowerCasedUnicode(text);
-  return result;
+  if ((seen.bytes & highBits) == 0) return seen.upperCase != 0;
+  lowerCaseUnicode(text, result);
+  return result != text;
 }
 
 }  // namespace quillonic::text

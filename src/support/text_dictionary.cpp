@@ -1,11 +1,10 @@
 #include <quillonic/support/text_dictionary.hpp>
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <functional>
 #include <iterator>
 
+#include "support/key_order.hpp"
 #include "support/scratch.hpp"
 
 namespace quillonic {
@@ -14,70 +13,6 @@ namespace {
 using Entry = TextDictionary::Entry;
 
 constexpr auto key = &Entry::key;
-
-std::size_t commonPrefix(std::string_view a, std::string_view b) noexcept {
-  return static_cast<std::size_t>(std::ranges::mismatch(a, b).in1 - a.begin());
-}
-
-// The first eight bytes of a text as a number that sorts as they do.
-std::uint64_t leadingBytes(std::string_view text) noexcept {
-  std::uint64_t bytes = 0;
-  for (std::size_t i = 0; i < sizeof bytes; ++i) {
-    bytes = bytes << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
-  }
-  return bytes;
-}
-
-// Where an entry stands before the sorting, and what its key is sorted by.
-struct Rank {
-  std::uint64_t bytes;
-  std::size_t position;
-};
-
-// So many are sorted without an allocation.
-constexpr std::size_t fewRanks = 64;
-
-// Numbered keys in the order of their numbers ascend up to each power of ten: a few runs, which are merged.
-template <class Before> void sortRuns(std::span<Rank> ranks, Before before) {
-  constexpr std::size_t fewRuns = 16;
-  std::array<std::span<Rank>::iterator, fewRuns + 1> bounds;
-  bounds[0] = ranks.begin();
-  std::size_t runs = 0;
-  while (bounds[runs] != ranks.end()) {
-    if (runs == fewRuns) {
-      std::ranges::sort(ranks, before);
-      return;
-    }
-    bounds[runs + 1] = std::ranges::is_sorted_until(bounds[runs], ranks.end(), before);
-    ++runs;
-  }
-  for (std::size_t merged = 1; merged < runs; ++merged) {
-    std::ranges::inplace_merge(ranks.begin(), bounds[merged], bounds[merged + 1], before);
-  }
-}
-
-// Sorts the ranks of entries by their keys, equal keys by their positions. Long lists are mostly numbered keys that
-// share a long beginning, so what is sorted is eight bytes behind that beginning, and two whole keys are compared only
-// where these are equal.
-void rankByKey(std::span<const Entry> entries, std::span<Rank> ranks) {
-  const std::string_view first = entries.front().key;
-  auto shared = first.size();
-  for (const auto& entry : entries) shared = commonPrefix(first.substr(0, shared), entry.key);
-
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    ranks[i] = {leadingBytes(std::string_view(entries[i].key).substr(shared)), i};
-  }
-  const auto before = [&](const Rank& a, const Rank& b) {
-    if (a.bytes != b.bytes) return a.bytes < b.bytes;
-    const int order = entries[a.position].key.compare(entries[b.position].key);
-    return order != 0 ? order < 0 : a.position < b.position;
-  };
-  if (ranks.size() <= fewRanks) {
-    std::ranges::sort(ranks, before);
-  } else {
-    sortRuns(ranks, before);
-  }
-}
 
 }  // namespace
 
@@ -93,9 +28,9 @@ TextDictionary::TextDictionary(std::vector<Entry> entries,
     return;
   }
 
-  Scratch<Rank, fewRanks> scratch(entries_.size());
+  Scratch<key_order::Rank, key_order::fewRanks> scratch(entries_.size());
   const auto ranks = scratch.elements();
-  rankByKey(entries_, ranks);
+  key_order::rank(ranks, [&](std::size_t i) -> const std::string& { return entries_[i].key; });
   const auto isLast = [&](std::size_t i) {
     return i + 1 == ranks.size() || ranks[i].bytes != ranks[i + 1].bytes ||
            entries_[ranks[i].position].key != entries_[ranks[i + 1].position].key;
@@ -107,11 +42,7 @@ TextDictionary::TextDictionary(std::vector<Entry> entries,
   }
   std::vector<Entry> placed;
   placed.reserve(kept);
-  for (std::size_t i = 0; i < kept; ++i) {
-    constexpr std::size_t ahead = 8;
-    if (i + ahead < kept) __builtin_prefetch(&entries_[ranks[i + ahead].position]);
-    placed.push_back(std::move(entries_[ranks[i].position]));
-  }
+  for (const auto& rank : ranks.first(kept)) placed.push_back(std::move(entries_[rank.position]));
   entries_ = std::move(placed);
 }
 

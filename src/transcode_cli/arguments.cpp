@@ -130,11 +130,6 @@ void TranscodeCliArguments::FlagOrder::setEntryPosition(std::size_t position,
   marks_[position].entryPosition = entryPosition;
 }
 
-std::string_view TranscodeCliArguments::FlagOrder::operator[](std::size_t position) const noexcept {
-  const auto begin = position == 0 ? 0 : marks_[position - 1].end;
-  return std::string_view(flags_).substr(begin, marks_[position].end - begin);
-}
-
 TranscodeCliArguments::TranscodeCliArguments() = default;
 TranscodeCliArguments::TranscodeCliArguments(TranscodeCliArguments&&) noexcept = default;
 TranscodeCliArguments& TranscodeCliArguments::operator=(TranscodeCliArguments&&) noexcept = default;

@@ -70,6 +70,12 @@ class QUILLONIC_EXPORT TextDictionary {
   TextDictionary(std::vector<Entry> entries,
                  FunctionRef<void(std::size_t given, std::size_t position)> didPlace);
 
+  /// Says that entries are in ascending byte order of their keys already, and no two of these equal.
+  struct SortedUnique {};
+
+  /// Takes entries of which that is true, and does not look.
+  TextDictionary(SortedUnique /*promise*/, std::vector<Entry> entries) noexcept : entries_(std::move(entries)) {}
+
   /// Copies any map or list of pairs of texts; of equal keys the last one stays.
   template <std::ranges::input_range Pairs>
   requires std::convertible_to<decltype(std::declval<std::ranges::range_reference_t<Pairs>>().first),

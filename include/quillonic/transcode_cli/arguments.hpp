@@ -180,7 +180,10 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
       return keyChanges_ == entries.keyChanges() && size() == entries.size();
     }
     std::size_t size() const noexcept { return marks_.size(); }
-    std::string_view operator[](std::size_t position) const noexcept;
+    std::string_view operator[](std::size_t position) const noexcept {
+      const auto begin = position == 0 ? 0 : marks_[position - 1].end;
+      return {flags_.data() + begin, marks_[position].end - begin};
+    }
     auto marks() const noexcept { return std::span(marks_); }
 
    private:
