@@ -34,7 +34,8 @@ class QUILLONIC_EXPORT AtomicSwitch {
   /// Reads the value, hands a copy to `modification` to change, and writes it back, also when the
   /// modification ends by an exception, which then passes on. Nothing is held between the read and the write,
   /// on purpose: what another thread wrote in between is overwritten, and the modification may use the switch
-  /// itself. Who needs to test and set in one step takes a lock of their own.
+  /// itself, although what it writes there is overwritten too. What it returns is dropped. Who needs to test and
+  /// set in one step takes a lock of their own.
   template <class Modification> void modifyIsOn(Modification&& modification) {
     bool value = isOn();
     try {
@@ -51,7 +52,8 @@ class QUILLONIC_EXPORT AtomicSwitch {
   void toggle();
 };
 
-/// The cheapest switch, for hot paths: a lock is held for the single load or store.
+/// The cheapest switch, for hot paths: a lock is held for the single load or store. Who finds it taken
+/// sleeps, and whoever comes when it is free has it.
 class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
  public:
   /// A switch that starts with a value. Nothing is allocated.
@@ -71,7 +73,8 @@ class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
  public:
   /// A switch with a serial queue of a given quality of service that targets no other queue.
   QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS qos);
-  /// A switch with a serial queue of unspecified quality that targets the global queue of a class.
+  /// A switch with a serial queue of unspecified quality that targets the global queue of a class. A bare `{}` is a
+  /// class, too: name `DispatchQoS` for a queue without a target.
   QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS::QoSClass targetQos);
   ~QueueBasedAtomicSwitch() override;
 

@@ -21,7 +21,12 @@ namespace quillonic {
 /// block returned, or lets its exception pass; the next block's turn comes either way. Nobody overtakes: a
 /// block that arrives behind a waiting barrier runs after it, so neither readers nor writers starve.
 ///
-/// A block must not enter the queue that it runs on: it would wait for itself for ever.
+/// A block must not enter the queue that it runs on: it would wait for itself for ever. A block that runs beside
+/// others gets away with that until a barrier arrives in between.
+///
+/// A thread whose turn takes longer than a few milliseconds to come sleeps until then. A queue may be destroyed once
+/// every operation has returned, or has run before one of the destroying thread's own that runs alone. Entering changes
+/// the queue, so a class whose constant functions enter it keeps it `mutable`.
 class QUILLONIC_EXPORT DispatchQueue {
  public:
   /// Which blocks may run side by side.
@@ -40,13 +45,13 @@ class QUILLONIC_EXPORT DispatchQueue {
   DispatchQueue& operator=(const DispatchQueue&) = delete;
   ~DispatchQueue() = default;
 
-  /// Runs a block in its turn.
+  /// Runs a block in its turn. What it returns by reference is used outside the turn.
   template <class Block> decltype(auto) sync(Block&& block) {
     const Turn turn(*this, attribute_ == Attribute::serial);
     return std::forward<Block>(block)();
   }
 
-  /// Runs a block in its turn and while no other block of the queue runs.
+  /// Runs a block in its turn and while no other block of the queue runs, which on a serial queue is the same.
   template <class Block> decltype(auto) syncBarrier(Block&& block) {
     const Turn turn(*this, true);
     return std::forward<Block>(block)();

@@ -74,7 +74,8 @@ class QUILLONIC_EXPORT TextDictionary {
   struct SortedUnique {};
 
   /// Takes entries of which that is true, and does not look.
-  TextDictionary(SortedUnique /*promise*/, std::vector<Entry> entries) noexcept : entries_(std::move(entries)) {}
+  TextDictionary(SortedUnique /*promise*/, std::vector<Entry> entries) noexcept
+      : entries_(std::move(entries)) {}
 
   /// Copies any map or list of pairs of texts; of equal keys the last one stays.
   template <std::ranges::input_range Pairs>

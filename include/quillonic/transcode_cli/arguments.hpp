@@ -38,8 +38,9 @@ using InputFileGroups = std::map<std::int64_t, std::vector<std::string>>;
 /// unless its flag takes a path ("-clut", "-out", "-progress_file", "-work_dir" and every flag that begins
 /// with "-in"): a watermark's text or file is lower-cased, which is a fixed contract with the tool. Lower-casing
 /// is Unicode's simple mapping whatever the locale; bytes that are not UTF-8 stay as they are. A path keeps every
-/// byte between its trimmed ends. White space at the very ends of a path, and a value that begins with a hyphen,
-/// cannot travel on a command line: hand over absolute paths.
+/// byte between its trimmed ends. White space at the very ends of a path, a value that begins with a hyphen and a
+/// flag that does not, which a dictionary or a setter may bring, are written but cannot travel on a command line: hand
+/// over absolute paths.
 ///
 /// A flag is valid when a flag of `allKnownCommandFlags` occurs within it, so "-in_0_0" and "-tc_burn_anchor"
 /// are; other flags are set aside and reported. A flag that occurs again replaces its earlier value.
@@ -104,7 +105,7 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
 
   /// Stores a value as given: it is neither trimmed nor lower-cased. The flag is taken in the form that
   /// parsing gives it. No value removes the flag; a switch is set by the empty text. False, and nothing
-  /// changes, when the flag is not valid.
+  /// changes, when the flag is not valid; a text without a hyphen can be, and travels nowhere.
   bool setArgumentFlagValue(std::string_view flag, std::optional<std::string_view> value);
 
   /// The numbered input files; absent when there are none. A file is numbered by a key of exactly the form
