@@ -51,8 +51,8 @@ template <class Before> void sortRuns(std::span<Rank> ranks, Before before) {
   }
 }
 
-// Ranks keys in ascending byte order, equal keys by their positions; `keyAt` tells the key at a position. Long lists are
-// mostly numbered keys that share a long beginning, so what is sorted is eight bytes behind that beginning, and two
+// Ranks keys in ascending byte order, equal keys by their positions; `keyAt` tells the key at a position. Long lists
+// are mostly numbered keys that share a long beginning, so what is sorted is eight bytes behind that beginning, and two
 // whole keys are compared only where these are equal.
 template <class KeyAt> void rank(std::span<Rank> ranks, KeyAt keyAt) {
   if (ranks.empty()) return;
