@@ -16,33 +16,20 @@ constexpr auto key = &Entry::key;
 
 }  // namespace
 
-TextDictionary::TextDictionary(std::vector<Entry> entries)
-    : TextDictionary(std::move(entries), [](std::size_t /*given*/, std::size_t /*position*/) {}) {}
-
-TextDictionary::TextDictionary(std::vector<Entry> entries,
-                               FunctionRef<void(std::size_t given, std::size_t position)> didPlace)
-    : entries_(std::move(entries)) {
+TextDictionary::TextDictionary(std::vector<Entry> entries) : entries_(std::move(entries)) {
   const auto ascending = [](const Entry& a, const Entry& b) { return a.key < b.key; };
-  if (std::ranges::adjacent_find(entries_, std::not_fn(ascending)) == entries_.end()) {
-    for (std::size_t i = 0; i < entries_.size(); ++i) didPlace(i, i);
-    return;
-  }
+  if (std::ranges::adjacent_find(entries_, std::not_fn(ascending)) == entries_.end()) return;
 
   Scratch<key_order::Rank, key_order::fewRanks> scratch(entries_.size());
   const auto ranks = scratch.elements();
   key_order::rank(ranks, [&](std::size_t i) -> const std::string& { return entries_[i].key; });
-  const auto isLast = [&](std::size_t i) {
-    return i + 1 == ranks.size() || ranks[i].bytes != ranks[i + 1].bytes ||
-           entries_[ranks[i].position].key != entries_[ranks[i + 1].position].key;
-  };
-  std::size_t kept = 0;
-  for (std::size_t i = 0; i < ranks.size(); ++i) {
-    didPlace(ranks[i].position, kept);
-    if (isLast(i)) ranks[kept++] = ranks[i];
-  }
   std::vector<Entry> placed;
-  placed.reserve(kept);
-  for (const auto& rank : ranks.first(kept)) placed.push_back(std::move(entries_[rank.position]));
+  placed.reserve(entries_.size());
+  for (const auto& rank : ranks) {
+    auto& entry = entries_[rank.position];
+    if (!placed.empty() && placed.back().key == entry.key) placed.pop_back();
+    placed.push_back(std::move(entry));
+  }
   entries_ = std::move(placed);
 }
 

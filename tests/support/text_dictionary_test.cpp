@@ -34,13 +34,8 @@ TEST(TextDictionary, BehavesLikeAMap) {
     }
     TextDictionary dictionary(entries);
     ASSERT_EQ(asMap(dictionary), map);
-    std::size_t placed = 0;
-    const TextDictionary same(entries, [&](std::size_t given, std::size_t position) {
-      ++placed;
-      ASSERT_EQ(std::next(dictionary.begin(), static_cast<std::ptrdiff_t>(position))->key,
-                entries[given].key);
-    });
-    ASSERT_EQ(std::pair(same, placed), std::pair(dictionary, entries.size()));
+    const auto sorted = std::vector(dictionary.begin(), dictionary.end());
+    ASSERT_EQ(TextDictionary(TextDictionary::SortedUnique(), sorted), dictionary);
 
     const TextDictionary other{{text(), text()}, {text(), text()}};
     const auto countsWhatChangesKeys = [&](auto change) {

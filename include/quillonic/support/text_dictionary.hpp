@@ -7,7 +7,6 @@
 #pragma once
 
 #include <quillonic/export.hpp>
-#include <quillonic/support/function_ref.hpp>
 
 #include <concepts>
 #include <cstddef>
@@ -64,11 +63,6 @@ class QUILLONIC_EXPORT TextDictionary {
 
   /// As above, without a copy.
   explicit TextDictionary(std::vector<Entry> entries);
-
-  /// As above, and calls `didPlace` once per entry with its position in the list that was given and the position of its
-  /// key in the dictionary, which several entries share where keys are equal.
-  TextDictionary(std::vector<Entry> entries,
-                 FunctionRef<void(std::size_t given, std::size_t position)> didPlace);
 
   /// Says that entries are in ascending byte order of their keys already, and no two of these equal.
   struct SortedUnique {};
