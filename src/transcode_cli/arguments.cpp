@@ -74,8 +74,7 @@ template <class Number> void copyAsTwo(char* to, std::string_view text) noexcept
   std::memcpy(to + text.size() - sizeof last, &last, sizeof last);
 }
 
-// Most words are so short that a call which copies them would take longer than the copying.
-// There must be room for it.
+// Adds a copy, for which there must be room. Most words are so short that a call would take longer than the copying.
 void append(std::vector<std::string>& words, std::string_view text) {
   if (words.size() == words.capacity()) __builtin_unreachable();
   constexpr std::size_t shortText = 15;  // what strings hold without an allocation

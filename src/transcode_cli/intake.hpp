@@ -36,9 +36,7 @@ class TranscodeCliArguments::Intake {
     ++flags_;
     // A known flag is in lower case already where it is found as it stands.
     auto known = known_flags::indexOf(flag);
-    if (known == known_flags::none) {
-      if (text::lowerCase(flag, lowered_)) known = known_flags::indexOf(lowered_);
-    }
+    if (known == known_flags::none && text::lowerCase(flag, lowered_)) known = known_flags::indexOf(lowered_);
     const std::string_view key = known == known_flags::none ? lowered_ : detail::knownCommandFlags[known];
 
     auto* const slot = known == known_flags::none ? &slotOfOther(key) : nullptr;

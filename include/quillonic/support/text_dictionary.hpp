@@ -65,7 +65,10 @@ class QUILLONIC_EXPORT TextDictionary {
   explicit TextDictionary(std::vector<Entry> entries);
 
   /// Says that entries are in ascending byte order of their keys already, and no two of these equal.
-  struct SortedUnique {};
+  struct SortedUnique {
+    /// Only by name, so that a bare `{}` promises nothing.
+    explicit SortedUnique() = default;
+  };
 
   /// Takes entries of which that is true, and does not look.
   TextDictionary(SortedUnique /*promise*/, std::vector<Entry> entries) noexcept
