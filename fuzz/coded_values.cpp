@@ -101,10 +101,9 @@ void checkModel(const CodedValue& coded) {
   try {
     auto model = decode<TranscodeCliArguments>(coded);
     const auto words = model.commandLineArguments();
-    std::vector<TextDictionary::Entry> entries;
-    for (std::size_t i = 0; i + 1 < words.size(); i += 2) entries.push_back({words[i], words[i + 1]});
-    require(2 * entries.size() == words.size() && entries.size() == model.flagValueLookup().size() &&
-                TextDictionary(entries) == model.flagValueLookup(),
+    TextDictionary written;
+    for (std::size_t i = 0; i + 1 < words.size(); i += 2) written.emplace(words[i], words[i + 1]);
+    require(2 * written.size() == words.size() && written == model.flagValueLookup(),
             "each flag is written once with its value");
     require(decode<TranscodeCliArguments>(encode(model)).commandLineArguments() == words,
             "coding keeps the words");

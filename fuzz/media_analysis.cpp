@@ -22,8 +22,8 @@ std::vector<std::string> written(const MediaAnalysisCLIArguments& arguments) {
     std::string joined;
     for (const auto& text : texts) joined += text;
     require(record->cliString() == joined, "the text of a record is its words");
-    for (const auto& entry : record->argumentLookup()) {
-      require(std::ranges::find(texts, entry.key) != texts.end(),
+    for (const auto& [flag, value] : record->argumentLookup()) {
+      require(std::ranges::find(texts, flag) != texts.end(),
               "a record's dictionary has the flags of its words");
     }
   };

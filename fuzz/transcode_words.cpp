@@ -29,7 +29,7 @@ bool isKnown(std::string_view flag) {
 
 // What a model must hold, found the plain way.
 struct Expected {
-  std::map<std::string, std::string> valid;
+  TextDictionary valid;
   std::set<std::string> unknown;
   Words order;
 
@@ -84,7 +84,7 @@ void checkReading(const std::vector<std::string_view>& words) {
   const Expected expected(words);
   for (const bool ordered : {false, true}) {
     const Model model(words, ordered);
-    require(model.flagValueLookup() == TextDictionary(expected.valid), "the model holds the known flags");
+    require(model.flagValueLookup() == expected.valid, "the model holds the known flags");
     require(model.unknownFlags().value_or(Words{}) == Words(expected.unknown.begin(), expected.unknown.end()),
             "the model sets the unknown flags aside");
     require(model.commandLineArguments() == expected.written(ordered),

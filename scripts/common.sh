@@ -41,7 +41,7 @@ need_build_tools() { need g++ cmake ninja-build; }
 need_test_tools() {
   need_build_tools
   need libgtest-dev libgmock-dev nlohmann-json3-dev python3 doxygen
-  need abigail-tools binutils dpkg-dev file pkgconf xz-utils # what the packaging is tested with
+  need binutils dpkg-dev file pkgconf xz-utils # what the packaging is tested with
 }
 
 # build_and_test PRESET

@@ -16,7 +16,7 @@
 /// A new one may break programs.
 #define QUILLONIC_VERSION_MAJOR 0
 /// A new one adds to the library; it may break programs while the first number is 0.
-#define QUILLONIC_VERSION_MINOR 1
+#define QUILLONIC_VERSION_MINOR 2
 /// A new one mends the library.
 #define QUILLONIC_VERSION_PATCH 0
 
@@ -24,7 +24,7 @@
 #define QUILLONIC_DETAIL_TEXT_OF(number) #number
 /// The second step.
 #define QUILLONIC_DETAIL_TEXT(number) QUILLONIC_DETAIL_TEXT_OF(number)
-/// The three numbers as a text, "0.1.0".
+/// The three numbers as a text, "0.2.0".
 #define QUILLONIC_VERSION                        \
   QUILLONIC_DETAIL_TEXT(QUILLONIC_VERSION_MAJOR) \
   "." QUILLONIC_DETAIL_TEXT(QUILLONIC_VERSION_MINOR) "." QUILLONIC_DETAIL_TEXT(QUILLONIC_VERSION_PATCH)

@@ -106,10 +106,10 @@ struct Outcome {
   TextDictionary errors() const {
     TextDictionary errors;
     if (exitedWith(0)) return errors;
-    if (status && WIFEXITED(*status)) errors.set("exit status", std::to_string(WEXITSTATUS(*status)));
-    if (status && WIFSIGNALED(*status)) errors.set("signal", std::to_string(WTERMSIG(*status)));
+    if (status && WIFEXITED(*status)) errors.emplace("exit status", std::to_string(WEXITSTATUS(*status)));
+    if (status && WIFSIGNALED(*status)) errors.emplace("signal", std::to_string(WTERMSIG(*status)));
     const auto printed = text::trimmed(output);
-    if (!printed.empty()) errors.set("output", printed);
+    if (!printed.empty()) errors.emplace("output", printed);
     return errors;
   }
 };

@@ -26,9 +26,9 @@ TextDictionary MediaAnalysisCLIRecord::argumentLookup() const {
   TextDictionary lookup;
   for (const auto& entry : flagEntries()) {
     if (!entry.isList) {
-      lookup.set(entry.flag, entry.values.empty() ? std::string_view{} : entry.values.front());
+      lookup.emplace(entry.flag, entry.values.empty() ? std::string() : entry.values.front());
     } else if (!entry.values.empty()) {
-      lookup.set(entry.flag, buildCLIList(entry.values));
+      lookup.emplace(entry.flag, buildCLIList(entry.values));
     }
   }
   return lookup;

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "support/prefixed.hpp"
 #include "transcode_cli/option_texts.hpp"
 
 namespace quillonic {
@@ -36,49 +37,49 @@ bool TranscodeOptionValues::isOn(std::string_view flag) const noexcept {
 
 void TranscodeOptionValues::setOn(std::string_view flag, bool value) {
   if (value) {
-    flagValueLookup_.set(flag, {});
+    flagValueLookup_.insert_or_assign(std::string(flag), "");
   } else {
-    flagValueLookup_.remove(flag);
+    flagValueLookup_.erase(std::string(flag));
   }
 }
 
 void TranscodeOptionValues::setDropFrame(std::string_view flag, bool value) {
-  const auto* timecode = flagValueLookup_.find(VAVTimecodeCustomFlag);
-  auto components = timecode ? TimecodeComponents::fromTimecode(timecode->value) : std::nullopt;
+  const auto timecode = flagValueLookup_.find(VAVTimecodeCustomFlag);
+  auto components =
+      timecode != flagValueLookup_.end() ? TimecodeComponents::fromTimecode(timecode->second) : std::nullopt;
   if (!components) return setOn(flag, value);
   components->isDropFrame = value;
-  const auto text = components->timecodeString();
+  auto text = components->timecodeString();
   setOn(flag, value);
-  // Never longer than the text that it replaces, so that no memory is asked for once the switch is set.
-  flagValueLookup_.set(VAVTimecodeCustomFlag, text);
+  timecode->second = std::move(text);  // cannot fail, so the switch and the text change together
 }
 
 template <class Value> std::optional<Value> TranscodeOptionValues::read(std::string_view flag) const {
-  const auto* entry = flagValueLookup_.find(flag);
-  return entry ? option_texts::read<Value>(entry->value) : std::nullopt;
+  const auto entry = flagValueLookup_.find(flag);
+  return entry != flagValueLookup_.end() ? option_texts::read<Value>(entry->second) : std::nullopt;
 }
 
 template <class Value>
 void TranscodeOptionValues::write(std::string_view flag, const std::optional<Value>& value) {
-  const auto text = value ? option_texts::written(*value) : std::nullopt;
+  auto text = value ? option_texts::written(*value) : std::nullopt;
   if (text) {
-    flagValueLookup_.set(flag, *text);
+    flagValueLookup_.insert_or_assign(std::string(flag), *std::move(text));
   } else {
+    setOn(flag, false);
     if (value) warnOfNoText(flag, *value);
-    flagValueLookup_.remove(flag);
   }
 }
 
 std::vector<std::int64_t> TranscodeOptionValues::readTracks(std::string_view prefix) const {
   std::vector<std::int64_t> tracks;
-  for (const auto& entry : flagValueLookup_.prefixed(prefix)) {
-    if (const auto track = option_texts::read<std::int64_t>(entry.value)) tracks.push_back(*track);
+  for (const auto& [flag, value] : prefixed(flagValueLookup_, prefix)) {
+    if (const auto track = option_texts::read<std::int64_t>(value)) tracks.push_back(*track);
   }
   return inOrderAndOnce(std::move(tracks));
 }
 
 void TranscodeOptionValues::writeTracks(std::string_view prefix, const std::vector<std::int64_t>& tracks) {
-  flagValueLookup_.removePrefixed(prefix);
+  removePrefixed(flagValueLookup_, prefix);
   std::size_t position = 0;
   for (const auto track : inOrderAndOnce(tracks)) {
     const auto flag = std::string(prefix) + "_" + std::to_string(position);

@@ -63,12 +63,11 @@ std::span<const std::string_view> orderedArgumentsAsList(TranscodeCliPreset pres
 
 TextDictionary presetArguments(TranscodeCliPreset preset) {
   const auto arguments = row(preset).arguments;
-  std::vector<TextDictionary::Entry> entries;
-  entries.reserve(arguments.size() / 2);
+  TextDictionary lookup;
   for (std::size_t i = 0; i < arguments.size(); i += 2) {
-    entries.emplace_back(arguments[i], arguments[i + 1]);
+    lookup.insert_or_assign(std::string(arguments[i]), std::string(arguments[i + 1]));
   }
-  return TextDictionary(std::move(entries));
+  return lookup;
 }
 
 TextDictionary TranscodeCliArguments::vantiroCloudPresetArguments() {

@@ -1,5 +1,4 @@
-// How often the main trip asks for memory, and what it leaves behind when there is none. Counts every
-// `operator new` of this program, the library's included.
+// What the main trip leaves when memory runs out. Counts every `operator new` of this program, the library's included.
 
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
@@ -45,46 +44,6 @@ std::atomic<std::int64_t> allocationsLeft = unlimited;
 
 namespace quillonic {
 namespace {
-
-template <class Work> std::size_t allocationsOf(Work work) {
-  const std::size_t before = allocations;
-  work();
-  return allocations - before;
-}
-
-TEST(Allocations, AreAtMostTwoPerStoredPair) {
-  constexpr std::size_t pairs = 5000;
-  // A few more for the blocks that grow with the list, by doubling.
-  constexpr std::size_t growth = 100;
-  std::vector<std::string> words;
-  for (std::size_t i = 0; i < pairs; ++i) {
-    words.push_back("-in_a_key_of_some_length_" + std::to_string(i));
-    words.push_back("/a/path/that/fits/no/small/buffer/" + std::to_string(i));
-  }
-  for (const bool ordered : {false, true}) {
-    EXPECT_LE(allocationsOf([&] { TranscodeCliArguments model(words, ordered); }), 2 * pairs + growth);
-  }
-  const TranscodeCliArguments model(words, true);
-  std::size_t flags = 0;
-  EXPECT_LE(allocationsOf([&] { flags = model.commandLineArguments().size(); }), 2 * pairs + 2);
-  EXPECT_EQ(flags, words.size());
-}
-
-TEST(Allocations, AreNoneForRepeatsAndQuestions) {
-  const std::vector<std::string> few{"-vcodec", "h264", "-vn", "", "-abr", "1"};
-  std::vector<std::string> many;
-  for (int i = 0; i < 1000; ++i) many.insert(many.end(), few.begin(), few.end());
-  const auto once = allocationsOf([&] { TranscodeCliArguments model(few); });
-  EXPECT_EQ(allocationsOf([&] { TranscodeCliArguments model(many); }), once);
-
-  const TranscodeCliArguments model(few);
-  EXPECT_EQ(allocationsOf([&] {
-              EXPECT_TRUE(model.hasArgumentFlag(" -vn "));
-              EXPECT_EQ(model.argumentFlagValue(VAVVideoFormatFlag), "h264");
-              EXPECT_TRUE(model.allFlagsAreValid());
-            }),
-            0U);
-}
 
 using Model = TranscodeCliArguments;
 

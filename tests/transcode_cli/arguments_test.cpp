@@ -152,7 +152,7 @@ TEST(TranscodeCliArguments, RefusesACodedFormThatDoesNotFit) {
 
 // What the model must hold, found the slow and plain way.
 struct Expected {
-  std::map<std::string, std::string> valid;
+  TextDictionary valid;
   std::set<std::string> unknown;
   Words order;
 
@@ -236,7 +236,7 @@ TEST(TranscodeCliArguments, ReadsWhatItWrote) {
     const Expected expected(words);
     for (const bool ordered : {false, true}) {
       const TranscodeCliArguments model(words, ordered);
-      ASSERT_EQ(model.flagValueLookup(), TextDictionary(expected.valid)) << testing::PrintToString(words);
+      ASSERT_EQ(model.flagValueLookup(), expected.valid) << testing::PrintToString(words);
       ASSERT_EQ(model.unknownFlags().value_or(Words{}),
                 Words(expected.unknown.begin(), expected.unknown.end()));
 

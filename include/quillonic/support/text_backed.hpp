@@ -7,6 +7,7 @@
 
 #include <quillonic/support/enumeration.hpp>
 
+#include <compare>
 #include <concepts>
 #include <cstddef>
 #include <functional>
@@ -71,6 +72,13 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
 
   friend constexpr bool operator==(const Self& a, const Self& b) noexcept {
     return a.rawValue() == b.rawValue();
+  }
+  /// Values are ordered by their texts, also beside a text: a constant finds its entry in a `TextDictionary`.
+  friend constexpr std::strong_ordering operator<=>(const Self& a, const Self& b) noexcept {
+    return a.rawValue() <=> b.rawValue();
+  }
+  friend constexpr std::strong_ordering operator<=>(const Self& a, std::string_view b) noexcept {
+    return a.rawValue() <=> b;
   }
   friend constexpr std::string_view rawValue(const Self& value) noexcept { return value.rawValue(); }
 

@@ -167,42 +167,11 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   static TextDictionary vantiroProRes4444XQPresetArguments();
 
  private:
-  class Intake;
-  class FlagOrder {
-   public:
-    void reserve(std::size_t flags);
-    void append(std::string_view flag);
-    // Where the entry of a flag stood when the flags were read.
-    void setEntryPosition(std::size_t position, std::size_t entryPosition) noexcept;
-    // Says that each flag's entry was located, and that there is no other entry.
-    void setLocatedIn(const TextDictionary& entries) noexcept { keyChanges_ = entries.keyChanges(); }
-    // Whether every entry still stands where it was located.
-    bool isLocatedIn(const TextDictionary& entries) const noexcept {
-      return keyChanges_ == entries.keyChanges() && size() == entries.size();
-    }
-    std::size_t size() const noexcept { return marks_.size(); }
-    std::string_view operator[](std::size_t position) const noexcept {
-      const auto begin = position == 0 ? 0 : marks_[position - 1].end;
-      return {flags_.data() + begin, marks_[position].end - begin};
-    }
-    auto marks() const noexcept { return std::span(marks_); }
-
-   private:
-    struct Mark {
-      std::size_t end;
-      std::size_t entryPosition;
-    };
-
-    // All flags in one text, so that recording the order costs no allocation per flag.
-    std::string flags_;
-    std::vector<Mark> marks_;
-    std::optional<std::uint64_t> keyChanges_;
-  };
-
+  // Takes a flag and its value, both trimmed; returns the flag as it is kept where it was not there before.
+  QUILLONIC_HIDDEN const std::string* store(std::string_view flag, std::string_view value);
   template <class Visit> void visitArguments(Visit visit) const;
-  template <class Visit> void visitSearching(Visit visit) const;
 
-  std::optional<FlagOrder> orderedFlags_;
+  std::optional<std::vector<std::string>> orderedFlags_;
   TextDictionary invalidKeyValueLookup_;
 };
 

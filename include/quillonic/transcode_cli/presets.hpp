@@ -1,7 +1,7 @@
 /// The presets that are built into the transcoder.
 ///
 ///     TextDictionary lookup = presetArguments(TranscodeCliPreset::vantiroCloud);
-///     lookup.set(VAVOutputFileFlag, "/media/review.mov");
+///     lookup.emplace(VAVOutputFileFlag, "/media/review.mov");
 ///     auto settings = TranscodeCliArguments::fromArgumentLookup(lookup);
 #pragma once
 
