@@ -1,30 +1,85 @@
-// Runs a target over every file of its corpus and over every beginning of each, without libFuzzer.
+// Runs a target without libFuzzer: over every file of its corpus, over every beginning of each, and over random mixtures
+// of their lines. The mixtures are the same in every run.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
+#include <string>
 #include <vector>
 
 #include "quiet_log.hpp"
 #include "target.hpp"
 
-int main(int argc, char** argv) {
-  quillonic::fuzz::QuietLog::install();
-  int files = 0;
-  for (int i = 1; i < argc; ++i) {
-    for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-      std::ifstream in(entry.path(), std::ios::binary);
-      const std::vector<char> bytes{std::istreambuf_iterator<char>(in), {}};
-      // The last is the whole file. Each in a block of its own size, so that a read behind its end is seen.
-      for (std::size_t size = 0; size <= bytes.size(); ++size) {
-        const std::vector<char> beginning(bytes.data(), bytes.data() + size);
-        quillonic::fuzz::run({beginning.data(), size});
-      }
-      ++files;
+namespace {
+
+// In a block of its own size, so that a read past its end is seen.
+void runOn(std::string_view bytes) {
+  const std::vector<char> block(bytes.begin(), bytes.end());
+  quillonic::fuzz::run({block.data(), block.size()});
+}
+
+class Mixer {
+ public:
+  void add(std::string_view file) {
+    const auto lines = quillonic::fuzz::lines(file);
+    lines_.insert(lines_.end(), lines.begin(), lines.end());
+  }
+
+  std::string mixture() {
+    std::string mixed;
+    for (auto lines = 1 + below(24); lines > 0; --lines) {
+      mixed += changed(lines_[below(lines_.size())]);
+      if (lines > 1 || below(2) == 0) mixed += '\n';
+    }
+    return mixed;
+  }
+
+ private:
+  std::size_t below(std::size_t n) { return random_() % n; }
+
+  std::string changed(std::string line) {
+    if (below(4) != 0) return line;
+    const auto at = below(line.size() + 1);
+    switch (below(5)) {
+      case 0:
+        return line.insert(at, 1, static_cast<char>(below(256)));
+      case 1:
+        return line.insert(at, lines_[below(lines_.size())]);
+      case 2:
+        return line.erase(at, below(4));
+      case 3:
+        for (auto& c : line) c = static_cast<char>(c >= 'a' && c <= 'z' && below(2) == 0 ? c - 'a' + 'A' : c);
+        return line;
+      default:
+        return " " + line + "\u3000\t";
     }
   }
-  std::printf("%d files\n", files);
-  return files > 0 ? 0 : 1;
+
+  std::vector<std::string> lines_{""};
+  std::mt19937 random_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  quillonic::fuzz::QuietLog::install();
+  std::vector<std::filesystem::path> files;
+  for (int i = 1; i < argc; ++i) {
+    std::ranges::copy(std::filesystem::directory_iterator(argv[i]), std::back_inserter(files));
+  }
+  std::ranges::sort(files);
+  Mixer mixer;
+  for (const auto& file : files) {
+    std::ifstream in(file, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(in), {}};
+    for (std::size_t size = 0; size <= bytes.size(); ++size) runOn(std::string_view(bytes).substr(0, size));
+    mixer.add(bytes);
+  }
+  for (int round = 0; round < 2000; ++round) runOn(mixer.mixture());
+  std::printf("%zu files\n", files.size());
+  return files.empty() ? 1 : 0;
 }

@@ -99,11 +99,14 @@ void checkInputFiles(const std::vector<std::string_view>& words) {
   model.setInputFileGroups(groups);
   require(model.inputFileGroups() == groups, "input files read back");
   if (!groups) return;
-  const auto& [number, files] = *groups->begin();
-  require(model.inputFileGroup(number) == TranscodeInputFileGroup{number, files}, "one group reads alone");
-  require(model.firstInputFile() == files.front(), "the first file is the first of the first group");
-  model.update(TranscodeInputFileGroup{number, {}});
-  require(!model.inputFileGroup(number), "a group without files is none");
+  require(model.firstInputFile() == groups->begin()->second.front(),
+          "the first file is the first of the first group");
+  Model asRead(words);
+  for (const auto& [number, files] : *groups) {
+    require(asRead.inputFileGroup(number) == TranscodeInputFileGroup{number, files}, "one group reads alone");
+    asRead.update(TranscodeInputFileGroup{number, {}});
+    require(!asRead.inputFileGroup(number), "a group without files is none");
+  }
 }
 
 // A colour may change when it is written: a part of 1 or more is taken to be out of 255 already.
