@@ -2,14 +2,15 @@
 
 #include <utility>
 
-#include "support/settable.hpp"
+#include "support/never_destroyed.hpp"
+#include "support/service.hpp"
 
 namespace quillonic {
 namespace {
 
-Settable<std::shared_ptr<const Localizer>>& currentLocalizer() {
-  static Settable<std::shared_ptr<const Localizer>> current(nullptr);
-  return current;
+Service<std::shared_ptr<const Localizer>>& localizer() {
+  static const NeverDestroyed<Service<std::shared_ptr<const Localizer>>> service(nullptr);
+  return *service;
 }
 
 }  // namespace
@@ -17,13 +18,13 @@ Settable<std::shared_ptr<const Localizer>>& currentLocalizer() {
 Localizer::~Localizer() = default;
 
 void Localization::setLocalizer(std::shared_ptr<const Localizer> localizer) {
-  currentLocalizer().set(std::move(localizer));
+  quillonic::localizer().replace(std::move(localizer));
 }
 
 std::string Localization::localized(std::string_view text, std::initializer_list<std::string_view> values) {
   constexpr std::string_view mark = "{}";
-  const auto localizer = currentLocalizer().get();
-  auto filled = localizer ? localizer->localized(text) : std::string(text);
+  const auto current = localizer().current();
+  auto filled = current ? current->localized(text) : std::string(text);
   std::size_t at = 0;
   for (const auto value : values) {
     at = filled.find(mark, at);

@@ -4,7 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "support/settable.hpp"
+#include "support/never_destroyed.hpp"
+#include "support/service.hpp"
 
 namespace quillonic {
 namespace {
@@ -40,9 +41,10 @@ class StandardErrorLogger final : public Loggable {
   }
 };
 
-Settable<std::shared_ptr<Loggable>>& logger() {
-  static Settable<std::shared_ptr<Loggable>> current(std::make_shared<StandardErrorLogger>());
-  return current;
+Service<std::shared_ptr<Loggable>>& logger() {
+  static const NeverDestroyed<Service<std::shared_ptr<Loggable>>> service(
+      std::make_shared<StandardErrorLogger>());
+  return *service;
 }
 
 }  // namespace
@@ -50,12 +52,12 @@ Settable<std::shared_ptr<Loggable>>& logger() {
 Loggable::~Loggable() = default;
 
 std::shared_ptr<Loggable> VantiroLogging::defaultLogger() {
-  return logger().get();
+  return logger().current();
 }
 
 void VantiroLogging::setDefaultLogger(std::shared_ptr<Loggable> replacement) {
   if (!replacement) replacement = std::make_shared<StandardErrorLogger>();
-  logger().set(std::move(replacement));
+  logger().replace(std::move(replacement));
 }
 
 }  // namespace quillonic

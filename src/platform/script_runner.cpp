@@ -3,14 +3,15 @@
 #include <utility>
 
 #include "platform/system_script_runner.hpp"
-#include "support/settable.hpp"
+#include "support/never_destroyed.hpp"
+#include "support/service.hpp"
 
 namespace quillonic {
 namespace {
 
-Settable<std::shared_ptr<ScriptRunner>>& runnerInUse() {
-  static Settable<std::shared_ptr<ScriptRunner>> current(systemScriptRunner());
-  return current;
+Service<std::shared_ptr<ScriptRunner>>& runner() {
+  static const NeverDestroyed<Service<std::shared_ptr<ScriptRunner>>> service(systemScriptRunner());
+  return *service;
 }
 
 }  // namespace
@@ -26,12 +27,12 @@ std::optional<TextDictionary> ScriptRunner::runArguments(std::span<const std::st
 }
 
 std::shared_ptr<ScriptRunner> ScriptRunner::defaultRunner() {
-  return runnerInUse().get();
+  return runner().current();
 }
 
 void ScriptRunner::setDefaultRunner(std::shared_ptr<ScriptRunner> runner) {
   if (!runner) runner = systemScriptRunner();
-  runnerInUse().set(std::move(runner));
+  quillonic::runner().replace(std::move(runner));
 }
 
 }  // namespace quillonic

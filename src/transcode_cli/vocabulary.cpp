@@ -2,28 +2,29 @@
 
 #include <utility>
 
-#include "support/settable.hpp"
+#include "support/never_destroyed.hpp"
+#include "support/service.hpp"
 
 namespace quillonic {
 namespace {
 
 using Codec = VAVTranscodeArgumentVideoCodecValue;
-using CodecList = Settable<std::vector<Codec>>;
+using CodecList = Service<std::vector<Codec>>;
 
 CodecList& avidDNxFormats() {
-  static CodecList formats({VAVDnxhdCodec});
-  return formats;
+  static const NeverDestroyed<CodecList> formats(std::vector<Codec>{VAVDnxhdCodec});
+  return *formats;
 }
 
 CodecList& webFormats() {
-  static CodecList formats({VAVAvcH264Codec, VAVHevcCodec, VAVMotionJpegCodec});
-  return formats;
+  static const NeverDestroyed<CodecList> formats(std::vector<Codec>{VAVAvcH264Codec, VAVHevcCodec, VAVMotionJpegCodec});
+  return *formats;
 }
 
 CodecList& proResFormats() {
-  static CodecList formats(
+  static const NeverDestroyed<CodecList> formats(std::vector<Codec>
       {VAVProRes4444, VAVProRes4444XQ, VAVProRes422, VAVProRes422HQ, VAVProRes422LT, VAVProRes422Proxy});
-  return formats;
+  return *formats;
 }
 
 // The extensions that a fixed value goes with, the preferred one first.
@@ -79,27 +80,27 @@ std::span<const FileExtension> VAVTranscodeArgumentVideoCodecValue::permittedExt
 }
 
 std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats() {
-  return avidDNxFormats().get();
+  return avidDNxFormats().current();
 }
 
 void VAVTranscodeArgumentVideoCodecValue::setAllAvidDNxFormats(std::vector<Codec> formats) {
-  avidDNxFormats().set(std::move(formats));
+  avidDNxFormats().replace(std::move(formats));
 }
 
 std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allWebFormats() {
-  return webFormats().get();
+  return webFormats().current();
 }
 
 void VAVTranscodeArgumentVideoCodecValue::setAllWebFormats(std::vector<Codec> formats) {
-  webFormats().set(std::move(formats));
+  webFormats().replace(std::move(formats));
 }
 
 std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allProResFormats() {
-  return proResFormats().get();
+  return proResFormats().current();
 }
 
 void VAVTranscodeArgumentVideoCodecValue::setAllProResFormats(std::vector<Codec> formats) {
-  proResFormats().set(std::move(formats));
+  proResFormats().replace(std::move(formats));
 }
 
 std::optional<VAVTranscodeArgumentColorSpaceValue> VAVTranscodeArgumentColorSpaceValue::fromColorSpace(
