@@ -1,41 +1,28 @@
 #include <quillonic/tool_cli/sanitizer.hpp>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/text.hpp"
-#include "tool_cli/contained_texts.hpp"
 
 namespace quillonic {
 
-// The valid flags in the form in which they are searched: lower-cased, as the flags that are compared with
-// them.
-class CLIArgumentSanitizer::KnownFlags {
- public:
-  explicit KnownFlags(std::span<const std::string> flags) {
-    lowered_.reserve(flags.size());
-    for (const auto& flag : flags) lowered_.push_back(text::lowerCased(flag));
-    views_.assign(lowered_.begin(), lowered_.end());
-    texts_ = ContainedTexts(withoutExtensions(views_));
-  }
-
-  bool anyOccursIn(std::string_view flag) const { return texts_.anyOccursIn(text::lowerCased(flag)); }
-
- private:
-  std::vector<std::string> lowered_;
-  std::vector<std::string_view> views_;
-  ContainedTexts texts_{{}};
-};
-
 CLIArgumentSanitizer::CLIArgumentSanitizer(std::vector<std::string> validCommandFlags,
                                            std::optional<CLISanitizationOptions> flagSanitizationOptions)
-    : validCommandFlags_(std::move(validCommandFlags)),
-      options_(flagSanitizationOptions),
-      known_(std::make_unique<const KnownFlags>(validCommandFlags_)) {}
+    : validCommandFlags_(std::move(validCommandFlags)), options_(flagSanitizationOptions) {
+  for (const auto& flag : validCommandFlags_) {
+    if (!flag.empty()) lowered_.push_back(text::lowerCased(flag));
+  }
+}
 
-CLIArgumentSanitizer::~CLIArgumentSanitizer() = default;
+bool CLIArgumentSanitizer::isValid(std::string_view flag) const {
+  const auto lowered = text::lowerCased(flag);
+  const auto occurs = [&](const std::string& known) { return lowered.find(known) != std::string::npos; };
+  return std::ranges::any_of(lowered_, occurs);
+}
 
-// Calls `visit` for each flag with its sanitized text, whether it is valid, its position, and the position
-// behind its last value. What stands before the first flag is visited by nobody.
+// Calls `visit` for each flag with its sanitized text, whether it is valid, its position, and the position after its
+// last value. Words before the first flag are not visited.
 template <class Visit> void CLIArgumentSanitizer::walk(ArgumentWords cliArgs, Visit visit) const {
   const auto options = options_.value_or(CLISanitizationOptions{});
   const auto isFlag = [&](std::size_t position) {
@@ -50,7 +37,7 @@ template <class Visit> void CLIArgumentSanitizer::walk(ArgumentWords cliArgs, Vi
   for (std::size_t at = nextFlag(0); at < cliArgs.size();) {
     const auto end = nextFlag(at + 1);
     const auto flag = options.sanitize(cliArgs[at]);
-    visit(std::string_view(flag), known_->anyOccursIn(flag), at, end);
+    visit(std::string_view(flag), isValid(flag), at, end);
     at = end;
   }
 }

@@ -15,9 +15,7 @@
 #include <quillonic/tool_cli/argument_words.hpp>
 #include <quillonic/tool_cli/sanitization_options.hpp>
 
-#include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,7 +35,6 @@ class QUILLONIC_EXPORT CLIArgumentSanitizer {
                        std::optional<CLISanitizationOptions> flagSanitizationOptions);
   CLIArgumentSanitizer(const CLIArgumentSanitizer&) = delete;
   CLIArgumentSanitizer& operator=(const CLIArgumentSanitizer&) = delete;
-  ~CLIArgumentSanitizer();
 
   /// The accepted flags as they were given.
   const std::vector<std::string>& validCommandFlags() const noexcept { return validCommandFlags_; }
@@ -73,13 +70,13 @@ class QUILLONIC_EXPORT CLIArgumentSanitizer {
   Split splitByValidity(ArgumentWords cliArgs) const;
 
  private:
-  class KnownFlags;
-
+  bool isValid(std::string_view flag) const;
   template <class Visit> void walk(ArgumentWords cliArgs, Visit visit) const;
 
   std::vector<std::string> validCommandFlags_;
   std::optional<CLISanitizationOptions> options_;
-  std::unique_ptr<const KnownFlags> known_;
+  // The valid flags as `isValid` looks for them: lower-cased, without empty ones.
+  std::vector<std::string> lowered_;
 };
 
 }  // namespace quillonic
