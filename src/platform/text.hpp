@@ -13,7 +13,5 @@ std::string_view trimmed(std::string_view text) noexcept;
 // are. Lower-casing neither makes nor removes white space or a hyphen, so it may be done before or after
 // trimming.
 std::string lowerCased(std::string_view text);
-// The same into another text, whose room is used again. False where nothing changed.
-bool lowerCase(std::string_view text, std::string& result);
 
 }  // namespace quillonic::text
