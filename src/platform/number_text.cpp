@@ -6,7 +6,7 @@
 namespace quillonic::number_text {
 namespace {
 
-// With `places` as many digits behind the point, without it as many as the number needs.
+// With `places` as many digits after the point, without it as many as the number needs.
 template <class Number, class... Places> std::string fixedText(Number number, Places... places) {
   if (std::isnan(number)) return "nan";
   // The longest is the smallest denormal number: 324 places and the digits that tell it apart.
@@ -28,6 +28,12 @@ std::string shortest(float number) {
 }
 std::string rounded(double number, int places) {
   return fixedText(number, places);
+}
+
+std::string padded(std::int64_t number, std::size_t width) {
+  auto text = std::to_string(number);
+  if (text.size() < width) text.insert(0, width - text.size(), '0');
+  return text;
 }
 
 }  // namespace quillonic::number_text

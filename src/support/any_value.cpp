@@ -22,11 +22,6 @@ template <class Integer> std::optional<double> exactDouble(Integer integer) noex
   return exactInteger<Integer>(number) == integer ? std::optional(number) : std::nullopt;
 }
 
-void appendPadded(std::string& text, std::int64_t number, std::size_t digits) {
-  const auto written = std::to_string(number);
-  text.append(digits > written.size() ? digits - written.size() : 0, '0').append(written);
-}
-
 std::string isoText(AnyValue::Date date) {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text's
   // Taken apart as a count: the earliest dates lie in a second that begins before them all.
@@ -37,15 +32,13 @@ std::string isoText(AnyValue::Date date) {
   const auto day = floor<days>(whole);
   const year_month_day calendar(day);
   const hh_mm_ss time(whole - day);
-  std::string text;
-  appendPadded(text, static_cast<int>(calendar.year()), 4);
-  appendPadded(text.append("-"), static_cast<unsigned>(calendar.month()), 2);
-  appendPadded(text.append("-"), static_cast<unsigned>(calendar.day()), 2);
-  appendPadded(text.append("T"), time.hours().count(), 2);
-  appendPadded(text.append(":"), time.minutes().count(), 2);
-  appendPadded(text.append(":"), time.seconds().count(), 2);
+  using number_text::padded;
+  auto text = padded(static_cast<int>(calendar.year()), 4) + "-" +
+              padded(static_cast<unsigned>(calendar.month()), 2) + "-" +
+              padded(static_cast<unsigned>(calendar.day()), 2) + "T" + padded(time.hours().count(), 2) + ":" +
+              padded(time.minutes().count(), 2) + ":" + padded(time.seconds().count(), 2);
   if (fraction != 0) {
-    appendPadded(text.append("."), fraction, 9);
+    text.append(".").append(padded(fraction, 9));
     text.erase(text.find_last_not_of('0') + 1);
   }
   return text.append("Z");

@@ -5,20 +5,16 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "platform/number_text.hpp"
+
 namespace quillonic {
 namespace {
 
-// The two forms pad a negative number differently, on purpose: "-05" and "-5".
-std::string withTwoDigits(std::int64_t number) {
-  auto text = std::to_string(number);
-  if (number > -10 && number < 10) text.insert(number < 0 ? 1 : 0, 1, '0');
-  return text;
-}
+using number_text::padded;
 
-std::string withTwoCharacters(std::int64_t number) {
-  auto text = std::to_string(number);
-  if (text.size() < 2) text.insert(0, 1, '0');
-  return text;
+// Negative numbers are padded to two digits here and to two characters in the other form, on purpose: "-05" and "-5".
+std::string withTwoDigits(std::int64_t number) {
+  return number < 0 ? padded(-number, 2).insert(0, 1, '-') : padded(number, 2);
 }
 
 std::string clock(std::string_view h, std::string_view m, std::string_view s) {
@@ -50,7 +46,7 @@ std::string TimeInterval::formattedString(double seconds) {
     VantiroLogging::defaultLogger()->logDebug(
         "Extra seconds were ignored during TimeInterval string formatting");
   }
-  return clock(withTwoCharacters(h), withTwoCharacters(m), withTwoCharacters(s));
+  return clock(padded(h, 2), padded(m, 2), padded(s, 2));
 }
 
 NumberUtility::HoursMinutesSeconds NumberUtility::secondsToHoursMinutesSeconds(

@@ -1,10 +1,10 @@
 #include <quillonic/time/timecode.hpp>
 
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <limits>
-#include <type_traits>
+
+#include "platform/number_text.hpp"
 
 namespace quillonic {
 namespace {
@@ -92,15 +92,9 @@ std::optional<TimecodeComponents> strictlyRead(std::string_view timecode, bool f
                             values[framesField], separators.isDropFrame};
 }
 
-// Two digits at least, and the sign of a negative number behind the "0" that it is due.
-char* appendPadded(char* at, std::int64_t number) noexcept {
-  if (number >= 10 && number <= 99) {
-    *at++ = static_cast<char>('0' + number / 10);
-    *at++ = static_cast<char>('0' + number % 10);
-    return at;
-  }
-  if (number <= 9) *at++ = '0';
-  return std::to_chars(at, at + std::numeric_limits<std::int64_t>::digits10 + 2, number).ptr;
+// A negative number has its sign after the "0": "0-1", a fixed form.
+std::string withTwoDigits(std::int64_t number) {
+  return number < 0 ? std::to_string(number).insert(0, 1, '0') : number_text::padded(number, 2);
 }
 
 constexpr std::string_view hoursKey = "hours";
@@ -140,16 +134,10 @@ TimecodeComponents TimecodeComponents::sanitizedTimecode(std::string_view fromSt
 }
 
 std::string TimecodeComponents::timecodeString() const {
-  // Each number takes 21 characters at most: a "0", a sign and 19 digits.
-  std::array<char, 4 * 21 + 3> text;
-  char* end = appendPadded(text.data(), hours);
-  *end++ = nonDropSeparator.front();
-  end = appendPadded(end, minutes);
-  *end++ = nonDropSeparator.front();
-  end = appendPadded(end, seconds);
-  *end++ = (isDropFrame ? dropFrameSeparator : nonDropSeparator).front();
-  end = appendPadded(end, frames);
-  return {text.data(), end};
+  std::string text = withTwoDigits(hours);
+  text.append(nonDropSeparator).append(withTwoDigits(minutes));
+  text.append(nonDropSeparator).append(withTwoDigits(seconds));
+  return text.append(isDropFrame ? dropFrameSeparator : nonDropSeparator).append(withTwoDigits(frames));
 }
 
 CodedValue TimecodeComponents::encode() const {
