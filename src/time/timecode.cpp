@@ -1,95 +1,65 @@
 #include <quillonic/time/timecode.hpp>
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
-#include <limits>
 
 #include "platform/number_text.hpp"
 
 namespace quillonic {
 namespace {
 
-// A number of 64 bits, read one character at a time since the digits of the frames need not stand together.
-class Number {
- public:
-  constexpr void add(char c) noexcept {
-    const auto digit = static_cast<std::uint64_t>(static_cast<unsigned char>(c)) - '0';
-    if (digit > 9) {
-      fits_ = fits_ && length_ == 0 && (c == '+' || c == '-');
-      isNegative_ = c == '-';
-      ++others_;
-    } else if (magnitude_ < limit / 10 || (magnitude_ == limit / 10 && digit <= limit % 10)) {
-      magnitude_ = 10 * magnitude_ + digit;
-    } else {
-      fits_ = false;
-    }
-    ++length_;
-  }
-
-  constexpr std::size_t length() const noexcept { return length_; }
-  constexpr bool isDigitsOnly() const noexcept { return others_ == 0; }
-
-  // What was read, a sign before the digits included.
-  constexpr std::optional<std::int64_t> value() const noexcept {
-    if (!fits_ || length_ == others_ || (magnitude_ == limit && !isNegative_)) return std::nullopt;
-    return static_cast<std::int64_t>(isNegative_ ? 0 - magnitude_ : magnitude_);
-  }
-
- private:
-  // The smallest number without its sign, one above the largest.
-  static constexpr std::uint64_t limit = std::uint64_t{1} << 63;
-
-  std::uint64_t magnitude_ = 0;
-  std::size_t length_ = 0;
-  std::size_t others_ = 0;
-  bool isNegative_ = false;
-  bool fits_ = true;
-};
-
-enum : std::size_t { hoursField, minutesField, secondsField, framesField, fieldCount };
-
-struct Separators {
+// A text divided at its first three separators.
+struct Fields {
+  std::string_view hours;
+  std::string_view minutes;
+  std::string_view seconds;
+  std::string frames;  // without the separators that follow
   bool isDropFrame = false;
-  // Whether ";" stands before the minutes or the seconds, which only a lenient reading allows.
+  // Whether ";" is the first or the second separator, which only a lenient reading allows.
   bool hasEarlyDropSeparator = false;
 };
 
-// The one walk over a timecode's text: hands each field over to `take`, as many as there are.
-template <class Take> constexpr Separators split(std::string_view timecode, Take take) noexcept {
-  Separators found;
-  std::size_t field = hoursField;
-  Number number;
-  for (const char c : timecode) {
-    if (c != ':' && c != ';') {
-      number.add(c);
-    } else if (field != framesField) {
-      take(field, number);
-      number = {};
-      auto& isDrop = field == secondsField ? found.isDropFrame : found.hasEarlyDropSeparator;
-      isDrop = isDrop || c == ';';
-      ++field;
-    }
-  }
-  take(field, number);
-  return found;
+Fields split(std::string_view rest) {
+  Fields fields;
+  // Takes a field off the rest, and tells whether ";" ends it.
+  const auto take = [&](std::string_view& field) {
+    field = rest.substr(0, rest.find_first_of(":;"));
+    rest.remove_prefix(field.size());
+    const bool isDrop = rest.starts_with(';');
+    rest.remove_prefix(std::min<std::size_t>(1, rest.size()));
+    return isDrop;
+  };
+  const bool isDropBeforeMinutes = take(fields.hours);
+  const bool isDropBeforeSeconds = take(fields.minutes);
+  fields.hasEarlyDropSeparator = isDropBeforeMinutes || isDropBeforeSeconds;
+  fields.isDropFrame = take(fields.seconds);
+  fields.frames = rest;
+  std::erase_if(fields.frames, [](char c) { return c == ':' || c == ';'; });
+  return fields;
+}
+
+// Decimal digits after an optional sign.
+std::optional<std::int64_t> number(std::string_view field) noexcept {
+  if (field.starts_with('+') && !field.starts_with("+-")) field.remove_prefix(1);
+  return number_text::read<std::int64_t>(field);
+}
+
+TimecodeComponents::Decomposed numbers(const Fields& fields) noexcept {
+  return {number(fields.hours), number(fields.minutes), number(fields.seconds), number(fields.frames),
+          fields.isDropFrame};
 }
 
 std::optional<TimecodeComponents> strictlyRead(std::string_view timecode, bool forceProperComponentLength,
-                                               bool forceComponentBounds) noexcept {
-  const std::size_t shortest = forceProperComponentLength ? 2 : 1;
-  const std::int64_t bound = forceComponentBounds ? 60 : std::numeric_limits<std::int64_t>::max();
-  std::array<std::int64_t, fieldCount> values;
-  std::size_t proper = 0;
-  const auto separators = split(timecode, [&](std::size_t field, const Number& number) {
-    const auto value = number.value();
-    values[field] = value.value_or(0);
-    if (value && number.isDigitsOnly() && number.length() >= shortest) ++proper;
-  });
-  const bool isProper = proper == fieldCount && !separators.hasEarlyDropSeparator &&
-                        values[minutesField] <= bound && values[secondsField] <= bound;
-  if (!isProper) return std::nullopt;
-  return TimecodeComponents{values[hoursField], values[minutesField], values[secondsField],
-                            values[framesField], separators.isDropFrame};
+                                               bool forceComponentBounds) {
+  if (timecode.find_first_not_of("0123456789:;") != std::string_view::npos) return std::nullopt;
+  const auto fields = split(timecode);
+  const auto [hours, minutes, seconds, frames, isDropFrame] = numbers(fields);
+  if (fields.hasEarlyDropSeparator || !hours || !minutes || !seconds || !frames) return std::nullopt;
+  const auto shortest =
+      std::min({fields.hours.size(), fields.minutes.size(), fields.seconds.size(), fields.frames.size()});
+  if (forceProperComponentLength && shortest < 2) return std::nullopt;
+  if (forceComponentBounds && std::max(*minutes, *seconds) > 60) return std::nullopt;
+  return TimecodeComponents{*hours, *minutes, *seconds, *frames, isDropFrame};
 }
 
 // A negative number has its sign after the "0": "0-1", a fixed form.
@@ -119,11 +89,7 @@ bool TimecodeComponents::timecodeHasProperForm(
 
 TimecodeComponents::Decomposed TimecodeComponents::decomposeTimecodeString(
     std::string_view timecode) noexcept {
-  std::array<std::optional<std::int64_t>, fieldCount> values;
-  const auto separators =
-      split(timecode, [&](std::size_t field, const Number& number) { values[field] = number.value(); });
-  return {values[hoursField], values[minutesField], values[secondsField], values[framesField],
-          separators.isDropFrame};
+  return numbers(split(timecode));
 }
 
 TimecodeComponents TimecodeComponents::sanitizedTimecode(std::string_view fromString) noexcept {
