@@ -1,5 +1,6 @@
 // A set of characters on the first line, a name behind it. What is left of a name is legal, shorter and in order.
 #include <quillonic/filesystem/legal_names.hpp>
+#include <quillonic/support/coding.hpp>
 
 #include <algorithm>
 #include <string>
@@ -21,7 +22,8 @@ bool isPartOf(std::string_view part, std::string_view whole) {
 
 void run(std::string_view bytes) {
   const auto divide = std::min(bytes.find('\n'), bytes.size());
-  const auto set = CharacterSet::of(bytes.substr(0, divide));
+  const auto listed = bytes.substr(0, divide);
+  const auto set = CharacterSet::of(listed);
   const auto name = bytes.substr(std::min(divide + 1, bytes.size()));
 
   const auto tape = removingInvalidLtfsCharacters(name);
@@ -41,9 +43,10 @@ void run(std::string_view bytes) {
 
   const auto outside = removingDisallowedCharacters(name, set);
   const auto inside = removingAllExcept(name, set);
-  // Loose bytes beside one another may become a character, which then goes too.
+  // Loose bytes beside one another may become a character beyond ASCII, which then goes too.
   const auto parts = outside.size() + inside.size();
-  require(set.isDecidedByBytes() ? parts == name.size() : parts <= name.size(),
+  const bool isAscii = std::ranges::all_of(listed, [](unsigned char c) { return c < 0x80; });
+  require(isAscii || isUtf8(name) ? parts == name.size() : parts <= name.size(),
           "each character is in a set or not");
   require(isPartOf(outside, name) && isPartOf(inside, name), "filtering only removes");
   require(removingDisallowedCharacters(name, set.inverted()) == inside, "an inverted set removes the others");

@@ -8,8 +8,11 @@
 
 namespace quillonic::utf8 {
 
+// In no text, and so in no set of scalars.
+inline constexpr char32_t noScalar = 0xFFFFFFFF;
+
 struct Decoded {
-  char32_t scalar;     // meaningless when not valid
+  char32_t scalar;     // `noScalar` when not valid
   std::size_t length;  // bytes taken, 1 for a byte that begins no scalar
   bool valid;
 };
@@ -20,15 +23,15 @@ constexpr Decoded decode(std::string_view text) noexcept {
   const unsigned lead = byte(0);
   if (lead < 0x80) return {lead, 1, true};
   const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return {0, 1, false};
+  if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return {noScalar, 1, false};
   char32_t scalar = lead & (0x7FU >> length);
   for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80) return {0, 1, false};
+    if ((byte(i) & 0xC0U) != 0x80) return {noScalar, 1, false};
     scalar = (scalar << 6) | (byte(i) & 0x3FU);
   }
   const bool overlong = (length == 3 && scalar < 0x800) || (length == 4 && scalar < 0x10000);
   const bool surrogate = scalar >= 0xD800 && scalar <= 0xDFFF;
-  if (overlong || surrogate || scalar > 0x10FFFF) return {0, 1, false};
+  if (overlong || surrogate || scalar > 0x10FFFF) return {noScalar, 1, false};
   return {scalar, length, true};
 }
 

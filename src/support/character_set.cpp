@@ -1,17 +1,21 @@
 #include <quillonic/support/character_set.hpp>
 
+#include <utility>
+
 #include "platform/utf8.hpp"
 
 namespace quillonic {
 
 void CharacterSet::addBeyondAscii(std::string_view text) {
+  std::u32string scalars;
   for (std::size_t at = 0; at < text.size();) {
     const auto [scalar, length, valid] = utf8::decode(text.substr(at));
-    if (valid && scalar >= 0x80) beyondAscii_.push_back(scalar);
+    if (valid && scalar >= ascii_.size()) scalars.push_back(scalar);
     at += length;
   }
-  std::ranges::sort(beyondAscii_);
-  beyondAscii_.erase(std::unique(beyondAscii_.begin(), beyondAscii_.end()), beyondAscii_.end());
+  std::ranges::sort(scalars);
+  scalars.erase(std::ranges::unique(scalars).begin(), scalars.end());
+  if (!scalars.empty()) beyondAscii_ = std::move(scalars);
 }
 
 }  // namespace quillonic

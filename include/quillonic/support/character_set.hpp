@@ -8,12 +8,13 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <string>
 #include <string_view>
-#include <vector>
 
 namespace quillonic {
 
-/// The scalars of a text, or all but those. Tells a scalar of ASCII with one look-up.
+/// The scalars of a text, or all but those.
 class QUILLONIC_EXPORT CharacterSet {
  public:
   /// Holds nothing.
@@ -26,8 +27,8 @@ class QUILLONIC_EXPORT CharacterSet {
     bool isAscii = true;
     for (const char c : text) {
       const auto byte = static_cast<unsigned char>(c);
-      if (byte < 0x80) {
-        set.bytes_[byte] = true;
+      if (byte < set.ascii_.size()) {
+        set.ascii_[byte] = true;
       } else {
         isAscii = false;
       }
@@ -36,37 +37,32 @@ class QUILLONIC_EXPORT CharacterSet {
     return set;
   }
 
-  /// Whether a scalar is in the set. Takes logarithmic time beyond ASCII.
+  /// Whether a scalar is in the set: one look-up for ASCII, logarithmic time beyond.
   constexpr bool contains(char32_t scalar) const noexcept {
-    if (scalar < 0x80) return bytes_[scalar];
-    return std::ranges::binary_search(beyondAscii_, scalar) != isInverted_;
+    const bool isListed = scalar < ascii_.size()
+                              ? ascii_[scalar]
+                              : beyondAscii_ && std::ranges::binary_search(*beyondAscii_, scalar);
+    return isListed != isInverted_;
   }
 
   /// Every scalar that this set does not hold. A byte that is not UTF-8 is in no set made of scalars, and so
   /// it is in every inverted one.
   constexpr CharacterSet inverted() const {
     CharacterSet set = *this;
-    for (bool& holds : set.bytes_) holds = !holds;
     set.isInverted_ = !isInverted_;
     return set;
   }
-
-  /// Whether a byte of a text is in the set: a scalar of ASCII, or else a byte that is not UTF-8. Where
-  /// `isDecidedByBytes()` holds, the same goes for each byte of a longer scalar.
-  constexpr bool containsByte(unsigned char byte) const noexcept { return bytes_[byte]; }
-  /// Whether the set holds either all scalars beyond ASCII or none of them.
-  constexpr bool isDecidedByBytes() const noexcept { return beyondAscii_.empty(); }
 
   friend constexpr bool operator==(const CharacterSet&, const CharacterSet&) = default;
 
  private:
   void addBeyondAscii(std::string_view text);
 
-  // By byte: the scalars of ASCII, then what holds for a byte that is no scalar.
-  std::array<bool, 256> bytes_{};
+  // A constant can hold a table, but no list that is allocated.
+  std::array<bool, 0x80> ascii_{};
+  // Ascending, each once; absent where the text has none.
+  std::optional<std::u32string> beyondAscii_;
   bool isInverted_ = false;
-  // Ascending, each once: scalars whose membership differs from that of all other ones beyond ASCII.
-  std::vector<char32_t> beyondAscii_;
 };
 
 }  // namespace quillonic
