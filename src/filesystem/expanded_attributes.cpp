@@ -97,9 +97,7 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
 }  // namespace
 
 std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL) {
-  const std::string& item = atURL.native();
-  // The usual path has no slash at its end and needs no copy.
-  if (item.size() > 1 && item.ends_with('/')) return expandedAttributesOfItem(locations::itself(atURL));
+  const auto item = locations::itself(atURL);
   std::error_code error;
   const auto status = items::status(item, error);
   return status ? std::optional(attributesOf(item, *status)) : std::nullopt;

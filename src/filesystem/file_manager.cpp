@@ -87,20 +87,15 @@ bool FileManager::isTaken(const std::string& path) const {
 }
 
 std::filesystem::path FileManager::filePathAdjustedForCollision(const std::filesystem::path& path) const {
-  const auto taken = path_text::withoutTrailingSlashes(path.native());
-  // The usual path has no slash at its end and needs no copy.
-  std::string candidate;
-  if (taken.size() != path.native().size()) candidate = taken;
-  if (!isTaken(candidate.empty() ? path.native() : candidate)) return path;
-  candidate = taken;
+  const std::string taken(path_text::withoutTrailingSlashes(path.native()));
+  if (!isTaken(taken)) return path;
   const auto folderSize = path_text::folderPrefix(taken).size();
   const auto stemEnd = folderSize + extensionStart(taken.substr(folderSize));
-  candidate.resize(stemEnd);
-  candidate.push_back(' ');
+  auto candidate = taken.substr(0, stemEnd) + ' ';
   for (std::uint64_t counter = 2;; ++counter) {
     candidate.resize(stemEnd + 1);
     appendNumber(candidate, counter);
-    candidate.append(taken.substr(stemEnd));
+    candidate.append(taken, stemEnd);
     if (!isTaken(candidate)) return candidate;
   }
 }

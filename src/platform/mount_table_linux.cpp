@@ -48,17 +48,11 @@ MountTable MountTable::current() {
 }
 
 const Mount* MountTable::holding(const std::filesystem::path& item) const {
-  const std::string_view given = item.native();
-  const auto trimmed = path_text::withoutTrailingSlashes(given);
-  if (trimmed.empty() || trimmed.find('\0') != std::string_view::npos) return nullptr;
-  std::string copy;
-  // The usual path has no slash at its end and needs no copy.
-  if (trimmed.size() != given.size()) copy = trimmed;
-  const char* path = trimmed.size() == given.size() ? item.c_str() : copy.c_str();
-
-  const auto prefix = path_text::folderPrefix(trimmed);
-  const auto folder = [&] { return prefix.empty() ? std::string(".") : std::string(prefix); };
-  auto found = whereaboutsOf(path, AT_SYMLINK_NOFOLLOW);
+  const std::string path(path_text::withoutTrailingSlashes(item.native()));
+  if (path.empty() || path.find('\0') != std::string::npos) return nullptr;
+  const std::string prefix(path_text::folderPrefix(path));
+  const auto folder = [&] { return prefix.empty() ? std::string(".") : prefix; };
+  auto found = whereaboutsOf(path.c_str(), AT_SYMLINK_NOFOLLOW);
   const bool itself = found.exists;
   if (!itself) {
     found = whereaboutsOf(folder().c_str(), 0);
@@ -69,9 +63,9 @@ const Mount* MountTable::holding(const std::filesystem::path& item) const {
   }
 
   // Mounted since the table was read, or the system does not tell.
-  const auto name = trimmed.substr(prefix.size());
+  const auto name = path.substr(prefix.size());
   const bool namesFolder = name.empty() || name == "." || name == "..";
-  auto place = resolved(namesFolder ? std::string(trimmed) : folder());
+  auto place = resolved(namesFolder ? path : folder());
   if (!place) return nullptr;
   if (itself && !namesFolder) {
     if (!place->ends_with('/')) place->push_back('/');
