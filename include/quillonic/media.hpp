@@ -3,8 +3,9 @@
 #pragma once
 
 #include <quillonic/media/channel_layout.hpp>
-#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/codec.hpp>
 #include <quillonic/media/color_depth.hpp>
+#include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/media/file_extension.hpp>
 #include <quillonic/media/frame_rate.hpp>
 #include <quillonic/media/sample_rate.hpp>

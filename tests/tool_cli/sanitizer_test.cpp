@@ -1,3 +1,4 @@
+#include <quillonic/support/coding.hpp>
 #include <quillonic/tool_cli.hpp>
 
 #include <array>

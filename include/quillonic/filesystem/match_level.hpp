@@ -4,7 +4,6 @@
 ///     log(rawValue(level));                                                  // "full"
 #pragma once
 
-#include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>

@@ -1,34 +1,32 @@
-/// What the values have in common that are one of a closed set of cases, of which one or two carry a number.
+/// Base of values with a closed set of cases, of which one or two carry a number.
 #pragma once
 
 #include <algorithm>
 #include <concepts>
 #include <cstddef>
-#include <functional>
 #include <iterator>
 #include <span>
 #include <vector>
 
 namespace quillonic {
 
-/// Base of these values. A `switch` over `kind()` reads like one over an enumeration, and the compiler says
-/// when it leaves a case out:
+/// A `switch` over `kind()` reads like one over an enumeration, and the compiler reports a missing case:
 ///
 ///     switch (rate.kind()) {
 ///       case FrameRate::Kind::match: return keepRate();
 ///       case FrameRate::Kind::custom: return askFor(rate.value());
 ///       ...
 ///
-/// Values are equal when the case and the number are: a number that a fixed case stands for does not make a
-/// custom value equal to it, -0.0 equals 0.0, and a value that carries NaN equals nothing, itself included.
+/// Values are equal when case and number are. So a custom value never equals a fixed case, -0.0 equals 0.0,
+/// and a value that carries NaN equals nothing, not even itself.
 template <class KindType, class PayloadType> class CaseWithPayload {
  public:
   /// The enumeration of the cases, payload cases included.
   using Kind = KindType;
-  /// The number that a payload case carries, or the pair of them.
+  /// The number or pair of numbers that a payload case carries.
   using Payload = PayloadType;
 
-  /// Which case the value is, whatever number it carries.
+  /// The case, whatever number it carries.
   constexpr Kind kind() const noexcept { return kind_; }
 
   friend constexpr bool operator==(const CaseWithPayload&, const CaseWithPayload&) = default;
@@ -36,7 +34,7 @@ template <class KindType, class PayloadType> class CaseWithPayload {
  protected:
   /// A fixed case; its payload is zero and nothing reads it.
   constexpr explicit CaseWithPayload(Kind kind) noexcept : CaseWithPayload(kind, {}) {}
-  /// A case that carries a number, kept as it is given.
+  /// A case with a number, kept as given.
   constexpr CaseWithPayload(Kind kind, Payload payload) noexcept : kind_(kind), payload_(payload) {}
 
   /// The number of a payload case; zero for a fixed case, which takes its number from its table.
@@ -59,7 +57,7 @@ concept PayloadCases = requires {
 
 namespace detail {
 
-// The members of a list that are among the options, in the order of the list.
+// The members of a list that are in the options, in the list's order.
 template <PayloadCases T>
 constexpr std::vector<T> membersAmong(std::span<const T> list, std::span<const T> options) {
   std::vector<T> members;

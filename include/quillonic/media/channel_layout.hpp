@@ -7,6 +7,7 @@
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
 #include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/enumeration.hpp>
 
 #include <array>
 #include <cstddef>
@@ -50,7 +51,7 @@ inline constexpr auto channelLayoutRows = std::to_array<ChannelLayoutRow>({
 
 }  // namespace detail
 
-/// How the channels of audio are laid out, as far as their number tells.
+/// The layout of audio channels, told by their number.
 class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
  public:
   /// As many channels as the source has.
@@ -75,8 +76,7 @@ class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
   /// The number of channels that a picker proposes.
   static constexpr std::int64_t defaultCustomChannelCount = 12;
 
-  /// The case of a stored number: the fixed case of exactly this count, else a custom one, also for a number
-  /// below 0.
+  /// The case of a stored number: the fixed case with exactly this count, else a custom one, even below 0.
   static constexpr ChannelLayout fromChannelCount(std::int64_t channelCount) noexcept;
 
   /// 0 for `matchSource`.
@@ -84,19 +84,19 @@ class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
     return kind() == Kind::custom ? payload() : row().channelCount;
   }
 
-  /// For people, in the user's language: "Stereo", "3 Channels"; also "1 Channels", which is a fixed text.
+  /// For people, in the user's language: "Stereo", "3 Channels"; also "1 Channels", a fixed text.
   QUILLONIC_EXPORT std::string description() const;
-  /// The same, but any custom number is "Custom".
+  /// As `description`, but any custom number is "Custom".
   QUILLONIC_EXPORT std::string pickerDescription() const;
   /// The text by which a program tells the cases apart: the English description, or "custom".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
-  /// `matchSource`, `wellDefinedCases`, then a custom layout of `defaultCustomChannelCount` channels. This
-  /// span and those below stay valid for the life of the program.
+  /// `matchSource`, `wellDefinedCases`, then a custom layout of `defaultCustomChannelCount` channels. All
+  /// spans stay valid for the life of the program.
   static constexpr std::span<const ChannelLayout> allCommonCases() noexcept;
   /// `mono` to `octagonal`.
   static constexpr std::span<const ChannelLayout> wellDefinedCases() noexcept;
-  /// `allCommonCases`, whatever the codec: a video codec has no say in the audio beside it.
+  /// `allCommonCases`: a video codec does not limit the audio.
   static constexpr std::span<const ChannelLayout> allowed(
       Cloud_ConversionOptions::CodecType /*codec*/) noexcept {
     return allCommonCases();
@@ -150,10 +150,8 @@ constexpr std::span<const ChannelLayout> ChannelLayout::wellDefinedCases() noexc
 }
 
 constexpr ChannelLayout ChannelLayout::fromChannelCount(std::int64_t channelCount) noexcept {
-  for (const ChannelLayout& layout : allCommonCases()) {
-    if (layout.channelCount() == channelCount) return layout;
-  }
-  return custom(channelCount);
+  const auto* layout = detail::rowWhere(allCommonCases(), &ChannelLayout::channelCount, channelCount);
+  return layout ? *layout : custom(channelCount);
 }
 
 }  // namespace quillonic

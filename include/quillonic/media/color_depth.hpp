@@ -6,13 +6,13 @@
 #pragma once
 
 #include <quillonic/export.hpp>
-#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/codec.hpp>
+#include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <algorithm>
 #include <array>
-#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -22,12 +22,12 @@
 
 namespace quillonic {
 
-/// Bits per pixel component. The raw value is the number of bits; another number is no depth.
+/// Bits per pixel component, which are the raw value.
 enum class ColorDepth : std::int64_t { bpp8 = 8, bpp10 = 10, bpp12 = 12, bpp16 = 16 };
 
 /// One depth, its number and its text.
 struct ColorDepthRow : CaseRow<ColorDepth, std::int64_t> {
-  /// What is shown of the depth, in English.
+  /// The display text in English.
   std::string_view text;
 };
 
@@ -41,34 +41,31 @@ template <> struct CaseTable<ColorDepth> {
   });
 };
 
-/// The text by which a program tells the depths apart, "10 bpp"; empty for a number that no case bears.
+/// The text by which a program tells the depths apart, "10 bpp"; empty for an unlisted value.
 constexpr std::string_view tag(ColorDepth depth) noexcept {
-  for (const auto& row : CaseTable<ColorDepth>::rows) {
-    if (row.value == depth) return row.text;
-  }
-  return {};
+  const auto* row = detail::rowOf(depth);
+  return row ? row->text : std::string_view{};
 }
 
-/// The tag in the user's language, also for pickers.
+/// The tag in the user's language.
 QUILLONIC_EXPORT std::string description(ColorDepth depth);
-/// The same as `description`.
+/// The tag in the user's language, as in `description`.
 QUILLONIC_EXPORT std::string pickerDescription(ColorDepth depth);
 
-/// The depths that a codec accepts, ascending. The span stays valid for the life of the program.
-template <std::same_as<ColorDepth> Depth>
-constexpr std::span<const Depth> allowed(Cloud_ConversionOptions::CodecType codec) noexcept {
+/// The depths that a codec accepts, ascending.
+template <> constexpr std::span<const ColorDepth> allowed(Cloud_ConversionOptions::CodecType codec) noexcept {
   const auto& limits = codecLimits(codec);
-  const auto depths = allCases<Depth>();
-  const auto first = std::ranges::lower_bound(depths, limits.leastDepth, {}, rawValue<Depth>);
-  const auto last = std::ranges::upper_bound(depths, limits.greatestDepth, {}, rawValue<Depth>);
+  const auto depths = allCases<ColorDepth>();
+  const auto first = std::ranges::lower_bound(depths, limits.leastDepth, {}, rawValue<ColorDepth>);
+  const auto last = std::ranges::upper_bound(depths, limits.greatestDepth, {}, rawValue<ColorDepth>);
   return {first, last};
 }
 
-/// The stored depth; nothing when the stored number is none of them.
-template <std::same_as<ColorDepth> Depth>
-constexpr std::optional<Depth> fromProto(
+/// The stored depth; nothing for an unlisted number.
+template <>
+constexpr std::optional<ColorDepth> fromProto(
     const Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept {
-  return fromRawValue<Depth>(video.colorDepth);
+  return fromRawValue<ColorDepth>(video.colorDepth);
 }
 
 /// Stores the depth.

@@ -8,7 +8,7 @@
 
 namespace quillonic {
 
-/// An extension without its full stop; its text is its `rawValue`. The list grows at its end.
+/// An extension without its full stop, which is its `rawValue`. New ones follow the last.
 enum class FileExtension : std::uint8_t { mov, mp4, wav, mxf, mjpeg };
 
 /// The extensions and their texts.

@@ -8,8 +8,9 @@
 
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/codec.hpp>
 #include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/enumeration.hpp>
 
 #include <array>
 #include <cstddef>
@@ -64,7 +65,7 @@ QUILLONIC_EXPORT void reportUnknownFrameRate(double rawValue);
 
 }  // namespace detail
 
-/// How many frames a second has: that of the source, half of it, a broadcast rate, or any other.
+/// Frames per second: the source's rate, half of it, a broadcast rate, or any other.
 class FrameRate : public CaseWithPayload<FrameRateKind, double> {
  public:
   /// The rate of the source.
@@ -87,15 +88,15 @@ class FrameRate : public CaseWithPayload<FrameRateKind, double> {
   static const FrameRate fps59_94;
   /// 60 frames per second.
   static const FrameRate fps60;
-  /// Any rate, taken as it is. One of 0 or below, or NaN, stands for a rate that is yet to be typed.
+  /// Any rate, taken as it is. 0, a negative rate and NaN mean a rate that is not typed yet.
   static constexpr FrameRate custom(double value) noexcept { return {Kind::custom, value}; }
 
   /// The rate that a picker proposes.
   static constexpr double defaultCustomFrameRate = 1.0;
 
-  /// The case of a stored number: the fixed case of exactly this value (0 and -0.0 are `match`), else a
-  /// custom rate for a number above 0, infinity included. Any other number, and NaN, gives nothing and
-  /// writes one line to the system log.
+  /// The case of a stored number: the fixed case with exactly this value (0 and -0.0 are `match`), else a
+  /// custom rate for a number above 0, infinity included. Any other number gives nothing and writes one line
+  /// to the system log, as does NaN.
   static constexpr std::optional<FrameRate> fromRawValue(double rawValue);
 
   /// Frames per second; 0 for `match`, and the factor 0.5 for `halfstep`.
@@ -106,13 +107,12 @@ class FrameRate : public CaseWithPayload<FrameRateKind, double> {
   /// For people, in the user's language: "25 fps", "Custom: 12.0 fps". Just "Custom" for a custom rate that
   /// is not above 0.
   QUILLONIC_EXPORT std::string description() const;
-  /// The same, but any custom rate is "Custom".
+  /// As `description`, but any custom rate is "Custom".
   QUILLONIC_EXPORT std::string pickerDescription() const;
   /// The text by which a program tells the cases apart: the English description, or "custom".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
-  /// Every case, the custom one last and with the rate 0. This span and those below stay valid for the life
-  /// of the program.
+  /// Every case, the custom one last and with the rate 0. All spans stay valid for the life of the program.
   static constexpr std::span<const FrameRate> allCases() noexcept;
   /// The cases without a number of their own.
   static constexpr std::span<const FrameRate> wellDefinedCases() noexcept;
@@ -121,14 +121,14 @@ class FrameRate : public CaseWithPayload<FrameRateKind, double> {
   /// The fixed rates and the custom rate 0.
   static constexpr std::span<const FrameRate> exactFrameRateOptions() noexcept;
 
-  /// The members of a list that are among `exactFrameRateOptions`, in the order of the list. Of the custom
-  /// rates only 0 is.
+  /// The members of a list that are in `exactFrameRateOptions`, in the list's order. Of the custom rates only
+  /// 0 is.
   static constexpr std::vector<FrameRate> filterExactFrameRateOptions(std::span<const FrameRate> from);
-  /// The members of a list that are among `scaleOptions`, in the order of the list.
+  /// The members of a list that are in `scaleOptions`, in the list's order.
   static constexpr std::vector<FrameRate> filterScaleOptions(std::span<const FrameRate> from);
 
-  /// The rates that a codec accepts, of `allCases` and in that order. A codec with a closed list of rates
-  /// takes `match`, because the source may have one of them, but neither half a rate nor a custom one.
+  /// The members of `allCases` that a codec accepts, in that order. A codec with a closed list of rates takes
+  /// `match`, because the source may have one of them, but neither half a rate nor a custom one.
   static constexpr std::span<const FrameRate> allowed(Cloud_ConversionOptions::CodecType codec) noexcept;
 
   /// The stored rate; as `fromRawValue`.
@@ -162,7 +162,7 @@ inline constexpr FrameRate FrameRate::fps60{FrameRateKind::fps60};
 
 namespace detail {
 
-// Every list of frame rates is a stretch of this one.
+// Every list of frame rates is a part of this one.
 inline constexpr auto frameRates = std::to_array<FrameRate>({
     FrameRate::match,
     FrameRate::halfstep,
@@ -220,9 +220,7 @@ constexpr std::span<const FrameRate> FrameRate::allowed(Cloud_ConversionOptions:
 }
 
 constexpr std::optional<FrameRate> FrameRate::fromRawValue(double rawValue) {
-  for (const FrameRate& rate : wellDefinedCases()) {
-    if (rate.value() == rawValue) return rate;
-  }
+  if (const auto* rate = detail::rowWhere(wellDefinedCases(), &FrameRate::value, rawValue)) return *rate;
   if (rawValue > 0) return custom(rawValue);
   detail::reportUnknownFrameRate(rawValue);
   return std::nullopt;

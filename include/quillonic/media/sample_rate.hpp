@@ -7,6 +7,7 @@
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
 #include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/enumeration.hpp>
 
 #include <array>
 #include <cstddef>
@@ -38,7 +39,7 @@ inline constexpr auto sampleRateRows = std::to_array<SampleRateRow>({
 
 }  // namespace detail
 
-/// How many samples a second of audio has.
+/// Samples of audio per second.
 class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
  public:
   /// The rate of the source.
@@ -52,26 +53,26 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
   /// Any rate in hertz, taken as it is.
   static constexpr SampleRate custom(std::int64_t hertz) noexcept { return {Kind::custom, hertz}; }
 
-  /// The rate in hertz that a picker proposes: 48000 until a host sets another. Any number is taken as it is,
-  /// also while other threads read it.
+  /// The rate in hertz that a picker proposes: 48000 until a host sets another.
   QUILLONIC_EXPORT static std::int64_t defaultCustomHz() noexcept;
-  /// Sets that rate for the whole process. Lists that were handed out before keep the earlier one.
+  /// Sets any number for the whole process, also while other threads read it. Lists handed out before keep
+  /// the earlier one.
   QUILLONIC_EXPORT static void setDefaultCustomHz(std::int64_t hertz) noexcept;
 
-  /// The case of a stored number: `matchSource` below 1, else the fixed case of exactly this rate, else a
-  /// custom one.
+  /// The case of a stored number: `matchSource` below 1, else the fixed case with exactly this rate, else
+  /// custom.
   static constexpr SampleRate fromHertz(std::int64_t hertz) noexcept;
 
   /// Hertz; 0 for `matchSource`.
   constexpr std::int64_t hertz() const noexcept { return isCustom() ? payload() : row().hertz; }
 
-  /// Whether the rate carries a number of its own, also one that a fixed case stands for.
+  /// Whether the rate carries a number of its own, even that of a fixed case.
   constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
 
   /// For people, in the user's language: "48 kHz", "22.05 kHz", "1000 Hz". A custom rate is in kilohertz from
   /// 1001 on.
   QUILLONIC_EXPORT std::string description() const;
-  /// The same, but any custom rate is "Custom".
+  /// As `description`, but any custom rate is "Custom".
   QUILLONIC_EXPORT std::string pickerDescription() const;
   /// The text by which a program tells the cases apart: the English description, or "custom".
   constexpr std::string_view tag() const noexcept { return row().text; }
@@ -79,11 +80,11 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
   /// The cases without a number of their own, `matchSource` first.
   static constexpr std::span<const SampleRate> wellDefinedCases() noexcept;
 
-  /// `wellDefinedCases`, then a custom rate of `defaultCustomHz` as it was when this list was first asked
-  /// for: the list is one for the life of the program, so a later default does not change it.
+  /// `wellDefinedCases`, then a custom rate of the `defaultCustomHz` at the first call. The list is built
+  /// once and lives as long as the program, so a later default does not change it.
   QUILLONIC_EXPORT static std::span<const SampleRate> allCommonCases();
 
-  /// `allCommonCases`, whatever the codec: a video codec has no say in the audio beside it.
+  /// `allCommonCases`: a video codec does not limit the audio.
   static std::span<const SampleRate> allowed(Cloud_ConversionOptions::CodecType /*codec*/) {
     return allCommonCases();
   }
@@ -126,10 +127,8 @@ constexpr std::span<const SampleRate> SampleRate::wellDefinedCases() noexcept {
 
 constexpr SampleRate SampleRate::fromHertz(std::int64_t hertz) noexcept {
   if (hertz < 1) return matchSource;
-  for (const SampleRate& rate : wellDefinedCases()) {
-    if (rate.hertz() == hertz) return rate;
-  }
-  return custom(hertz);
+  const auto* rate = detail::rowWhere(wellDefinedCases(), &SampleRate::hertz, hertz);
+  return rate ? *rate : custom(hertz);
 }
 
 }  // namespace quillonic

@@ -6,7 +6,7 @@
 
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/codec.hpp>
 #include <quillonic/platform/conversion_options.hpp>
 
 #include <array>
@@ -17,17 +17,16 @@
 
 namespace quillonic {
 
-/// The cases of `VideoDataRate`, in order. `auto_` ends in an underscore because the language keeps the bare
-/// word to itself.
+/// The cases of `VideoDataRate`, in order. `auto_` has an underscore because `auto` is a keyword.
 enum class VideoDataRateKind : std::uint8_t { restrict, auto_ };
 
-/// How much data a second of video takes: what the encoder chooses, or at most a number of megabits.
+/// The data that a second of video takes: the encoder's choice, or at most a number of megabits.
 class VideoDataRate : public CaseWithPayload<VideoDataRateKind, double> {
  public:
   /// The encoder chooses.
   static const VideoDataRate auto_;
-  /// At most this many megabits per second, taken as it is. A rate of 0 or below, or NaN, stands for one that
-  /// is yet to be typed.
+  /// At most this many megabits per second, taken as it is. 0, a negative rate and NaN mean a rate that is
+  /// not typed yet.
   static constexpr VideoDataRate restrict(double rate) noexcept { return {Kind::restrict, rate}; }
 
   /// The rate that a picker proposes, in megabits per second.
@@ -38,14 +37,14 @@ class VideoDataRate : public CaseWithPayload<VideoDataRateKind, double> {
     return rawValue > 0 ? restrict(rawValue) : VideoDataRate(Kind::auto_);
   }
 
-  /// Whether the rate carries a number, also one that is yet to be typed.
+  /// Whether the rate carries a number, even one that is not typed yet.
   constexpr bool isRestrict() const noexcept { return kind() == Kind::restrict; }
 
   /// What stored presets carry: megabits per second, 0.0 for `auto_`.
   constexpr double doubleForProto() const noexcept { return isRestrict() ? payload() : 0.0; }
 
-  /// For people, in the user's language: "Auto", and "Retrict to 1.5 mbps" for a rate above 1.0, with that
-  /// spelling; "Restrict" for any other rate. These are fixed texts, which hosts look up.
+  /// For people, in the user's language: "Auto", "Retrict to 1.5 mbps" for a rate above 1.0, else "Restrict".
+  /// The spelling is fixed because hosts look these texts up.
   QUILLONIC_EXPORT std::string description() const;
   /// "Auto" or "Restrict".
   QUILLONIC_EXPORT std::string pickerDescription() const;
@@ -54,11 +53,11 @@ class VideoDataRate : public CaseWithPayload<VideoDataRateKind, double> {
   /// The tag.
   constexpr std::string_view id() const noexcept { return tag(); }
 
-  /// `auto_`, and a restriction to `defaultCustomDataRate`. The span stays valid for the life of the program.
+  /// `auto_`, and a restriction to `defaultCustomDataRate`. All spans stay valid for the life of the program.
   static constexpr std::span<const VideoDataRate> allCommonCases() noexcept;
 
-  /// Those of `allCommonCases` that a codec accepts: `auto_` alone when its data rate follows from its other
-  /// settings.
+  /// The members of `allCommonCases` that a codec accepts: only `auto_` when its data rate follows from its
+  /// other settings.
   static constexpr std::span<const VideoDataRate> allowed(Cloud_ConversionOptions::CodecType codec) noexcept;
 
   /// The stored data rate; as `fromRawValue`.

@@ -8,11 +8,11 @@
 
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/codec.hpp>
 #include <quillonic/media/video_size.hpp>
 #include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/support/enumeration.hpp>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -58,7 +58,7 @@ inline constexpr auto videoDimensionRows = std::to_array<VideoDimensionRow>({
     {VideoDimensionKind::quarter, {0.25, 0.25}, "Quarter"},
     {VideoDimensionKind::eighth, {0.125, 0.125}, "Eighth"},
     {VideoDimensionKind::sixteenth, {0.0625, 0.0625}, "Sixteenth"},
-    // Neither the 220 lines nor the missing blanks are a slip: presets and pickers rely on both.
+    // Neither the 220 lines nor the missing spaces are a slip: presets and pickers rely on both.
     {VideoDimensionKind::twoTwentyP, {320, 220}, "QVGA (320x220)"},
     {VideoDimensionKind::twoSeventyP, {480, 270}, "270p (480 x 270)"},
     {VideoDimensionKind::fourEightyP, {640, 480}, "VGA (640 x 480)"},
@@ -72,7 +72,7 @@ QUILLONIC_EXPORT void reportUnfitDimension(double width, double height);
 
 }  // namespace detail
 
-/// How large the frame is.
+/// The size of the frame.
 class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
  public:
   /// The size of the source.
@@ -99,8 +99,8 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
   static const VideoDimension tenEightyP;
   /// 3840 x 2160.
   static const VideoDimension fourK;
-  /// Any size in pixels, taken as it is. Sides of 0 or below, or NaN, stand for a size that is yet to be
-  /// typed.
+  /// Any size in pixels, taken as it is. Sides of 0, negative sides and NaN mean a size that is not typed
+  /// yet.
   static constexpr VideoDimension custom(double width, double height) noexcept {
     return {Kind::custom, {width, height}};
   }
@@ -110,33 +110,31 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
   /// The factor that a picker proposes.
   static constexpr double customScaleDefaultValue = 0.9;
 
-  /// Pixels; for `scaled` and the scale cases the factor in both fields, and 0 x 0 for `match`.
+  /// Pixels; the factor in both fields for `scaled` and the scale cases; 0 x 0 for `match`.
   constexpr VideoSize size() const noexcept { return isCustom() || isCustomScale() ? payload() : row().size; }
-  /// The frame to draw a preview in: the size, or 1920 x 1080 where that depends on the source.
+  /// The frame of a preview in pixels: the size, or 1920 x 1080 when that depends on the source.
   constexpr VideoSize previewSize() const noexcept {
     return isScaleOption() ? VideoSize{1920, 1080} : size();
   }
 
-  /// Whether the size is a typed one in pixels, also one that a fixed case stands for.
+  /// Whether the size is typed in pixels, even that of a fixed case.
   constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
-  /// Whether the size is a typed factor, also one that a fixed case stands for.
+  /// Whether the size is a typed factor, even that of a fixed case.
   constexpr bool isCustomScale() const noexcept { return kind() == Kind::scaled; }
-  /// Whether the size depends on the source: `scaled`, whatever its factor, and the scale cases, `match`
-  /// included.
+  /// Whether the size depends on the source: `scaled` with any factor, and the scale cases including `match`.
   constexpr bool isScaleOption() const noexcept {
     return kind() >= Kind::scaled && kind() <= Kind::sixteenth;
   }
 
-  /// For people, in the user's language: "Half", "Custom: 90.0%", "Custom: 400.0 x 300.0". A custom size of
-  /// which a side is not above 0 is "Custom Dimensions"; the percentage is rounded to one place.
+  /// For people, in the user's language: "Half", "Custom: 90.0%", "Custom: 400.0 x 300.0". A custom size with
+  /// a side that is not above 0 is "Custom Dimensions"; the percentage is rounded to one place.
   QUILLONIC_EXPORT std::string description() const;
-  /// The same, but any custom size is "Custom Dimensions" and any custom factor "Custom Scale".
+  /// As `description`, but any custom size is "Custom Dimensions" and any custom factor "Custom Scale".
   QUILLONIC_EXPORT std::string pickerDescription() const;
   /// The text by which a program tells the cases apart: the English description, "custom" or "scaled".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
-  /// The scale options, then the exact ones. This span and those below stay valid for the life of the
-  /// program.
+  /// The scale options, then the exact ones. All spans stay valid for the life of the program.
   static constexpr std::span<const VideoDimension> allCases() noexcept;
   /// The cases without numbers of their own.
   static constexpr std::span<const VideoDimension> wellDefinedCases() noexcept;
@@ -145,31 +143,30 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
   /// The fixed sizes, and a custom one of 400 x 400.
   static constexpr std::span<const VideoDimension> exactDimensionsOptions() noexcept;
 
-  /// The members of a list that are among `exactDimensionsOptions`, in the order of the list. Of the custom
-  /// sizes only 400 x 400 is.
+  /// The members of a list that are in `exactDimensionsOptions`, in the list's order. Of the custom sizes
+  /// only 400 x 400 is.
   static constexpr std::vector<VideoDimension> filterExactDimensionsOptions(
       std::span<const VideoDimension> from);
-  /// The members of a list that are among `scaleOptions`, in the order of the list. Of the custom factors
-  /// only 0.9 is.
+  /// The members of a list that are in `scaleOptions`, in the list's order. Of the custom factors only 0.9
+  /// is.
   static constexpr std::vector<VideoDimension> filterScaleOptions(std::span<const VideoDimension> from);
 
-  /// The sizes that a codec accepts, of `allCases` and in that order. A codec with a closed list of sizes
-  /// takes `match`, because the source may have one of them, but neither another scale nor a custom size.
+  /// The members of `allCases` that a codec accepts, in that order. A codec with a closed list of sizes takes
+  /// `match`, because the source may have one of them, but neither another scale nor a custom size.
   static constexpr std::span<const VideoDimension> allAllowedOptions(
       Cloud_ConversionOptions::CodecType codec) noexcept;
-  /// Those of them that `filterExactDimensionsOptions` leaves.
+  /// The allowed sizes that `filterExactDimensionsOptions` keeps.
   static constexpr std::vector<VideoDimension> allowedExactOptions(Cloud_ConversionOptions::CodecType codec);
-  /// Those of them that `filterScaleOptions` leaves.
+  /// The allowed sizes that `filterScaleOptions` keeps.
   static constexpr std::vector<VideoDimension> allowedScaledOptions(Cloud_ConversionOptions::CodecType codec);
 
-  /// The case whose numbers are stored. Width and height above 0 count before a scale: the fixed case of
-  /// exactly that `size` (so that 0.5 x 0.5 is `half`), else a custom size. A scale above 0 without width and
-  /// height is the fixed case of that factor, else `scaled`. Nothing but zeros is `match`. For anything else,
-  /// such as a width without a height, a negative number or NaN, one line goes to standard output and the
-  /// result is `match`.
+  /// The case of the stored numbers. Width and height above 0 count before a scale: the fixed case with
+  /// exactly that `size` (0.5 x 0.5 is `half`), else a custom size. A scale above 0 without width and height
+  /// is the fixed case with that factor, else `scaled`. All zeros are `match`. Anything else, such as a width
+  /// without a height, a negative number or NaN, prints one line to standard output and gives `match`.
   static constexpr VideoDimension fromProto(const Cloud_ConversionOptions::VideoTranscodeOptions& video);
-  /// Stores the size: pixels as width and height, a factor as the scale, and 0 in the fields not used. A
-  /// custom size or factor with the numbers of a fixed case reads back as that case.
+  /// Stores pixels as width and height, a factor as the scale, and 0 in the unused fields. A custom size or
+  /// factor with the numbers of a fixed case reads back as that case.
   constexpr void storeIn(Cloud_ConversionOptions::VideoTranscodeOptions& video) const noexcept {
     const auto pixels = isScaleOption() ? VideoSize{} : size();
     video.width = pixels.width;
@@ -286,8 +283,7 @@ constexpr VideoDimension VideoDimension::fromProto(
   }
   const auto size = inPixels ? VideoSize{video.width, video.height} : VideoSize{video.scale, video.scale};
   // A stored scale is never taken for a size in pixels, because no fixed size is square.
-  const auto* const fixed = std::ranges::find(detail::fixedVideoDimensions, size, &VideoDimension::size);
-  if (fixed != detail::fixedVideoDimensions.end()) return *fixed;
+  if (const auto* fixed = detail::rowWhere(wellDefinedCases(), &VideoDimension::size, size)) return *fixed;
   return inPixels ? custom(size.width, size.height) : scaled(size.width);
 }
 

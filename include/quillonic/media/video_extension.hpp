@@ -4,13 +4,13 @@
 ///     for (VideoExtension extension : allowed<VideoExtension>(preset.codecType)) { ... }
 #pragma once
 
-#include <quillonic/media/codec_limits.hpp>
+#include <quillonic/media/codec.hpp>
+#include <quillonic/media/enumerated_setting.hpp>
+#include <quillonic/media/file_extension.hpp>
 #include <quillonic/platform/conversion_options.hpp>
-#include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>
-#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -21,57 +21,65 @@ namespace quillonic {
 /// The extension of the file, which names its container.
 enum class VideoExtension : std::uint8_t { mov, mp4 };
 
-/// One extension, its text and its stored number.
+/// One container: its file-name extension, whose text is also its own, and its stored number.
 struct VideoExtensionRow : CaseRow<VideoExtension> {
+  /// Takes the text from the file-name extension.
+  consteval VideoExtensionRow(VideoExtension extension, FileExtension file,
+                              Cloud_ConversionOptions::VideoTranscodeOptions::Container number)
+      : CaseRow<VideoExtension>{extension, quillonic::rawValue(file)}, fileExtension(file), stored(number) {}
+
+  /// The extension of files in the container.
+  FileExtension fileExtension;
   /// The number that presets store for the container.
   Cloud_ConversionOptions::VideoTranscodeOptions::Container stored;
 };
 
 /// The extensions in order.
 template <> struct CaseTable<VideoExtension> {
-  static constexpr auto rows = std::to_array<VideoExtensionRow>({
-      {{VideoExtension::mov, "mov"}, Cloud_ConversionOptions::VideoTranscodeOptions::Container::mov},
-      {{VideoExtension::mp4, "mp4"}, Cloud_ConversionOptions::VideoTranscodeOptions::Container::mp4},
-  });
+  static constexpr auto rows = [] {
+    using enum VideoExtension;
+    using Stored = Cloud_ConversionOptions::VideoTranscodeOptions::Container;
+    return std::to_array<VideoExtensionRow>({
+        {mov, FileExtension::mov, Stored::mov},
+        {mp4, FileExtension::mp4, Stored::mp4},
+    });
+  }();
 };
 
 static_assert(CodableRawHashCase<VideoExtension>);
 
-/// The raw value, for people, pickers and programs alike; it is the same in every language.
+/// The raw value, for people, pickers and programs alike; it is not translated.
 constexpr std::string_view description(VideoExtension extension) noexcept {
   return rawValue(extension);
 }
-/// The same as `description`.
+/// The raw value, as in `description`.
 constexpr std::string_view pickerDescription(VideoExtension extension) noexcept {
   return rawValue(extension);
 }
-/// The same as `description`.
+/// The raw value, as in `description`.
 constexpr std::string_view tag(VideoExtension extension) noexcept {
   return rawValue(extension);
 }
 
-/// The extensions whose files can hold a codec, in order. The span stays valid for the life of the program.
-template <std::same_as<VideoExtension> Extension>
-constexpr std::span<const Extension> allowed(Cloud_ConversionOptions::CodecType codec) noexcept {
-  return allCases<Extension>().first(codecLimits(codec).livesInMp4 ? 2 : 1);
+/// The extensions whose files can hold a codec.
+template <>
+constexpr std::span<const VideoExtension> allowed(Cloud_ConversionOptions::CodecType codec) noexcept {
+  return allCases<VideoExtension>().first(codecLimits(codec).livesInMp4 ? 2 : 1);
 }
 
-/// The stored extension; nothing when the stored number is that of neither.
-template <std::same_as<VideoExtension> Extension>
-constexpr std::optional<Extension> fromProto(
+/// The stored extension; nothing for an unlisted number.
+template <>
+constexpr std::optional<VideoExtension> fromProto(
     const Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept {
-  for (const auto& row : CaseTable<Extension>::rows) {
-    if (row.stored == video.container) return row.value;
-  }
-  return std::nullopt;
+  const auto* row =
+      detail::rowWhere(CaseTable<VideoExtension>::rows, &VideoExtensionRow::stored, video.container);
+  return row ? std::optional(row->value) : std::nullopt;
 }
 
-/// Stores the extension.
+/// Stores the extension; an unlisted value changes nothing.
 constexpr void storeIn(VideoExtension extension,
                        Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept {
-  for (const auto& row : CaseTable<VideoExtension>::rows) {
-    if (row.value == extension) video.container = row.stored;
-  }
+  if (const auto* row = detail::rowOf(extension)) video.container = row->stored;
 }
 
 }  // namespace quillonic

@@ -4,14 +4,13 @@
 ///     static_assert(standardDimensions(VideoResolution::twoK) == VideoSize{2048, 1080});
 #pragma once
 
+#include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/media/video_size.hpp>
 #include <quillonic/platform/conversion_options.hpp>
-#include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <algorithm>
 #include <array>
-#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -19,7 +18,7 @@
 
 namespace quillonic {
 
-/// A class of frame sizes that go by one name.
+/// A class of frame sizes with one name.
 enum class VideoResolution : std::uint8_t {
   qvga,
   vga,
@@ -82,59 +81,62 @@ template <> struct CaseTable<VideoResolution> {
 
 static_assert(CodableRawHashCase<VideoResolution>);
 
-/// The raw value, for people, pickers and programs alike; it is the same in every language.
+/// The raw value, for people, pickers and programs alike; it is not translated.
 constexpr std::string_view description(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }
-/// The same as `description`.
+/// The raw value, as in `description`.
 constexpr std::string_view pickerDescription(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }
-/// The same as `description`.
+/// The raw value, as in `description`.
 constexpr std::string_view tag(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }
 
-/// The sizes in pixels that go by this name, the standard one first; none for a number that no case bears.
-/// The span stays valid for the life of the program.
+/// The sizes in pixels with this name, the standard one first; none for an unlisted value. The span stays
+/// valid for the life of the program.
 constexpr std::span<const VideoSize> validDimensions(VideoResolution resolution) noexcept {
-  for (const auto& row : CaseTable<VideoResolution>::rows) {
-    if (row.value == resolution) return row.validDimensions;
-  }
-  return {};
+  const auto* row = detail::rowOf(resolution);
+  return row ? row->validDimensions : std::span<const VideoSize>{};
 }
 
-/// The first of the sizes; 0 x 0 for a number that no case bears.
+/// The first of the sizes; 0 x 0 for an unlisted value.
 constexpr VideoSize standardDimensions(VideoResolution resolution) noexcept {
   const auto sizes = validDimensions(resolution);
   return sizes.empty() ? VideoSize{} : sizes.front();
 }
 
-/// The first resolution that has exactly this size; nothing when none has.
-template <std::same_as<VideoResolution> Resolution>
-constexpr std::optional<Resolution> fromDimensions(VideoSize dimensions) noexcept {
-  for (const auto& row : CaseTable<Resolution>::rows) {
+/// The first case with exactly this size; nothing when none has it.
+template <class Resolution>
+constexpr std::optional<Resolution> fromDimensions(VideoSize dimensions) noexcept = delete;
+
+/// The first case with a size of exactly this width; nothing when none has it.
+template <class Resolution> constexpr std::optional<Resolution> fromWidth(double width) noexcept = delete;
+
+/// The first resolution with exactly this size; nothing when none has it.
+template <> constexpr std::optional<VideoResolution> fromDimensions(VideoSize dimensions) noexcept {
+  for (const auto& row : CaseTable<VideoResolution>::rows) {
     if (std::ranges::find(row.validDimensions, dimensions) != row.validDimensions.end()) return row.value;
   }
   return std::nullopt;
 }
 
-/// The first resolution that has a size of exactly this width, so that 1920 is `fullHd` although 2K has such
-/// a size as well; nothing when none has.
-template <std::same_as<VideoResolution> Resolution>
-constexpr std::optional<Resolution> fromWidth(double width) noexcept {
-  for (const auto& row : CaseTable<Resolution>::rows) {
+/// The first resolution with a size of exactly this width, so 1920 is `fullHd` although 2K has such a size
+/// too; nothing when none has it.
+template <> constexpr std::optional<VideoResolution> fromWidth(double width) noexcept {
+  for (const auto& row : CaseTable<VideoResolution>::rows) {
     const auto& sizes = row.validDimensions;
     if (std::ranges::find(sizes, width, &VideoSize::width) != sizes.end()) return row.value;
   }
   return std::nullopt;
 }
 
-/// The resolution that the stored width and height belong to; nothing when they are none's.
-template <std::same_as<VideoResolution> Resolution>
-constexpr std::optional<Resolution> fromProto(
+/// The first resolution with the stored width and height; nothing when none has them.
+template <>
+constexpr std::optional<VideoResolution> fromProto(
     const Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept {
-  return fromDimensions<Resolution>({video.width, video.height});
+  return fromDimensions<VideoResolution>({video.width, video.height});
 }
 
 /// Stores the standard dimensions in place of any other size or scale.

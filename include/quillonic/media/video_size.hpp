@@ -2,11 +2,11 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <string_view>
 
 namespace quillonic {
 
-/// A width and a height, in pixels unless the operation that gives it says otherwise.
+/// A width and a height, in pixels unless stated otherwise.
 struct VideoSize {
   /// The horizontal side, or the factor for it; any number is kept.
   double width = 0;

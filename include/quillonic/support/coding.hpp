@@ -77,8 +77,8 @@ class QUILLONIC_EXPORT CodedRecord {
   std::vector<CodedMember> members_;
 };
 
-/// What a coded value may hold: a Boolean, a 64-bit integer, a floating-point number, a text (any bytes), a list or
-/// a record.
+/// What a coded value may hold: a Boolean, a 64-bit integer, a floating-point number, a text (any bytes), a
+/// list or a record.
 template <class T>
 concept CodedAlternative =
     std::same_as<T, bool> || std::same_as<T, std::int64_t> || std::same_as<T, double> ||
@@ -135,10 +135,6 @@ template <class T> const T& CodedRecord::require(std::string_view key) const {
   if (const T* value = optional<T>(key)) return *value;
   throw DecodingError(key, "the key is missing");
 }
-
-/// A value that is encoded and decoded as its bare text.
-template <class T>
-concept CodableRawHashCase = RawHashCase<T>;
 
 /// How a type is encoded and decoded. It stands here for Booleans, 64-bit integers, floating-point numbers,
 /// texts, paths, lists, enumerations with texts, records with a table of fields, and every type with an

@@ -4,8 +4,8 @@
 ///     static_assert(fromRawValue<FileExtension>("mov") == FileExtension::mov);
 ///     for (FileExtension extension : allCases<FileExtension>()) { ... }
 ///
-/// There are two kinds. A closed enumeration is an `enum class` whose texts stand in one table; an open one
-/// is a class over a text (see text_backed.hpp). Generic code asks either of them the same way.
+/// A closed enumeration is an `enum class` with one table of its texts; an open one is a class over a text
+/// (see text_backed.hpp). Generic code asks both the same way.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -13,6 +13,7 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -20,17 +21,15 @@
 
 namespace quillonic {
 
-/// The table of an enumeration's cases, specialised once beside each enumeration. A closed enumeration
-/// supplies `rows`, an array of `CaseRow` in case order; an open one supplies `cases`, an array of its listed
-/// values.
+/// The table of an enumeration's cases, specialised once next to each enumeration. A closed enumeration
+/// supplies `rows`, an array of `CaseRow` in case order; an open one supplies `cases`, its listed values.
 template <class Enumeration> struct CaseTable;
 
-/// One case of a closed enumeration and its raw value: a text, or a number where the enumeration stands for
-/// numbers.
+/// One case of a closed enumeration and its raw value, a text or a number.
 template <class Enumeration, class RawValue = std::string_view> struct CaseRow {
   /// The case that the row is for.
   Enumeration value;
-  /// What is stored and compared; each row has another one.
+  /// What is stored and compared; unique within the table.
   RawValue rawValue;
 };
 
@@ -49,6 +48,26 @@ QUILLONIC_HIDDEN inline constexpr auto casesOf = [] {
   return cases;
 }();
 
+// The first row that holds `value` in `member`, a field or a getter of the row; null when none does.
+template <class Rows, class Member, class Value>
+constexpr auto rowWhere(const Rows& rows, Member member, const Value& value) noexcept
+    -> decltype(std::data(rows)) {
+  for (const auto& row : rows) {
+    if constexpr (std::is_member_function_pointer_v<Member>) {
+      if ((row.*member)() == value) return &row;
+    } else {
+      if (row.*member == value) return &row;
+    }
+  }
+  return nullptr;
+}
+
+// The row of a case; null for an unlisted value.
+template <ClosedEnumeration E> constexpr const auto* rowOf(E value) noexcept {
+  using Row = std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>;
+  return rowWhere(CaseTable<E>::rows, &Row::value, value);
+}
+
 template <class E> struct RawValueOf { using Type = std::string_view; };
 template <ClosedEnumeration E> struct RawValueOf<E> {
   using Type = decltype(std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>::rawValue);
@@ -65,22 +84,19 @@ template <class E> constexpr std::span<const E> allCases() noexcept {
   }
 }
 
-/// The raw value of a case; the empty text, or 0, for a number that no case bears.
+/// The raw value of a case; the empty text, or 0, for an unlisted value.
 template <ClosedEnumeration E> constexpr typename detail::RawValueOf<E>::Type rawValue(E value) noexcept {
-  for (const auto& row : CaseTable<E>::rows) {
-    if (row.value == value) return row.rawValue;
-  }
-  return {};
+  const auto* row = detail::rowOf(value);
+  return row ? row->rawValue : typename detail::RawValueOf<E>::Type{};
 }
 
-/// The value whose raw value is exactly the given one, case included. A closed enumeration gives nothing for
-/// one outside its table; an open one wraps any text and so always gives a value.
+/// The value with exactly this raw value, case included. A closed enumeration gives nothing for one outside
+/// its table; an open one wraps any text.
 template <class E> constexpr std::optional<E> fromRawValue(typename detail::RawValueOf<E>::Type raw) {
   if constexpr (ClosedEnumeration<E>) {
-    for (const auto& row : CaseTable<E>::rows) {
-      if (row.rawValue == raw) return row.value;
-    }
-    return std::nullopt;
+    using Row = std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>;
+    const auto* row = detail::rowWhere(CaseTable<E>::rows, &Row::rawValue, raw);
+    return row ? std::optional(row->value) : std::nullopt;
   } else {
     return E::fromRawValue(raw);
   }
@@ -92,5 +108,9 @@ concept RawHashCase = std::equality_comparable<T> && requires(const T& value) {
   { rawValue(value) } -> std::convertible_to<std::string_view>;
   { fromRawValue<T>(std::string_view{}) } -> std::same_as<std::optional<T>>;
 };
+
+/// A value that is encoded and decoded as its bare text (see coding.hpp).
+template <class T>
+concept CodableRawHashCase = RawHashCase<T>;
 
 }  // namespace quillonic

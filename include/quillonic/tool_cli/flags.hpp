@@ -1,11 +1,10 @@
-/// What every flag of every tool answers, and the flags that a parent adds to each child's command line.
+/// What flags of all tools have in common, and the flags that a parent adds to each child's command line.
 ///
 ///     std::vector<std::string> list = settings.commandLineArguments();
 ///     list.emplace_back(cliFlag(CLICustodialFlag::parentPid));
 ///     list.push_back(std::to_string(getpid()));
 #pragma once
 
-#include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/tool_cli/sanitization_options.hpp>
 
@@ -40,7 +39,7 @@ template <class Flag> struct FlagRow : CaseRow<Flag> {
   consteval FlagRow(Flag flag, std::string_view text, bool takesValue)
       : CaseRow<Flag>{flag, text.substr(1)}, cliFlag(text), acceptsArguments(takesValue) {}
 
-  /// The flag as it stands on a command line, hyphen included.
+  /// The flag as written on a command line, hyphen included.
   std::string_view cliFlag;
   /// Whether a value follows the flag.
   bool acceptsArguments;
@@ -51,21 +50,16 @@ template <class T>
 concept ClosedFlagEnumeration = ClosedEnumeration<T> && std::same_as < const FlagRow<T>
 &, decltype(CaseTable<T>::rows[0]) > ;
 
-/// The flag as it stands on a command line, a hyphen and the raw value; empty for a number that no case
-/// bears.
+/// The flag as written on a command line, a hyphen and the raw value; empty for an unlisted value.
 template <ClosedFlagEnumeration Flag> constexpr std::string_view cliFlag(Flag flag) noexcept {
-  for (const auto& row : CaseTable<Flag>::rows) {
-    if (row.value == flag) return row.cliFlag;
-  }
-  return {};
+  const auto* row = detail::rowOf(flag);
+  return row ? row->cliFlag : std::string_view{};
 }
 
-/// Whether a value follows the flag.
+/// Whether a value follows the flag; false for an unlisted value.
 template <ClosedFlagEnumeration Flag> constexpr bool acceptsArguments(Flag flag) noexcept {
-  for (const auto& row : CaseTable<Flag>::rows) {
-    if (row.value == flag) return row.acceptsArguments;
-  }
-  return false;
+  const auto* row = detail::rowOf(flag);
+  return row && row->acceptsArguments;
 }
 
 /// The flags that a parent application adds to every child tool's command line.
