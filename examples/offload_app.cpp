@@ -1,6 +1,6 @@
-// A parent application. It builds a transcoder command line from a preset, starts the transcoder tool as a child process
-// with exactly that list and shows the child's progress; then it compares the output with its source, and has the
-// media-analysis tool look at it.
+// A parent application. It builds a transcoder command line from a preset, starts the transcoder tool as a
+// child process with exactly that list and shows the child's progress; then it compares the output with its
+// source, and has the media-analysis tool look at it.
 //
 //     offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER FILE...
 
@@ -52,7 +52,7 @@ TranscodeCliArguments settingsFor(const std::vector<std::string>& files,
   return settings;
 }
 
-MediaAnalysisCLICustodialRecord custodialOptions() {
+MediaAnalysisCLICustodialOptions custodialOptions() {
   constexpr int thisApplication = 7;
   auto options = MediaAnalysisCLIArgumentFactory::custodialOptions(getpid());
   options.parentAppNumber = thisApplication;
@@ -122,7 +122,8 @@ class Item : public AttributeBasedStore {
   FileAttributes attributes_;
 };
 
-// This application's rule: another size is another file, anything else that differs or is missing a partial match.
+// This application's rule: another size is another file, anything else that differs or is missing a partial
+// match.
 MatchLevel matchLevel(const Item& source, const Item& copy) {
   const auto keys = FileSystemAttributesStore::attributeKeys();
   const auto original = source.attributes();

@@ -17,8 +17,8 @@ namespace {
 
 using Value = std::optional<std::string_view>;
 
-// Flags are told from each other without regard to case. They are not trimmed: a path may begin with a blank
-// and a hyphen, and must then not become a flag.
+// Flags are compared without regard to case. They are not trimmed: a path that begins with a space and a
+// hyphen must not become a flag.
 constexpr auto flagForm = CLISanitizationOptions::lowercase;
 
 // Takes flags and values in, one at a time; `take` says whether the value was of use.
@@ -88,7 +88,7 @@ class Intake {
     if (read_.errors.empty()) {
       basic_.workDirectory = std::move(*workDirectory_);
       basic_.resultsFilePath = std::move(*resultsFilePath_);
-      read_.basic.emplace(std::move(basic_));
+      read_.basic = std::move(basic_);
     }
     if (asksForImages_) {
       require(!image_.snapshotLocations.empty(), MediaAnalysisCLIImageError::missingSnapshotLocations,
@@ -97,11 +97,12 @@ class Intake {
               read_.imageErrors);
       if (read_.imageErrors.empty()) {
         image_.maxImageWidth = *maxImageWidth_;
-        read_.image.emplace(std::move(image_));
+        read_.image = std::move(image_);
       }
     }
     if (parentProcessId_) {
-      read_.custodial.emplace(MediaAnalysisCLICustodialOptions{*parentProcessId_, parentAppNumber_});
+      read_.custodial = MediaAnalysisCLIArgumentFactory::custodialOptions(*parentProcessId_);
+      read_.custodial->parentAppNumber = parentAppNumber_;
     } else if (parentAppNumber_) {
       setAside(flagForm.sanitize(cliFlag(CLICustodialFlag::parentAppNumber)),
                std::to_string(*parentAppNumber_));

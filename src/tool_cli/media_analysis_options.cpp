@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 #include "platform/number_text.hpp"
@@ -34,10 +35,15 @@ TextDictionary MediaAnalysisCLIRecord::argumentLookup() const {
   return lookup;
 }
 
-BasicMediaAnalysisCLIRecord::BasicMediaAnalysisCLIRecord(BasicMediaAnalysisCLIOptions options)
-    : BasicMediaAnalysisCLIOptions(std::move(options)) {}
+bool BasicMediaAnalysisCLIOptions::operator==(const BasicMediaAnalysisCLIOptions& other) const {
+  const auto fields = [](const auto& record) {
+    return std::tie(record.pathsToAnalyze, record.workDirectory, record.resultsFilePath, record.analysisId,
+                    record.deepAnalysis);
+  };
+  return fields(*this) == fields(other);
+}
 
-std::vector<MediaAnalysisCLIRecord::FlagEntry> BasicMediaAnalysisCLIRecord::flagEntries() const {
+std::vector<MediaAnalysisCLIRecord::FlagEntry> BasicMediaAnalysisCLIOptions::flagEntries() const {
   using Flag = MediaAnalysisCLIFlag;
   std::vector<FlagEntry> entries{
       {cliFlag(Flag::pathToAnalyze), pathsToAnalyze, true},
@@ -53,11 +59,16 @@ std::vector<MediaAnalysisCLIRecord::FlagEntry> BasicMediaAnalysisCLIRecord::flag
   return entries;
 }
 
-DistributedMediaAnalysisImageRecord::DistributedMediaAnalysisImageRecord(
-    DistributedMediaAnalysisImageOptions options)
-    : DistributedMediaAnalysisImageOptions(std::move(options)) {}
+bool DistributedMediaAnalysisImageOptions::operator==(
+    const DistributedMediaAnalysisImageOptions& other) const {
+  const auto fields = [](const auto& record) {
+    return std::tie(record.snapshotLocations, record.maxImageWidth, record.imageHeight,
+                    record.compressionFactor, record.allowFinderImages);
+  };
+  return fields(*this) == fields(other);
+}
 
-std::vector<MediaAnalysisCLIRecord::FlagEntry> DistributedMediaAnalysisImageRecord::flagEntries() const {
+std::vector<MediaAnalysisCLIRecord::FlagEntry> DistributedMediaAnalysisImageOptions::flagEntries() const {
   using Flag = MediaAnalysisImageCLIFlags;
   const auto text = [](float number) { return number_text::shortest(number); };
   std::vector<std::string> locations;
@@ -72,10 +83,11 @@ std::vector<MediaAnalysisCLIRecord::FlagEntry> DistributedMediaAnalysisImageReco
   return entries;
 }
 
-MediaAnalysisCLICustodialRecord::MediaAnalysisCLICustodialRecord(MediaAnalysisCLICustodialOptions options)
-    : MediaAnalysisCLICustodialOptions(options) {}
+bool MediaAnalysisCLICustodialOptions::operator==(const MediaAnalysisCLICustodialOptions& other) const {
+  return parentProcessId == other.parentProcessId && parentAppNumber == other.parentAppNumber;
+}
 
-std::vector<MediaAnalysisCLIRecord::FlagEntry> MediaAnalysisCLICustodialRecord::flagEntries() const {
+std::vector<MediaAnalysisCLIRecord::FlagEntry> MediaAnalysisCLICustodialOptions::flagEntries() const {
   std::vector<FlagEntry> entries{{cliFlag(CLICustodialFlag::parentPid), {std::to_string(parentProcessId)}}};
   if (parentAppNumber) {
     entries.push_back({cliFlag(CLICustodialFlag::parentAppNumber), {std::to_string(*parentAppNumber)}});
@@ -83,30 +95,43 @@ std::vector<MediaAnalysisCLIRecord::FlagEntry> MediaAnalysisCLICustodialRecord::
   return entries;
 }
 
-BasicMediaAnalysisCLIRecord MediaAnalysisCLIArgumentFactory::buildBasicOptions(
+BasicMediaAnalysisCLIOptions MediaAnalysisCLIArgumentFactory::buildBasicOptions(
     std::vector<std::string> pathsToAnalyze, std::string workDirectory, std::string resultsFilePath,
     std::optional<std::string> analysisId, bool deepAnalysis) {
-  return BasicMediaAnalysisCLIRecord({std::move(pathsToAnalyze), std::move(workDirectory),
-                                      std::move(resultsFilePath), std::move(analysisId), deepAnalysis});
+  BasicMediaAnalysisCLIOptions options;
+  options.pathsToAnalyze = std::move(pathsToAnalyze);
+  options.workDirectory = std::move(workDirectory);
+  options.resultsFilePath = std::move(resultsFilePath);
+  options.analysisId = std::move(analysisId);
+  options.deepAnalysis = deepAnalysis;
+  return options;
 }
 
-DistributedMediaAnalysisImageRecord MediaAnalysisCLIArgumentFactory::buildImageOptions(
+DistributedMediaAnalysisImageOptions MediaAnalysisCLIArgumentFactory::buildImageOptions(
     std::vector<float> snapshotLocations, float maxImageWidth, std::optional<float> compressionFactor,
     bool allowFinderImages) {
-  return DistributedMediaAnalysisImageRecord(
-      {std::move(snapshotLocations), maxImageWidth, std::nullopt, compressionFactor, allowFinderImages});
+  DistributedMediaAnalysisImageOptions options;
+  options.snapshotLocations = std::move(snapshotLocations);
+  options.maxImageWidth = maxImageWidth;
+  options.compressionFactor = compressionFactor;
+  options.allowFinderImages = allowFinderImages;
+  return options;
 }
 
-DistributedMediaAnalysisImageRecord MediaAnalysisCLIArgumentFactory::buildImageOptions(
+DistributedMediaAnalysisImageOptions MediaAnalysisCLIArgumentFactory::buildImageOptions(
     std::vector<float> snapshotLocations, float imageWidth, float imageHeight,
     std::optional<float> compressionFactor, bool allowFinderImages) {
-  return DistributedMediaAnalysisImageRecord(
-      {std::move(snapshotLocations), imageWidth, imageHeight, compressionFactor, allowFinderImages});
+  auto options =
+      buildImageOptions(std::move(snapshotLocations), imageWidth, compressionFactor, allowFinderImages);
+  options.imageHeight = imageHeight;
+  return options;
 }
 
-MediaAnalysisCLICustodialRecord MediaAnalysisCLIArgumentFactory::custodialOptions(
+MediaAnalysisCLICustodialOptions MediaAnalysisCLIArgumentFactory::custodialOptions(
     std::int32_t forParentProcessId) {
-  return MediaAnalysisCLICustodialRecord({forParentProcessId, std::nullopt});
+  MediaAnalysisCLICustodialOptions options;
+  options.parentProcessId = forParentProcessId;
+  return options;
 }
 
 }  // namespace quillonic

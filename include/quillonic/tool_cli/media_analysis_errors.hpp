@@ -12,19 +12,19 @@
 
 namespace quillonic {
 
-/// Each case names the check that failed. The numbers begin at 1 because an error code of 0 means success.
+/// The failed check. Numbers begin at 1 because an error code of 0 means success.
 enum class MediaAnalysisCLIError : std::uint8_t {
   /// The list has no path to analyse.
   pathToAnalyzeNotSupplied = 1,
-  /// Nothing is at one of the paths to analyse.
+  /// One of the paths to analyse does not exist.
   pathToAnalyzeDoesNotExist,
   /// The list has no folder for temporary files.
   workDirectoryNotSupplied,
-  /// That folder is not there.
+  /// That folder does not exist.
   workDirectoryDoesNotExist,
   /// The list has no file for the results.
   resultsFilePathNotSupplied,
-  /// Something is there already, which is not to be replaced.
+  /// The file for the results exists, and the tool does not replace it.
   resultsFileAlreadyExists,
   /// The file for the results cannot be created.
   resultsFilePathNotCreated,
@@ -54,10 +54,10 @@ template <> struct CaseTable<MediaAnalysisCLIImageError> {
   });
 };
 
-/// The errors as error codes of two categories of their own. The message of a code is the name of its case:
-/// the texts that people read are the tool's.
+/// The error as a code of its own category. The message is the name of the case; the tool has the texts for
+/// people.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIError error) noexcept;
-/// The same for an image analysis, in the other category.
+/// The error of an image analysis as a code of a second category.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIImageError error) noexcept;
 
 }  // namespace quillonic

@@ -6,12 +6,10 @@
 #pragma once
 
 #include <quillonic/export.hpp>
-#include <quillonic/support/coding.hpp>
 #include <quillonic/tool_cli/flags.hpp>
 #include <quillonic/tool_cli/sanitization_options.hpp>
 
 #include <array>
-#include <concepts>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -47,7 +45,7 @@ template <> struct CaseTable<MediaAnalysisCLIFlag> {
 
 static_assert(CliFlag<MediaAnalysisCLIFlag> && CodableRawHashCase<MediaAnalysisCLIFlag>);
 
-/// The flags of an image analysis, which takes still frames. What the numbers measure is up to the tool.
+/// The flags of an image analysis, which takes still frames. The tool defines the units of the numbers.
 enum class MediaAnalysisImageCLIFlags : std::uint8_t {
   /// How much the written images are compressed.
   compressionFactor,
@@ -79,15 +77,14 @@ inline std::string sanitizedFlag(MediaAnalysisImageCLIFlags flag) {
   return CLISanitizationOptions::lowercase.sanitize(cliFlag(flag));
 }
 
-/// `sanitizeAllCLIFlags` under the name that it has for the image flags.
-template <std::same_as<MediaAnalysisImageCLIFlags> Flag>
-std::vector<std::string> sanitizeAll(CLISanitizationOptions options) {
+/// `sanitizeAllCLIFlags` under its second name.
+template <CliFlag Flag> std::vector<std::string> sanitizeAll(CLISanitizationOptions options) {
   return sanitizeAllCLIFlags<Flag>(options);
 }
 
-/// All locations as one text, each behind its flag and a blank, and nothing between one and the next:
-/// "-snapshotLocation 0.25-snapshotLocation 0.5". That no blank stands there is a fixed form. The numbers are
-/// their shortest decimals, without an exponent; no locations give the empty text.
+/// All locations as one text, each after its flag and a space: "-snapshotLocation 0.25-snapshotLocation 0.5".
+/// The missing space between two of them is a fixed contract. Numbers are their shortest decimals without an
+/// exponent; no locations give the empty text.
 QUILLONIC_EXPORT std::string snapShotLocationsCLIValue(std::span<const float> locations);
 
 }  // namespace quillonic
