@@ -1,5 +1,7 @@
+#include <quillonic/media/codec.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
 
+#include <algorithm>
 #include <utility>
 
 #include "support/never_destroyed.hpp"
@@ -8,62 +10,57 @@
 namespace quillonic {
 namespace {
 
-using Codec = VAVTranscodeArgumentVideoCodecValue;
-using CodecList = Service<std::vector<Codec>>;
+using CodecValue = VAVTranscodeArgumentVideoCodecValue;
+using CodecList = Service<std::vector<CodecValue>>;
+
+static_assert(std::ranges::equal(allCodecs(), CodecValue::allCases(), {}, &Codec::text,
+                                 &CodecValue::rawValue),
+              "each codec of the vocabulary has a row, and in the same order");
+
+std::vector<CodecValue> family(CodecFamily family) {
+  std::vector<CodecValue> values;
+  for (const Codec& codec : allCodecs()) {
+    if (codec.family == family) values.emplace_back(codec.text);
+  }
+  return values;
+}
 
 CodecList& avidDNxFormats() {
-  static const NeverDestroyed<CodecList> formats(std::vector<Codec>{VAVDnxhdCodec});
+  static const NeverDestroyed<CodecList> formats(family(CodecFamily::avidDNx));
   return *formats;
 }
 
 CodecList& webFormats() {
-  static const NeverDestroyed<CodecList> formats(std::vector<Codec>{VAVAvcH264Codec, VAVHevcCodec, VAVMotionJpegCodec});
+  static const NeverDestroyed<CodecList> formats(family(CodecFamily::web));
   return *formats;
 }
 
 CodecList& proResFormats() {
-  static const NeverDestroyed<CodecList> formats(std::vector<Codec>
-      {VAVProRes4444, VAVProRes4444XQ, VAVProRes422, VAVProRes422HQ, VAVProRes422LT, VAVProRes422Proxy});
+  static const NeverDestroyed<CodecList> formats(family(CodecFamily::proRes));
   return *formats;
 }
 
-// The extensions that a fixed value goes with, the preferred one first.
-struct ExtensionsRow {
-  std::string_view value;
+constexpr FileExtension movOrMp4[] = {FileExtension::mov, FileExtension::mp4};
+constexpr FileExtension mp4OrMov[] = {FileExtension::mp4, FileExtension::mov};
+constexpr FileExtension wav[] = {FileExtension::wav};
+
+// A file format and its extensions, the preferred one first.
+struct FormatRow {
+  std::string_view text;
   std::span<const FileExtension> extensions;
 };
 
-constexpr FileExtension mov[] = {FileExtension::mov};
-constexpr FileExtension mxf[] = {FileExtension::mxf};
-constexpr FileExtension wav[] = {FileExtension::wav};
-constexpr FileExtension movOrMp4[] = {FileExtension::mov, FileExtension::mp4};
-constexpr FileExtension mp4OrMov[] = {FileExtension::mp4, FileExtension::mov};
-constexpr FileExtension movOrMjpeg[] = {FileExtension::mov, FileExtension::mjpeg};
-
-constexpr ExtensionsRow formatExtensions[] = {
+constexpr FormatRow formats[] = {
     {VAVQuickTimeFileFormat, movOrMp4},
     {VAVMp4Format, mp4OrMov},
     {VAVWaveFileFormat, wav},
 };
 
-constexpr ExtensionsRow codecExtensions[] = {
-    {VAVDnxhdCodec, mxf},
-    {VAVMpeg4Codec, mov},
-    {VAVHevcCodec, mov},
-    {VAVAvcH264Codec, mp4OrMov},
-    {VAVMotionJpegCodec, movOrMjpeg},
-};
-
-std::span<const FileExtension> extensionsOf(std::string_view value,
-                                            std::span<const ExtensionsRow> rows) noexcept {
-  const auto row = std::ranges::find(rows, value, &ExtensionsRow::value);
-  return row != rows.end() ? row->extensions : std::span<const FileExtension>{};
-}
-
 }  // namespace
 
 std::span<const FileExtension> VAVTranscodeArgumentFileFormatValue::validExtensions() const noexcept {
-  return extensionsOf(*this, formatExtensions);
+  const auto* row = detail::rowWhere(formats, &FormatRow::text, rawValue());
+  return row ? row->extensions : std::span<const FileExtension>{};
 }
 
 std::optional<FileExtension> VAVTranscodeArgumentFileFormatValue::preferredFileExtension() const noexcept {
@@ -72,13 +69,15 @@ std::optional<FileExtension> VAVTranscodeArgumentFileFormatValue::preferredFileE
 }
 
 std::span<const FileExtension> VAVTranscodeArgumentVideoCodecValue::permittedExtensions() const {
-  const auto fixed = extensionsOf(*this, codecExtensions);
-  if (!fixed.empty()) return fixed;
+  const Codec* codec = codecWithText(rawValue());
+  if (codec && codec->family != CodecFamily::proRes) return codec->permittedExtensions;
+  // A host decides which codecs are ProRes, those of a newer tool included; they share their files.
   const bool isProRes = proResFormats().ask(
-      [&](const std::vector<Codec>& formats) { return std::ranges::find(formats, *this) != formats.end(); });
-  return isProRes ? std::span<const FileExtension>(mov) : std::span<const FileExtension>{};
+      [&](const std::vector<CodecValue>& group) { return std::ranges::find(group, *this) != group.end(); });
+  return isProRes ? codecWithText(VAVProRes422)->permittedExtensions : std::span<const FileExtension>{};
 }
 
+<<<<<<< HEAD
 std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats() {
   return avidDNxFormats().current();
 }
@@ -101,6 +100,30 @@ std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allProResFormats() {
 
 void VAVTranscodeArgumentVideoCodecValue::setAllProResFormats(std::vector<Codec> formats) {
   proResFormats().replace(std::move(formats));
+=======
+std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats() {
+  return avidDNxFormats().get();
+}
+
+void VAVTranscodeArgumentVideoCodecValue::setAllAvidDNxFormats(std::vector<CodecValue> formats) {
+  avidDNxFormats().set(std::move(formats));
+}
+
+std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allWebFormats() {
+  return webFormats().get();
+}
+
+void VAVTranscodeArgumentVideoCodecValue::setAllWebFormats(std::vector<CodecValue> formats) {
+  webFormats().set(std::move(formats));
+}
+
+std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allProResFormats() {
+  return proResFormats().get();
+}
+
+void VAVTranscodeArgumentVideoCodecValue::setAllProResFormats(std::vector<CodecValue> formats) {
+  proResFormats().set(std::move(formats));
+>>>>>>> fe4667d (Vocabulary: class templates per family, and each flag's kind and sentence at run time)
 }
 
 std::optional<VAVTranscodeArgumentColorSpaceValue> VAVTranscodeArgumentColorSpaceValue::fromColorSpace(

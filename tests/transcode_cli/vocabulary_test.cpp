@@ -1,5 +1,6 @@
 #include <quillonic/transcode_cli.hpp>
 
+#include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
 #include <string>

@@ -1,4 +1,4 @@
-/// Open enumerations: values that are a text, of which only some are listed.
+/// Open enumerations: any text is a value, and some values are listed.
 ///
 ///     VAVTranscodeArgumentVideoCodecValue codec = VAVAvcH264Codec;   // a listed constant, at no cost
 ///     VAVTranscodeArgumentVideoCodecValue other(userText);           // any std::string can be wrapped
@@ -10,7 +10,6 @@
 #include <compare>
 #include <concepts>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -35,20 +34,14 @@ class TextLiteral {
   std::string_view text_;
 };
 
-namespace detail {
-/// What tells an open enumeration from any other type, without naming its base template.
-class TextBackedMark {};
-}  // namespace detail
-
 /// Base of the open enumerations. A listed constant refers to its literal; a text wrapped at run time is
-/// owned. Values are copied freely, compare and hash by text, and a value read as `std::string_view` is that
-/// text.
-template <class Self> class TextBacked : public detail::TextBackedMark {
+/// owned. Values compare and hash by text, and convert to it as `std::string_view`.
+template <class Self> class TextBacked {
  public:
   /// A value over a literal: `constexpr`, never allocates.
   constexpr explicit TextBacked(TextLiteral literal) noexcept : text_(literal.text()) {}
 
-  /// Wraps any text, listed or not, and owns a copy of it.
+  /// Wraps a copy of any text, listed or not.
   template <class Text>
   requires std::same_as<std::remove_cvref_t<Text>, std::string> ||
       std::same_as<std::remove_cvref_t<Text>, std::string_view>
@@ -60,7 +53,7 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
     return text_.index() == 0 ? std::get<0>(text_) : std::string_view(std::get<1>(text_));
   }
 
-  /// Reads as its text wherever a text is wanted, such as a look-up in a dictionary of flags.
+  /// The text, wherever one is wanted, such as in a look-up in a dictionary of flags.
   // NOLINTNEXTLINE(google-explicit-constructor): the value is its text
   constexpr operator std::string_view() const noexcept { return rawValue(); }
 
@@ -69,6 +62,12 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
 
   /// The listed values, in their fixed order. The span stays valid for the life of the program.
   static constexpr std::span<const Self> allCases() noexcept { return CaseTable<Self>::cases; }
+
+  /// The listed value with exactly this text, case included; nothing for any other text.
+  static constexpr std::optional<Self> fromStringValue(std::string_view text) {
+    const auto* value = detail::rowWhere(allCases(), &TextBacked::rawValue, text);
+    return value ? std::optional(*value) : std::nullopt;
+  }
 
   friend constexpr bool operator==(const Self& a, const Self& b) noexcept {
     return a.rawValue() == b.rawValue();
@@ -82,24 +81,15 @@ template <class Self> class TextBacked : public detail::TextBackedMark {
   }
   friend constexpr std::string_view rawValue(const Self& value) noexcept { return value.rawValue(); }
 
- protected:
-  /// The listed value with exactly this text.
-  static constexpr std::optional<Self> listed(std::string_view text) {
-    for (const Self& value : allCases()) {
-      if (value.rawValue() == text) return value;
-    }
-    return std::nullopt;
-  }
-
  private:
   std::variant<std::string_view, std::string> text_;
 };
 
-/// The listed values of an open enumeration. They are literals and own nothing, so they are never destroyed: to
-/// destroy them one by one is no constant expression for every compiler under its sanitisers.
+/// The listed values of an open enumeration. They are literals and own nothing, so they are never destroyed:
+/// under sanitisers, not every compiler accepts their destruction as a constant expression.
 template <class Value, std::size_t count> class CaseList {
  public:
-  /// Copies the values, of which there is at least one.
+  /// Copies one value or more.
   template <class... Rest>
   constexpr explicit CaseList(const Value& first, const Rest&... rest) noexcept : values_{first, rest...} {}
   CaseList(const CaseList&) = delete;
@@ -107,8 +97,8 @@ template <class Value, std::size_t count> class CaseList {
   // NOLINTNEXTLINE(modernize-use-equals-default): the default is deleted
   constexpr ~CaseList() {}
 
-  // NOLINTNEXTLINE(google-explicit-constructor): a list reads as its values
   /// All values in their order, valid as long as the list.
+  // NOLINTNEXTLINE(google-explicit-constructor): a list reads as its values
   constexpr operator std::span<const Value>() const noexcept { return values_; }
 
  private:
@@ -117,13 +107,13 @@ template <class Value, std::size_t count> class CaseList {
   };
 };
 
-/// Lets `CaseList{first, ...}` name neither type nor number.
+/// Deduces type and number in `CaseList{first, ...}`.
 template <class First, class... Rest>
 CaseList(const First&, const Rest&...) -> CaseList<First, 1 + sizeof...(Rest)>;
 
 /// An open enumeration: a class over `TextBacked`.
 template <class T>
-concept OpenEnumeration = std::derived_from<T, detail::TextBackedMark>;
+concept OpenEnumeration = std::derived_from<T, TextBacked<T>>;
 
 }  // namespace quillonic
 

@@ -1,4 +1,4 @@
-/// The detail records: the options of one subject side by side, each field named after the option it belongs to.
+/// The detail records: the options of one subject, each field with the name of its option.
 /// Made by scripts/generate-vocabulary from src/transcode_cli/vocabulary.txt; change that file, not this one.
 #pragma once
 
@@ -124,7 +124,7 @@ struct TranscodeTimecodeDetail {
   std::optional<std::int64_t> timecodeBurnFontSize{};
   /// The font colour of the burnt-in timecode.
   std::optional<Color> timecodeBurnFontColor{};
-  /// The colour of the box behind the burnt-in timecode.
+  /// The colour of the box around the burnt-in timecode.
   std::optional<Color> timecodeBurnBoxColor{};
   /// Takes the timecode from the source.
   bool timecodeMatchSource = false;
@@ -190,7 +190,7 @@ struct TranscodeWatermarkTextDetail {
   std::optional<VAVTranscodeArgumentOverlayAnchorValue> watermarkTextBurnAnchor{};
   /// The font colour of the text.
   std::optional<Color> watermarkTextBurnFontColor{};
-  /// The colour of the box behind the text.
+  /// The colour of the box around the text.
   std::optional<Color> watermarkTextBurnBoxColor{};
 
   friend bool operator==(const TranscodeWatermarkTextDetail&, const TranscodeWatermarkTextDetail&) = default;

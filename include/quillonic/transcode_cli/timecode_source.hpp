@@ -1,7 +1,6 @@
-/// Where the timecode of the output comes from.
+/// Sources of the output's timecode.
 #pragma once
 
-#include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
 
@@ -11,13 +10,13 @@
 
 namespace quillonic {
 
-/// The sources of a timecode, of which each is asked for by a flag of its own.
+/// A source of the timecode; each has a flag of its own.
 enum class TimecodeSource : std::uint8_t {
   /// The timecode of the source file.
   match,
   /// The creation date of the source file.
   creationDate,
-  /// A start timecode that is given.
+  /// A given start timecode.
   custom,
 };
 
@@ -36,12 +35,10 @@ template <> struct CaseTable<TimecodeSource> {
   });
 };
 
-/// The flag that asks for the source; for a number that no case bears that of `custom`.
+/// The flag that asks for the source; the flag of `custom` for an unlisted value.
 constexpr const VAVTranscodeTimecodeArgumentFlag& tcFlag(TimecodeSource source) noexcept {
-  for (const auto& row : CaseTable<TimecodeSource>::rows) {
-    if (row.value == source) return row.tcFlag;
-  }
-  return VAVTimecodeCustomFlag;
+  const auto* row = detail::rowOf(source);
+  return row ? row->tcFlag : VAVTimecodeCustomFlag;
 }
 
 /// The text of that flag.

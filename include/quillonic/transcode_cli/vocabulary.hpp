@@ -1,4 +1,4 @@
-/// The transcoder's vocabulary: every flag and every fixed value as a constant, and what each can tell of
+/// The transcoder's vocabulary: every flag and every fixed value as a constant, and what each tells of
 /// itself.
 ///
 ///     VAVVideoFormatFlag.cliFlag();                      // "-vcodec"
@@ -7,27 +7,26 @@
 ///     VAVQuickTimeFileFormat.preferredFileExtension();   // FileExtension::mov
 ///     VAVTranscodeArgumentFileFormatValue::fromStringValue("qt");   // VAVQuickTimeFileFormat
 ///
-/// The constants cost nothing at start-up. Any other text can be wrapped in the same types, so that a value
-/// of a newer tool is carried along and not lost.
+/// The constants cost nothing at start-up. Any other text can be wrapped in the same types, so a value of a
+/// newer tool is kept.
 #pragma once
 
 #include <quillonic/transcode_cli/enumerations.hpp>
+#include <quillonic/transcode_cli/flags.hpp>
+#include <quillonic/transcode_cli/flags_table.hpp>
 #include <quillonic/transcode_cli/vocabulary_table.hpp>
 
 namespace quillonic {
 
-static_assert(CliFlag<VAVTranscodeCliCommand> && CodableRawHashCase<VAVTranscodeCliCommand>);
-static_assert(CliFlag<VAVTranscodeArgumentFlag> && CodableRawHashCase<VAVTranscodeArgumentFlag>);
-static_assert(CliFlag<VAVTranscodeVideoArgumentFlag> && CodableRawHashCase<VAVTranscodeVideoArgumentFlag>);
-static_assert(CliFlag<VAVTranscodeAudioArgumentFlag> && CodableRawHashCase<VAVTranscodeAudioArgumentFlag>);
-static_assert(CliFlag<VAVTranscodeTimecodeArgumentFlag> &&
-              CodableRawHashCase<VAVTranscodeTimecodeArgumentFlag>);
-static_assert(CliFlag<VAVTranscodeWatermarkFileArgumentFlag> &&
-              CodableRawHashCase<VAVTranscodeWatermarkFileArgumentFlag>);
-static_assert(CliFlag<VAVTranscodeWatermarkTextArgumentFlag> &&
-              CodableRawHashCase<VAVTranscodeWatermarkTextArgumentFlag>);
-static_assert(CliFlag<VAVTranscodeArriLookArgumentFlag> &&
-              CodableRawHashCase<VAVTranscodeArriLookArgumentFlag>);
+namespace detail {
+template <class... Flags>
+inline constexpr bool areFlags = ((CliFlag<Flags> && CodableRawHashCase<Flags>)&&...);
+}  // namespace detail
+
+static_assert(detail::areFlags<VAVTranscodeCliCommand, VAVTranscodeArgumentFlag,
+                               VAVTranscodeVideoArgumentFlag, VAVTranscodeAudioArgumentFlag,
+                               VAVTranscodeTimecodeArgumentFlag, VAVTranscodeWatermarkFileArgumentFlag,
+                               VAVTranscodeWatermarkTextArgumentFlag, VAVTranscodeArriLookArgumentFlag>);
 
 static_assert(TranscodeFileCLIArgumentOption<VAVTranscodeArgumentFileFormatValue> &&
               CodableRawHashCase<VAVTranscodeArgumentFileFormatValue>);

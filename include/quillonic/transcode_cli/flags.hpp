@@ -1,0 +1,130 @@
+/// The types of the transcoder's flags, and what each flag tells of itself. The flags are constants in
+/// flags_table.hpp; vocabulary.hpp includes both.
+///
+///     static_assert(VAVVideoFormatFlag.valueKind() == FlagValueKind::listed);
+///     for (const auto& flag : allCases<VAVTranscodeVideoArgumentFlag>()) {
+///       std::cout << flag.cliFlag() << ' ' << rawValue(flag.valueKind()) << "  " << flag.meaning() << '\n';
+///     }
+#pragma once
+
+#include <quillonic/support/enumeration.hpp>
+#include <quillonic/support/text_backed.hpp>
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+namespace quillonic {
+
+/// What follows a flag on the command line; its raw value is a short English name for printed help.
+enum class FlagValueKind : std::uint8_t {
+  /// Nothing: the flag is a switch.
+  none,
+  /// A path.
+  path,
+  /// Any text.
+  text,
+  /// A timecode, as in "01:00:00:00".
+  timecode,
+  /// A whole number.
+  integer,
+  /// A decimal number.
+  decimal,
+  /// A frame size, as in "960x540".
+  size,
+  /// Red, green and blue, 0 to 255 each, as in "255,0,0".
+  color,
+  /// One of the flag's fixed values.
+  listed,
+};
+
+/// The kinds and their names.
+template <> struct CaseTable<FlagValueKind> {
+  static constexpr auto rows = std::to_array<CaseRow<FlagValueKind>>({
+      {FlagValueKind::none, ""},
+      {FlagValueKind::path, "path"},
+      {FlagValueKind::text, "text"},
+      {FlagValueKind::timecode, "timecode"},
+      {FlagValueKind::integer, "integer"},
+      {FlagValueKind::decimal, "number"},
+      {FlagValueKind::size, "size"},
+      {FlagValueKind::color, "color"},
+      {FlagValueKind::listed, "name"},
+  });
+};
+
+/// One flag, its kind of value and its sentence.
+struct TranscodeFlagRow {
+  /// The flag with its hyphen.
+  std::string_view text;
+  /// What follows the flag.
+  FlagValueKind valueKind;
+  /// An English sentence for help texts.
+  std::string_view meaning;
+};
+
+/// The families of flags.
+enum class TranscodeFlagFamily : std::uint8_t {
+  command,
+  general,
+  video,
+  audio,
+  timecode,
+  watermarkFile,
+  watermarkText,
+  arriLook,
+};
+
+/// A flag of one family.
+template <TranscodeFlagFamily family> class TranscodeFlag : public TextBacked<TranscodeFlag<family>> {
+ public:
+  using TextBacked<TranscodeFlag>::TextBacked;
+
+  /// The flag as written on a command line: its own text.
+  constexpr std::string_view cliFlag() const noexcept { return this->rawValue(); }
+
+  /// What follows the flag. A wrapped text without a constant takes a text, but no command takes anything.
+  constexpr FlagValueKind valueKind() const noexcept {
+    if constexpr (family == TranscodeFlagFamily::command) return FlagValueKind::none;
+    const auto* row = this->row();
+    return row ? row->valueKind : FlagValueKind::text;
+  }
+
+  /// Whether a value follows the flag: every kind but `none`.
+  constexpr bool acceptsArguments() const noexcept { return valueKind() != FlagValueKind::none; }
+
+  /// An English sentence for help texts; empty for a wrapped text without a constant.
+  constexpr std::string_view meaning() const noexcept {
+    const auto* row = this->row();
+    return row ? row->meaning : std::string_view{};
+  }
+
+  friend constexpr std::string_view cliFlag(const TranscodeFlag& flag) noexcept { return flag.cliFlag(); }
+  friend constexpr bool acceptsArguments(const TranscodeFlag& flag) noexcept {
+    return flag.acceptsArguments();
+  }
+
+ private:
+  constexpr const TranscodeFlagRow* row() const noexcept {
+    return detail::rowWhere(CaseTable<TranscodeFlag>::flags, &TranscodeFlagRow::text, this->rawValue());
+  }
+};
+
+/// Stand-alone commands: each prints something and the tool ends.
+using VAVTranscodeCliCommand = TranscodeFlag<TranscodeFlagFamily::command>;
+/// General flags: files, file format, preset.
+using VAVTranscodeArgumentFlag = TranscodeFlag<TranscodeFlagFamily::general>;
+/// Video flags.
+using VAVTranscodeVideoArgumentFlag = TranscodeFlag<TranscodeFlagFamily::video>;
+/// Audio flags.
+using VAVTranscodeAudioArgumentFlag = TranscodeFlag<TranscodeFlagFamily::audio>;
+/// Flags of the timecode track and of the timecode burnt into the picture.
+using VAVTranscodeTimecodeArgumentFlag = TranscodeFlag<TranscodeFlagFamily::timecode>;
+/// Flags of the image watermark.
+using VAVTranscodeWatermarkFileArgumentFlag = TranscodeFlag<TranscodeFlagFamily::watermarkFile>;
+/// Flags of the text watermark.
+using VAVTranscodeWatermarkTextArgumentFlag = TranscodeFlag<TranscodeFlagFamily::watermarkText>;
+/// Look settings for ARRI camera sources.
+using VAVTranscodeArriLookArgumentFlag = TranscodeFlag<TranscodeFlagFamily::arriLook>;
+
+}  // namespace quillonic

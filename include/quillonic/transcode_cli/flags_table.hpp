@@ -1,0 +1,458 @@
+/// The transcoder's flags as constants, the ordered list of each family, and what each flag takes and does.
+/// Made by scripts/generate-vocabulary from src/transcode_cli/vocabulary.txt; change that file, not this one.
+#pragma once
+
+// clang-format off
+#include <quillonic/transcode_cli/flags.hpp>
+
+#include <array>
+#include <string_view>
+
+namespace quillonic {
+
+/// Prints how the tool is used.
+inline constexpr VAVTranscodeCliCommand VAVCliHelpFlag{"-h"};
+/// Prints the video codecs.
+inline constexpr VAVTranscodeCliCommand VAVCliCodecsFlag{"-codecs"};
+/// Prints the file formats.
+inline constexpr VAVTranscodeCliCommand VAVCliFormatsFlag{"-formats"};
+/// Prints the tool's version.
+inline constexpr VAVTranscodeCliCommand VAVCliVersionFlag{"-version"};
+/// Prints acknowledgements.
+inline constexpr VAVTranscodeCliCommand VAVCliAcknowledgementFlag{"-acknowledge"};
+/// Prints the presets.
+inline constexpr VAVTranscodeCliCommand VAVCliPresetsFlag{"-presets"};
+/// Prints the ways of fitting a picture into a frame.
+inline constexpr VAVTranscodeCliCommand VAVCliAspectRatioScalingsFlag{"-aspect_scalings"};
+/// Prints the anchors for cropping.
+inline constexpr VAVTranscodeCliCommand VAVCliCropAnchorsFlag{"-crop_anchors"};
+/// Prints the colour spaces.
+inline constexpr VAVTranscodeCliCommand VAVCliColorSpacesFlag{"-color_spaces"};
+/// Prints the channel layouts.
+inline constexpr VAVTranscodeCliCommand VAVCliAudioChannelLayoutsFlag{"-audio_channel_layouts"};
+/// Prints the anchors for a burnt-in timecode.
+inline constexpr VAVTranscodeCliCommand VAVCliTimecodeBurnAnchorsFlag{"-tc_burn_anchors"};
+/// Prints the anchors for an image watermark.
+inline constexpr VAVTranscodeCliCommand VAVCliWatermarkFileBurnAnchorsFlag{"-wmf_burn_anchors"};
+/// Prints the GPU platforms.
+inline constexpr VAVTranscodeCliCommand VAVCliGpuPlatformsFlag{"-gpu_platforms"};
+
+/// The listed cases of `VAVTranscodeCliCommand`.
+template <>
+struct CaseTable<VAVTranscodeCliCommand> {
+  static constexpr CaseList cases{
+      VAVCliHelpFlag,
+      VAVCliCodecsFlag,
+      VAVCliFormatsFlag,
+      VAVCliVersionFlag,
+      VAVCliAcknowledgementFlag,
+      VAVCliPresetsFlag,
+      VAVCliAspectRatioScalingsFlag,
+      VAVCliCropAnchorsFlag,
+      VAVCliColorSpacesFlag,
+      VAVCliAudioChannelLayoutsFlag,
+      VAVCliTimecodeBurnAnchorsFlag,
+      VAVCliGpuPlatformsFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 13> flags{{
+      {"-h", FlagValueKind::none, "Prints how the tool is used."},
+      {"-codecs", FlagValueKind::none, "Prints the video codecs."},
+      {"-formats", FlagValueKind::none, "Prints the file formats."},
+      {"-version", FlagValueKind::none, "Prints the tool's version."},
+      {"-acknowledge", FlagValueKind::none, "Prints acknowledgements."},
+      {"-presets", FlagValueKind::none, "Prints the presets."},
+      {"-aspect_scalings", FlagValueKind::none, "Prints the ways of fitting a picture into a frame."},
+      {"-crop_anchors", FlagValueKind::none, "Prints the anchors for cropping."},
+      {"-color_spaces", FlagValueKind::none, "Prints the colour spaces."},
+      {"-audio_channel_layouts", FlagValueKind::none, "Prints the channel layouts."},
+      {"-tc_burn_anchors", FlagValueKind::none, "Prints the anchors for a burnt-in timecode."},
+      {"-wmf_burn_anchors", FlagValueKind::none, "Prints the anchors for an image watermark."},
+      {"-gpu_platforms", FlagValueKind::none, "Prints the GPU platforms."},
+  }};
+};
+
+/// An input file; also the prefix of the numbered input files, as in "-in_0_0". Takes a path.
+inline constexpr VAVTranscodeArgumentFlag VAVInputPrefixFlag{"-in"};
+/// The output file. Takes a path.
+inline constexpr VAVTranscodeArgumentFlag VAVOutputFileFlag{"-out"};
+/// The file that receives the progress. Takes a path.
+inline constexpr VAVTranscodeArgumentFlag VAVProgressFileFlag{"-progress_file"};
+/// A text put before each progress line. Takes a text.
+inline constexpr VAVTranscodeArgumentFlag VAVProgressOutputPrefixFlag{"-progress_prefix"};
+/// Replaces an existing output file.
+inline constexpr VAVTranscodeArgumentFlag VAVOverwriteExistingFlag{"-overwrite"};
+/// The container format. Takes a `VAVTranscodeArgumentFileFormatValue`.
+inline constexpr VAVTranscodeArgumentFlag VAVFileFormatFlag{"-file_format"};
+/// The file of a colour look-up table. Takes a path.
+inline constexpr VAVTranscodeArgumentFlag VAVColorLutFileFlag{"-clut"};
+/// Lays the output out for playing over a network.
+inline constexpr VAVTranscodeArgumentFlag VAVPrepareForWebFlag{"-web"};
+/// A preset built into the tool. Takes a `VAVTranscodePresetValue`.
+inline constexpr VAVTranscodeArgumentFlag VAVPresetFlag{"-preset"};
+/// The folder for temporary files. Takes a path.
+inline constexpr VAVTranscodeArgumentFlag VAVWorkDirectoryFlag{"-work_dir"};
+
+/// The listed cases of `VAVTranscodeArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVInputPrefixFlag,
+      VAVOutputFileFlag,
+      VAVProgressFileFlag,
+      VAVProgressOutputPrefixFlag,
+      VAVOverwriteExistingFlag,
+      VAVFileFormatFlag,
+      VAVColorLutFileFlag,
+      VAVPrepareForWebFlag,
+      VAVPresetFlag,
+      VAVWorkDirectoryFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 10> flags{{
+      {"-in", FlagValueKind::path, "An input file; also the prefix of the numbered input files, as in \"-in_0_0\"."},
+      {"-out", FlagValueKind::path, "The output file."},
+      {"-progress_file", FlagValueKind::path, "The file that receives the progress."},
+      {"-progress_prefix", FlagValueKind::text, "A text put before each progress line."},
+      {"-overwrite", FlagValueKind::none, "Replaces an existing output file."},
+      {"-file_format", FlagValueKind::listed, "The container format."},
+      {"-clut", FlagValueKind::path, "The file of a colour look-up table."},
+      {"-web", FlagValueKind::none, "Lays the output out for playing over a network."},
+      {"-preset", FlagValueKind::listed, "A preset built into the tool."},
+      {"-work_dir", FlagValueKind::path, "The folder for temporary files."},
+  }};
+};
+
+/// Leaves the video out.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVNoVideoFlag{"-vn"};
+/// The video codec. Takes a `VAVTranscodeArgumentVideoCodecValue`.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoFormatFlag{"-vcodec"};
+/// Frames per second. Takes a decimal number.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoFrameRateFlag{"-vr"};
+/// The frame size in pixels, as in "960x540". Takes a frame size.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoDimensionsFlag{"-dims"};
+/// How a picture of another aspect ratio is fitted. Takes a `VAVTranscodeArgumentAspectRatioValue`.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectScalingFlag{"-aspect_scaling"};
+/// The part of the picture that a crop keeps. Takes a `VideoCropAnchor`.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectCropAnchorFlag{"-crop_anchor"};
+/// The video's bit rate in megabits per second, as the cloud preset's 3 is. Takes a decimal number.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitRateFlag{"-vbr"};
+/// Bits per colour component. Takes an integer.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitDepthFlag{"-vbd"};
+/// The colour space. Takes a `VAVTranscodeArgumentColorSpaceValue`.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoColorSpaceFlag{"-c_space"};
+/// Frames from one key frame to the next. Takes an integer.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoKeyFramesFlag{"-key_frames"};
+/// Decodes on the GPU.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoGPUDecodingFlag{"-gpu_decoding"};
+/// Encodes on the GPU.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoGPUEncodingFlag{"-gpu_encoding"};
+/// The number of the decoder card. Takes an integer.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVRedRocketDeviceFlag{"-red_rocket_device"};
+/// The codec's profile. Takes a text.
+inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoProfileFlag{"-vprofile"};
+
+/// The listed cases of `VAVTranscodeVideoArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeVideoArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVNoVideoFlag,
+      VAVVideoFormatFlag,
+      VAVVideoFrameRateFlag,
+      VAVVideoDimensionsFlag,
+      VAVVideoAspectScalingFlag,
+      VAVVideoAspectCropAnchorFlag,
+      VAVVideoBitRateFlag,
+      VAVVideoBitDepthFlag,
+      VAVVideoColorSpaceFlag,
+      VAVVideoKeyFramesFlag,
+      VAVVideoGPUDecodingFlag,
+      VAVVideoGPUEncodingFlag,
+      VAVRedRocketDeviceFlag,
+      VAVVideoProfileFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 14> flags{{
+      {"-vn", FlagValueKind::none, "Leaves the video out."},
+      {"-vcodec", FlagValueKind::listed, "The video codec."},
+      {"-vr", FlagValueKind::decimal, "Frames per second."},
+      {"-dims", FlagValueKind::size, "The frame size in pixels, as in \"960x540\"."},
+      {"-aspect_scaling", FlagValueKind::listed, "How a picture of another aspect ratio is fitted."},
+      {"-crop_anchor", FlagValueKind::listed, "The part of the picture that a crop keeps."},
+      {"-vbr", FlagValueKind::decimal, "The video's bit rate in megabits per second, as the cloud preset's 3 is."},
+      {"-vbd", FlagValueKind::integer, "Bits per colour component."},
+      {"-c_space", FlagValueKind::listed, "The colour space."},
+      {"-key_frames", FlagValueKind::integer, "Frames from one key frame to the next."},
+      {"-gpu_decoding", FlagValueKind::none, "Decodes on the GPU."},
+      {"-gpu_encoding", FlagValueKind::none, "Encodes on the GPU."},
+      {"-red_rocket_device", FlagValueKind::integer, "The number of the decoder card."},
+      {"-vprofile", FlagValueKind::text, "The codec's profile."},
+  }};
+};
+
+/// Leaves the audio out.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVNoAudioFlag{"-an"};
+/// Copies the source's audio.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVCopyAudioFlag{"-acopy"};
+/// The audio tracks to leave out, each under a flag that begins so, as in "-ac_omit_0". Takes an integer.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioIgnoreTracksPrefixFlag{"-ac_omit"};
+/// Writes discrete channels.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVDiscreteAudioFlag{"-adiscrete"};
+/// The audio codec. Takes a `VAVTranscodeArgumentAudioFormatValue`.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioFormatFlag{"-acodec"};
+/// Bits per sample of each channel. Takes an integer.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioBitsPerChannelFlag{"-abpc"};
+/// Samples per second, in hertz. Takes an integer.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioSampleRateFlag{"-asr"};
+/// The channel layout. Takes a `VAVTranscodeArgumentAudioChannelLayoutValue`.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioChannelLayoutFlag{"-acl"};
+/// The audio's bit rate in the tool's own unit; the library does not scale it. Takes an integer.
+inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioBitRateFlag{"-abr"};
+
+/// The listed cases of `VAVTranscodeAudioArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeAudioArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVNoAudioFlag,
+      VAVCopyAudioFlag,
+      VAVAudioIgnoreTracksPrefixFlag,
+      VAVDiscreteAudioFlag,
+      VAVAudioFormatFlag,
+      VAVAudioBitsPerChannelFlag,
+      VAVAudioSampleRateFlag,
+      VAVAudioChannelLayoutFlag,
+      VAVAudioBitRateFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 9> flags{{
+      {"-an", FlagValueKind::none, "Leaves the audio out."},
+      {"-acopy", FlagValueKind::none, "Copies the source's audio."},
+      {"-ac_omit", FlagValueKind::integer, "The audio tracks to leave out, each under a flag that begins so, as in \"-ac_omit_0\"."},
+      {"-adiscrete", FlagValueKind::none, "Writes discrete channels."},
+      {"-acodec", FlagValueKind::listed, "The audio codec."},
+      {"-abpc", FlagValueKind::integer, "Bits per sample of each channel."},
+      {"-asr", FlagValueKind::integer, "Samples per second, in hertz."},
+      {"-acl", FlagValueKind::listed, "The channel layout."},
+      {"-abr", FlagValueKind::integer, "The audio's bit rate in the tool's own unit; the library does not scale it."},
+  }};
+};
+
+/// Adds a timecode track.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeAddTrackFlag{"-tc_track"};
+/// Burns the timecode into the picture.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeAddBurnFlag{"-tc_burn"};
+/// Where the timecode is burnt in; valid because it contains "-tc_burn". Takes a `TimecodeBurnAnchor`.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnAnchorFlag{"-tc_burn_anchor"};
+/// The font size of the burnt-in timecode, in the tool's own unit. Takes an integer.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnFontSize{"-tc_burn_size"};
+/// The font colour of the burnt-in timecode. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnFontRGB{"-tc_burn_font_rgb"};
+/// The colour of the box around the burnt-in timecode. Takes a colour as red, green and blue, 0 to 255 each:
+/// "255,0,0".
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeBurnBoxRGB{"-tc_burn_box_rgb"};
+/// Takes the timecode from the source.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeMatchSourceFlag{"-tc_match"};
+/// Takes the timecode from the creation date.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeFromCreationDateFlag{"-tc_creation"};
+/// Starts at this timecode. Takes a timecode.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeCustomFlag{"-tc_custom"};
+/// The timecode's frames per second. Takes a decimal number.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeFrameRateFlag{"-tc_rate"};
+/// Counts in drop frame.
+inline constexpr VAVTranscodeTimecodeArgumentFlag VAVTimecodeIsDropFlag{"-tc_drop"};
+
+/// The listed cases of `VAVTranscodeTimecodeArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVTimecodeAddTrackFlag,
+      VAVTimecodeAddBurnFlag,
+      VAVTimecodeBurnFontSize,
+      VAVTimecodeBurnFontRGB,
+      VAVTimecodeBurnBoxRGB,
+      VAVTimecodeMatchSourceFlag,
+      VAVTimecodeFromCreationDateFlag,
+      VAVTimecodeCustomFlag,
+      VAVTimecodeFrameRateFlag,
+      VAVTimecodeIsDropFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 11> flags{{
+      {"-tc_track", FlagValueKind::none, "Adds a timecode track."},
+      {"-tc_burn", FlagValueKind::none, "Burns the timecode into the picture."},
+      {"-tc_burn_anchor", FlagValueKind::listed, "Where the timecode is burnt in; valid because it contains \"-tc_burn\"."},
+      {"-tc_burn_size", FlagValueKind::integer, "The font size of the burnt-in timecode, in the tool's own unit."},
+      {"-tc_burn_font_rgb", FlagValueKind::color, "The font colour of the burnt-in timecode."},
+      {"-tc_burn_box_rgb", FlagValueKind::color, "The colour of the box around the burnt-in timecode."},
+      {"-tc_match", FlagValueKind::none, "Takes the timecode from the source."},
+      {"-tc_creation", FlagValueKind::none, "Takes the timecode from the creation date."},
+      {"-tc_custom", FlagValueKind::timecode, "Starts at this timecode."},
+      {"-tc_rate", FlagValueKind::decimal, "The timecode's frames per second."},
+      {"-tc_drop", FlagValueKind::none, "Counts in drop frame."},
+  }};
+};
+
+/// Where the image is placed. Takes a `WatermarkBurnAnchor`.
+inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnAnchorFlag{"-wmf_anchor"};
+/// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract. Takes a
+/// path.
+inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnFilePathFlag{"-wmf_path"};
+/// What both sides of the image are multiplied by. Takes a decimal number.
+inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnScaleFlag{"-wmf_scale"};
+
+/// The listed cases of `VAVTranscodeWatermarkFileArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVWatermarkFileBurnAnchorFlag,
+      VAVWatermarkFileBurnFilePathFlag,
+      VAVWatermarkFileBurnScaleFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 3> flags{{
+      {"-wmf_anchor", FlagValueKind::listed, "Where the image is placed."},
+      {"-wmf_path", FlagValueKind::path, "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
+      {"-wmf_scale", FlagValueKind::decimal, "What both sides of the image are multiplied by."},
+  }};
+};
+
+/// Burns a text into the picture.
+inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextAddBurnFlag{"-wmt_burn"};
+/// The text. Takes a text.
+inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnTextFlag{"-wmt_text"};
+/// The font size of the text, in the tool's own unit. Takes an integer.
+inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnFontSizeFlag{"-wmt_size"};
+/// Where the text is placed. Takes a `VAVTranscodeArgumentOverlayAnchorValue`.
+inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnAnchorFlag{"-wmt_anchor"};
+/// The font colour of the text. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
+inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnFontRGBFlag{"-wmt_font_rgb"};
+/// The colour of the box around the text. Takes a colour as red, green and blue, 0 to 255 each: "255,0,0".
+inline constexpr VAVTranscodeWatermarkTextArgumentFlag VAVWatermarkTextBurnBoxRGBFlag{"-wmt_box_rgb"};
+
+/// The listed cases of `VAVTranscodeWatermarkTextArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeWatermarkTextArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVWatermarkTextAddBurnFlag,
+      VAVWatermarkTextBurnTextFlag,
+      VAVWatermarkTextBurnFontSizeFlag,
+      VAVWatermarkTextBurnAnchorFlag,
+      VAVWatermarkTextBurnFontRGBFlag,
+      VAVWatermarkTextBurnBoxRGBFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 6> flags{{
+      {"-wmt_burn", FlagValueKind::none, "Burns a text into the picture."},
+      {"-wmt_text", FlagValueKind::text, "The text."},
+      {"-wmt_size", FlagValueKind::integer, "The font size of the text, in the tool's own unit."},
+      {"-wmt_anchor", FlagValueKind::listed, "Where the text is placed."},
+      {"-wmt_font_rgb", FlagValueKind::color, "The font colour of the text."},
+      {"-wmt_box_rgb", FlagValueKind::color, "The colour of the box around the text."},
+  }};
+};
+
+/// The colour primaries. Takes one of `VAVArriLookColorSpaces`.
+inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookColorSpacePrimaryFlag{"-arri_cs"};
+/// The white point. Takes one of `VAVArriWhitePoints`.
+inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookColorSpaceWhitePointFlag{"-arri_wp"};
+/// The transfer curve. Takes one of `VAVArriCurves`.
+inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookColorSpaceCurveFlag{"-arri_curve"};
+/// What happens to an invalid look. Takes one of `VAVArriLookResolutions`.
+inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookInvalidLookResolutionFlag{"-arri_inv_res"};
+
+/// The listed cases of `VAVTranscodeArriLookArgumentFlag`.
+template <>
+struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
+  static constexpr CaseList cases{
+      VAVArriLookColorSpacePrimaryFlag,
+      VAVArriLookColorSpaceWhitePointFlag,
+      VAVArriLookColorSpaceCurveFlag,
+      VAVArriLookInvalidLookResolutionFlag,
+  };
+  static constexpr std::array<TranscodeFlagRow, 4> flags{{
+      {"-arri_cs", FlagValueKind::text, "The colour primaries."},
+      {"-arri_wp", FlagValueKind::text, "The white point."},
+      {"-arri_curve", FlagValueKind::text, "The transfer curve."},
+      {"-arri_inv_res", FlagValueKind::text, "What happens to an invalid look."},
+  }};
+};
+
+namespace detail {
+
+// The texts of all listed flags, family after family.
+inline constexpr std::array<std::string_view, 68> knownCommandFlags{
+    std::string_view("-h"),
+    std::string_view("-codecs"),
+    std::string_view("-formats"),
+    std::string_view("-version"),
+    std::string_view("-acknowledge"),
+    std::string_view("-presets"),
+    std::string_view("-aspect_scalings"),
+    std::string_view("-crop_anchors"),
+    std::string_view("-color_spaces"),
+    std::string_view("-audio_channel_layouts"),
+    std::string_view("-tc_burn_anchors"),
+    std::string_view("-gpu_platforms"),
+    std::string_view("-in"),
+    std::string_view("-out"),
+    std::string_view("-progress_file"),
+    std::string_view("-progress_prefix"),
+    std::string_view("-overwrite"),
+    std::string_view("-file_format"),
+    std::string_view("-clut"),
+    std::string_view("-web"),
+    std::string_view("-preset"),
+    std::string_view("-work_dir"),
+    std::string_view("-vn"),
+    std::string_view("-vcodec"),
+    std::string_view("-vr"),
+    std::string_view("-dims"),
+    std::string_view("-aspect_scaling"),
+    std::string_view("-crop_anchor"),
+    std::string_view("-vbr"),
+    std::string_view("-vbd"),
+    std::string_view("-c_space"),
+    std::string_view("-key_frames"),
+    std::string_view("-gpu_decoding"),
+    std::string_view("-gpu_encoding"),
+    std::string_view("-red_rocket_device"),
+    std::string_view("-vprofile"),
+    std::string_view("-an"),
+    std::string_view("-acopy"),
+    std::string_view("-ac_omit"),
+    std::string_view("-adiscrete"),
+    std::string_view("-acodec"),
+    std::string_view("-abpc"),
+    std::string_view("-asr"),
+    std::string_view("-acl"),
+    std::string_view("-abr"),
+    std::string_view("-tc_track"),
+    std::string_view("-tc_burn"),
+    std::string_view("-tc_burn_size"),
+    std::string_view("-tc_burn_font_rgb"),
+    std::string_view("-tc_burn_box_rgb"),
+    std::string_view("-tc_match"),
+    std::string_view("-tc_creation"),
+    std::string_view("-tc_custom"),
+    std::string_view("-tc_rate"),
+    std::string_view("-tc_drop"),
+    std::string_view("-wmf_anchor"),
+    std::string_view("-wmf_path"),
+    std::string_view("-wmf_scale"),
+    std::string_view("-wmt_burn"),
+    std::string_view("-wmt_text"),
+    std::string_view("-wmt_size"),
+    std::string_view("-wmt_anchor"),
+    std::string_view("-wmt_font_rgb"),
+    std::string_view("-wmt_box_rgb"),
+    std::string_view("-arri_cs"),
+    std::string_view("-arri_wp"),
+    std::string_view("-arri_curve"),
+    std::string_view("-arri_inv_res"),
+};
+
+// The flags whose value is a path and keeps its letters' case.
+inline constexpr std::array<std::string_view, 5> pathFlags{
+    std::string_view("-in"),
+    std::string_view("-out"),
+    std::string_view("-progress_file"),
+    std::string_view("-clut"),
+    std::string_view("-work_dir"),
+};
+
+}  // namespace detail
+
+}  // namespace quillonic
