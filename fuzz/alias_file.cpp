@@ -1,6 +1,5 @@
 // Any bytes as an alias file, read, written and followed.
-#include <quillonic/filesystem/alias_file.hpp>
-#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/filesystem.hpp>
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,11 +1,10 @@
+#include <quillonic/filesystem/alias_creation.hpp>
 #include <quillonic/filesystem/alias_file.hpp>
-#include <quillonic/filesystem/reference_links.hpp>
 #include <quillonic/platform/mount_table.hpp>
 
 #include <algorithm>
 #include <chrono>
 #include <string>
-#include <system_error>
 
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
@@ -59,10 +58,10 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
     if (mount->isReadOnly) flags |= AliasFile::readOnly;
     file.volumeProperties = AliasFile::Properties{flags, 0x100013EF};
   }
-  std::error_code ignored;
-  file.targetProperties = targetProperties(
-      target.name, status.type, mount && mount->mountPoint == std::filesystem::path(targetPath),
-      link_types::typeOf(targetPath, status, ignored) == ReferenceLinkType::aliasReference);
+  const auto type = link_types::typeOf(targetPath, status);
+  file.targetProperties = targetProperties(target.name, status.type,
+                                           mount && mount->mountPoint == std::filesystem::path(targetPath),
+                                           type && *type == ReferenceLinkType::aliasReference);
   file.creationOptions = 1024;
   file.displayName = names.empty() ? "/" : names.back();
   return file;
@@ -71,16 +70,15 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
 }  // namespace
 
 void createAliasForFilePath(const std::filesystem::path& item, const std::filesystem::path& atLocation) {
-  std::error_code error;
-  const auto target = placeOf(item, error);
-  const auto status = target ? items::status(target->path(), error) : std::nullopt;
-  if (!status) locations::fail("cannot make an alias of a missing item", item, error);
-  const auto place = placeOf(atLocation, error);
-  const bool isWritten =
-      place &&
-      items::create(place->path(), aliasTo(*target, *status, *place).bytes(std::chrono::system_clock::now()),
-                    error);
-  if (!isWritten) locations::fail("cannot write alias file", atLocation, error);
+  constexpr auto reading = "cannot make an alias of a missing item";
+  const auto target = locations::valueOrFail(placeOf(item), reading, item);
+  const auto status = locations::valueOrFail(items::status(target.path()), reading, item);
+  constexpr auto writing = "cannot write alias file";
+  const auto place = locations::valueOrFail(placeOf(atLocation), writing, atLocation);
+  const auto alias = aliasTo(target, status, place);
+  if (const auto error = items::create(place.path(), alias.bytes(std::chrono::system_clock::now()))) {
+    locations::fail(writing, atLocation, error);
+  }
 }
 
 }  // namespace quillonic

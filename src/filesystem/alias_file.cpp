@@ -8,6 +8,8 @@
 #include <utility>
 #include <variant>
 
+#include "support/row_of.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -324,10 +326,8 @@ std::optional<AliasFile> AliasFile::fromBytes(std::string_view bytes) {
   const auto contents = data ? data->contents() : std::nullopt;
   if (!contents) return std::nullopt;
   const auto recordOfKey = [&](std::uint32_t key) -> std::optional<Record> {
-    const auto entry =
-        std::ranges::lower_bound(*contents, key, {}, &std::pair<std::uint32_t, std::uint32_t>::first);
-    if (entry == contents->end() || entry->first != key) return std::nullopt;
-    return data->recordAt(entry->second);
+    const auto* entry = sortedRowOf(*contents, key, &std::pair<std::uint32_t, std::uint32_t>::first);
+    return entry ? data->recordAt(entry->second) : std::nullopt;
   };
 
   const auto path = recordOfKey(pathKey);

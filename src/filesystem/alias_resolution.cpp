@@ -13,10 +13,12 @@
 #include <vector>
 
 #include "filesystem/locations.hpp"
+#include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
 #include "platform/name_folding.hpp"
 #include "platform/path_text.hpp"
 #include "platform/volume_names.hpp"
+#include "support/row_of.hpp"
 
 namespace quillonic {
 namespace {
@@ -53,15 +55,11 @@ class Resolution {
   Resolution(const AliasFile& alias, std::string aliasPath)
       : alias_(alias), aliasPath_(std::move(aliasPath)), names_(alias.pathComponents) {}
 
-  std::optional<std::string> target(std::error_code& error) {
+  Result<std::string> target() {
     auto found = firstFound();
-    error.clear();
-    if (!found && lookUpsLeft_ == 0) {
-      error = FilePathAttributeGenerationError::malformedAliasFile;
-    } else if (!found) {
-      error = obstacle_ ? obstacle_ : make_error_code(FilePathAttributeGenerationError::aliasTargetNotFound);
-    }
-    return found;
+    if (found) return *std::move(found);
+    if (lookUpsLeft_ == 0) return FilePathAttributeGenerationError::malformedAliasFile;
+    return obstacle_ ? obstacle_ : make_error_code(FilePathAttributeGenerationError::aliasTargetNotFound);
   }
 
  private:
@@ -86,11 +84,15 @@ class Resolution {
     --lookUpsLeft_;
     // To look below an automounter's folder would make it mount.
     const auto* mount = mounts_.withLongestMountPoint(path);
-    if (mount && mount->kind == "autofs") return false;
-    std::error_code error;
-    if (items::status(path, error)) return true;
+    if (mount && isAutomountKind(mount->kind)) return false;
+    const auto status = items::status(path);
+    if (!status) note(status.error());
+    return bool(status);
+  }
+
+  // Keeps what kept the first place that could not be looked at from being looked at.
+  void note(std::error_code error) {
     if (!isMissing(error) && !obstacle_) obstacle_ = error;
-    return false;
   }
 
   static bool isMissing(std::error_code error) {
@@ -108,8 +110,8 @@ class Resolution {
         if (!exists(next)) {
           const auto& similar = foldedEntries(path);
           const auto folded = text::foldedName(name);
-          const auto entry = std::ranges::lower_bound(similar, folded, {}, &FoldedEntry::folded);
-          if (entry == similar.end() || entry->folded != folded) return std::nullopt;
+          const auto* entry = sortedRowOf(similar, folded, &FoldedEntry::folded);
+          if (!entry) return std::nullopt;
           next = joined(path, {&entry->name, 1});
         }
         path = std::move(next);
@@ -128,15 +130,14 @@ class Resolution {
     const auto [listed, isNew] = listedFolders_.try_emplace(folder);
     auto& folded = listed->second;
     if (!isNew || !exists(folder)) return folded;
-    std::error_code error;
-    // The dot leads through a link to a folder.
-    const auto opened = items::Folder::open(folder + "/.", error);
-    auto entries = opened ? items::entries(*opened, error) : std::nullopt;
+    // The dot follows a link to a folder.
+    const auto opened = items::Folder::open(folder + "/.");
+    const auto entries = opened ? items::entries(*opened) : opened.error();
     if (!entries) {
-      if (!isMissing(error) && !obstacle_) obstacle_ = error;
+      note(entries.error());
       return folded;
     }
-    for (auto& entry : *entries) folded.push_back({text::foldedName(entry.name), std::move(entry.name)});
+    for (const auto& entry : *entries) folded.push_back({text::foldedName(entry.name), entry.name});
     std::ranges::stable_sort(folded, {}, &FoldedEntry::folded);
     return folded;
   }
@@ -183,8 +184,8 @@ class Resolution {
       folder = folderOf(folder);
       const auto& similar = foldedEntries(folder);
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
-        const auto entry = std::ranges::lower_bound(similar, folded[skipped], {}, &FoldedEntry::folded);
-        if (entry == similar.end() || entry->folded != folded[skipped]) continue;
+        const auto* entry = sortedRowOf(similar, folded[skipped], &FoldedEntry::folded);
+        if (!entry) continue;
         auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1));
         if (found && !isOnAnotherVolume(*found)) return found;
       }
@@ -246,35 +247,29 @@ class Resolution {
   MountTable mounts_ = MountTable::current();
   std::optional<VolumeNames> identifiers_;
   std::unordered_map<std::string, std::vector<FoldedEntry>> listedFolders_;
-  // Desktops record a dozen names, whose every end is looked for in a dozen folders. A file made to keep the search
-  // busy is given up.
+  // Desktops record a dozen names, whose every end is looked for in a dozen folders. A file made to keep the
+  // search busy is given up.
   std::size_t lookUpsLeft_ = 10'000;
-  // What kept the first place that could not be looked at from being looked at.
   std::error_code obstacle_;
 };
 
 }  // namespace
 
-std::optional<std::string> aliasTarget(const std::string& aliasFile, std::error_code& error) {
-  const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize + 1, error);
+Result<std::string> aliasTarget(const std::string& aliasFile) {
+  const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize + 1);
   if (!bytes) {
     // What the system says of a link or a folder that is opened is not what the caller asked.
-    std::error_code ignored;
-    const auto status = items::status(aliasFile, ignored);
-    if (status && status->type != FileType::regular) error = FilePathAttributeGenerationError::notAnAliasFile;
-    return std::nullopt;
+    const auto status = items::status(aliasFile);
+    const bool isOther = status && status->type != FileType::regular;
+    return isOther ? make_error_code(FilePathAttributeGenerationError::notAnAliasFile) : bytes.error();
   }
   if (!AliasFile::isAliasFile(*bytes) || bytes->size() > AliasFile::greatestSize) {
-    error = FilePathAttributeGenerationError::notAnAliasFile;
-    return std::nullopt;
+    return FilePathAttributeGenerationError::notAnAliasFile;
   }
   const auto alias = AliasFile::fromBytes(*bytes);
-  if (!alias) {
-    error = FilePathAttributeGenerationError::malformedAliasFile;
-    return std::nullopt;
-  }
-  const auto place = locations::placeOf(aliasFile, error);
-  return place ? Resolution(*alias, place->path()).target(error) : std::nullopt;
+  if (!alias) return FilePathAttributeGenerationError::malformedAliasFile;
+  const auto place = locations::placeOf(aliasFile);
+  return place ? Resolution(*alias, place->path()).target() : place.error();
 }
 
 }  // namespace quillonic

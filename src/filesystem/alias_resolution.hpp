@@ -1,14 +1,14 @@
-// Finding what an alias file leads to.
+// Finding the target of an alias file.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <system_error>
+
+#include "support/result.hpp"
 
 namespace quillonic {
 
-// The absolute path of what an alias file leads to. Nothing, and an error, where it is no alias file or cannot be
-// read, and where nothing is found: `aliasTargetNotFound`, or what kept one of the places from being looked at.
-std::optional<std::string> aliasTarget(const std::string& aliasFile, std::error_code& error);
+// The absolute path of an alias file's target. Fails where the file is no alias file or cannot be read, and
+// where nothing is found: `aliasTargetNotFound`, or what kept one of the places from being looked at.
+Result<std::string> aliasTarget(const std::string& aliasFile);
 
 }  // namespace quillonic

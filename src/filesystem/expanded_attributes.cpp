@@ -1,9 +1,8 @@
-#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/filesystem/expanded_attributes.hpp>
 #include <quillonic/platform/logging.hpp>
 
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -33,15 +32,15 @@ struct LinkDetails {
 
 LinkDetails symbolicLinkDetails(const std::string& item) {
   LinkDetails details{.type = ReferenceLinkType::softSymbolicReference, .target = {}, .isRelative = {}};
-  std::error_code error;
-  const auto text = items::linkText(item, error);
+  const auto text = items::linkText(item);
   const bool isRelative = text && !text->starts_with('/');
-  const auto absolute = isRelative ? locations::absolutePath(item, error) : std::string();
+  const auto absolute = isRelative ? locations::absolutePath(item) : std::string();
   if (text && absolute) {
-    details.target = locations::destination(path_text::folderPrefix(*absolute), false, *text, error);
+    const auto folder = path_text::folderPrefix(*absolute);
+    details.target = locations::destination(folder, false, *text).asOptional();
   }
-  // Whether something is there is seen through the link, which takes one look however far it leads.
-  if (!details.target || !items::existsBehindLinks(item, error)) {
+  // Whether something is there is seen through the link, which takes one look however many links follow.
+  if (!details.target || items::reach(item)) {
     VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
   }
   if (text) {
@@ -98,8 +97,7 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
 
 std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL) {
   const auto item = locations::itself(atURL);
-  std::error_code error;
-  const auto status = items::status(item, error);
+  const auto status = items::status(item);
   return status ? std::optional(attributesOf(item, *status)) : std::nullopt;
 }
 

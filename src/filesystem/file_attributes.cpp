@@ -5,6 +5,8 @@
 #include <iterator>
 #include <utility>
 
+#include "support/row_of.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -40,8 +42,8 @@ FileAttributes::FileAttributes(std::vector<Entry> entries) : entries_(std::move(
 }
 
 const AnyValue* FileAttributes::find(std::string_view key) const noexcept {
-  const auto found = std::ranges::lower_bound(entries_, key, {}, textOf);
-  return found != entries_.end() && textOf(*found) == key ? &found->value : nullptr;
+  const auto* found = sortedRowOf(entries_, key, textOf);
+  return found ? &found->value : nullptr;
 }
 
 void FileAttributes::set(const FileAttributeKey& key, AnyValue value) {
@@ -54,9 +56,9 @@ void FileAttributes::set(const FileAttributeKey& key, AnyValue value) {
 }
 
 bool FileAttributes::remove(std::string_view key) {
-  const auto found = std::ranges::lower_bound(entries_, key, {}, textOf);
-  if (found == entries_.end() || textOf(*found) != key) return false;
-  entries_.erase(found);
+  const auto* found = sortedRowOf(entries_, key, textOf);
+  if (!found) return false;
+  entries_.erase(entries_.begin() + (found - entries_.data()));
   return true;
 }
 

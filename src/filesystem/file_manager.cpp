@@ -10,8 +10,8 @@
 #include <set>
 #include <utility>
 
+#include "platform/items.hpp"
 #include "platform/path_text.hpp"
-#include "platform/working_folder.hpp"
 
 namespace quillonic {
 namespace {
@@ -47,7 +47,7 @@ std::size_t extensionStart(std::string_view name) {
 // A path as an argument that is no option wherever it is read; nothing where the working folder is gone.
 std::optional<std::string> absolutePath(std::string_view path) {
   if (path.starts_with('/')) return std::string(path);
-  auto folder = workingFolder();
+  const auto folder = items::workingFolder();
   if (!folder) return std::nullopt;
   return namePrefix(*folder).append(path);
 }
@@ -64,7 +64,8 @@ std::optional<TextDictionary> handRemovalOver(ScriptRunner& runner, std::string_
   return runner.runText("do shell script \"" + command + "\" with administrator privileges");
 }
 
-// Runs the removal; nothing when the script could not be created. What a host's runner throws is one more error.
+// Runs the removal; nothing when the script could not be created. What a host's runner throws is one more
+// error.
 std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view item) {
   try {
     return handRemovalOver(runner, item);

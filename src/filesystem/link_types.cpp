@@ -16,42 +16,37 @@ bool couldBeAlias(const items::Status& status) noexcept {
 
 }  // namespace
 
-std::optional<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status,
-                                        std::error_code& error) {
-  error.clear();
+Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status) {
   if (status.type == FileType::symbolicLink) return ReferenceLinkType::softSymbolicReference;
   if (couldBeAlias(status)) {
-    const auto mark = items::firstBytes(item, AliasFile::markSize, error);
-    if (!mark) return std::nullopt;
+    const auto mark = items::firstBytes(item, AliasFile::markSize);
+    if (!mark) return mark.error();
     if (AliasFile::isAliasFile(*mark)) return ReferenceLinkType::aliasReference;
   }
   const bool hasOtherNames = status.type != FileType::directory && status.names > 1;
   return hasOtherNames ? ReferenceLinkType::hardSymbolicReference : ReferenceLinkType::notAReferenceLink;
 }
 
-std::optional<ReferenceLinkType> typeOf(const std::string& item, std::error_code& error) {
-  const auto status = items::status(item, error);
-  return status ? typeOf(item, *status, error) : std::nullopt;
+Result<ReferenceLinkType> typeOf(const std::string& item) {
+  const auto status = items::status(item);
+  return status ? typeOf(item, *status) : status.error();
 }
 
 std::optional<ReferenceLinkType> loggedTypeOf(const std::string& item, const items::Status& status) {
-  std::error_code error;
-  const auto type = typeOf(item, status, error);
-  if (!type) {
-    VantiroLogging::defaultLogger()->logWarning("Failed to discover the link type of file '" + item +
-                                                "' with error " + error.message());
-  }
-  return type;
+  const auto type = typeOf(item, status);
+  if (type) return *type;
+  VantiroLogging::defaultLogger()->logWarning("Failed to discover the link type of file '" + item +
+                                              "' with error " + type.error().message());
+  return std::nullopt;
 }
 
 std::optional<std::string> loggedAliasTarget(const std::string& aliasFile) {
-  std::error_code error;
-  auto target = aliasTarget(aliasFile, error);
+  auto target = aliasTarget(aliasFile);
   if (!target) {
     VantiroLogging::defaultLogger()->logWarning("Failed to resolve alias for file '" + aliasFile +
-                                                "' with error " + error.message());
+                                                "' with error " + target.error().message());
   }
-  return target;
+  return std::move(target).asOptional();
 }
 
 }  // namespace quillonic::link_types

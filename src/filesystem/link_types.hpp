@@ -5,20 +5,19 @@
 
 #include <optional>
 #include <string>
-#include <system_error>
 
 #include "platform/items.hpp"
+#include "support/result.hpp"
 
 namespace quillonic::link_types {
 
-// Nothing, and an error, where a file that could be an alias cannot be opened.
-std::optional<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status,
-                                        std::error_code& error);
+// Fails where a file that could be an alias cannot be opened.
+Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status);
 
-// The same for an item of which nothing is known yet.
-std::optional<ReferenceLinkType> typeOf(const std::string& item, std::error_code& error);
+// For an item of which nothing is known yet.
+Result<ReferenceLinkType> typeOf(const std::string& item);
 
-// The same as the first, and a failure is logged.
+// Logs a failure.
 std::optional<ReferenceLinkType> loggedTypeOf(const std::string& item, const items::Status& status);
 
 // Whether links of a kind have a target.
@@ -26,7 +25,7 @@ constexpr bool leadsElsewhere(ReferenceLinkType type) noexcept {
   return type == ReferenceLinkType::softSymbolicReference || type == ReferenceLinkType::aliasReference;
 }
 
-// The target of an alias file; where it is not found that is logged.
+// The target of an alias file. Logs where it is not found.
 std::optional<std::string> loggedAliasTarget(const std::string& aliasFile);
 
 }  // namespace quillonic::link_types

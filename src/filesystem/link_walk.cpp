@@ -1,4 +1,4 @@
-#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/filesystem/link_walk.hpp>
 #include <quillonic/platform/logging.hpp>
 
 #include <algorithm>
@@ -26,14 +26,13 @@ class LinkWalk {
 
   // Whether every folder was read, until the block stopped the walk.
   bool walk(const path& root) {
-    std::error_code error;
-    const auto shownRoot = locations::standardizedItem(locations::itself(root), error);
-    const auto physicalRoot = shownRoot ? items::canonical(*shownRoot, error) : std::nullopt;
+    const auto shownRoot = locations::standardizedItem(locations::itself(root));
+    const auto physicalRoot = shownRoot ? items::canonical(*shownRoot) : shownRoot.error();
     if (!physicalRoot) {
-      missFolder(root, error);
+      missFolder(root, physicalRoot.error());
       return false;
     }
-    // Folders still to be visited; the next one stands last.
+    // Folders still to be visited, the next one last.
     std::vector<Visit> pending{{*shownRoot, *physicalRoot}};
     while (!pending.empty() && !stop_) {
       const auto visit = std::move(pending.back());
@@ -59,23 +58,24 @@ class LinkWalk {
   }
 
   void visitFolder(const Visit& visit, std::vector<Visit>& pending) {
-    std::error_code error;
-    const auto folder = items::Folder::open(visit.physical, error);
-    const auto entries = folder ? items::entries(*folder, error) : std::nullopt;
-    if (!entries) return missFolder(visit.shown, error);
+    const auto folder = items::Folder::open(visit.physical);
+    const auto entries = folder ? items::entries(*folder) : folder.error();
+    if (!entries) return missFolder(visit.shown, entries.error());
     // Taken apart into its components once, and not for each link.
     path link = path(visit.shown) / "link";
     for (const auto& entry : *entries) {
       auto type = entry.type;
-      std::optional<items::Status> status;
+      items::Status status;
       if (type == FileType::unknown || type == FileType::regular) {
-        status = items::status(entry.name, error, &*folder);
-        if (!status) {
+        const auto known = items::status(entry.name, &*folder);
+        if (!known) {
           // What went away since the folder was read is not missed.
+          const auto error = known.error();
           if (error != std::errc::no_such_file_or_directory) missFolder(visit.shown, error);
           continue;
         }
-        type = status->type;
+        status = *known;
+        type = status.type;
       }
       std::optional<std::string> target;
       if (type == FileType::directory) {
@@ -84,7 +84,7 @@ class LinkWalk {
       } else if (type == FileType::symbolicLink) {
         target = symbolicTarget(*folder, visit.physical, entry.name);
       } else if (type == FileType::regular) {
-        target = aliasTarget(locations::inFolder(visit.physical, entry.name), *status);
+        target = aliasTarget(locations::inFolder(visit.physical, entry.name), status);
       }
       if (!target) continue;
       block_(link.replace_filename(entry.name), *std::move(target), stop_);
@@ -94,13 +94,12 @@ class LinkWalk {
 
   static std::optional<std::string> symbolicTarget(const items::Folder& folder, const std::string& path,
                                                    const std::string& name) {
-    std::error_code error;
-    const auto text = items::linkText(name, error, &folder);
-    auto target = text ? locations::destination(path, true, *text, error) : std::nullopt;
+    const auto text = items::linkText(name, &folder);
+    auto target = text ? locations::destination(path, true, *text) : text.error();
     if (!target) {
       VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
     }
-    return target;
+    return std::move(target).asOptional();
   }
 
   std::optional<std::string> aliasTarget(const std::string& item, const items::Status& status) {

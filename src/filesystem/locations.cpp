@@ -2,13 +2,11 @@
 
 #include <quillonic/filesystem/io_error.hpp>
 
-#include <algorithm>
-#include <cerrno>
 #include <utility>
 
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
-#include "platform/working_folder.hpp"
+#include "platform/text_pieces.hpp"
 
 namespace quillonic::locations {
 
@@ -28,39 +26,29 @@ std::string inFolder(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
-std::optional<std::string> absolutePath(const std::string& item, std::error_code& error) {
-  error.clear();
+Result<std::string> absolutePath(const std::string& item) {
   if (item.starts_with('/')) return item;
-  if (item.empty()) {
-    error = std::error_code(ENOENT, std::system_category());
-    return std::nullopt;
-  }
-  const auto folder = workingFolder();
-  if (folder) return inFolder(*folder, item);
-  error = FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
-  return std::nullopt;
+  if (item.empty()) return items::systemError(std::errc::no_such_file_or_directory);
+  const auto folder = items::workingFolder();
+  if (!folder) return FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
+  return inFolder(*folder, item);
 }
 
-std::optional<std::string> standardized(std::string_view absolute, std::size_t physical,
-                                        std::error_code& error) {
-  error.clear();
+Result<std::string> standardized(std::string_view absolute, std::size_t physical) {
   std::string result;
   result.reserve(absolute.size());
-  for (std::size_t at = 0; at < absolute.size();) {
-    const auto end = std::min(absolute.find('/', at), absolute.size());
-    const auto name = absolute.substr(at, end - at);
-    at = end + 1;
-    if (name.empty() || name == ".") continue;
-    if (name != "..") {
-      result.append("/").append(name);
+  for (auto names = text::split(absolute, '/'); const auto name = names.next();) {
+    if (name->empty() || *name == ".") continue;
+    if (*name != "..") {
+      result.append("/").append(*name);
       continue;
     }
     if (result.size() > physical) {
       // The resolution alone asks for no permission to pass through the folder.
-      const bool isPassable = items::existsBehindLinks(result + "/..", error);
-      auto folder = isPassable ? items::canonical(result, error) : std::nullopt;
-      if (!folder) return std::nullopt;
-      result = folder == "/" ? std::string() : *std::move(folder);
+      if (const auto error = items::reach(result + "/..")) return error;
+      auto folder = items::canonical(result);
+      if (!folder) return folder.error();
+      result = *folder == "/" ? std::string() : *std::move(folder);
     }
     result.resize(result.empty() ? 0 : result.rfind('/'));
     physical = result.size();
@@ -69,37 +57,34 @@ std::optional<std::string> standardized(std::string_view absolute, std::size_t p
   return result;
 }
 
-std::optional<std::string> standardizedItem(const std::string& item, std::error_code& error) {
-  const auto absolute = absolutePath(item, error);
-  return absolute ? standardized(*absolute, 0, error) : std::nullopt;
+Result<std::string> standardizedItem(const std::string& item) {
+  const auto absolute = absolutePath(item);
+  return absolute ? standardized(*absolute, 0) : absolute.error();
 }
 
-std::optional<std::string> destination(std::string_view folder, bool physical, std::string_view target,
-                                       std::error_code& error) {
-  if (target.empty() || target.find('\0') != std::string_view::npos) {
-    error = FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
-    return std::nullopt;
+Result<std::string> destination(std::string_view folder, bool physical, std::string_view text) {
+  if (text.empty() || text.find('\0') != std::string_view::npos) {
+    return FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
   }
-  auto place = target.starts_with('/')
-                   ? standardized(target, 0, error)
-                   : standardized(inFolder(folder, target), physical ? folder.size() : 0, error);
-  if (!place || !(target.ends_with('/') || target.ends_with("/."))) return place;
-  // What is missing may become a folder; what is no folder leads nowhere.
-  if (items::existsBehindLinks(*place + "/", error) || error != std::errc::not_a_directory) {
-    error.clear();
-    return place;
+  auto place = text.starts_with('/') ? standardized(text, 0)
+                                     : standardized(inFolder(folder, text), physical ? folder.size() : 0);
+  // What is missing may become a folder; what is no folder has nothing in it.
+  const bool asksForFolder = text.ends_with('/') || text.ends_with("/.");
+  if (place && asksForFolder) {
+    const auto error = items::reach(*place + "/");
+    if (error == std::errc::not_a_directory) return error;
   }
-  return std::nullopt;
+  return place;
 }
 
-std::optional<Place> placeOf(const std::filesystem::path& item, std::error_code& error) {
-  const auto absolute = absolutePath(itself(item), error);
-  if (!absolute) return std::nullopt;
+Result<Place> placeOf(const std::filesystem::path& item) {
+  const auto absolute = absolutePath(itself(item));
+  if (!absolute) return absolute.error();
   const auto prefix = path_text::folderPrefix(*absolute);
   Place place{std::string(prefix), absolute->substr(prefix.size())};
   if (place.name.empty() || place.name == "." || place.name == "..") place = {*absolute, {}};
-  auto folder = items::canonical(place.folder, error);
-  if (!folder) return std::nullopt;
+  auto folder = items::canonical(place.folder);
+  if (!folder) return folder.error();
   place.folder = *std::move(folder);
   return place;
 }

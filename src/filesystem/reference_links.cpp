@@ -1,7 +1,6 @@
 #include <quillonic/filesystem/io_error.hpp>
 #include <quillonic/filesystem/reference_links.hpp>
 
-#include <cerrno>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -10,7 +9,6 @@
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
-#include "platform/link_support.hpp"
 #include "platform/path_text.hpp"
 
 namespace quillonic {
@@ -18,84 +16,68 @@ namespace {
 
 using link_types::leadsElsewhere;
 using link_types::typeOf;
-using locations::fail;
 using locations::itself;
+using locations::valueOrFail;
 using std::filesystem::path;
 
 // As many as the system follows while it looks up one path.
 constexpr int greatestStepCount = 40;
 
-std::optional<std::string> symbolicTarget(const std::string& link, std::error_code& error) {
-  const auto text = items::linkText(link, error);
-  const auto absolute = text ? locations::absolutePath(link, error) : std::nullopt;
-  if (!absolute) return std::nullopt;
-  return locations::destination(path_text::folderPrefix(*absolute), false, *text, error);
+constexpr auto cannotFollow = "cannot follow links";
+
+Result<std::string> symbolicTarget(const std::string& link) {
+  const auto text = items::linkText(link);
+  const auto absolute = text ? locations::absolutePath(link) : text.error();
+  if (!absolute) return absolute.error();
+  return locations::destination(path_text::folderPrefix(*absolute), false, *text);
 }
 
-// The target of a link of a kind, one step away. Nothing, and an error, where there is none.
-std::optional<std::string> dereferenced(ReferenceLinkType type, const std::string& item,
-                                        std::error_code& error) {
+// The target of a link of a kind, one step away.
+Result<std::string> dereferenced(ReferenceLinkType type, const std::string& item) {
   switch (type) {
     case ReferenceLinkType::softSymbolicReference:
-      return symbolicTarget(item, error);
+      return symbolicTarget(item);
     case ReferenceLinkType::aliasReference:
-      return aliasTarget(item, error);
+      return aliasTarget(item);
     case ReferenceLinkType::notAReferenceLink:
     case ReferenceLinkType::hardSymbolicReference:
       break;
   }
-  return locations::standardizedItem(item, error);
+  return locations::standardizedItem(item);
 }
 
 path targetOrFail(ReferenceLinkType type, const path& item) {
-  std::error_code error;
-  auto target = dereferenced(type, itself(item), error);
-  if (!target) fail("cannot follow link", item, error);
-  return *std::move(target);
+  return valueOrFail(dereferenced(type, itself(item)), "cannot follow link", item);
 }
 
-// The link itself was read, and nothing is where it leads.
+// The link itself was read, and nothing is at its target.
 bool isMissingTarget(std::error_code error) noexcept {
   return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
          error == FilePathAttributeGenerationError::aliasTargetNotFound;
 }
 
 // Follows links until an item that is none.
-std::optional<std::string> finalTarget(std::string item, ReferenceLinkType type, std::error_code& error) {
+Result<std::string> finalTarget(std::string item, ReferenceLinkType type) {
   for (int step = 0; leadsElsewhere(type); ++step) {
-    if (step == greatestStepCount) {
-      error = std::error_code(ELOOP, std::system_category());
-      return std::nullopt;
-    }
-    auto target = dereferenced(type, item, error);
-    const auto next = target ? typeOf(*target, error) : std::nullopt;
-    if (!next) return std::nullopt;
+    if (step == greatestStepCount) return items::systemError(std::errc::too_many_symbolic_link_levels);
+    auto target = dereferenced(type, item);
+    const auto next = target ? typeOf(*target) : target.error();
+    if (!next) return next.error();
     item = *std::move(target);
     type = *next;
   }
-  return locations::standardizedItem(item, error);
-}
-
-LinkSupport linkSupport(const path& url) {
-  std::error_code error;
-  const auto support = linkSupportAt(url, error);
-  if (!support) fail("cannot ask the volume", url, error);
-  return *support;
+  return locations::standardizedItem(item);
 }
 
 }  // namespace
 
 std::optional<ReferenceLinkType> referenceLinkTypeOfItem(const path& atURL) {
-  std::error_code error;
-  return typeOf(itself(atURL), error);
+  return typeOf(itself(atURL)).asOptional();
 }
 
 ReferenceLinkType filePathLinkType(const path& fileAt) {
   const auto item = itself(fileAt);
-  std::error_code error;
-  const auto type = typeOf(item, error);
-  if (!type) fail("cannot read item", item, error);
-  return *type;
+  return valueOrFail(typeOf(item), "cannot read item", item);
 }
 
 bool filePathAppearsToBeNonHardReference(const path& path) {
@@ -103,10 +85,8 @@ bool filePathAppearsToBeNonHardReference(const path& path) {
 }
 
 bool symbolicLinkIsRelative(const path& atPath) {
-  std::error_code error;
-  const auto text = items::linkText(itself(atPath), error);
-  if (!text) fail("cannot read symbolic link", atPath, error);
-  return !text->starts_with('/');
+  const auto text = valueOrFail(items::linkText(itself(atPath)), "cannot read symbolic link", atPath);
+  return !text.starts_with('/');
 }
 
 path standardizedDestinationOfSymbolicLink(const path& atPath) {
@@ -120,18 +100,9 @@ path standardizedResolvedAliasReference(const path& aliasFileAt, AliasResolution
 std::optional<path> deeplyDereferencedFilePath(const path& forLinkFile,
                                                AliasResolutionOptions /*resolutionOptions*/) {
   const auto item = itself(forLinkFile);
-  std::error_code error;
-  auto target = finalTarget(item, filePathLinkType(item), error);
-  if (!target && !isMissingTarget(error)) fail("cannot follow links", item, error);
-  return target;
-}
-
-bool fileSystemSupportsSymbolicLinks(const path& url) {
-  return linkSupport(url).symbolicLinks;
-}
-
-bool fileSystemSupportsHardLinks(const path& url) {
-  return linkSupport(url).hardLinks;
+  auto target = finalTarget(item, filePathLinkType(item));
+  if (!target && isMissingTarget(target.error())) return std::nullopt;
+  return valueOrFail(std::move(target), cannotFollow, item);
 }
 
 path dereferencedFilePathURL(ReferenceLinkType type, const path& forURL) {
@@ -139,10 +110,7 @@ path dereferencedFilePathURL(ReferenceLinkType type, const path& forURL) {
 }
 
 path deeplyDereferencedFilePathURL(ReferenceLinkType type, const path& forURL) {
-  std::error_code error;
-  auto target = finalTarget(itself(forURL), type, error);
-  if (!target) fail("cannot follow links", forURL, error);
-  return *std::move(target);
+  return valueOrFail(finalTarget(itself(forURL), type), cannotFollow, forURL);
 }
 
 }  // namespace quillonic

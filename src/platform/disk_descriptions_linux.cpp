@@ -1,13 +1,13 @@
 #include <quillonic/platform/disk_descriptions.hpp>
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "platform/file_reading_linux.hpp"
+#include "platform/file_system_kinds.hpp"
 #include "platform/text.hpp"
+#include "platform/text_pieces.hpp"
 #include "platform/volume_names.hpp"
 
 namespace quillonic {
@@ -15,22 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// File systems that another machine serves, ascending; those in user space without their "fuse.".
-constexpr auto networkKinds = std::to_array<std::string_view>({
-    "9p",         "afpfs",  "afs",       "beegfs", "ceph",   "ceph-fuse", "cephfs",
-    "cifs",       "coda",   "curlftpfs", "davfs",  "davfs2", "gcsfuse",   "glusterfs",
-    "gvfsd-fuse", "lustre", "ncp",       "ncpfs",  "nfs",    "nfs4",      "orangefs",
-    "pvfs2",      "rclone", "s3fs",      "smb3",   "smbfs",  "smbnetfs",  "sshfs",
-});
-static_assert(std::ranges::is_sorted(networkKinds));
-
 bool isNetworkVolume(const Mount& mount) {
-  constexpr std::string_view userSpace = "fuse.";
-  std::string_view kind = mount.kind;
-  if (kind.starts_with(userSpace)) kind.remove_prefix(userSpace.size());
-  // In user space the kind may be left open; then only the address tells.
-  return std::ranges::binary_search(networkKinds, kind) ||
-         (kind == "fuse" && mount.source.find("://") != std::string::npos);
+  // A program may leave its kind open; then only the address tells.
+  return isNetworkKind(mount.kind) || (mount.kind == "fuse" && mount.source.find("://") != std::string::npos);
 }
 
 std::optional<std::string> attribute(const fs::path& device, const char* name) {
@@ -41,16 +28,10 @@ std::optional<std::string> attribute(const fs::path& device, const char* name) {
 }
 
 // The value of "NAME=value" in a device's list of properties, one a line.
-std::optional<std::string> property(const fs::path& device, std::string_view name) {
+std::optional<std::string> property(const fs::path& device, std::string_view key) {
   const auto properties = attribute(device, "uevent").value_or(std::string());
-  for (std::string_view rest = properties; !rest.empty();) {
-    const auto line = rest.substr(0, rest.find('\n'));
-    if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) {
-      return std::string(line.substr(name.size() + 1));
-    }
-    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-  }
-  return std::nullopt;
+  const auto value = text::valueInLines(properties, key);
+  return value ? std::optional<std::string>(*value) : std::nullopt;
 }
 
 bool isThere(const fs::path& path) {
@@ -88,9 +69,9 @@ void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
 
   std::optional<std::string> name;
   if (isThere(disk / "loop/backing_file")) name = "disk image";
-  if (!name) name = property(device, "PARTNAME");
+  if (!name) name = property(device, "PARTNAME=");
   if (!name) name = model;
-  if (!name) name = property(device, "DEVNAME");
+  if (!name) name = property(device, "DEVNAME=");
 
   if (name) description.emplace("DAMediaName", std::move(*name));
   if (model) description.emplace("DADeviceModel", std::move(*model));

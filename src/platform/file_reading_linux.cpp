@@ -1,29 +1,30 @@
 #include "platform/file_reading_linux.hpp"
 
 #include <algorithm>
-#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "platform/descriptor_linux.hpp"
+
 namespace quillonic {
 
-std::optional<std::string> contentsOfFile(const std::string& path) {
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) return std::nullopt;
-  std::string contents;
+Result<std::string> bytesOf(int file, std::size_t limit) {
+  std::string bytes;
   std::size_t size = 0;
-  ssize_t count = 0;
-  do {
-    size += static_cast<std::size_t>(count);
-    contents.resize(std::max<std::size_t>(2 * size, 4096));
-    do {
-      count = ::read(file, contents.data() + size, contents.size() - size);
-    } while (count < 0 && errno == EINTR);
-  } while (count > 0);
-  ::close(file);
-  if (count < 0) return std::nullopt;
-  contents.resize(size);
-  return contents;
+  while (size < limit) {
+    bytes.resize(std::min(limit, std::max<std::size_t>(2 * size, 4096)));
+    const auto count = ::read(file, bytes.data() + size, bytes.size() - size);
+    if (count < 0 && errno != EINTR) return lastError();
+    if (count == 0) break;
+    if (count > 0) size += static_cast<std::size_t>(count);
+  }
+  bytes.resize(size);
+  return bytes;
+}
+
+Result<std::string> contentsOfFile(const std::string& path) {
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  return file ? bytesOf(file.number(), std::string().max_size() / 2) : lastError();
 }
 
 }  // namespace quillonic

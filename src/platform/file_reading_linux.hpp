@@ -1,12 +1,17 @@
-// Reading the small files in which the system tells about itself.
+// Reading files.
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
+
+#include "support/result.hpp"
 
 namespace quillonic {
 
-// The whole of a file, or nothing where it cannot be read. Such files have no size that could be asked for.
-std::optional<std::string> contentsOfFile(const std::string& path);
+// What is left to read of an open file, at most `limit` bytes.
+Result<std::string> bytesOf(int file, std::size_t limit);
+
+// The whole of one of the small files in which the system tells about itself. They tell no size before.
+Result<std::string> contentsOfFile(const std::string& path);
 
 }  // namespace quillonic

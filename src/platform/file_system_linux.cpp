@@ -3,9 +3,6 @@
 
 #include <cerrno>
 #include <sys/stat.h>
-#include <system_error>
-
-#include "platform/working_folder.hpp"
 
 namespace quillonic {
 namespace {
@@ -37,12 +34,6 @@ PlatformFileSystem::~PlatformFileSystem() = default;
 std::shared_ptr<const PlatformFileSystem> PlatformFileSystem::system() {
   static const auto shared = std::make_shared<const SystemFileSystem>();
   return shared;
-}
-
-std::optional<std::string> workingFolder() {
-  std::error_code error;
-  auto folder = std::filesystem::current_path(error);
-  return error ? std::nullopt : std::optional<std::string>(std::move(folder).native());
 }
 
 }  // namespace quillonic

@@ -1,7 +1,5 @@
-// What the file system tells of single items. But for one, no operation
-// follows a link that is the last component of a path.
-// A path with a NUL names nothing. Each reports a failure in `error` and by giving nothing, and clears `error`
-// otherwise.
+// What the file system tells of single items. Only `reach` and `canonical` follow a link in the last path
+// component. A path with a NUL names nothing.
 #pragma once
 
 #include <quillonic/platform/file_type.hpp>
@@ -16,7 +14,13 @@
 #include <utility>
 #include <vector>
 
+#include "support/result.hpp"
+
 namespace quillonic::items {
+
+inline std::error_code systemError(std::errc error) noexcept {
+  return {static_cast<int>(error), std::system_category()};
+}
 
 struct Status {
   FileType type = FileType::unknown;
@@ -34,8 +38,8 @@ struct Status {
 // A folder held open. Names in it are looked up without its path.
 class Folder {
  public:
-  // The folder is no link to one.
-  static std::optional<Folder> open(const std::string& path, std::error_code& error);
+  // Fails for a link to a folder.
+  static Result<Folder> open(const std::string& path);
   Folder(Folder&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
   Folder& operator=(Folder&&) = delete;
   ~Folder();
@@ -49,33 +53,36 @@ class Folder {
 };
 
 // One system call; wakes no automounter. A relative path counts from the folder, or without one from the
-// working folder; so it does below.
-std::optional<Status> status(const std::string& path, std::error_code& error, const Folder* folder = nullptr);
+// working folder; the same holds below.
+Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 
-// Whether there is an item behind a path, the one operation that follows links; a slash at the end asks for a
-// folder. One system call; wakes no automounter.
-bool existsBehindLinks(const std::string& path, std::error_code& error);
+// No error where an item is at a path with all its links followed; a trailing slash asks for a folder. One
+// system call; wakes no automounter.
+std::error_code reach(const std::string& path);
 
 // The target of a symbolic link as it is stored. One system call.
-std::optional<std::string> linkText(const std::string& path, std::error_code& error,
-                                    const Folder* folder = nullptr);
+Result<std::string> linkText(const std::string& path, const Folder* folder = nullptr);
 
 // Up to `limit` bytes from the start of a regular file. Never waits for a pipe or a device.
-std::optional<std::string> firstBytes(const std::string& path, std::size_t limit, std::error_code& error);
+Result<std::string> firstBytes(const std::string& path, std::size_t limit);
 
 // Makes a file that was not there. One that cannot be written whole is removed again.
-bool create(const std::string& path, std::string_view bytes, std::error_code& error);
+std::error_code create(const std::string& path, std::string_view bytes);
 
 struct Entry {
   std::string name;
   FileType type;
 };
 
-// The entries of a folder in the byte order of their names, without "." and "..". To be asked once.
-std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code& error);
+// The entries of a folder in the byte order of their names, without "." and "..". Callers must ask only once.
+Result<std::vector<Entry>> entries(const Folder& folder);
 
 // The absolute path of an existing item with every link in it followed.
-std::optional<std::string> canonical(const std::string& path, std::error_code& error);
+Result<std::string> canonical(const std::string& path);
+
+// The folder that relative paths count from: absolute, without a trailing slash unless it is the root. Fails
+// where the folder has been removed.
+Result<std::string> workingFolder();
 
 // The user's home folder; nothing when it is not known.
 std::optional<std::string> homeFolder();

@@ -1,30 +1,26 @@
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
-#include <unistd.h>
-#include <utility>
 
+#include "platform/descriptor_linux.hpp"
+#include "platform/file_reading_linux.hpp"
 #include "platform/items.hpp"
 
 namespace quillonic::items {
 namespace {
 
-std::error_code lastError() noexcept {
-  return {errno, std::system_category()};
-}
-
-// Clears the error, or sets it for a path that no entry can bear.
-bool canExist(const std::string& path, std::error_code& error) noexcept {
-  error.clear();
-  if (path.find('\0') != std::string::npos) error = {ENOENT, std::system_category()};
-  return !error;
+// No directory entry has a name with a NUL.
+bool canExist(const std::string& path) noexcept {
+  const bool hasNul = path.find('\0') != std::string::npos;
+  if (hasNul) errno = ENOENT;
+  return !hasNul;
 }
 
 struct CloseFolder {
@@ -107,97 +103,69 @@ Folder::~Folder() {
   if (descriptor_ >= 0) ::close(descriptor_);
 }
 
-std::optional<Folder> Folder::open(const std::string& path, std::error_code& error) {
-  if (!canExist(path, error)) return std::nullopt;
-  const int descriptor = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-  if (descriptor >= 0) return Folder(descriptor);
-  error = lastError();
-  return std::nullopt;
+Result<Folder> Folder::open(const std::string& path) {
+  constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+  const int descriptor = canExist(path) ? ::open(path.c_str(), flags) : -1;
+  if (descriptor < 0) return lastError();
+  return Folder(descriptor);
 }
 
-std::optional<Status> status(const std::string& path, std::error_code& error, const Folder* folder) {
-  if (!canExist(path, error)) return std::nullopt;
+Result<Status> status(const std::string& path, const Folder* folder) {
+  if (!canExist(path)) return lastError();
   struct statx item {};
   const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
   bool isKnown = ::statx(placeOf(folder), path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, &item) == 0;
   if (!isKnown && (errno == ENOSYS || errno == EPERM))
     isKnown = olderStatus(placeOf(folder), path.c_str(), item);
-  if (isKnown) return statusOf(item);
-  error = lastError();
-  return std::nullopt;
+  if (!isKnown) return lastError();
+  return statusOf(item);
 }
 
-bool existsBehindLinks(const std::string& path, std::error_code& error) {
+std::error_code reach(const std::string& path) {
   struct stat ignored {};
-  if (!canExist(path, error)) return false;
-  if (::fstatat(AT_FDCWD, path.c_str(), &ignored, AT_NO_AUTOMOUNT) != 0) error = lastError();
-  return !error;
+  const bool isThere = canExist(path) && ::fstatat(AT_FDCWD, path.c_str(), &ignored, AT_NO_AUTOMOUNT) == 0;
+  return isThere ? std::error_code() : lastError();
 }
 
-std::optional<std::string> linkText(const std::string& path, std::error_code& error, const Folder* folder) {
-  if (!canExist(path, error)) return std::nullopt;
+Result<std::string> linkText(const std::string& path, const Folder* folder) {
+  if (!canExist(path)) return lastError();
   std::array<char, PATH_MAX> text;  // no file system here keeps a longer one
   const auto length = ::readlinkat(placeOf(folder), path.c_str(), text.data(), text.size());
-  if (length >= 0) return std::string(text.data(), static_cast<std::size_t>(length));
-  error = lastError();
-  return std::nullopt;
+  if (length < 0) return lastError();
+  return std::string(text.data(), static_cast<std::size_t>(length));
 }
 
-std::optional<std::string> firstBytes(const std::string& path, std::size_t limit, std::error_code& error) {
-  if (!canExist(path, error)) return std::nullopt;
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
-  if (file < 0) {
-    error = lastError();
-    return std::nullopt;
-  }
-  std::string bytes;
-  std::size_t size = 0;
-  ssize_t count = 1;
-  while (size < limit && count != 0 && !error) {
-    bytes.resize(std::min(limit, std::max<std::size_t>(2 * size, 4096)));
-    count = ::read(file, bytes.data() + size, bytes.size() - size);
-    if (count >= 0) {
-      size += static_cast<std::size_t>(count);
-    } else if (errno != EINTR) {
-      error = lastError();
-    }
-  }
-  ::close(file);
-  bytes.resize(size);
-  return error ? std::nullopt : std::optional(std::move(bytes));
+Result<std::string> firstBytes(const std::string& path, std::size_t limit) {
+  if (!canExist(path)) return lastError();
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
+  return file ? bytesOf(file.number(), limit) : lastError();
 }
 
-bool create(const std::string& path, std::string_view bytes, std::error_code& error) {
-  if (!canExist(path, error)) return false;
-  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  if (file < 0) {
-    error = lastError();
-    return false;
-  }
+std::error_code create(const std::string& path, std::string_view bytes) {
+  if (!canExist(path)) return lastError();
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  if (!file) return lastError();
+  std::error_code error;
   while (!bytes.empty() && !error) {
-    const auto count = ::write(file, bytes.data(), bytes.size());
+    const auto count = ::write(file.number(), bytes.data(), bytes.size());
     if (count >= 0) {
       bytes.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
       error = lastError();
     }
   }
-  // The last writes may be refused as late as here.
-  if (::close(file) != 0 && !error) error = lastError();
+  const auto closing = file.close();
+  if (!error) error = closing;
   if (error) ::unlink(path.c_str());
-  return !error;
+  return error;
 }
 
-std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code& error) {
-  error.clear();
+Result<std::vector<Entry>> entries(const Folder& folder) {
   // The stream takes over a descriptor; this one goes on being used for look-ups.
-  const int descriptor = ::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0);
-  const std::unique_ptr<DIR, CloseFolder> stream(descriptor >= 0 ? ::fdopendir(descriptor) : nullptr);
-  if (!stream) {
-    error = lastError();
-    if (descriptor >= 0) ::close(descriptor);
-    return std::nullopt;
-  }
+  Descriptor descriptor(::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0));
+  const std::unique_ptr<DIR, CloseFolder> stream(descriptor ? ::fdopendir(descriptor.number()) : nullptr);
+  if (!stream) return lastError();
+  static_cast<void>(descriptor.release());
   std::vector<Entry> found;
   errno = 0;
   while (const dirent* entry = ::readdir(stream.get())) {
@@ -205,20 +173,23 @@ std::optional<std::vector<Entry>> entries(const Folder& folder, std::error_code&
     if (name != "." && name != "..") found.push_back({std::string(name), typeOfEntry(*entry)});
     errno = 0;
   }
-  if (errno != 0) {
-    error = lastError();
-    return std::nullopt;
-  }
+  if (errno != 0) return lastError();
   std::ranges::sort(found, {}, &Entry::name);
   return found;
 }
 
-std::optional<std::string> canonical(const std::string& path, std::error_code& error) {
-  if (!canExist(path, error)) return std::nullopt;
+Result<std::string> canonical(const std::string& path) {
+  if (!canExist(path)) return lastError();
   const std::unique_ptr<char, decltype(&std::free)> text(::realpath(path.c_str(), nullptr), &std::free);
-  if (text) return std::string(text.get());
-  error = lastError();
-  return std::nullopt;
+  if (!text) return lastError();
+  return std::string(text.get());
+}
+
+Result<std::string> workingFolder() {
+  std::error_code error;
+  auto folder = std::filesystem::current_path(error);
+  if (error) return error;
+  return std::move(folder).native();
 }
 
 std::optional<std::string> homeFolder() {

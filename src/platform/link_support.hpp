@@ -2,8 +2,8 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
-#include <system_error>
+
+#include "support/result.hpp"
 
 namespace quillonic {
 
@@ -12,9 +12,8 @@ struct LinkSupport {
   bool hardLinks;
 };
 
-// That of the volume that holds an item, or that of the nearest folder above it that is there; a link counts for
-// the volume that holds the link. Reports a failure in
-// `error` and by giving nothing.
-std::optional<LinkSupport> linkSupportAt(const std::filesystem::path& item, std::error_code& error);
+// For the volume that holds an item, or else its nearest existing parent folder; a link counts for the volume
+// that holds the link.
+Result<LinkSupport> linkSupportAt(const std::filesystem::path& item);
 
 }  // namespace quillonic

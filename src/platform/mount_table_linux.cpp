@@ -1,13 +1,12 @@
 #include <quillonic/platform/mount_table.hpp>
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <optional>
 #include <sys/stat.h>
 
 #include "platform/file_reading_linux.hpp"
+#include "platform/items.hpp"
 #include "platform/path_text.hpp"
 
 namespace quillonic {
@@ -36,15 +35,10 @@ Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
   return {.exists = true, .isDirectory = S_ISDIR(older.st_mode), .mountIdentifier = {}};
 }
 
-std::optional<std::string> resolved(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> text(::realpath(path.c_str(), nullptr), &std::free);
-  return text ? std::optional<std::string>(text.get()) : std::nullopt;
-}
-
 }  // namespace
 
 MountTable MountTable::current() {
-  return fromText(contentsOfFile("/proc/self/mountinfo").value_or(std::string()));
+  return fromText(contentsOfFile("/proc/self/mountinfo").value_or({}));
 }
 
 const Mount* MountTable::holding(const std::filesystem::path& item) const {
@@ -65,13 +59,11 @@ const Mount* MountTable::holding(const std::filesystem::path& item) const {
   // Mounted since the table was read, or the system does not tell.
   const auto name = path.substr(prefix.size());
   const bool namesFolder = name.empty() || name == "." || name == "..";
-  auto place = resolved(namesFolder ? path : folder());
+  const auto place = items::canonical(namesFolder ? path : folder());
   if (!place) return nullptr;
-  if (itself && !namesFolder) {
-    if (!place->ends_with('/')) place->push_back('/');
-    place->append(name);
-  }
-  return withLongestMountPoint(*place);
+  std::filesystem::path resolved(*place);
+  if (itself && !namesFolder) resolved /= name;
+  return withLongestMountPoint(resolved);
 }
 
 }  // namespace quillonic

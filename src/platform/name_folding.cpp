@@ -8,6 +8,7 @@
 
 #include "platform/text.hpp"
 #include "platform/utf8.hpp"
+#include "support/row_of.hpp"
 
 namespace quillonic::text {
 namespace {
@@ -34,8 +35,8 @@ constexpr auto letterVariants = std::to_array<LetterVariant>({
 });
 
 char32_t withoutVariant(char32_t scalar) noexcept {
-  const auto found = std::ranges::lower_bound(letterVariants, scalar, {}, &LetterVariant::scalar);
-  return found != letterVariants.end() && found->scalar == scalar ? found->letter : scalar;
+  const auto* variant = sortedRowOf(letterVariants, scalar, &LetterVariant::scalar);
+  return variant ? variant->letter : scalar;
 }
 
 struct CombiningRange {
@@ -66,8 +67,8 @@ void appendDecomposed(std::u32string& text, char32_t scalar) {
     if (index % trails != 0) text.push_back(0x11A7 + index % trails);
     return;
   }
-  const auto found = std::ranges::lower_bound(decompositions, scalar, {}, &Decomposition::scalar);
-  if (found == decompositions.end() || found->scalar != scalar) {
+  const auto* found = sortedRowOf(decompositions, scalar, &Decomposition::scalar);
+  if (!found) {
     text.push_back(withoutVariant(scalar));
     return;
   }

@@ -7,16 +7,18 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/text_pieces.hpp"
+
 namespace quillonic::path_text {
 
-// A slash at the end is no component. The root stays one slash.
+// A trailing slash is no component. The root stays one slash.
 constexpr std::string_view withoutTrailingSlashes(std::string_view path) noexcept {
   const auto last = path.find_last_not_of('/');
   return path.substr(0, last == std::string_view::npos ? std::min<std::size_t>(path.size(), 1) : last + 1);
 }
 
 // Everything before the last component, the slash that ends it included; empty for a name alone. The path has
-// no slash at its end; the root is all folder.
+// no trailing slash; the root is all folder.
 constexpr std::string_view folderPrefix(std::string_view path) noexcept {
   return path.substr(0, path.rfind('/') + 1);
 }
@@ -24,15 +26,13 @@ constexpr std::string_view folderPrefix(std::string_view path) noexcept {
 // The names between the slashes.
 inline std::vector<std::string> components(std::string_view path) {
   std::vector<std::string> names;
-  for (std::size_t at = 0; at < path.size();) {
-    const auto end = std::min(path.find('/', at), path.size());
-    if (end > at) names.emplace_back(path.substr(at, end - at));
-    at = end + 1;
+  for (auto pieces = text::split(path, '/'); const auto name = pieces.next();) {
+    if (!name->empty()) names.emplace_back(*name);
   }
   return names;
 }
 
-// Whether a path is the folder itself or lies below it, by its components.
+// Whether a path is the folder itself or below it, by its components.
 constexpr bool isWithin(std::string_view path, std::string_view folder) noexcept {
   return path.starts_with(folder) &&
          (path.size() == folder.size() || folder.ends_with('/') || path[folder.size()] == '/');

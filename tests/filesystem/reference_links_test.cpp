@@ -107,8 +107,8 @@ TEST(ReferenceLinks, OfTheSymbolicKindLeadWhereTheSystemGoes) {
     std::filesystem::remove(link);
     std::filesystem::create_symlink(text, link);
     ASSERT_EQ(symbolicLinkIsRelative(link), isRelative);
-    // Where the system finds nothing there is none; where it cannot even tell which place is meant, its answer
-    // is passed on.
+    // Where the system finds nothing there is none; where it cannot even tell which place is meant, its
+    // answer is passed on.
     struct stat item {};
     if (stat(link.c_str(), &item) != 0) {
       const std::error_code error(errno, std::generic_category());

@@ -25,8 +25,9 @@ std::string findmnt(const path& item) {
   return output.substr(0, output.find('\n'));
 }
 
-// Takes each item and behind it its root, empty for an item on no volume. The tool goes by the text of a
-// path and follows links: it does not know what is hidden. It writes bytes that it cannot print as "\x" and digits.
+// Takes each item and behind it its root, empty for an item on no volume. The tool goes by the text of a path
+// and follows links: it does not know what is hidden. It writes bytes that it cannot print as "\x" and
+// digits.
 void expectRoots(bool toolKnows, const std::vector<path>& rows) {
   for (std::size_t i = 0; i < rows.size(); i += 2) {
     const auto& root = rows[i + 1].native();

@@ -59,8 +59,8 @@ struct QUILLONIC_EXPORT AliasFile {
   std::vector<std::string> pathComponents;
   /// What kind of item the target was; see `TargetFlag`.
   std::optional<Properties> targetProperties = std::nullopt;
-  /// When the target was made. Files hold seconds since 2001 as a floating-point number, so of today's dates the last
-  /// hundred nanoseconds are lost.
+  /// When the target was made. Files hold seconds since 2001 as a floating-point number, so of today's dates
+  /// the last hundred nanoseconds are lost.
   std::optional<AnyValue::Date> targetCreationDate = std::nullopt;
   /// How many names to take from the end of the alias file's own path, its own name included, and how many
   /// from the end of the target's to add then.
@@ -92,8 +92,8 @@ struct QUILLONIC_EXPORT AliasFile {
   /// Reads an alias file, or the plain bookmark data that property lists carry. Nothing for bytes that are
   /// neither, that are cut short, or whose path has a name that is no plain one: empty, "." or "..", with a
   /// slash or a NUL, or longer than 1024 bytes; nor for a path of more than 512 names. Another value that is
-  /// damaged or of an unexpected type is absent. Never reads outside the bytes, whatever they hold; takes time
-  /// in proportion to their number.
+  /// damaged or of an unexpected type is absent. Never reads outside the bytes, whatever they hold; takes
+  /// time in proportion to their number.
   static std::optional<AliasFile> fromBytes(std::string_view bytes);
 
   /// The bytes of an alias file that was made at a time. The same contents give the same bytes. Names that

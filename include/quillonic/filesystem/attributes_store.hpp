@@ -47,8 +47,8 @@ class QUILLONIC_EXPORT FileSystemAttributesStore {
   FileSystemAttributesStore& operator=(const FileSystemAttributesStore&) = default;
 };
 
-/// A store that supplies `attributes`. Each accessor reads its key there; a value that is absent or of another
-/// kind reads as nothing.
+/// A store that supplies `attributes`. Each accessor reads its key there; a value that is absent or of
+/// another kind reads as nothing.
 class QUILLONIC_EXPORT AttributeBasedStore : public FileSystemAttributesStore {
  public:
   ~AttributeBasedStore() override;

@@ -51,8 +51,8 @@ class QUILLONIC_EXPORT FileAttributes {
   const AnyValue* find(std::string_view key) const noexcept;
   /// Whether the key is there, also where its value holds nothing.
   bool contains(std::string_view key) const noexcept { return find(key) != nullptr; }
-  /// The value of a key as `T`; nothing when the key is absent or its value is of another kind. A number reads
-  /// as any number type that holds it exactly.
+  /// The value of a key as `T`; nothing when the key is absent or its value is of another kind. A number
+  /// reads as any number type that holds it exactly.
   template <class T> std::optional<T> value(std::string_view key) const {
     const AnyValue* found = find(key);
     return found ? found->as<T>() : std::nullopt;

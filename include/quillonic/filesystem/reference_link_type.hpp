@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstdint>
-#include <filesystem>
 #include <string_view>
 
 namespace quillonic {
@@ -16,9 +15,9 @@ enum class QUILLONIC_EXPORT ReferenceLinkType : std::int64_t {
   notAReferenceLink,
   /// A symbolic link.
   softSymbolicReference,
-  /// An item that has further names. No name is the first one: each of them is a hard link.
+  /// An item that has further names. Each of its names is a hard link, the first one too.
   hardSymbolicReference,
-  /// A desktop's alias file: a regular file that leads to another item.
+  /// A desktop's alias file: a regular file that refers to another item.
   aliasReference,
 };
 
@@ -41,9 +40,9 @@ template <> struct CaseTable<ReferenceLinkType> {
 /// What replication puts at the destination for a link. The library names the choices; which one is taken is
 /// the host's policy.
 enum class ReplicatedReferenceLinkResolution : std::int64_t {
-  /// A link at the destination that leads to the source item itself.
+  /// A link at the destination to the source item itself.
   relinkToOriginalSource,
-  /// A link at the destination that leads to the replicated copy of the link's target.
+  /// A link at the destination to the replicated copy of the link's target.
   relinkToReplicatedSource,
   /// A copy of the item that the link refers to, as an ordinary item.
   copyOriginalSource,
@@ -51,7 +50,8 @@ enum class ReplicatedReferenceLinkResolution : std::int64_t {
   copyOriginalLinkFile,
 };
 
-/// The choices in the order of their numbers. The first one's text is shorter than its name, a fixed contract.
+/// The choices in the order of their numbers. The first one's text is shorter than its name, a fixed
+/// contract.
 template <> struct CaseTable<ReplicatedReferenceLinkResolution> {
   static constexpr auto rows = std::to_array<LoggedCaseRow<ReplicatedReferenceLinkResolution>>({
       {{ReplicatedReferenceLinkResolution::relinkToOriginalSource, 0}, "relinkToSource"},
@@ -65,7 +65,7 @@ template <> struct CaseTable<ReplicatedReferenceLinkResolution> {
 inline constexpr auto defaultReplicatedReferenceLinkResolution =
     ReplicatedReferenceLinkResolution::relinkToReplicatedSource;
 
-/// The text that logs show for a case; empty for a number that no case bears.
+/// The text that logs show for a case; empty for an unlisted value.
 template <ClosedEnumeration E>
 requires requires {
   CaseTable<E>::rows[0].loggingDescription;
@@ -77,22 +77,9 @@ constexpr std::string_view loggingDescription(E value) noexcept {
   return {};
 }
 
-/// The same, for logs of attributes.
+/// The text for logs of attributes.
 constexpr std::string_view description(ReferenceLinkType type) noexcept {
   return loggingDescription(type);
 }
-
-/// The location one link step away from a link of the given kind; the location itself, absolute and
-/// standardized, for an ordinary item and a hard link, where nothing is asked of the item. The target of a
-/// symbolic link need not exist. Throws a `std::system_error` when the link cannot be read, leads nowhere or is
-/// of another kind.
-QUILLONIC_EXPORT std::filesystem::path dereferencedFilePathURL(ReferenceLinkType type,
-                                                               const std::filesystem::path& forURL);
-
-/// The final location after following links from a link of the given kind until an item that is none, at most
-/// 40 steps. Throws a `std::system_error` when a link cannot be read, when there are more steps (ELOOP) and
-/// when a link leads to nothing (ENOENT, ENOTDIR, or `aliasTargetNotFound` for an alias file).
-QUILLONIC_EXPORT std::filesystem::path deeplyDereferencedFilePathURL(ReferenceLinkType type,
-                                                                     const std::filesystem::path& forURL);
 
 }  // namespace quillonic

@@ -5,9 +5,9 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
+#include "platform/descriptor_linux.hpp"
 #include "platform/system_script_runner.hpp"
 #include "platform/text.hpp"
 
@@ -27,23 +27,6 @@ constexpr auto launchers = std::to_array<Launcher>({
     {{"/usr/bin/pkexec", "--disable-internal-agent"}, 127},
     {{"/usr/bin/sudo", "-n", "--"}, -1},
 });
-
-class Descriptor {
- public:
-  explicit Descriptor(int number) noexcept : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { close(); }
-
-  int number() const noexcept { return number_; }
-  void close() noexcept {
-    if (number_ >= 0) ::close(number_);
-    number_ = -1;
-  }
-
- private:
-  int number_;
-};
 
 // How a child process is set up: no input, both outputs into one pipe, no terminal to ask on, and none of the
 // signal settings of the thread that starts it.
@@ -122,7 +105,7 @@ std::optional<Outcome> outcomeOf(std::vector<const char*> words) {
   const Descriptor output(ends[0]);
   Descriptor input(ends[1]);
   const auto child = SpawnSettings(input.number()).start(words);
-  input.close();
+  static_cast<void>(input.close());
   if (!child) return std::nullopt;
 
   Outcome outcome{.status = {}, .output = readToEnd(output.number())};

@@ -1,0 +1,28 @@
+/// The attributes of items.
+///
+///     auto attributes = expandedAttributesOfItem("/card/clip.mov");
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/filesystem/file_attributes.hpp>
+
+#include <filesystem>
+#include <optional>
+
+namespace quillonic {
+
+/// The attributes of an item; nothing when it is missing or cannot be looked at. Does not follow a final
+/// link. They are the platform's (size, kind, dates to the nanosecond, permissions, owner, group, device,
+/// inode, number of names) and the library's own `filePathName`, `fileResourceType`, `isLinkFilePath`,
+/// `isDirectoryPath` and `referenceLinkType`; for a link also `referencedFileSystemURL`, and for a symbolic
+/// link `isRelativeSymbolicReference`.
+///
+/// A detail of a link that cannot be read is logged and left out, and so are `referenceLinkType` and
+/// `isLinkFilePath` of a small file that may not be opened. A symbolic link to nothing is logged too, but has
+/// its `referencedFileSystemURL` where its target names a location. The modification date is the only date
+/// that can be set on a copy; a copy has its own creation date. Takes one system call per item; for a
+/// symbolic link three, and more where its target goes back by ".." after a link. Opens a regular file of 16
+/// bytes to 1 MiB to see whether it is an alias.
+QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);
+
+}  // namespace quillonic

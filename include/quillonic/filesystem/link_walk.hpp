@@ -1,0 +1,25 @@
+/// Finding the links below a folder.
+///
+///     enumerateLinkFileDereferencePairs("/card", [](const auto& link, const auto& target, bool& stop) { ... });
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/support/function_ref.hpp>
+
+#include <filesystem>
+
+namespace quillonic {
+
+/// Calls the block with each symbolic link and alias file below a folder and with the location one step away,
+/// which need not exist. Setting `stop` ends the walk after the call. The walk enters no folder through a
+/// link, except that `inDirectory` may be one; it enters volumes mounted below. The items of a folder come in
+/// the byte order of their names, then its folders in that order. A link that cannot be read, one whose
+/// target names no location, an alias file whose target is not found and a folder that cannot be read are
+/// logged and skipped. False when a folder, `inDirectory` included, or a file that may be an alias could not
+/// be read, so that links may have been missed; else true, also after a stop.
+QUILLONIC_EXPORT bool enumerateLinkFileDereferencePairs(
+    const std::filesystem::path& inDirectory,
+    FunctionRef<void(const std::filesystem::path& link, const std::filesystem::path& target, bool& stop)>
+        didFindPair);
+
+}  // namespace quillonic

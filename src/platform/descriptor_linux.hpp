@@ -1,0 +1,40 @@
+// Descriptors that are closed by whoever holds them last.
+#pragma once
+
+#include <cerrno>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace quillonic {
+
+inline std::error_code lastError() noexcept {
+  return {errno, std::system_category()};
+}
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number = -1) noexcept : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(number_, other.number_);
+    return *this;
+  }
+  ~Descriptor() { static_cast<void>(close()); }
+
+  explicit operator bool() const noexcept { return number_ >= 0; }
+  int number() const noexcept { return number_; }
+  // Whoever takes the number closes it.
+  int release() noexcept { return std::exchange(number_, -1); }
+
+  // Writes may be refused as late as here.
+  std::error_code close() noexcept {
+    const bool isClosed = number_ < 0 || ::close(release()) == 0;
+    return isClosed ? std::error_code() : lastError();
+  }
+
+ private:
+  int number_;
+};
+
+}  // namespace quillonic

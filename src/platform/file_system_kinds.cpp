@@ -1,0 +1,142 @@
+#include "platform/file_system_kinds.hpp"
+
+#include <algorithm>
+
+#include "support/row_of.hpp"
+
+namespace quillonic {
+namespace {
+
+using namespace std::chrono_literals;
+using enum FileSystemServer;
+using enum LinkHolding;
+
+constexpr NameRules anyName{};
+constexpr NameRules windowsNames{
+    .illegalCharacters = "\\:*?\"<>|", .allowsControls = false, .allowsTrailingStopOrSpace = false};
+constexpr NameRules macNames{.illegalCharacters = ":"};
+
+constexpr FileSystemKind local(std::string_view name, std::uint32_t magic, NameRules names,
+                               std::chrono::nanoseconds dateGrain, FileSystemServer server = kernel) {
+  return {.name = name, .server = server, .magics = {magic}, .names = names, .dateGrain = dateGrain};
+}
+
+constexpr FileSystemKind withoutLinks(FileSystemKind kind) {
+  kind.symbolicLinks = no;
+  kind.hardLinks = no;
+  return kind;
+}
+
+constexpr FileSystemKind network(std::string_view name, FileSystemServer server,
+                                 std::array<std::uint32_t, 2> magics = {}) {
+  return {.name = name, .server = server, .magics = magics, .isNetwork = true};
+}
+
+constexpr FileSystemKind windowsShare(std::string_view name, std::array<std::uint32_t, 2> magics) {
+  auto kind = network(name, kernel, magics);
+  kind.symbolicLinks = asMounted;
+  return kind;
+}
+
+// The C library knows which kinds hold symbolic links too, and credits exFAT with them.
+constexpr auto kinds = std::to_array<FileSystemKind>({
+    local("ext4", 0xEF53, anyName, 1ns),
+    local("ext3", 0xEF53, anyName, 1s),
+    local("ext2", 0xEF53, anyName, 1s),
+    local("xfs", 0x58465342, anyName, 1ns),
+    local("btrfs", 0x9123683E, anyName, 1ns),
+    local("tmpfs", 0x01021994, anyName, 1ns),
+    withoutLinks(local("vfat", 0x4D44, windowsNames, 2s, either)),
+    withoutLinks(local("msdos", 0x4D44, windowsNames, 2s, either)),
+    withoutLinks(local("exfat", 0x2011BAB0, windowsNames, 10ms, either)),
+    withoutLinks(local("exfat-fuse", 0, windowsNames, 10ms, program)),
+    // The older driver; what followed it holds links.
+    withoutLinks(local("ntfs", 0x5346544E, windowsNames, 100ns)),
+    local("ntfs", 0, windowsNames, 100ns, program),
+    local("ntfs3", 0x7366746E, windowsNames, 100ns),
+    withoutLinks(local("hfs", 0x4244, macNames, 1s)),
+    local("hfsplus", 0x482B, macNames, 1s),
+    withoutLinks(local("hpfs", 0xF995E849, windowsNames, 1s)),
+    withoutLinks({.name = "proc", .magics = {0x9FA0}}),
+    withoutLinks({.name = "sysfs", .magics = {0x62656572}}),
+    {.name = "autofs", .magics = {0x0187}, .isAutomount = true},
+    windowsShare("cifs", {0xFF534D42, 0xFE534D42}),
+    windowsShare("smb3", {0xFE534D42}),
+    withoutLinks(network("smbfs", kernel, {0x517B})),
+    network("nfs", kernel, {0x6969}),
+    network("nfs4", kernel, {0x6969}),
+    network("9p", kernel, {0x01021997}),
+    network("afs", kernel, {0x5346414F, 0x6B414653}),
+    network("ceph", kernel, {0x00C36400}),
+    network("coda", kernel, {0x73757245}),
+    network("lustre", kernel, {0x0BD00BD0}),
+    network("ncp", kernel, {0x564C}),
+    network("ncpfs", kernel, {0x564C}),
+    network("orangefs", kernel, {0x20030528}),
+    network("pvfs2", kernel, {0x20030528}),
+    network("beegfs", kernel),
+    network("afpfs", program),
+    network("ceph-fuse", program),
+    network("cephfs", program),
+    network("curlftpfs", program),
+    network("davfs", program),
+    network("davfs2", program),
+    network("gcsfuse", program),
+    network("glusterfs", program),
+    network("gvfsd-fuse", program),
+    network("rclone", program),
+    network("s3fs", program),
+    network("smbnetfs", program),
+    network("sshfs", program),
+});
+
+// What one number tells must hold for each of its kinds.
+constexpr bool numbersAreUnambiguous() {
+  for (const auto& kind : kinds) {
+    for (const auto magic : kind.magics) {
+      const auto agrees = [&](const FileSystemKind& other) {
+        return std::ranges::find(other.magics, magic) == other.magics.end() ||
+               (other.symbolicLinks == kind.symbolicLinks && other.hardLinks == kind.hardLinks);
+      };
+      if (magic != 0 && !std::ranges::all_of(kinds, agrees)) return false;
+    }
+  }
+  return true;
+}
+static_assert(numbersAreUnambiguous());
+
+// In a program's kind only what follows "fuse." tells the kind.
+constexpr std::string_view withoutServer(std::string_view mountedKind) {
+  constexpr std::string_view server = "fuse.";
+  if (mountedKind.starts_with(server)) mountedKind.remove_prefix(server.size());
+  return mountedKind;
+}
+
+}  // namespace
+
+const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept {
+  if (magic == 0) return nullptr;
+  const auto hasMagic = [&](const FileSystemKind& kind) {
+    return std::ranges::find(kind.magics, magic) != kind.magics.end();
+  };
+  return rowOf(kinds, true, hasMagic);
+}
+
+const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) noexcept {
+  const auto isIt = [&](const FileSystemKind& kind) {
+    return kind.name == name && (kind.server == server || kind.server == either || server == either);
+  };
+  return rowOf(kinds, true, isIt);
+}
+
+bool isNetworkKind(std::string_view mountedKind) noexcept {
+  const auto* kind = kindNamed(withoutServer(mountedKind), either);
+  return kind && kind->isNetwork;
+}
+
+bool isAutomountKind(std::string_view mountedKind) noexcept {
+  const auto* kind = kindNamed(mountedKind, kernel);
+  return kind && kind->isAutomount;
+}
+
+}  // namespace quillonic

@@ -1,0 +1,66 @@
+// The kinds of file systems, and what is known of each.
+#pragma once
+
+#include <quillonic/platform/mount_table.hpp>
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillonic {
+
+// Who serves volumes of a kind: the kernel, or a program behind it.
+enum class FileSystemServer : std::uint8_t { kernel, program, either };
+
+// Which links volumes of a kind hold.
+enum class LinkHolding : std::uint8_t {
+  yes,
+  no,
+  // Only where the volume was mounted with an option for them.
+  asMounted,
+};
+
+// Which names volumes of a kind hold, beyond that no name has a slash or a NUL.
+struct NameRules {
+  std::string_view illegalCharacters;
+  bool allowsControls = true;
+  bool allowsTrailingStopOrSpace = true;
+};
+
+struct FileSystemKind {
+  // As the mount table writes it, without the "fuse." of what a program serves.
+  std::string_view name;
+  FileSystemServer server = FileSystemServer::kernel;
+  // As `statfs` tells it; 0 is none.
+  std::array<std::uint32_t, 2> magics{};
+  LinkHolding symbolicLinks = LinkHolding::yes;
+  LinkHolding hardLinks = LinkHolding::yes;
+  // Absent where it is not known, as for what another machine serves.
+  std::optional<NameRules> names = std::nullopt;
+  // The step in which modification dates are kept; 0 where it is not known.
+  std::chrono::nanoseconds dateGrain{0};
+  // Another machine serves it.
+  bool isNetwork = false;
+  // A folder that is mounted on when somebody looks below it.
+  bool isAutomount = false;
+};
+
+// Null for a kind about which nothing is known; most of these hold links.
+const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept;
+const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) noexcept;
+
+// By the name alone, as the mount table has it: a network volume stays one whoever serves it.
+bool isNetworkKind(std::string_view mountedKind) noexcept;
+bool isAutomountKind(std::string_view mountedKind) noexcept;
+
+// What "fuse" and "fuseblk" volumes report as their kind.
+inline constexpr std::uint32_t programServedMagic = 0x65735546;
+
+// The name of the kind that a program serves: "exfat" of "fuse.exfat"; for "fuseblk", which names none, what
+// the device database or the device itself tells. Empty where it is not known.
+std::string programServedKind(const Mount& mount);
+
+}  // namespace quillonic
