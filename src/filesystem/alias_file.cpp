@@ -79,10 +79,10 @@ struct Record {
   std::string_view payload;
 };
 
-// The data section of an alias file. Everything that it says about itself is checked before it is believed.
+// The data section of an alias file. Every number in it is checked before it is used.
 class Data {
  public:
-  // Nothing where the header is not one, or tells of more bytes than there are.
+  // Nothing where there is no header, or where it announces more bytes than there are.
   static std::optional<Data> of(std::string_view bytes) {
     const auto number = [&](std::size_t at) { return littleEndian<std::uint32_t>(bytes.substr(at, 4)); };
     if (bytes.size() < 32) return std::nullopt;
@@ -106,8 +106,8 @@ class Data {
     return Record{*type, bytes_.substr(offset + 8, *length)};
   }
 
-  // The record offsets by key, of all tables of contents; of equal keys the first one counts. Nothing where a
-  // table lies outside the data or is none.
+  // The record offsets by key, of all tables of contents; the first of equal keys counts. Nothing where a
+  // table is outside the data or malformed.
   std::optional<std::vector<std::pair<std::uint32_t, std::uint32_t>>> contents() const {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> entries;
     auto table = numberAt(0);
@@ -117,7 +117,7 @@ class Data {
       const std::uint64_t start = *table;
       const auto next = numberAt(start + 12);
       const auto entryCount = numberAt(start + 16);
-      // The length that the table gives itself is not asked: writers differ in what they count.
+      // The table's own length is ignored: writers differ in what they count.
       if (!next || !entryCount || (bytes_.size() - start - 20) / 12 < *entryCount) return std::nullopt;
       if (entries.size() + *entryCount > greatestEntryCount) return std::nullopt;
       entries.reserve(entries.size() + *entryCount);
@@ -222,7 +222,7 @@ struct KeyedMember {
   Member member;
 };
 
-// All that is recorded but the path, by key.
+// All that is recorded except the path, by key.
 constexpr auto fields = std::to_array<KeyedMember>({
     {0x1010, &AliasFile::targetProperties},
     {0x1040, &AliasFile::targetCreationDate},
@@ -276,7 +276,7 @@ std::string fileURL(std::string_view path) {
   return url;
 }
 
-// Puts the data section together: records first, the table of contents behind them.
+// Puts the data section together: the records, then the table of contents.
 class Writer {
  public:
   std::uint32_t add(const OwnedRecord& record) {

@@ -28,7 +28,7 @@ using Names = std::span<const std::string>;
 // No system looks up a path that is longer.
 constexpr std::size_t greatestPathSize = 4096;
 
-// Cut where it is too long for any item: so the names of a hostile file do not add up.
+// Cut where it is too long for any item, so that the names of a hostile file do not add up.
 std::string joined(std::string path, Names names) {
   for (const auto& name : names) {
     if (!path.ends_with('/')) path.push_back('/');
@@ -51,7 +51,7 @@ std::optional<Names> last(Names names, std::optional<std::int64_t> count) {
 
 class Resolution {
  public:
-  // The alias file's own path is absolute and holds no links but itself.
+  // The alias file's path is absolute, and no folder in it is a link.
   Resolution(const AliasFile& alias, std::string aliasPath)
       : alias_(alias), aliasPath_(std::move(aliasPath)), names_(alias.pathComponents) {}
 
@@ -100,7 +100,7 @@ class Resolution {
            error == std::errc::filename_too_long;
   }
 
-  // The item below a folder, each name as it is where there is such an item, else as it reads.
+  // The item below a folder, each name exactly or else ignoring case and composition.
   std::optional<std::string> find(const std::string& folder, Names names) {
     auto path = joined(folder, names);
     if (!exists(path)) {
@@ -125,7 +125,7 @@ class Resolution {
     std::string name;
   };
 
-  // Of names that read alike the first one in byte order comes first. A folder is listed once.
+  // Of names that fold to the same text the first in byte order comes first. Lists each folder once.
   const std::vector<FoldedEntry>& foldedEntries(const std::string& folder) {
     const auto [listed, isNew] = listedFolders_.try_emplace(folder);
     auto& folded = listed->second;
@@ -148,7 +148,7 @@ class Resolution {
            });
   }
 
-  // Another card that is mounted where the recorded one was often holds a clip of the same name.
+  // Another card at the mount point of the recorded one often holds a clip of the same name.
   bool isOnAnotherVolume(const std::string& path) {
     if (!alias_.volumePath || !alias_.volumeUUID) return false;
     const auto* mount = mounts_.withLongestMountPoint(path);
@@ -166,13 +166,13 @@ class Resolution {
     return found && !isOnAnotherVolume(*found) ? found : std::nullopt;
   }
 
-  // From the alias file upwards: the longest end of the recorded path that is there.
+  // From the alias file upwards: the longest trailing part of the recorded path that exists.
   std::optional<std::string> alongRecordedTails() {
     for (auto folder = aliasPath_; folder != "/" && lookUpsLeft_ > 0;) {
       folder = folderOf(folder);
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
         const auto tail = names_.subspan(skipped);
-        // Most folders hold none of the names, which one look tells.
+        // Most folders hold none of the names, which one look shows.
         const auto first = joined(folder, tail.first(1));
         const auto path = exists(first) ? joined(folder, tail) : aliasPath_;
         if (path != aliasPath_ && exists(path) && !isOnAnotherVolume(path)) return path;
@@ -236,7 +236,7 @@ class Resolution {
     if (!alias_.volumeUUID) return Verdict::unknown;
     if (!identifiers_) identifiers_ = VolumeNames::identifiers();
     const auto identifier = identifiers_->of(mount);
-    // Systems derive identifiers of different forms from the short number that a card bears.
+    // Systems derive identifiers of different forms from a card's short number.
     if (!identifier || identifier->size() != alias_.volumeUUID->size()) return Verdict::unknown;
     return text::foldedName(*identifier) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes : Verdict::no;
   }
@@ -247,8 +247,8 @@ class Resolution {
   MountTable mounts_ = MountTable::current();
   std::optional<VolumeNames> identifiers_;
   std::unordered_map<std::string, std::vector<FoldedEntry>> listedFolders_;
-  // Desktops record a dozen names, whose every end is looked for in a dozen folders. A file made to keep the
-  // search busy is given up.
+  // Desktops record a dozen names, whose every trailing part is looked for in a dozen folders. The search
+  // gives up on a file that was made to keep it busy.
   std::size_t lookUpsLeft_ = 10'000;
   std::error_code obstacle_;
 };

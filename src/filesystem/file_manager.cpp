@@ -22,8 +22,8 @@ void appendNumber(std::string& text, std::uint64_t number) {
   text.append(digits.data(), end);
 }
 
-// What a name in a folder begins with. Put together as text: a name that begins with a slash stays within the
-// folder.
+// The folder with a trailing slash. Paths are joined as texts, so that a name with a leading slash stays in
+// the folder.
 std::string namePrefix(const std::filesystem::path& folder) {
   auto prefix = folder.native();
   if (!prefix.empty() && !prefix.ends_with('/')) prefix.push_back('/');
@@ -37,14 +37,14 @@ std::vector<std::string> namePrefixes(std::span<const std::filesystem::path> fol
   return prefixes;
 }
 
-// Where the extension's full stop stands in a name; its size when it has none.
+// The position of the extension's full stop in a name; the name's size when it has no extension.
 std::size_t extensionStart(std::string_view name) {
   const auto stop = name.rfind('.');
   const bool hasExtension = stop != std::string_view::npos && stop > 0 && stop + 1 < name.size();
   return hasExtension ? stop : name.size();
 }
 
-// A path as an argument that is no option wherever it is read; nothing where the working folder is gone.
+// A path that no program reads as an option; nothing where the working folder is gone.
 std::optional<std::string> absolutePath(std::string_view path) {
   if (path.starts_with('/')) return std::string(path);
   const auto folder = items::workingFolder();
@@ -58,14 +58,13 @@ std::optional<TextDictionary> handRemovalOver(ScriptRunner& runner, std::string_
   if (runner.form() == ScriptForm::argumentList) {
     return runner.runArguments(std::array<std::string, 3>{"/bin/rm", "--", *path});
   }
-  // The path stands within single quotes within double quotes, where none of these can be written.
+  // The path goes within single quotes within double quotes, where these characters cannot be written.
   if (path->find_first_of("'\"\\\n\r") != std::string::npos) return std::nullopt;
   const auto command = "/bin/rm '" + *path + "';";
   return runner.runText("do shell script \"" + command + "\" with administrator privileges");
 }
 
-// Runs the removal; nothing when the script could not be created. What a host's runner throws is one more
-// error.
+// Nothing when the script could not be created. An exception of a host's runner is one more error.
 std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view item) {
   try {
     return handRemovalOver(runner, item);

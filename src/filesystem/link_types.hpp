@@ -1,4 +1,4 @@
-// What kind of link an item is, from what the system tells of it.
+// The kind of link that an item is.
 #pragma once
 
 #include <quillonic/filesystem/reference_link_type.hpp>
@@ -14,7 +14,7 @@ namespace quillonic::link_types {
 // Fails where a file that could be an alias cannot be opened.
 Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status);
 
-// For an item of which nothing is known yet.
+// For an item without a known status.
 Result<ReferenceLinkType> typeOf(const std::string& item);
 
 // Logs a failure.

@@ -61,7 +61,7 @@ class LinkWalk {
     const auto folder = items::Folder::open(visit.physical);
     const auto entries = folder ? items::entries(*folder) : folder.error();
     if (!entries) return missFolder(visit.shown, entries.error());
-    // Taken apart into its components once, and not for each link.
+    // Parsed once and not for each link.
     path link = path(visit.shown) / "link";
     for (const auto& entry : *entries) {
       auto type = entry.type;

@@ -19,7 +19,7 @@ template <class T> T valueOrFail(Result<T> result, const char* operation, const 
   return *std::move(result);
 }
 
-// A path as the system is to see it: with a trailing slash it would follow a link.
+// A path without trailing slashes, with which the system would follow a link.
 std::string itself(const std::filesystem::path& item);
 
 std::string inFolder(std::string_view folder, std::string_view name);
@@ -36,7 +36,7 @@ Result<std::string> standardized(std::string_view absolute, std::size_t physical
 // For an item as a caller named it.
 Result<std::string> standardizedItem(const std::string& item);
 
-// The target of a symbolic link, from its stored text. The link's folder is absolute, and `physical` tells
+// The target of a symbolic link, from its stored text. The link's folder is absolute, and `physical` says
 // that no part of it is a link. A text that ends in a slash or in "." has no target where something that is
 // no folder is at that place.
 Result<std::string> destination(std::string_view folder, bool physical, std::string_view text);

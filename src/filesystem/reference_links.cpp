@@ -56,7 +56,7 @@ bool isMissingTarget(std::error_code error) noexcept {
          error == FilePathAttributeGenerationError::aliasTargetNotFound;
 }
 
-// Follows links until an item that is none.
+// Follows links until an item that is no link.
 Result<std::string> finalTarget(std::string item, ReferenceLinkType type) {
   for (int step = 0; leadsElsewhere(type); ++step) {
     if (step == greatestStepCount) return items::systemError(std::errc::too_many_symbolic_link_levels);

@@ -1,4 +1,4 @@
-// Descriptors that are closed by whoever holds them last.
+// Descriptors that are closed at the end of their scope.
 #pragma once
 
 #include <cerrno>

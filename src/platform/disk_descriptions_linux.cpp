@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 bool isNetworkVolume(const Mount& mount) {
-  // A program may leave its kind open; then only the address tells.
+  // A program may not name its kind; then only the address shows it.
   return isNetworkKind(mount.kind) || (mount.kind == "fuse" && mount.source.find("://") != std::string::npos);
 }
 

@@ -90,7 +90,7 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     network("sshfs", program),
 });
 
-// What one number tells must hold for each of its kinds.
+// Kinds with the same number must hold the same links.
 constexpr bool numbersAreUnambiguous() {
   for (const auto& kind : kinds) {
     for (const auto magic : kind.magics) {
@@ -105,7 +105,7 @@ constexpr bool numbersAreUnambiguous() {
 }
 static_assert(numbersAreUnambiguous());
 
-// In a program's kind only what follows "fuse." tells the kind.
+// What a program serves is named after "fuse.".
 constexpr std::string_view withoutServer(std::string_view mountedKind) {
   constexpr std::string_view server = "fuse.";
   if (mountedKind.starts_with(server)) mountedKind.remove_prefix(server.size());

@@ -12,7 +12,7 @@
 
 namespace quillonic {
 
-// Who serves volumes of a kind: the kernel, or a program behind it.
+// What serves volumes of a kind: the kernel, or a program through it.
 enum class FileSystemServer : std::uint8_t { kernel, program, either };
 
 // Which links volumes of a kind hold.
@@ -34,7 +34,7 @@ struct FileSystemKind {
   // As the mount table writes it, without the "fuse." of what a program serves.
   std::string_view name;
   FileSystemServer server = FileSystemServer::kernel;
-  // As `statfs` tells it; 0 is none.
+  // The `f_type` of `statfs`; 0 is none.
   std::array<std::uint32_t, 2> magics{};
   LinkHolding symbolicLinks = LinkHolding::yes;
   LinkHolding hardLinks = LinkHolding::yes;
@@ -44,7 +44,7 @@ struct FileSystemKind {
   std::chrono::nanoseconds dateGrain{0};
   // Another machine serves it.
   bool isNetwork = false;
-  // A folder that is mounted on when somebody looks below it.
+  // A look below such a folder mounts something there.
   bool isAutomount = false;
 };
 
@@ -52,15 +52,15 @@ struct FileSystemKind {
 const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept;
 const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) noexcept;
 
-// By the name alone, as the mount table has it: a network volume stays one whoever serves it.
+// By the name in the mount table alone, whatever serves the volume.
 bool isNetworkKind(std::string_view mountedKind) noexcept;
 bool isAutomountKind(std::string_view mountedKind) noexcept;
 
 // What "fuse" and "fuseblk" volumes report as their kind.
 inline constexpr std::uint32_t programServedMagic = 0x65735546;
 
-// The name of the kind that a program serves: "exfat" of "fuse.exfat"; for "fuseblk", which names none, what
-// the device database or the device itself tells. Empty where it is not known.
+// The name of the kind that a program serves: "exfat" of "fuse.exfat"; for "fuseblk", which has no name,
+// from the device database or the device itself. Empty where it is not known.
 std::string programServedKind(const Mount& mount);
 
 }  // namespace quillonic

@@ -1,4 +1,4 @@
-// What the file system tells of single items. Only `reach` and `canonical` follow a link in the last path
+// Single items of the file system. Only `reach` and `canonical` follow a link in the last path
 // component. A path with a NUL names nothing.
 #pragma once
 
@@ -53,7 +53,7 @@ class Folder {
 };
 
 // One system call; wakes no automounter. A relative path counts from the folder, or without one from the
-// working folder; the same holds below.
+// working folder, here and below.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 
 // No error where an item is at a path with all its links followed; a trailing slash asks for a folder. One

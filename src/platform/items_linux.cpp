@@ -52,7 +52,7 @@ constexpr FileType typeOfMode(unsigned mode) noexcept {
   }
 }
 
-// The nearest date that can be kept: file systems reach beyond it in both directions.
+// The nearest date of the type's range, which file systems exceed in both directions.
 AnyValue::Date dateOf(const statx_timestamp& time) noexcept {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text
   if (time.tv_sec >= floor<seconds>(nanoseconds::max()).count()) return AnyValue::Date::max();
@@ -75,7 +75,7 @@ Status statusOf(const struct statx& item) noexcept {
   return status;
 }
 
-// Some sandboxes refuse the newer call alone.
+// Some sandboxes refuse only the newer call.
 bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
   struct stat older {};
   if (::fstatat(folder, path, &older, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0) return false;
@@ -93,7 +93,7 @@ bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
 }
 
 FileType typeOfEntry(const dirent& entry) noexcept {
-  // The numbers of directory entries are those of modes, moved down; 0 where the file system does not tell.
+  // The numbers of directory entries are those of modes, shifted; 0 where the file system does not know.
   return typeOfMode(static_cast<unsigned>(entry.d_type) << 12U);
 }
 
@@ -161,7 +161,7 @@ std::error_code create(const std::string& path, std::string_view bytes) {
 }
 
 Result<std::vector<Entry>> entries(const Folder& folder) {
-  // The stream takes over a descriptor; this one goes on being used for look-ups.
+  // The stream takes over its descriptor; the folder's own stays open for look-ups.
   Descriptor descriptor(::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0));
   const std::unique_ptr<DIR, CloseFolder> stream(descriptor ? ::fdopendir(descriptor.number()) : nullptr);
   if (!stream) return lastError();

@@ -39,7 +39,7 @@ Result<Place> openedPlace(std::string path) {
   Descriptor place(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
   while (!place && errno == ENOENT && !path.empty() && path != ".") {
     const auto folder = path_text::folderPrefix(path);
-    // Nothing can be made behind a dangling link, and which folder a ".." means is not known yet.
+    // Nothing can be made below a dangling link, and which folder a ".." means is not known yet.
     const bool isEnd = std::string_view(path).substr(folder.size()) == ".." || items::status(path);
     errno = ENOENT;
     if (isEnd) break;

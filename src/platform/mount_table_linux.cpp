@@ -15,13 +15,13 @@ namespace {
 struct Whereabouts {
   bool exists = false;
   bool isDirectory = false;
-  // Absent on a kernel or file system that does not tell.
+  // Absent where the kernel or the file system does not report it.
   std::optional<std::uint64_t> mountIdentifier;
 };
 
 Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
   struct statx item {};
-  // No automounter is woken and no server is asked: the mount is known without either.
+  // Wakes no automounter and asks no server: the mount is known without either.
   const int flags = linkFlag | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
   if (::statx(AT_FDCWD, path, flags, STATX_TYPE | STATX_MNT_ID, &item) == 0) {
     Whereabouts found{.exists = true, .isDirectory = S_ISDIR(item.stx_mode), .mountIdentifier = {}};
@@ -29,7 +29,7 @@ Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
     return found;
   }
   if (errno != ENOSYS && errno != EPERM) return {};
-  // Some sandboxes refuse the newer call alone.
+  // Some sandboxes refuse only the newer call.
   struct stat older {};
   if (::fstatat(AT_FDCWD, path, &older, linkFlag | AT_NO_AUTOMOUNT) != 0) return {};
   return {.exists = true, .isDirectory = S_ISDIR(older.st_mode), .mountIdentifier = {}};
@@ -56,7 +56,7 @@ const Mount* MountTable::holding(const std::filesystem::path& item) const {
     if (const auto* mount = withIdentifier(*found.mountIdentifier)) return mount;
   }
 
-  // Mounted since the table was read, or the system does not tell.
+  // Mounted since the table was read, or not reported by the system.
   const auto name = path.substr(prefix.size());
   const bool namesFolder = name.empty() || name == "." || name == "..";
   const auto place = items::canonical(namesFolder ? path : folder());

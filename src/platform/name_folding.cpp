@@ -13,7 +13,7 @@
 namespace quillonic::text {
 namespace {
 
-// A scalar and the one or two that it is made of; 0 where there is no second one.
+// A scalar and its one or two parts; 0 where there is no second part.
 struct Decomposition {
   char32_t scalar;
   char32_t first;
@@ -24,7 +24,7 @@ constexpr auto decompositions = std::to_array<Decomposition>({
 #include "platform/decomposition_table.inc"
 });
 
-// A small letter and the one that its capital has for its own.
+// A small letter, and the small letter of its capital.
 struct LetterVariant {
   char32_t scalar;
   char32_t letter;
@@ -54,7 +54,7 @@ std::uint8_t combiningClass(char32_t scalar) noexcept {
   return range != combiningRanges.end() && range->first <= scalar ? range->combiningClass : std::uint8_t{0};
 }
 
-// Appends what a scalar is made of. Hangul syllables are put together by a rule instead of a table.
+// Appends the parts of a scalar. Hangul syllables are composed by a rule instead of a table.
 void appendDecomposed(std::u32string& text, char32_t scalar) {
   constexpr char32_t firstSyllable = 0xAC00;
   constexpr char32_t syllables = 11172;
@@ -76,7 +76,7 @@ void appendDecomposed(std::u32string& text, char32_t scalar) {
   if (found->second != 0) appendDecomposed(text, found->second);
 }
 
-// Marks behind one letter stand in the order of their classes.
+// Sorts the marks after each letter by their classes.
 void order(std::u32string& text) {
   for (auto at = text.begin(); at != text.end();) {
     const auto isMark = [](char32_t scalar) { return combiningClass(scalar) != 0; };
@@ -86,7 +86,7 @@ void order(std::u32string& text) {
   }
 }
 
-// A byte that is no UTF-8, kept apart from every scalar.
+// A byte that is not UTF-8 is mapped outside the range of scalars.
 constexpr char32_t foreignByte = 0x200000;
 
 std::string decomposed(std::string_view text) {
@@ -115,7 +115,7 @@ std::string decomposed(std::string_view text) {
 }  // namespace
 
 std::string foldedName(std::string_view name) {
-  // Lower-casing makes the one letter that is made of two anew, so what it gives is taken apart again.
+  // Lower-casing composes one letter anew, so its result is decomposed again.
   return decomposed(lowerCased(decomposed(name)));
 }
 

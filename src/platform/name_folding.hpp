@@ -1,4 +1,4 @@
-// Names compared as people read them.
+// Names compared ignoring case and composition.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace quillonic::text {
 
-// A text that is the same for names that differ only in case (by Unicode's simple mapping) and in whether
-// accented letters are written as one scalar or as a letter and its marks. Bytes that are not UTF-8 stay.
+// Equal for names that differ only in case (by Unicode's simple mapping) and in whether accented letters are
+// one scalar or a letter and its marks. Bytes that are not UTF-8 stay.
 std::string foldedName(std::string_view name);
 
 }  // namespace quillonic::text

@@ -1,4 +1,4 @@
-// The script runner that a system brings along.
+// The system's own script runner.
 #pragma once
 
 #include <quillonic/platform/script_runner.hpp>

@@ -16,11 +16,11 @@ namespace {
 
 constexpr std::size_t greatestOutput = 65536;
 
-// Programs that run another one with raised rights, the one that can ask the user first. Named by their full
-// paths: what the search path names belongs to whoever set it.
+// Programs that run another one with raised rights, first the one that can ask the user. Named by their full
+// paths: callers control the search path.
 struct Launcher {
   std::array<const char*, 4> words;
-  // The exit status with which it says that it had nobody to ask, so that the next one is worth a try.
+  // Its exit status when it had nobody to ask, so that the next one is tried.
   int couldNotAsk;
 };
 constexpr auto launchers = std::to_array<Launcher>({
@@ -28,15 +28,15 @@ constexpr auto launchers = std::to_array<Launcher>({
     {{"/usr/bin/sudo", "-n", "--"}, -1},
 });
 
-// How a child process is set up: no input, both outputs into one pipe, no terminal to ask on, and none of the
-// signal settings of the thread that starts it.
+// The settings of a child process: no input, both outputs into one pipe, no terminal to ask on, and default
+// signal settings.
 class SpawnSettings {
  public:
   explicit SpawnSettings(int output) {
     ::posix_spawn_file_actions_init(&actions_);
     ::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
     ::posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
-    // Last: the pipe may have got the number of an input that the host has closed.
+    // Last: the pipe may have the number of an input that the host has closed.
     ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     ::posix_spawnattr_init(&attributes_);
     sigset_t signals;
@@ -80,7 +80,7 @@ std::string readToEnd(int file) {
 }
 
 struct Outcome {
-  // As `waitpid` gives it; absent where the host has its children's ends thrown away.
+  // From `waitpid`; absent where the host ignores the ends of its children.
   std::optional<int> status;
   std::string output;
 

@@ -17,11 +17,11 @@ struct DeviceNumber {
   friend bool operator==(const DeviceNumber&, const DeviceNumber&) = default;
 };
 
-// The device that a mount is on. A file system over several devices has a number of its own, but names one of
-// them.
+// The device that a mount is on. A file system over several devices has a number of its own; its source
+// names one of them.
 DeviceNumber deviceOf(const Mount& mount);
 
-// What the system calls its volumes, mounted or not. Empty where it lists none.
+// The system's names of its volumes, mounted or not.
 class VolumeNames {
  public:
   static VolumeNames identifiers();

@@ -7,8 +7,8 @@
 
 namespace quillonic {
 
-/// A set of restrictions. On Linux all of them hold whether they are set or not: nobody is ever asked,
-/// nothing is ever mounted, and no automounter is woken.
+/// A set of restrictions. On Linux all of them hold whether they are set or not: a resolution asks
+/// nobody, mounts nothing and wakes no automounter.
 class AliasResolutionOptions : public OptionSet<AliasResolutionOptions, std::uint64_t> {
  public:
   using OptionSet::OptionSet;

@@ -19,14 +19,14 @@
 
 namespace quillonic {
 
-/// Carries the attributes of one file. It has two sides that say the same, the dictionary and the typed
-/// accessors. A record derives from `AttributeBasedStore` or `AccessorBasedStore`, supplies the one side and
-/// gets the other: which side it is shows in the base, so that one that supplies neither does not compile.
+/// Carries the attributes of one file in two equivalent forms, the dictionary and the typed accessors. A
+/// record derives from `AttributeBasedStore` or `AccessorBasedStore`, supplies one form and gets the other;
+/// one that supplies neither does not compile.
 class QUILLONIC_EXPORT FileSystemAttributesStore {
  public:
   virtual ~FileSystemAttributesStore();
 
-  /// All that is known of the item, by key; empty when nothing is.
+  /// All that is known of the item, by key.
   virtual FileAttributes attributes() const = 0;
 
   /// The item's name.

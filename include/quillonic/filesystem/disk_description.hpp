@@ -25,9 +25,8 @@ concept DescriptionDictionary = std::ranges::forward_range<const T> &&
   { entry.second } -> std::convertible_to<AnyValue>;
 };
 
-/// Reads a disk description in the dictionary where its owner keeps it, which must stay for as long as this
-/// is used. A key that is missing and a value of an unexpected kind read alike, as absent or false. Keys are
-/// texts; entries under keys of other kinds are carried along.
+/// Reads a disk description in a dictionary that the caller keeps alive. A missing key and a value of an
+/// unexpected kind both read as absent or false. Keys are texts; entries under other keys are only logged.
 class QUILLONIC_EXPORT DiskDescription {
  public:
   /// Refers to the dictionary; copies nothing. A temporary one does not compile.
@@ -44,11 +43,11 @@ class QUILLONIC_EXPORT DiskDescription {
 
   /// Where the volume is mounted: the path under "DAVolumePath".
   std::optional<std::filesystem::path> storedDAVolumePath() const;
-  /// The kind of file system, or whatever text stands under "DAVolumeKind".
+  /// The kind of file system: the text under "DAVolumeKind".
   std::optional<std::string> storedVolumeKindDescription() const;
-  /// "DAVolumeNetwork" is true or a number other than 0.
+  /// Whether "DAVolumeNetwork" is true or a number other than 0.
   bool indicatesVolumeIsNetworkDevice() const;
-  /// The text under "DAMediaName" contains "disk image", in any case.
+  /// Whether the text under "DAMediaName" contains "disk image", in any case.
   bool indicatesVolumeIsDiskImage() const;
 
   /// True for a device whose "DADeviceModel" contains "sony" or "axs", in any case, and whose

@@ -5,8 +5,8 @@
 
 namespace quillonic {
 
-/// A key of an attribute dictionary: those listed here, and any text of a host's own. The text is what is
-/// stored and serialised.
+/// A key of an attribute dictionary: one of those listed here, or any other text. The text is what is stored
+/// and serialised.
 class FileAttributeKey : public TextBacked<FileAttributeKey> {
  public:
   using TextBacked::TextBacked;
@@ -18,11 +18,11 @@ class FileAttributeKey : public TextBacked<FileAttributeKey> {
   static const FileAttributeKey fileResourceType;
   /// Whether the item is a symbolic link or an alias file.
   static const FileAttributeKey isLinkFilePath;
-  /// Whether the item is a folder; a link to a folder is none.
+  /// Whether the item is a folder; false for a link to a folder.
   static const FileAttributeKey isDirectoryPath;
   /// The total size of a folder's contents in bytes, unsigned 64 bits. Set by hosts.
   static const FileAttributeKey aggregateDirectorySize;
-  /// The attributes of what lies below a folder. Set by hosts.
+  /// The attributes of the items below a folder. Set by hosts.
   static const FileAttributeKey directoryStructureAttributes;
   /// The kind of reference link that the item is, a `ReferenceLinkType`.
   static const FileAttributeKey referenceLinkType;
@@ -93,7 +93,7 @@ inline constexpr FileAttributeKey FileAttributeKey::NSFileReferenceCount{"NSFile
 inline constexpr FileAttributeKey FileAttributeKey::NSFileSystemNumber{"NSFileSystemNumber"};
 inline constexpr FileAttributeKey FileAttributeKey::NSFileSystemFileNumber{"NSFileSystemFileNumber"};
 
-/// The library's own keys, then those of the platform.
+/// The library's keys, then those of the platform.
 template <> struct CaseTable<FileAttributeKey> {
   static constexpr CaseList cases{
       FileAttributeKey::filePathName,

@@ -3,8 +3,9 @@
 ///     FileAttributes source = *expandedAttributesOfItem("/card/clip.mov");
 ///     FileAttributes copy = *expandedAttributesOfItem("/backup/clip.mov");
 ///     auto size = source.value<std::uint64_t>(FileAttributeKey::NSFileSize);
-///     source.compare(copy, [&](const auto& key, const AnyValue& value, bool&) { matched.push_back(key); },
-///                    [](const auto& key, const AnyValue& mine, const AnyValue& other, bool& stop) { stop = true; });
+///     source.compare(
+///         copy, [&](const auto& key, const AnyValue& value, bool&) { matched.push_back(key); },
+///         [](const auto& key, const AnyValue& mine, const AnyValue& other, bool& stop) { stop = true; });
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -22,15 +23,15 @@
 
 namespace quillonic {
 
-/// Values of any type by key, in ascending byte order of the keys' texts. Entries lie side by side in one
-/// block. Looking up takes logarithmic time and accepts a key or its text.
+/// Values of any type by key, in ascending byte order of the keys' texts, contiguous in memory. A look-up
+/// takes logarithmic time and accepts a key or its text.
 class QUILLONIC_EXPORT FileAttributes {
  public:
   /// One attribute.
   struct Entry {
-    /// No two entries of a dictionary have the same.
+    /// Unique in its dictionary.
     FileAttributeKey key;
-    /// What the key stands for; it may hold nothing.
+    /// May hold nothing.
     AnyValue value;
 
     friend bool operator==(const Entry&, const Entry&) = default;
@@ -42,9 +43,9 @@ class QUILLONIC_EXPORT FileAttributes {
   using KeyList = std::vector<FileAttributeKey>;
 
   FileAttributes() = default;
-  /// Takes the entries in any order; of equal keys the last one stays.
+  /// Takes the entries in any order; the last of equal keys stays.
   FileAttributes(std::initializer_list<Entry> entries) : FileAttributes(std::vector<Entry>(entries)) {}
-  /// As above, without a copy.
+  /// Takes the entries without a copy.
   explicit FileAttributes(std::vector<Entry> entries);
 
   /// The value of a key, or null. Valid until the dictionary changes.
@@ -65,7 +66,7 @@ class QUILLONIC_EXPORT FileAttributes {
 
   /// The first entry in the dictionary's order.
   const_iterator begin() const noexcept { return entries_.begin(); }
-  /// Behind the last entry.
+  /// The position after the last entry.
   const_iterator end() const noexcept { return entries_.end(); }
   /// The number of entries.
   std::size_t size() const noexcept { return entries_.size(); }
@@ -76,8 +77,8 @@ class QUILLONIC_EXPORT FileAttributes {
   /// unless it follows a list that was given.
   std::optional<KeyList> commonAttributeKeys(const FileAttributes& other) const;
 
-  /// The keys that both have with equal values; nothing when there are none. A value that holds nothing is no
-  /// object and equals none here.
+  /// The keys that both have with equal values; nothing when there are none. A value that holds nothing
+  /// equals no other here.
   std::optional<KeyList> objcAttributesIntersection(const FileAttributes& other) const;
 
   /// The entries whose key is in the list; empty when there are none.
@@ -88,7 +89,7 @@ class QUILLONIC_EXPORT FileAttributes {
   std::optional<KeyList> missingEqualityAttributes(std::span<const FileAttributeKey> inList) const;
 
   /// Receives a common key and both values, which are never null; they live until the block returns. Setting
-  /// `stop` ends the walk after the call. The same holds for the two blocks below.
+  /// `stop` ends the walk after the call; so it does in the two blocks below.
   using CommonEntryBlock = FunctionRef<void(const FileAttributeKey& key, const AnyValue* value,
                                             const AnyValue* otherValue, bool& stop)>;
 
@@ -102,7 +103,7 @@ class QUILLONIC_EXPORT FileAttributes {
                                          const AnyValue& otherValue, bool& stop)>;
 
   /// Calls one of the blocks once per key that both have, in the dictionary's order: `didMatch` where the
-  /// values are equal, else `didMismatch`. Keys that only one of them has are passed over; ask
+  /// values are equal, else `didMismatch`. Skips keys that only one of them has; ask
   /// `missingEqualityAttributes` for them.
   void compare(const FileAttributes& other, MatchBlock didMatch, MismatchBlock didMismatch) const;
 

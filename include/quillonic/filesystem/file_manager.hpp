@@ -4,9 +4,9 @@
 ///     auto output = files.filePathAdjustedForCollision("/out/clip.mov");   // "/out/clip 2.mov" when taken
 ///     auto drives = files.getUniqueDrives(items);                          // {"/", "/media/CARD"}
 ///
-/// A name is taken when any directory entry bears it, a link with a missing target included: what is written
-/// to a free name never follows somebody's link. Between the answer and the caller's creation of the file
-/// another writer may take the name; creating it exclusively closes that gap.
+/// A name is taken when any directory entry has it, a link with a missing target included: writing to a free
+/// name never follows somebody's link. Between the answer and the caller's creation of the file another
+/// writer may take the name; creating it exclusively closes that gap.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -26,9 +26,8 @@ namespace quillonic {
 /// Keeps no state: each call asks the file system afresh, and any thread may call any operation. The four
 /// naming operations differ in their separators and first counters; each form is a fixed contract. They never
 /// fail: a name counts as free when it cannot be found out whether it is taken, as in a folder that may not
-/// be searched, and a name that grows too long for the file system is free as well, so that it is the
-/// creation that reports why. Paths keep their bytes: a relative path stays relative, and a slash at the end
-/// is no component.
+/// be searched, and when it grows too long for the file system, so that the creation reports why. Paths keep
+/// their bytes: a relative path stays relative, and a trailing slash is ignored.
 class QUILLONIC_EXPORT FileManager {
  public:
   /// Asks the operating system.
@@ -43,8 +42,8 @@ class QUILLONIC_EXPORT FileManager {
 
   /// The first name that is free in every one of the folders: "stem.ext", "stem 2.ext", "stem 3.ext" and so
   /// on, without a folder before it. Without folders it is the stem alone, whatever the extension. An
-  /// extension that is present but empty adds a full stop to every candidate but the first: "stem", "stem 2."
-  /// Both are fixed contracts.
+  /// extension that is present but empty adds a full stop to every candidate except the first: "stem", "stem
+  /// 2." Both are fixed contracts.
   std::string lastPathComponentAdjustedForCollision(std::span<const std::filesystem::path> amongstDirectories,
                                                     std::string_view lastPathComponent,
                                                     std::optional<std::string_view> pathExtension) const;
@@ -53,36 +52,35 @@ class QUILLONIC_EXPORT FileManager {
   using PathsByExtension = std::map<std::string, std::filesystem::path, std::less<>>;
 
   /// One stem for a family of files: "stem.mov" and "stem.xml" when all of them are free, else the first of
-  /// "stem-2.mov" and "stem-2.xml", "stem-3.mov" and so on of which none is taken. No extensions give no
-  /// paths.
+  /// "stem-2.mov" and "stem-2.xml", "stem-3.mov" and so on of which none is taken. Empty without extensions.
   PathsByExtension consistentFilePathsAdjustedForCollision(const std::filesystem::path& outputDirectory,
                                                            std::string_view fileName,
                                                            std::span<const std::string> extensions) const;
 
-  /// The same with a stem that is free for every extension in every folder. The paths are those in the first
-  /// folder; without folders there are none.
+  /// One stem that is free for every extension in every folder. The paths are those in the first folder;
+  /// empty without folders.
   PathsByExtension consistentFilePathsAdjustedForCollisionAcrossDirectories(
       std::span<const std::filesystem::path> directories, std::string_view fileName,
       std::span<const std::string> extensions) const;
 
-  /// The mount points of the volumes that hold the items, each once, in the order in which they are first
-  /// met. Items on no known volume are left out. A link counts for the volume that holds the link.
+  /// The mount points of the volumes that hold the items, each once, in first-seen order. Leaves out items on
+  /// no known volume. A link counts for the volume that holds the link.
   std::vector<std::string> getUniqueDrives(std::span<const std::filesystem::path> forList) const;
 
   /// Item paths by the mount point of the volume that holds them, each list in the order of the items. Items
-  /// on no known volume, whose drive was pulled for example, are logged and stand under the empty text.
+  /// on no known volume, whose drive was pulled for example, are logged and filed under the empty text.
   using ItemsByDrive = std::map<std::string, std::vector<std::string>, std::less<>>;
-  /// The items, each under its drive; as `getUniqueDrives`, but nothing is left out.
+  /// The items, each under its drive.
   ItemsByDrive mappingOfUniqueDrives(std::span<const std::filesystem::path> to) const;
 
   /// Removes a file or a link, never its target and never a folder, with administrator rights through the
   /// default `ScriptRunner`. True when nothing is left at the path; at once and without running anything when
   /// nothing is there. False, and an error logged, when the rights are not given or the removal fails. Where
-  /// the path cannot be looked at, the word of a command that reports success is taken. No path is ever read
-  /// as an option or as part of a command: one that a script's quoting cannot carry is not handed to a runner
-  /// that takes text, but fails. Blocks until the command ends, which may take a user's answer.
+  /// the path cannot be looked at, a command that reports success counts. No path is ever read as an option
+  /// or as part of a command: one that a script's quoting cannot carry fails with a runner that takes text.
+  /// Blocks until the command ends, which may wait for a user's answer.
   bool removePathWithElevatedPermissions(std::string_view path) const;
-  /// The same for a path that is not a plain text yet.
+  /// For a path that is not a plain text yet.
   bool removeItemWithElevatedPermissions(const std::filesystem::path& url) const;
 
  private:

@@ -10,8 +10,8 @@
 
 namespace quillonic {
 
-/// What the replication layer reports of itself. The platform's own errors pass through it unchanged. The
-/// messages are fixed: lower case and without a full stop.
+/// The replication layer's own errors. The platform's errors pass through it unchanged. The messages are
+/// fixed: lower case, without a full stop.
 enum class IOError {
   /// "invalid path type"
   invalidPathType = 1,
@@ -39,26 +39,26 @@ enum class IOError {
   unavailableVerificationResources,
 };
 
-/// Why a link's details cannot be had although the system reports no error.
+/// Why a link's details are unknown although the system reports no error.
 enum class FilePathAttributeGenerationError {
-  /// The file does not begin as alias files do, or it is greater than any of them.
+  /// The file does not begin as alias files do, or is too great.
   notAnAliasFile = 1,
   /// The file begins like an alias file but is damaged.
   malformedAliasFile,
-  /// Nothing is found at any of the places that the alias file leads to.
+  /// No place that the alias file records has an item.
   aliasTargetNotFound,
-  /// A symbolic link names no place, or the working folder that it counts from is gone.
+  /// A symbolic link names no place, or is relative to a working folder that is gone.
   symbolicLinkTargetNotFound,
 };
 
 /// The category of `IOError`; its name is "quillonic.io".
 QUILLONIC_EXPORT const std::error_category& ioErrorCategory() noexcept;
-/// Lets an `IOError` stand wherever an error code does.
+/// Converts an `IOError` to an error code.
 QUILLONIC_EXPORT std::error_code make_error_code(IOError error) noexcept;
 
 /// The category of `FilePathAttributeGenerationError`; its name is "quillonic.attributes".
 QUILLONIC_EXPORT const std::error_category& filePathAttributeGenerationErrorCategory() noexcept;
-/// Lets a `FilePathAttributeGenerationError` stand wherever an error code does.
+/// Converts a `FilePathAttributeGenerationError` to an error code.
 QUILLONIC_EXPORT std::error_code make_error_code(FilePathAttributeGenerationError error) noexcept;
 
 }  // namespace quillonic

@@ -1,6 +1,6 @@
 /// Finding the links below a folder.
 ///
-///     enumerateLinkFileDereferencePairs("/card", [](const auto& link, const auto& target, bool& stop) { ... });
+///     enumerateLinkFileDereferencePairs("/card", [&](const path& link, const path& target, bool&) { ... });
 #pragma once
 
 #include <quillonic/export.hpp>

@@ -11,8 +11,7 @@
 
 namespace quillonic {
 
-/// The outcome of comparing two items. Which comparison gives which outcome is the host's rule: the library
-/// compares attributes and does not judge.
+/// The outcome of comparing two items. The library compares attributes; hosts decide which outcome that is.
 enum class MatchLevel : std::uint8_t { full, partial, unmatched };
 
 /// The outcomes from the best to the worst.

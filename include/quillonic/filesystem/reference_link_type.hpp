@@ -23,7 +23,7 @@ enum class QUILLONIC_EXPORT ReferenceLinkType : std::int64_t {
 
 /// One case of an enumeration of numbers, with its text for logs.
 template <class Enumeration> struct LoggedCaseRow : CaseRow<Enumeration, std::int64_t> {
-  /// What logs show; a fixed text, the same in every language.
+  /// What logs show: a fixed text, never translated.
   std::string_view loggingDescription;
 };
 
@@ -37,8 +37,7 @@ template <> struct CaseTable<ReferenceLinkType> {
   });
 };
 
-/// What replication puts at the destination for a link. The library names the choices; which one is taken is
-/// the host's policy.
+/// What replication puts at the destination for a link. The library names the choices; hosts choose.
 enum class ReplicatedReferenceLinkResolution : std::int64_t {
   /// A link at the destination to the source item itself.
   relinkToOriginalSource,
@@ -61,7 +60,7 @@ template <> struct CaseTable<ReplicatedReferenceLinkResolution> {
   });
 };
 
-/// The choice for a caller that makes none: the copy is complete in itself, and links stay links.
+/// The choice when the caller sets none: links stay links, and the copy needs nothing of the source.
 inline constexpr auto defaultReplicatedReferenceLinkResolution =
     ReplicatedReferenceLinkResolution::relinkToReplicatedSource;
 

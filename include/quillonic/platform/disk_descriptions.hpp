@@ -23,18 +23,19 @@ using DiskDescriptionDictionary = std::map<std::string, AnyValue, std::less<>>;
 /// - "DAVolumeKind", a text: the kind of file system, such as "exfat"
 /// - "DAVolumeNetwork", a Boolean: the kind is one that another machine serves
 ///
-/// and where a block device is behind the volume, directly or as the single part of an encrypted or combined
-/// one, as far as the system tells:
+/// and for a volume on a block device, directly or as the single part of an encrypted or combined one, as far
+/// as the system knows:
 ///
 /// - "DAMediaName", a text: "disk image" for a file that is mounted as a disk, else the partition's name, the
 ///   device's model, or the name of the device node
-/// - "DADeviceModel", a text: the model that the device reports, without blanks at its ends
-/// - "DAMediaWritable", a Boolean: no part of the device is write-protected; a volume that is merely mounted
-///   read-only lies on writable media
+/// - "DADeviceModel", a text: the model that the device reports, trimmed
+/// - "DAMediaWritable", a Boolean: no part of the device is write-protected; true for a volume that is only
+///   mounted
+///   read-only
 QUILLONIC_EXPORT std::optional<DiskDescriptionDictionary> diskDescriptionOfVolume(
     const std::filesystem::path& holding);
 
-/// The same for a mount. `deviceTree` is where the system shows its devices.
+/// Describes a mounted volume. `deviceTree` is where the system shows its devices.
 QUILLONIC_EXPORT DiskDescriptionDictionary
 diskDescriptionOfMount(const Mount& mount, const std::filesystem::path& deviceTree = "/sys");
 

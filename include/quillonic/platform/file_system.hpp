@@ -15,9 +15,9 @@ namespace quillonic {
 
 /// Whether a directory entry exists.
 enum class ItemPresence : std::uint8_t {
-  /// No entry bears the name.
+  /// No entry has the name.
   absent,
-  /// An entry bears the name: a file, a folder, or a link, whether its target exists or not.
+  /// An entry has the name: a file, a folder, or a link, whether its target exists or not.
   present,
   /// It cannot be found out, for example because a folder on the way may not be searched.
   unknown,
@@ -31,25 +31,25 @@ class QUILLONIC_EXPORT PlatformFileSystem {
   PlatformFileSystem& operator=(const PlatformFileSystem&) = delete;
   virtual ~PlatformFileSystem();
 
-  /// Whether an entry exists at a path, without following a link that is its last component. The path has no
-  /// slash at its end; a relative one counts from the working folder. Called once per candidate name, so it
-  /// takes a plain text that the caller builds in place.
+  /// Whether an entry exists at a path; does not follow a final link. The path has no trailing slash; a
+  /// relative one counts from the working folder. Takes a text that callers build in place, once per
+  /// candidate name.
   virtual ItemPresence presenceOfItem(const std::string& path) const = 0;
 
-  /// Receives an item and the mount point of the volume that holds it, or null where there is none. Both live
-  /// until the block returns.
+  /// Receives an item and the mount point of the volume that holds it, or null. Both live until the block
+  /// returns.
   using VolumeRootBlock =
       FunctionRef<void(const std::filesystem::path& item, const std::filesystem::path* volumeRoot)>;
 
   /// Calls the block once per item, in order. A link counts for the volume that holds the link itself. An
   /// item whose last component alone is missing has the root of its folder; one whose folder is missing has
-  /// none.
+  /// no root.
   virtual void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
                                     VolumeRootBlock block) const = 0;
 
   /// The one that asks the operating system: one call per existence question, and for volume roots one
-  /// reading of the mount table and one call per item that exists. Too long a path, one with a NUL and one
-  /// through something that is no folder are absent, since no entry can bear them.
+  /// reading of the mount table and one call per item that exists. A path that is too long,
+  /// has a NUL or passes through something that is no folder is absent, since no entry can have it.
   static std::shared_ptr<const PlatformFileSystem> system();
 };
 

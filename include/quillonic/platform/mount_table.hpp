@@ -20,22 +20,24 @@ namespace quillonic {
 
 /// One mounted volume.
 struct Mount {
-  /// What tells this mount from every other one that is mounted at the same time. A device number does not:
-  /// bind mounts share one, and some file systems have several.
+  /// Unique among all mounts at one time. A device number is not: bind mounts share one, and some file
+  /// systems have several.
   std::uint64_t identifier = 0;
-  /// The mount that this one is mounted on; not in the table where that one is out of sight.
+  /// The mount that this one is mounted on; missing in the table where the process cannot see it.
   std::uint64_t parentIdentifier = 0;
-  /// The number of the device behind the file system. The major number is 0 where no single block device is.
+  /// The number of the file system's device. The major number is 0 where there is no single block
+  /// device.
   std::uint32_t deviceMajor = 0;
-  /// The second part of the device's number.
+  /// The device's minor number.
   std::uint32_t deviceMinor = 0;
-  /// Which folder of the file system is mounted: "/", or the folder that a bind mount shows.
+  /// The mounted folder of the file system: "/", or the folder that a bind mount shows.
   std::filesystem::path root;
   /// Where it is mounted: absolute, a folder or a single file.
   std::filesystem::path mountPoint;
   /// The kind of file system, such as "ext4", "nfs4" or "fuse.sshfs".
   std::string kind;
-  /// What is mounted, in the kind's own form: "/dev/sdb1", "server:/export", or a word without meaning.
+  /// What is mounted, in a form that differs from kind to kind: "/dev/sdb1", "server:/export", or a word
+  /// without meaning.
   std::string source;
   /// Whether the mount or its file system as a whole is mounted read-only.
   bool isReadOnly = false;
@@ -54,10 +56,9 @@ class QUILLONIC_EXPORT MountTable {
   /// Reads the system's table; one file of the process information is read. Empty where it cannot be read.
   static MountTable current();
 
-  /// Reads a table from the text of such a file, Linux's `mountinfo`: a line per mount, with blanks, tabs,
+  /// Reads a table from the text of such a file, Linux's `mountinfo`: a line per mount, with spaces, tabs,
   /// line breaks and backslashes of its paths written as "\040", and any number of optional fields before a
-  /// lone
-  /// "-". A line that is cut short or does not have that form is left out.
+  /// lone "-". Leaves out a line that is cut short or has another form.
   static MountTable fromText(std::string_view text);
 
   /// The mounts in the table's order; of two on one mount point the later one hides the earlier one.
@@ -67,14 +68,14 @@ class QUILLONIC_EXPORT MountTable {
   const Mount* withIdentifier(std::uint64_t identifier) const noexcept;
 
   /// The mount with the longest mount point that is the path or one of the folders above it, or null.
-  /// Compares texts and asks nobody: right for an absolute path without links that lies on no hidden mount.
+  /// Compares texts only: right for an absolute path without links that is on no hidden mount.
   const Mount* withLongestMountPoint(const std::filesystem::path& resolved) const noexcept;
 
-  /// The mount that holds an item, or null. Asks the system once about an item that exists and mounts
-  /// nothing. The last component is not followed: a link lies where its own entry is, whatever it refers to.
-  /// Where only the last component is missing, as that of a file still to be written, or cannot be looked at,
-  /// this is the mount that holds the folder; where the folder is missing too there is none. A path relative
-  /// to the working folder is fine; a slash at the end means nothing. A path with a NUL is on no mount.
+  /// The mount that holds an item, or null. One system call for an item that exists; mounts nothing. Does not
+  /// follow a final link: a link is where its entry is. Where only the last component is missing, as that of
+  /// a file still to be written, or cannot be looked at, this is the mount that holds the folder; null where
+  /// the folder is missing too. A relative path counts from the working folder; a trailing slash is ignored.
+  /// Null for a path with a NUL.
   const Mount* holding(const std::filesystem::path& item) const;
 
  private:

@@ -1,5 +1,5 @@
-/// Runs a command with administrator rights. A host that has a way of its own to ask for credentials replaces
-/// the built-in runner:
+/// Runs a command with administrator rights. A host with its own way to ask for credentials replaces the
+/// built-in runner:
 ///
 ///     class HostRunner : public quillonic::ScriptRunner { ... };
 ///     quillonic::ScriptRunner::setDefaultRunner(std::make_shared<HostRunner>());
@@ -17,7 +17,7 @@
 
 namespace quillonic {
 
-/// How a runner wants to be told what to run.
+/// The form in which a runner takes what it runs.
 enum class ScriptForm : std::uint8_t {
   /// As a script's source, ``do shell script "/bin/rm '/a/b';" with administrator privileges``.
   text,
@@ -34,7 +34,7 @@ class QUILLONIC_EXPORT ScriptRunner {
   ScriptRunner& operator=(const ScriptRunner&) = delete;
   virtual ~ScriptRunner();
 
-  /// Which of the two operations below is called.
+  /// Chooses between the two operations below.
   virtual ScriptForm form() const noexcept = 0;
 
   /// Runs a script. Gives what went wrong, by key; an empty dictionary when the command has done its work;
@@ -46,8 +46,8 @@ class QUILLONIC_EXPORT ScriptRunner {
   /// The runner in use, never null. The built-in one takes an argument list. In a process that is root
   /// already it starts the program directly; in any other it asks for the rights through `pkexec`, or where
   /// that has nobody to ask, through `sudo` if that needs no password. It never uses a terminal. On failure
-  /// it gives "exit status" (or "signal") with the number, and "output" with what the program printed, at
-  /// most 64 KiB of it. Where there is no way to raise the rights it creates nothing.
+  /// it gives "exit status" (or "signal") with the number, and "output" with at most 64 KiB of what the
+  /// program printed. Where there is no way to raise the rights it creates nothing.
   static std::shared_ptr<ScriptRunner> defaultRunner();
 
   /// Replaces the runner; null brings the built-in one back. May be called while other threads run scripts.
