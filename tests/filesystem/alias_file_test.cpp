@@ -3,37 +3,16 @@
 #include <chrono>
 #include <gtest/gtest.h>
 #include <random>
-#include <sstream>
 #include <string>
+
+#include "temporary_folder.hpp"
 
 namespace quillonic {
 namespace {
 
-std::string bytesOfHex(std::string_view hex) {
-  std::string bytes;
-  std::istringstream words{std::string(hex)};
-  for (std::string word; words >> word;) {
-    for (std::size_t i = 0; i < word.size(); i += 2)
-      bytes.push_back(static_cast<char>(std::stoi(word.substr(i, 2), nullptr, 16)));
-  }
-  return bytes;
-}
-
 // Volumes/CARD/A.MXF as a desktop writes it, as a file and as what a program keeps.
-const std::string exampleData = bytesOfHex(R"(
-    74000000 0c000000 01060000 18000000 28000000 34000000 07000000 01010000
-    566f6c75 6d657300 04000000 01010000 43415244 05000000 01010000 412e4d58
-    46000000 0d000000 01010000 2f566f6c 756d6573 2f434152 44000000 04000000
-    01010000 43415244 04000000 03030000 00040000 3c000000 feffffff 01000000
-    00000000 04000000 04100000 04000000 00000000 02200000 44000000 00000000
-    10200000 5c000000 00000000 10d00000 68000000 00000000)");
-const auto exampleFile = bytesOfHex(R"(626f6f6b 00000000 6d61726b 00000000 38000000 38000000 b8000000 00000410
-    00000000 00000000 00000000 84d7c741 00000000 00000000)") +
-                         exampleData;
-const auto exampleBookmark =
-    bytesOfHex(R"(626f6f6b e8000000 00000410 30000000 00000000 00000000 00000000 00000000
-    00000000 00000000 00000000 00000000)") +
-    exampleData;
+const auto exampleFile = contentOf(ALIAS_FILES "/example");
+const auto exampleBookmark = contentOf(ALIAS_FILES "/example_bookmark");
 constexpr std::size_t header = 56;
 constexpr std::size_t table = header + 0x74;
 
@@ -47,6 +26,7 @@ std::string changed(std::string bytes, std::size_t at, std::uint32_t number) {
 }
 
 TEST(AliasFile, ReadsBothFormsAsOtherWritersLeaveThem) {
+  ASSERT_EQ(exampleFile.size(), 240U);
   EXPECT_TRUE(AliasFile::isAliasFile(exampleFile.substr(0, 16)));
   EXPECT_FALSE(AliasFile::isAliasFile(exampleBookmark));
   const AliasFile expected{.pathComponents = {"Volumes", "CARD", "A.MXF"},

@@ -1,0 +1,181 @@
+#include <quillonic/filesystem.hpp>
+
+#include <array>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+#include "error_of.hpp"
+#include "private_process.hpp"
+#include "temporary_folder.hpp"
+
+namespace quillonic {
+namespace {
+
+using Errors = FilePathAttributeGenerationError;
+using std::filesystem::path;
+
+path resolved(const path& alias) {
+  return standardizedResolvedAliasReference(alias);
+}
+
+TEST(AliasCreation, RecordsWhatAResolverNeeds) {
+  const TemporaryFolder folder;
+  const auto target = folder.file("media/card/clip e\u0301.mov");
+  const auto file = folder.folder("project") / "alias";
+  createAliasForFilePath(folder.link("link", "media/card") / target.filename(), file);
+  const auto alias = AliasFile::fromBytes(contentOf(file)).value();
+  EXPECT_EQ(alias.pathComponents, std::vector<std::string>(std::next(target.begin()), target.end()));
+  EXPECT_EQ(alias.relativeDirsUp, 2);
+  EXPECT_EQ(alias.relativeDirsDown, 3);
+  EXPECT_EQ(alias.targetProperties->flags, AliasFile::regularFile);
+  EXPECT_EQ(alias.creationOptions, 1024);
+  EXPECT_EQ(alias.displayName, target.filename());
+  EXPECT_EQ(alias.volumePath, FileManager().getUniqueDrives(std::array{target}).at(0));
+  EXPECT_EQ(resolved(file), target);
+
+  // Nothing is ever replaced.
+  for (const auto& taken : {target, folder / "project", folder.link("dangling", "nowhere"), file}) {
+    EXPECT_EQ(errorOf(createAliasForFilePath, target, taken), std::errc::file_exists) << taken;
+  }
+  for (const auto& [item, at] :
+       {std::pair(folder / "missing", folder / "new"), {target, folder / "missing/new"}})
+    EXPECT_EQ(errorOf(createAliasForFilePath, item, at), std::errc::no_such_file_or_directory);
+  createAliasForFilePath("/", folder / "to root");
+  EXPECT_EQ(resolved(folder / "to root"), "/");
+  for (const auto* name : {"project", "media"}) rename(folder / name, folder.folder("moved") / name);
+  EXPECT_EQ(resolved(folder / "moved/project/alias"),
+            folder / "moved" / target.lexically_relative(folder.path()));
+}
+
+// What a Mac recorded about a volume of its own.
+AliasFile macAlias(std::optional<std::int64_t> up = {}, std::optional<std::int64_t> down = {}) {
+  return {.pathComponents = {"Volumes", "CARD", "Cafe\u0301", "A.MXF"},
+          .relativeDirsUp = up,
+          .relativeDirsDown = down,
+          .volumePath = "/Volumes/CARD",
+          .volumeName = "CARD",
+          .creationOptions = 1024};
+}
+
+TEST(AliasResolution, LooksForTheLongestEndOfThePathUpwards) {
+  const TemporaryFolder folder;
+  // The alias bears its target's name, and yet it is not its own target.
+  const auto alias = folder.file("copy/Project/A.MXF", macAlias().bytes());
+  EXPECT_EQ(errorOf(resolved, alias), Errors::aliasTargetNotFound);
+  // First ignoring case, one scalar for letter and accent; byte for byte wins over likeness.
+  const std::pair<const char*, const char*> alikes[] = {
+      {"\u03a3\u03a3.mov", "\u03c3\u03c2.Mov"},
+      {"\u1112\u1161\u11ab\u1100\u1173.mov", "\ud55c\uadf8.mov"},
+      {"f\xfcr.mov", "F\xfcR.mov"},  // no UTF-8
+  };
+  for (const auto& [item, recorded] : alikes) {
+    const auto written = folder.file(item);
+    const auto alikeAlias = folder.file("copy/alike", AliasFile{.pathComponents = {recorded}}.bytes());
+    EXPECT_TRUE(resolved(alikeAlias) == written) << item;
+  }
+  for (const auto* target : {"a.mxf", "copy/cAF\u00C9/a.MXF", "A.MXF", "copy/Cafe\u0301/A.MXF",
+                             "copy/CARD/Cafe\u0301/A.MXF", "copy/Project/Cafe\u0301/A.MXF"}) {
+    const auto file = folder.file(target);
+    EXPECT_EQ(resolved(alias), file);
+  }
+}
+
+TEST(AliasResolution, TakesTheRecordedStepsBeforeAnythingElseButTheVolume) {
+  const TemporaryFolder folder;
+  folder.file("a/b/Cafe\u0301/A.MXF");
+  const auto far = folder.file("a/Cafe\u0301/A.MXF");
+  EXPECT_EQ(resolved(folder.file("a/b/alias", macAlias(2, 2).bytes())), far);
+  for (const std::int64_t wrong : {std::int64_t{-1}, std::int64_t{1000}, INT64_MIN, INT64_MAX}) {
+    const auto alias = folder.file("a/b/alias", macAlias(wrong, 2).bytes());
+    EXPECT_EQ(errorOf(resolved, alias), Errors::aliasTargetNotFound);
+  }
+  auto recorded = macAlias(0, 2);
+  recorded.componentsBelowHome = 1;
+  const auto file = folder.file("A.MXF");
+  const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+  setenv("HOME", folder.path().c_str(), 1);
+  EXPECT_EQ(resolved(folder.file("a/b/alias", recorded.bytes())), file);
+  setenv("HOME", home.c_str(), 1);
+}
+
+TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
+  const TemporaryFolder folder;
+  runPrivately([&] {
+    const auto byName = folder / "media/user/card";
+    const auto byIdentifier = folder / "mnt/anything";
+    const path file = "Cafe\u0301/A.MXF";
+    for (const auto& point : {byName, byIdentifier}) {
+      mountAt(folder.folder(point));
+      folder.file(point / file);
+    }
+    auto recorded = macAlias(1, 1);
+    const auto expectTarget = [&](const path& target) {
+      EXPECT_EQ(resolved(folder.file("x/alias", recorded.bytes())), target);
+    };
+    expectTarget(byName / file);
+    struct stat volume {};
+    ASSERT_EQ(stat(byIdentifier.c_str(), &volume), 0);
+    mountAt("/dev");
+    folder.link("/dev/disk/by-uuid/0a81-f3b1", "../../sdx1");
+    folder.link("/dev/disk/by-label/CARD\\x20\\xc3\\xa9\\x2", "../../sdx1");
+    if (mknod("/dev/sdx1", S_IFBLK | 0600, volume.st_dev) != 0) endAsNotAllowed();
+    recorded.volumeUUID = "0A81-F3B1";
+    expectTarget(byIdentifier / file);
+    recorded.volumeUUID.reset();
+    recorded.volumeName = "card \u00C9\\x2";
+    expectTarget(byIdentifier / file);
+    createAliasForFilePath(byIdentifier / file, folder / "made");
+    const auto made = AliasFile::fromBytes(contentOf(folder / "made")).value();
+    EXPECT_EQ(made.volumeUUID, "0A81-F3B1");
+    EXPECT_EQ(made.volumeName, "CARD \u00E9\\x2");
+    recorded.volumeName = "CARD";
+
+    // Mounted where it was, unless that is another volume now.
+    const auto mountedAt = [&](const path& point) {
+      recorded.volumePath = point.native();
+      recorded.pathComponents = {std::next(point.begin()), point.end()};
+      recorded.pathComponents.insert(recorded.pathComponents.end(), {"Cafe\u0301", "A.MXF"});
+    };
+    folder.file("x/A.MXF");
+    mountedAt(byName);
+    recorded.volumeUUID.reset();
+    expectTarget(byName / file);
+    mountedAt(byIdentifier);
+    recorded.volumeUUID = "FFFF-FFFF";
+    expectTarget(folder / "x/A.MXF");
+    // Nor is a clip of that volume taken because it lies where the recorded one lay from the alias.
+    const auto onOther = byIdentifier / "alias";
+    for (const auto* name : {"Cafe\u0301/A.MXF", "CAFE\u0301/a.mxf"}) {
+      std::filesystem::remove_all(byIdentifier / "Cafe\u0301");
+      folder.file(byIdentifier / name);
+      for (const auto steps : {std::optional<std::int64_t>(1), std::optional<std::int64_t>()}) {
+        recorded.relativeDirsUp = steps;
+        recorded.relativeDirsDown = steps ? steps.value() + 1 : steps;
+        EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byName / file) << name;
+      }
+    }
+    // An identifier of another form tells nothing.
+    recorded.volumeUUID = "0A81F3B1-51D9-3335-B3E3-169C3640360D";
+    EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byIdentifier / "CAFE\u0301/a.mxf");
+  });
+}
+
+TEST(AliasResolution, ReportsWhatIsWrong) {
+  const TemporaryFolder folder;
+  const auto damaged = folder.file("damaged", macAlias().bytes().substr(0, 100));
+  EXPECT_EQ(errorOf(resolved, damaged), Errors::malformedAliasFile);
+  EXPECT_EQ(errorOf(resolved, folder / "missing"), std::errc::no_such_file_or_directory);
+  for (const auto& other : {folder.file("plain"), folder.link("link", "damaged"), folder.path()})
+    EXPECT_EQ(errorOf(resolved, other), Errors::notAnAliasFile);
+  // Names that all but fit, over and over: the search for their every end is given up.
+  AliasFile endless{.pathComponents = std::vector<std::string>(500, "ABC")};
+  endless.pathComponents.emplace_back("nope");
+  std::string nested;
+  for (int depth = 0; depth < 60; ++depth) nested += "abc/";
+  EXPECT_EQ(errorOf(resolved, folder.file(nested + "alias", endless.bytes())), Errors::malformedAliasFile);
+}
+
+}  // namespace
+}  // namespace quillonic
