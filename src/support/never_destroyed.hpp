@@ -10,7 +10,8 @@ namespace quillonic {
 // Holds an object whose destructor never runs; for function-local statics.
 template <class T> class NeverDestroyed {
  public:
-  template <class... Arguments> explicit NeverDestroyed(Arguments&&... arguments)
+  template <class... Arguments>
+  explicit NeverDestroyed(Arguments&&... arguments)
       : object_(new (bytes_) T(std::forward<Arguments>(arguments)...)) {}
   NeverDestroyed(const NeverDestroyed&) = delete;
   NeverDestroyed& operator=(const NeverDestroyed&) = delete;

@@ -77,53 +77,28 @@ std::span<const FileExtension> VAVTranscodeArgumentVideoCodecValue::permittedExt
   return isProRes ? codecWithText(VAVProRes422)->permittedExtensions : std::span<const FileExtension>{};
 }
 
-<<<<<<< HEAD
-std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats() {
+std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats() {
   return avidDNxFormats().current();
 }
 
-void VAVTranscodeArgumentVideoCodecValue::setAllAvidDNxFormats(std::vector<Codec> formats) {
+void VAVTranscodeArgumentVideoCodecValue::setAllAvidDNxFormats(std::vector<CodecValue> formats) {
   avidDNxFormats().replace(std::move(formats));
 }
 
-std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allWebFormats() {
+std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allWebFormats() {
   return webFormats().current();
 }
 
-void VAVTranscodeArgumentVideoCodecValue::setAllWebFormats(std::vector<Codec> formats) {
+void VAVTranscodeArgumentVideoCodecValue::setAllWebFormats(std::vector<CodecValue> formats) {
   webFormats().replace(std::move(formats));
 }
 
-std::vector<Codec> VAVTranscodeArgumentVideoCodecValue::allProResFormats() {
+std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allProResFormats() {
   return proResFormats().current();
 }
 
-void VAVTranscodeArgumentVideoCodecValue::setAllProResFormats(std::vector<Codec> formats) {
-  proResFormats().replace(std::move(formats));
-=======
-std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats() {
-  return avidDNxFormats().get();
-}
-
-void VAVTranscodeArgumentVideoCodecValue::setAllAvidDNxFormats(std::vector<CodecValue> formats) {
-  avidDNxFormats().set(std::move(formats));
-}
-
-std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allWebFormats() {
-  return webFormats().get();
-}
-
-void VAVTranscodeArgumentVideoCodecValue::setAllWebFormats(std::vector<CodecValue> formats) {
-  webFormats().set(std::move(formats));
-}
-
-std::vector<CodecValue> VAVTranscodeArgumentVideoCodecValue::allProResFormats() {
-  return proResFormats().get();
-}
-
 void VAVTranscodeArgumentVideoCodecValue::setAllProResFormats(std::vector<CodecValue> formats) {
-  proResFormats().set(std::move(formats));
->>>>>>> fe4667d (Vocabulary: class templates per family, and each flag's kind and sentence at run time)
+  proResFormats().replace(std::move(formats));
 }
 
 std::optional<VAVTranscodeArgumentColorSpaceValue> VAVTranscodeArgumentColorSpaceValue::fromColorSpace(

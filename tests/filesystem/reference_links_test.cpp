@@ -1,4 +1,5 @@
 #include <quillonic/filesystem.hpp>
+#include <quillonic/support/coding.hpp>
 
 #include <chrono>
 #include <gmock/gmock.h>
