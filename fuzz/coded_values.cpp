@@ -3,7 +3,7 @@
 // integer, "d0.5" a number, "sabc" a text; any other line is nothing.
 #include <quillonic/filesystem.hpp>
 #include <quillonic/media.hpp>
-#include <quillonic/support/color_coding.hpp>
+#include <quillonic/platform/color_coding.hpp>
 #include <quillonic/time.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>

@@ -5,6 +5,7 @@
 #include <quillonic/media/channel_layout.hpp>
 #include <quillonic/media/codec.hpp>
 #include <quillonic/media/color_depth.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/media/file_extension.hpp>
 #include <quillonic/media/frame_rate.hpp>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <quillonic/platform/color.hpp>
-#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/platform/color_coding.hpp>
 #include <quillonic/platform/disk_descriptions.hpp>
 #include <quillonic/platform/file_system.hpp>
 #include <quillonic/platform/file_type.hpp>

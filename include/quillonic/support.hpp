@@ -6,7 +6,6 @@
 #include <quillonic/support/atomic_switch.hpp>
 #include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
-#include <quillonic/support/color_coding.hpp>
 #include <quillonic/support/dispatch_qos.hpp>
 #include <quillonic/support/dispatch_queue.hpp>
 #include <quillonic/support/enumeration.hpp>

@@ -15,10 +15,10 @@
 #include "filesystem/locations.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
-#include "platform/name_folding.hpp"
 #include "platform/path_text.hpp"
 #include "platform/volume_names.hpp"
 #include "support/row_of.hpp"
+#include "text/name_folding.hpp"
 
 namespace quillonic {
 namespace {

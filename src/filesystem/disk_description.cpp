@@ -1,7 +1,7 @@
 #include <quillonic/filesystem/disk_description.hpp>
 #include <quillonic/platform/logging.hpp>
 
-#include "platform/text.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic {
 namespace {

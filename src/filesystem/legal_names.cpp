@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "platform/utf8.hpp"
+#include "text/utf8.hpp"
 
 namespace quillonic {
 namespace {

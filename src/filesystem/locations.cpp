@@ -6,7 +6,7 @@
 
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
-#include "platform/text_pieces.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic::locations {
 

@@ -4,7 +4,7 @@
 #include <atomic>
 #include <utility>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 namespace {

@@ -1,7 +1,7 @@
 #include <quillonic/media/video_data_rate.hpp>
 #include <quillonic/platform/localization.hpp>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 

@@ -1,8 +1,8 @@
 #include <quillonic/media/video_dimension.hpp>
 #include <quillonic/platform/localization.hpp>
 
-#include "platform/number_text.hpp"
 #include "platform/system_log.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 

@@ -3,26 +3,9 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/number_text.hpp"
+#include "support/overloaded.hpp"
 
 namespace quillonic {
-namespace {
-
-template <class... Visitors> struct Overloaded : Visitors... { using Visitors::operator()...; };
-template <class... Visitors> Overloaded(Visitors...) -> Overloaded<Visitors...>;
-
-template <class... Numbers> std::string listed(std::string_view form, Numbers... numbers) {
-  std::string text(form);
-  (text.append(" ").append(number_text::shortest(numbers)), ...);
-  return text;
-}
-
-std::string withAlpha(std::string text, double alpha) {
-  return text.append(" alpha ").append(number_text::shortest(alpha));
-}
-
-}  // namespace
-
 Color::Color(Form form) noexcept : form_(std::move(form)) {}
 
 Color Color::rgb(double red, double green, double blue, double alpha) {
@@ -64,22 +47,6 @@ std::optional<Color> Color::inGenericRgbSpace() const noexcept {
   const bool hasNumbers = converted && std::isfinite(converted->red) && std::isfinite(converted->green) &&
                           std::isfinite(converted->blue) && std::isfinite(converted->alpha);
   return hasNumbers ? std::optional(Color(*converted)) : std::nullopt;
-}
-
-std::string Color::description() const {
-  return std::visit(Overloaded{
-                        [](const Rgb& color) {
-                          return withAlpha(listed("RGB", color.red, color.green, color.blue), color.alpha);
-                        },
-                        [](const Grey& color) { return withAlpha(listed("grey", color.white), color.alpha); },
-                        [](const Cmyk& color) {
-                          return withAlpha(
-                              listed("CMYK", color.cyan, color.magenta, color.yellow, color.black),
-                              color.alpha);
-                        },
-                        [](const Pattern& color) { return "pattern " + color.name; },
-                    },
-                    form_);
 }
 
 }  // namespace quillonic

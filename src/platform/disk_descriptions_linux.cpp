@@ -6,9 +6,9 @@
 
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
-#include "platform/text.hpp"
-#include "platform/text_pieces.hpp"
 #include "platform/volume_names.hpp"
+#include "text/pieces.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic {
 namespace {

@@ -1,8 +1,8 @@
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
-#include "platform/text_pieces.hpp"
 #include "platform/volume_names.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic {
 

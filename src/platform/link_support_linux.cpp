@@ -13,7 +13,7 @@
 #include "platform/items.hpp"
 #include "platform/link_support.hpp"
 #include "platform/path_text.hpp"
-#include "platform/text_pieces.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic {
 namespace {

@@ -5,10 +5,10 @@
 #include <optional>
 #include <utility>
 
-#include "platform/number_text.hpp"
 #include "platform/path_text.hpp"
-#include "platform/text_pieces.hpp"
 #include "support/row_of.hpp"
+#include "text/number_text.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic {
 namespace {

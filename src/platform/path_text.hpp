@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/text_pieces.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic::path_text {
 

@@ -9,7 +9,7 @@
 
 #include "platform/descriptor_linux.hpp"
 #include "platform/system_script_runner.hpp"
-#include "platform/text.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic {
 namespace {

@@ -2,9 +2,9 @@
 #include <sys/sysmacros.h>
 
 #include "platform/items.hpp"
-#include "platform/text_pieces.hpp"
 #include "platform/volume_names.hpp"
 #include "support/row_of.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/utf8.hpp"
+#include "text/utf8.hpp"
 
 namespace quillonic {
 

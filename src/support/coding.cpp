@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/utf8.hpp"
+#include "text/utf8.hpp"
 
 namespace quillonic {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 namespace {

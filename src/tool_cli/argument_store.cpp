@@ -1,6 +1,6 @@
 #include <quillonic/tool_cli/argument_store.hpp>
 
-#include "platform/utf8.hpp"
+#include "text/utf8.hpp"
 
 namespace quillonic {
 namespace {

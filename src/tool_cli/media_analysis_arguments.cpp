@@ -10,7 +10,7 @@
 #include <utility>
 #include <variant>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 namespace {

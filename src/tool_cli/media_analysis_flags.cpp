@@ -1,6 +1,6 @@
 #include <quillonic/tool_cli/media_analysis_flags.hpp>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 

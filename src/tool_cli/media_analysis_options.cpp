@@ -7,7 +7,7 @@
 #include <tuple>
 #include <utility>
 
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 namespace quillonic {
 

@@ -1,6 +1,6 @@
 #include <quillonic/tool_cli/sanitization_options.hpp>
 
-#include "platform/text.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/text.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic {
 

@@ -5,9 +5,9 @@
 #include <set>
 #include <utility>
 
-#include "platform/number_text.hpp"
-#include "platform/text.hpp"
 #include "support/prefixed.hpp"
+#include "text/number_text.hpp"
+#include "text/unicode.hpp"
 #include "transcode_cli/known_flags.hpp"
 
 namespace quillonic {

@@ -6,7 +6,6 @@
 #include <quillonic/transcode_cli/frame_size.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <concepts>
 #include <cstdint>
@@ -15,8 +14,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/number_text.hpp"
-#include "platform/text.hpp"
+#include "platform/color_text.hpp"
+#include "text/number_text.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic::option_texts {
 
@@ -46,20 +46,6 @@ inline std::optional<FrameSize> frameSize(std::string_view text) noexcept {
   return width && height ? std::optional(FrameSize{*width, *height}) : std::nullopt;
 }
 
-inline std::optional<Color> color(std::string_view text) {
-  std::array<double, 3> components;
-  for (std::size_t i = 0; i < components.size(); ++i) {
-    const bool isLast = i + 1 == components.size();
-    const auto divide = text.find(',');
-    if (isLast != (divide == std::string_view::npos)) return std::nullopt;
-    const auto component = number_text::read<double>(text.substr(0, divide));
-    if (!component || !std::isfinite(*component)) return std::nullopt;
-    components[i] = *component / 255;
-    if (!isLast) text.remove_prefix(divide + 1);
-  }
-  return Color::rgb(components[0], components[1], components[2]).inGenericRgbSpace();
-}
-
 // Without regard to case, because parsing has lower-cased what it read.
 template <class Value> std::optional<Value> listed(std::string_view text) {
   const auto wanted = text::lowerCased(text);
@@ -77,7 +63,7 @@ template <class Value> std::optional<Value> read(std::string_view text) {
   } else if constexpr (std::same_as<Value, FrameSize>) {
     return frameSize(text::trimmed(text));
   } else if constexpr (std::same_as<Value, Color>) {
-    return color(text::trimmed(text));
+    return color_text::fromOutOf255(text::trimmed(text));
   } else if constexpr (TranscodeAnchor<Value>) {
     return read<VAVTranscodeArgumentOverlayAnchorValue>(text);
   } else {
@@ -86,31 +72,6 @@ template <class Value> std::optional<Value> read(std::string_view text) {
 }
 
 // The text of a value; nothing for a value that has none.
-
-// Red, green and blue, 255 being full.
-inline std::optional<std::array<double, 3>> components(const Color& color) noexcept {
-  if (const auto rgb = color.rgbComponents()) {
-    const auto scaled = [](double component) { return component < 1 ? 255 * component : component; };
-    return std::array{scaled(rgb->red), scaled(rgb->green), scaled(rgb->blue)};
-  }
-  if (const auto generic = color.inGenericRgbSpace()) {
-    const auto rgb = *generic->rgbComponents();
-    return std::array{255 * rgb.red, 255 * rgb.green, 255 * rgb.blue};
-  }
-  return std::nullopt;
-}
-
-inline std::optional<std::string> written(const Color& color) {
-  const auto numbers = components(color);
-  if (!numbers) return std::nullopt;
-  std::string text;
-  for (const double number : *numbers) {
-    // Also turns down what is not a number.
-    if (!(number >= -0x1p63 && number < 0x1p63)) return std::nullopt;
-    text.append(text.empty() ? "" : ",").append(std::to_string(static_cast<std::int64_t>(number)));
-  }
-  return text;
-}
 
 template <Number Value> std::optional<std::string> written(Value number) {
   if (!isWritable(number)) return std::nullopt;
@@ -125,6 +86,10 @@ inline std::optional<std::string> written(const FrameSize& size) {
   const auto width = written(size.width);
   const auto height = written(size.height);
   return width && height ? std::optional(*width + "x" + *height) : std::nullopt;
+}
+
+inline std::optional<std::string> written(const Color& color) {
+  return color_text::outOf255(color);
 }
 
 inline std::optional<std::string> written(std::string_view text) {

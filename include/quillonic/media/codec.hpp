@@ -4,8 +4,8 @@
 ///     static_assert(!codecLimits(Cloud_ConversionOptions::CodecType::dnxhd).anyFrameRate);
 #pragma once
 
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/file_extension.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>

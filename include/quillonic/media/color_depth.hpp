@@ -7,8 +7,8 @@
 
 #include <quillonic/export.hpp>
 #include <quillonic/media/codec.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/enumerated_setting.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 ///     std::optional<ColorDepth> depth = fromProto<ColorDepth>(preset.videoOptions);
 #pragma once
 
-#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/media/conversion_options.hpp>
 
 #include <optional>
 #include <span>

@@ -9,7 +9,7 @@
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
 #include <quillonic/media/codec.hpp>
-#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>

@@ -6,7 +6,7 @@
 
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
-#include <quillonic/platform/conversion_options.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>

@@ -9,8 +9,8 @@
 #include <quillonic/export.hpp>
 #include <quillonic/media/case_with_payload.hpp>
 #include <quillonic/media/codec.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/video_size.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>

@@ -5,9 +5,9 @@
 #pragma once
 
 #include <quillonic/media/codec.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/media/file_extension.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <array>

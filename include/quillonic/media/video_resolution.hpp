@@ -4,9 +4,9 @@
 ///     static_assert(standardDimensions(VideoResolution::twoK) == VideoSize{2048, 1080});
 #pragma once
 
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/media/video_size.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/enumeration.hpp>
 
 #include <algorithm>

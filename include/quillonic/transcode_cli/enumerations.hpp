@@ -3,8 +3,8 @@
 #pragma once
 
 #include <quillonic/export.hpp>
+#include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/file_extension.hpp>
-#include <quillonic/platform/conversion_options.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/tool_cli/flags.hpp>
 #include <quillonic/transcode_cli/flags_table.hpp>

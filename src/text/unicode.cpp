@@ -1,11 +1,11 @@
-#include "platform/text.hpp"
+#include "text/unicode.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <iterator>
 
-#include "platform/utf8.hpp"
+#include "text/utf8.hpp"
 
 namespace quillonic::text {
 namespace {
@@ -42,7 +42,7 @@ struct LowerCaseRange {
 };
 
 constexpr auto lowerCaseRanges = std::to_array<LowerCaseRange>({
-#include "platform/lower_case_table.inc"
+#include "text/lower_case_table.inc"
 });
 
 char32_t simpleLowerCase(char32_t scalar) noexcept {

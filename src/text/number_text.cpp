@@ -1,4 +1,4 @@
-#include "platform/number_text.hpp"
+#include "text/number_text.hpp"
 
 #include <array>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "platform/name_folding.hpp"
+#include "text/name_folding.hpp"
 
 #include <algorithm>
 #include <array>
@@ -6,9 +6,9 @@
 #include <iterator>
 #include <vector>
 
-#include "platform/text.hpp"
-#include "platform/utf8.hpp"
 #include "support/row_of.hpp"
+#include "text/unicode.hpp"
+#include "text/utf8.hpp"
 
 namespace quillonic::text {
 namespace {
@@ -21,7 +21,7 @@ struct Decomposition {
 };
 
 constexpr auto decompositions = std::to_array<Decomposition>({
-#include "platform/decomposition_table.inc"
+#include "text/decomposition_table.inc"
 });
 
 // A small letter, and the small letter of its capital.
@@ -31,7 +31,7 @@ struct LetterVariant {
 };
 
 constexpr auto letterVariants = std::to_array<LetterVariant>({
-#include "platform/letter_variant_table.inc"
+#include "text/letter_variant_table.inc"
 });
 
 char32_t withoutVariant(char32_t scalar) noexcept {
@@ -46,7 +46,7 @@ struct CombiningRange {
 };
 
 constexpr auto combiningRanges = std::to_array<CombiningRange>({
-#include "platform/combining_class_table.inc"
+#include "text/combining_class_table.inc"
 });
 
 std::uint8_t combiningClass(char32_t scalar) noexcept {
