@@ -7,7 +7,6 @@
 #include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/dispatch_qos.hpp>
-#include <quillonic/support/dispatch_queue.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/function_ref.hpp>
 #include <quillonic/support/host_keys.hpp>

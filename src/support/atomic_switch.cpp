@@ -1,8 +1,9 @@
 #include <quillonic/support/atomic_switch.hpp>
 
+#include <shared_mutex>
 #include <utility>
 
-#include "platform/unfair_lock.hpp"
+#include "support/ordered_shared_mutex.hpp"
 
 namespace quillonic {
 
@@ -16,46 +17,56 @@ UnfairLockBasedAtomicSwitch::UnfairLockBasedAtomicSwitch(bool isOn) noexcept : i
 UnfairLockBasedAtomicSwitch::~UnfairLockBasedAtomicSwitch() = default;
 
 bool UnfairLockBasedAtomicSwitch::isOn() const noexcept {
-  const UnfairGuard guard(verificationLock_);
+  const std::lock_guard guard(verificationLock_);
   return isOn_;
 }
 
 void UnfairLockBasedAtomicSwitch::setIsOn(bool isOn) noexcept {
-  const UnfairGuard guard(verificationLock_);
+  const std::lock_guard guard(verificationLock_);
   isOn_ = isOn;
 }
 
 QueueBasedAtomicSwitch::QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS qos)
-    : dispatchQueue_(std::move(label), qos), isOn_(startingState) {}
+    : label_(std::move(label)),
+      qos_(qos),
+      queue_(std::make_unique<OrderedSharedMutex>()),
+      isOn_(startingState) {}
 
 QueueBasedAtomicSwitch::QueueBasedAtomicSwitch(bool startingState, std::string label,
                                                DispatchQoS::QoSClass targetQos)
-    : dispatchQueue_(std::move(label), DispatchQoS::unspecified, DispatchQueue::Attribute::serial, targetQos),
-      isOn_(startingState) {}
+    : QueueBasedAtomicSwitch(startingState, std::move(label), DispatchQoS::unspecified) {
+  targetQos_ = targetQos;
+}
 
 QueueBasedAtomicSwitch::~QueueBasedAtomicSwitch() = default;
 
 bool QueueBasedAtomicSwitch::isOn() const noexcept {
-  return dispatchQueue_.sync([this] { return isOn_; });
+  const std::lock_guard turn(*queue_);
+  return isOn_;
 }
 
 void QueueBasedAtomicSwitch::setIsOn(bool isOn) noexcept {
-  dispatchQueue_.sync([&] { isOn_ = isOn; });
+  const std::lock_guard turn(*queue_);
+  isOn_ = isOn;
 }
 
 ConcurrentQueueBasedAtomicSwitch::ConcurrentQueueBasedAtomicSwitch(bool startingState, std::string label,
                                                                    DispatchQoS::QoSClass qos)
-    : dispatchQueue_(std::move(label), DispatchQoS::unspecified, DispatchQueue::Attribute::concurrent, qos),
+    : label_(std::move(label)),
+      targetQos_(qos),
+      queue_(std::make_unique<OrderedSharedMutex>()),
       isOn_(startingState) {}
 
 ConcurrentQueueBasedAtomicSwitch::~ConcurrentQueueBasedAtomicSwitch() = default;
 
 bool ConcurrentQueueBasedAtomicSwitch::isOn() const noexcept {
-  return dispatchQueue_.sync([this] { return isOn_; });
+  const std::shared_lock turn(*queue_);
+  return isOn_;
 }
 
 void ConcurrentQueueBasedAtomicSwitch::setIsOn(bool isOn) noexcept {
-  dispatchQueue_.syncBarrier([&] { isOn_ = isOn; });
+  const std::lock_guard turn(*queue_);
+  isOn_ = isOn;
 }
 
 }  // namespace quillonic

@@ -7,18 +7,21 @@
 
 #include <quillonic/export.hpp>
 #include <quillonic/support/dispatch_qos.hpp>
-#include <quillonic/support/dispatch_queue.hpp>
 
-#include <atomic>
-#include <cstdint>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
 
 namespace quillonic {
 
+class OrderedSharedMutex;
+
 /// A Boolean that any thread may read and write at any time. When `setIsOn` has returned, every read that
-/// begins later sees the new value. Shared by reference and never copied.
+/// begins later sees the new value. Shared by reference and never copied. Callers must not destroy it before every
+/// call on it has returned, and a read that sees another thread's write does not say that the write has returned: let
+/// each thread hold a `std::shared_ptr`.
 class QUILLONIC_EXPORT AtomicSwitch {
  public:
   AtomicSwitch() = default;
@@ -34,8 +37,8 @@ class QUILLONIC_EXPORT AtomicSwitch {
   /// Reads the value, hands a copy to `modification` to change, and writes it back, also when the
   /// modification ends by an exception, which then passes on. Nothing is held between the read and the write,
   /// on purpose: what another thread wrote in between is overwritten, and the modification may use the switch
-  /// itself, although what it writes there is overwritten too. What it returns is dropped. Who needs to test and
-  /// set in one step takes a lock of their own.
+  /// itself, although what it writes there is overwritten too. What it returns is dropped. Callers that need to
+  /// test and set in one step take a lock of their own.
   template <class Modification> void modifyIsOn(Modification&& modification) {
     bool value = isOn();
     try {
@@ -52,8 +55,8 @@ class QUILLONIC_EXPORT AtomicSwitch {
   void toggle();
 };
 
-/// The cheapest switch, for hot paths: a lock is held for the single load or store. Who finds it taken
-/// sleeps, and whoever comes when it is free has it.
+/// The cheapest switch, for hot paths: a mutex is held for the single load or store. Threads that wait for it
+/// come in any order.
 class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
  public:
   /// A switch that starts with a value. Nothing is allocated.
@@ -64,11 +67,12 @@ class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
   void setIsOn(bool isOn) noexcept override;
 
  private:
-  mutable std::atomic<std::uint32_t> verificationLock_{0};
+  mutable std::mutex verificationLock_;
   bool isOn_;
 };
 
-/// A switch whose reads and writes run one at a time in strict order of arrival.
+/// A switch whose reads and writes run one at a time in strict order of arrival, each on the calling thread. Where busy
+/// threads outnumber the processors, every access may wait until the one before it is given a processor again.
 class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
  public:
   /// A switch with a serial queue of a given quality of service that targets no other queue.
@@ -82,19 +86,22 @@ class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
   void setIsOn(bool isOn) noexcept override;
 
   /// The queue's label as it was given, for logs; it may be empty.
-  const std::string& label() const noexcept { return dispatchQueue_.label(); }
+  const std::string& label() const noexcept { return label_; }
   /// The queue's quality of service; unspecified for one that was made with a target.
-  DispatchQoS qos() const noexcept { return dispatchQueue_.qos(); }
+  DispatchQoS qos() const noexcept { return qos_; }
   /// Absent when the queue targets none.
-  std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return dispatchQueue_.target(); }
+  std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return targetQos_; }
 
  private:
-  mutable DispatchQueue dispatchQueue_;
+  std::string label_;
+  DispatchQoS qos_;
+  std::optional<DispatchQoS::QoSClass> targetQos_;
+  std::unique_ptr<OrderedSharedMutex> queue_;
   bool isOn_;
 };
 
 /// A switch whose reads run together and whose writes run alone. A write waits for the reads that run, and
-/// reads that come later wait behind it, so that neither starves.
+/// reads that come later wait for it, so that neither starves. Waiting costs as in the other queue-based switch.
 class QUILLONIC_EXPORT ConcurrentQueueBasedAtomicSwitch final : public AtomicSwitch {
  public:
   /// A switch with a concurrent queue of unspecified quality that targets the global queue of a class.
@@ -105,14 +112,16 @@ class QUILLONIC_EXPORT ConcurrentQueueBasedAtomicSwitch final : public AtomicSwi
   void setIsOn(bool isOn) noexcept override;
 
   /// The queue's label as it was given, for logs; it may be empty.
-  const std::string& label() const noexcept { return dispatchQueue_.label(); }
+  const std::string& label() const noexcept { return label_; }
   /// Always unspecified: the class that was given is that of the target.
-  DispatchQoS qos() const noexcept { return dispatchQueue_.qos(); }
+  DispatchQoS qos() const noexcept { return DispatchQoS::unspecified; }
   /// Never absent.
-  std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return dispatchQueue_.target(); }
+  std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return targetQos_; }
 
  private:
-  mutable DispatchQueue dispatchQueue_;
+  std::string label_;
+  DispatchQoS::QoSClass targetQos_;
+  std::unique_ptr<OrderedSharedMutex> queue_;
   bool isOn_;
 };
 
