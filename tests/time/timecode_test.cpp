@@ -1,6 +1,9 @@
 #include <quillonic/time.hpp>
 
+#include <array>
+#include <cinttypes>
 #include <cstddef>
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -15,7 +18,7 @@ namespace {
 constexpr auto largest = std::numeric_limits<std::int64_t>::max();
 constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
 
-TEST(TimecodeComponents, AcceptsStrictTimecodes) {
+TEST(TimecodeComponents, ReadsStrictlyAndNothingElse) {
   const std::pair<std::string, TimecodeComponents> accepted[] = {
       {"00:00:00:00", TimecodeComponents::defaultNonDropTimecodeComponents},
       {"00:00:00;00", TimecodeComponents::defaultDropFrameTimecodeComponents},
@@ -25,13 +28,10 @@ TEST(TimecodeComponents, AcceptsStrictTimecodes) {
       {"01:02:03:04;05;", {1, 2, 3, 405}},
       {"01:02:03;:4:5", {1, 2, 3, 45, true}},
       {"9223372036854775807:00:00:9223372036854775807", {largest, 0, 0, largest}},
-      {std::string(1000, '0') + "1:00:00:00", {1, 0, 0, 0}}};
+      {std::string(1000, '0') + "1:00:00:" + std::string(1000, '0') + ":2", {1, 0, 0, 2}}};
   for (const auto& [text, components] : accepted) {
     EXPECT_EQ(TimecodeComponents::fromTimecode(text), components) << text;
   }
-}
-
-TEST(TimecodeComponents, RejectsEverythingElse) {
   auto rejected = split(
       "|:::|00:00:00|00:00:00:|:00:00:00|00::00:00|00;00:00:00|00:00;00:00|0:00:00:00|00:0:00:00|00:00:0:00|"
       "00:00:00:0|00:61:00:00|00:00:61:00|  00:00:00:00|00:00:00:00\n|00:00:00:-1|+1:00:00:00|00:00:00.00|"
@@ -59,71 +59,45 @@ TEST(TimecodeComponents, TheFormIsCheckedAsFarAsDemanded) {
   }
 }
 
-// Every label of a day at 30 frames a second, with both separators, is parsed and written back.
-TEST(TimecodeComponents, EveryLabelOfADaySurvivesParseAndText) {
-  std::string label = "00:00:00:00";
-  const auto put = [&](std::size_t at, std::int64_t number) {
-    label[at] = static_cast<char>('0' + number / 10);
-    label[at + 1] = static_cast<char>('0' + number % 10);
-  };
-  for (std::int64_t n = 0; n < std::int64_t{24} * 60 * 60 * 30 * 2; ++n) {
-    const auto seconds = n / 60;
-    const TimecodeComponents expected{seconds / 3600, seconds / 60 % 60, seconds % 60, n / 2 % 30,
-                                      n % 2 == 1};
-    put(0, expected.hours);
-    put(3, expected.minutes);
-    put(6, expected.seconds);
-    put(9, expected.frames);
-    label[8] = expected.isDropFrame ? ';' : ':';
-    const auto read = TimecodeComponents::fromTimecode(label);
-    if (read != expected || read->timecodeString() != label) FAIL() << label;
-  }
-}
-
-TEST(TimecodeComponents, SplitsLeniently) {
-  using Decomposed = TimecodeComponents::Decomposed;
-  const auto none = std::nullopt;
-  const std::pair<std::string_view, Decomposed> splits[] = {
-      {"", {none, none, none, none, false}},
-      {"00;00:00:00", {0, 0, 0, 0, false}},
-      {"00:00;00;00", {0, 0, 0, 0, true}},
-      {"00:00:00", {0, 0, 0, none, false}},
-      {"00:00;00", {0, 0, 0, none, false}},
-      {"  00:00:00:00", {none, 0, 0, 0, false}},
-      {"+1:-2:+-3;--4", {1, -2, none, none, true}},
-      {"-:+:x:1.5", {none, none, none, none, false}},
-      {"1:2:3;-:4:;5", {1, 2, 3, -45, true}},
-      {"1:2:3:4-5", {1, 2, 3, none, false}},
-      {"-9223372036854775808:9223372036854775808:-9223372036854775809", {smallest, none, none, none, false}}};
-  for (const auto& [text, split] : splits) {
-    EXPECT_EQ(TimecodeComponents::decomposeTimecodeString(text), split) << text;
-  }
-}
-
-TEST(TimecodeComponents, SanitisesAnyText) {
-  // The text, and what it is written as once it is sanitised.
-  const std::pair<std::string_view, std::string_view> rows[] = {
-      {"1:2:3;4", "01:02:03;04"},
-      {"00:00:00", "00:00:00:00"},
-      {"  07:08:09:10", "00:08:09:10"},
-      {"00:61:00;00", "00:61:00;00"},
-      {"-1:02:-10:04", "0-1:02:0-10:04"},
-      {"noon", "00:00:00:00"},
-      {"123:4:5:6", "123:04:05:06"},
-      {"-9223372036854775808:9223372036854775807:0:0", "0-9223372036854775808:9223372036854775807:00:00"}};
-  for (const auto& [text, sanitised] : rows) {
-    EXPECT_EQ(TimecodeComponents::sanitizedTimecode(text).timecodeString(), sanitised);
-  }
-}
-
 // Sizes of all orders, so that every length of number is met.
-TEST(TimecodeComponents, ATextOfPositiveNumbersIsSanitisedToTheSameNumbers) {
+TEST(TimecodeComponents, PositiveNumbersSurviveTextAndCode) {
   std::mt19937_64 random(4);
   const auto number = [&] { return static_cast<std::int64_t>(random() >> (1 + random() % 63)); };
-  for (int i = 0; i < 10000; ++i) {
+  for (int i = 0; i < 100000; ++i) {
     const TimecodeComponents components{number(), number(), number(), number(), random() % 2 == 0};
-    EXPECT_EQ(TimecodeComponents::sanitizedTimecode(components.timecodeString()), components);
-    EXPECT_EQ(decode<TimecodeComponents>(encode(components)), components);
+    const auto& [hours, minutes, seconds, frames, isDropFrame] = components;
+    std::array<char, 100> label{};
+    std::snprintf(label.data(), label.size(), "%02" PRId64 ":%02" PRId64 ":%02" PRId64 "%c%02" PRId64, hours,
+                  minutes, seconds, isDropFrame ? ';' : ':', frames);
+    ASSERT_EQ(components.timecodeString(), label.data());
+    ASSERT_EQ(TimecodeComponents::sanitizedTimecode(label.data()), components);
+    const bool isInBounds = minutes <= 60 && seconds <= 60;
+    ASSERT_EQ(TimecodeComponents::fromTimecode(label.data()).has_value(), isInBounds) << label.data();
+    ASSERT_EQ(decode<TimecodeComponents>(encode(components)), components);
+  }
+}
+
+// The text, what a lenient split finds, and what the text is written as once it is sanitised.
+TEST(TimecodeComponents, SplitsAndSanitisesAnyText) {
+  const auto none = std::nullopt;
+  const std::tuple<std::string_view, TimecodeComponents::Decomposed, std::string_view> rows[] = {
+      {"", {none, none, none, none, false}, "00:00:00:00"},
+      {"00;00:00:00", {0, 0, 0, 0, false}, "00:00:00:00"},
+      {"00:00;00;00", {0, 0, 0, 0, true}, "00:00:00;00"},
+      {"00:00;00", {0, 0, 0, none, false}, "00:00:00:00"},
+      {"1:2:3;4", {1, 2, 3, 4, true}, "01:02:03;04"},
+      {"  07:08:09:10", {none, 8, 9, 10, false}, "00:08:09:10"},
+      {"+1:-2:+-3;--4", {1, -2, none, none, true}, "01:0-2:00;00"},
+      {"-:+:x:1.5", {none, none, none, none, false}, "00:00:00:00"},
+      {"1:2:3;-:4:;5", {1, 2, 3, -45, true}, "01:02:03;0-45"},
+      {"1:2:3:4-5", {1, 2, 3, none, false}, "01:02:03:00"},
+      {"123:61:-10:9223372036854775807", {123, 61, -10, largest, false}, "123:61:0-10:9223372036854775807"},
+      {"-9223372036854775808:9223372036854775808:-9223372036854775809",
+       {smallest, none, none, none, false},
+       "0-9223372036854775808:00:00:00"}};
+  for (const auto& [text, split, sanitised] : rows) {
+    EXPECT_EQ(TimecodeComponents::decomposeTimecodeString(text), split) << text;
+    EXPECT_EQ(TimecodeComponents::sanitizedTimecode(text).timecodeString(), sanitised);
   }
 }
 
@@ -132,19 +106,18 @@ TEST(TimecodeComponents, IsCodedUnderFixedKeysThatAreAllRequired) {
   const auto& members = coded.require<CodedRecord>().members();
   EXPECT_EQ(joined(members, ' ', [](auto& member) { return member.key; }),
             "hours minutes seconds frames isDropFrame");
-  for (const auto& broken : members) {
-    for (const bool mistyped : {false, true}) {
-      CodedRecord record;
-      for (const auto& member : members) {
-        if (member.key != broken.key) record.add(member.key, member.value);
-      }
-      if (mistyped) record.add(broken.key, std::string("1"));
-      try {
-        decode<TimecodeComponents>(record);
-        ADD_FAILURE() << broken.key;
-      } catch (const DecodingError& error) {
-        EXPECT_EQ(error.key(), broken.key);
-      }
+  for (std::size_t broken = 0; broken < 2 * members.size(); ++broken) {
+    const auto& key = members[broken / 2].key;
+    CodedRecord record;
+    for (const auto& member : members) {
+      if (member.key != key) record.add(member.key, member.value);
+    }
+    if (broken % 2 == 1) record.add(key, std::string("1"));
+    try {
+      decode<TimecodeComponents>(record);
+      ADD_FAILURE() << key;
+    } catch (const DecodingError& error) {
+      EXPECT_EQ(error.key(), key);
     }
   }
 }
