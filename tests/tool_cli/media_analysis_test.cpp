@@ -18,35 +18,12 @@ namespace {
 using Factory = MediaAnalysisCLIArgumentFactory;
 using Words = std::vector<std::string>;
 
-TEST(MediaAnalysisFlags, TakeAValueExceptTheLast) {
-  const auto flagsOf = [](auto first) {
-    using Flag = decltype(first);
-    return joined(allCases<Flag>(), ' ', [](Flag flag) {
-      EXPECT_EQ(cliFlag(flag), "-" + std::string(rawValue(flag)));
-      return std::string(rawValue(flag)) + (acceptsArguments(flag) ? "=" : "");
-    });
-  };
-  EXPECT_EQ(flagsOf(MediaAnalysisCLIFlag{}),
-            "pathToAnalyze= analysisId= workDirectory= resultsFilePath= deepAnalysis");
-  EXPECT_EQ(flagsOf(MediaAnalysisImageCLIFlags{}),
-            "compressionFactor= snapshotLocation= maxImageWidth= imageHeight= allowFinderImages");
-  EXPECT_EQ(fromRawValue<MediaAnalysisCLIFlag>("DeepAnalysis"), std::nullopt);
-  EXPECT_EQ(sanitizedFlag(MediaAnalysisImageCLIFlags::maxImageWidth), "-maximagewidth");
-  EXPECT_EQ(joined(sanitizeAll<MediaAnalysisImageCLIFlags>(CLISanitizationOptions::lowercase)),
-            "-compressionfactor -snapshotlocation -maximagewidth -imageheight -allowfinderimages");
-  EXPECT_EQ(snapShotLocationsCLIValue({}), "");
-  EXPECT_EQ(snapShotLocationsCLIValue(std::vector{0.25F, 0.1F}),
-            "-snapshotLocation 0.25-snapshotLocation 0.1");
-}
-
 TEST(MediaAnalysisErrors, AreErrorCodesNamedByTheirCase) {
   const std::error_code code = MediaAnalysisCLIError::resultsFileAlreadyExists;
   const std::error_code imageCode = MediaAnalysisCLIImageError::missingMaxImageWidth;
   EXPECT_EQ(code.message() + " " + imageCode.message(), "resultsFileAlreadyExists missingMaxImageWidth");
-  EXPECT_EQ(code, MediaAnalysisCLIError::resultsFileAlreadyExists);
   EXPECT_NE(make_error_code(MediaAnalysisCLIError::pathToAnalyzeNotSupplied),
             make_error_code(MediaAnalysisCLIImageError::missingSnapshotLocations));
-  EXPECT_EQ(allCases<MediaAnalysisCLIError>().size(), 7U);
 }
 
 Words wordsOf(std::initializer_list<const MediaAnalysisCLIRecord*> records) {
@@ -65,6 +42,8 @@ void expectWords(const MediaAnalysisCLIRecord& record, std::string_view ordered,
 }
 
 TEST(MediaAnalysisOptions, WriteTheirWordsInTheFixedOrder) {
+  EXPECT_EQ(snapShotLocationsCLIValue(std::vector{0.25F, 0.1F}),
+            "-snapshotLocation 0.25-snapshotLocation 0.1");
   expectWords(Factory::buildBasicOptions({"/b", "/a c"}, "/work", "/results", std::nullopt, false),
               "-pathToAnalyze|/b|-pathToAnalyze|/a c|-workDirectory|/work|-resultsFilePath|/results",
               "-pathToAnalyze|[/b /a c|-resultsFilePath|/results|-workDirectory|/work");
@@ -101,15 +80,10 @@ TEST(MediaAnalysisArguments, ComeBackEqual) {
     return std::isnan(made) ? 0.0F : made;
   };
   const auto maybe = [&](auto make) { return random() % 2 ? std::optional(make()) : std::nullopt; };
-  const auto several = [&](auto make) {
-    std::vector<decltype(make())> made{make()};
-    for (auto n = random() % 3; n > 0; --n) made.push_back(make());
-    return made;
-  };
   for (int round = 0; round < 3000; ++round) {
     const auto basic =
-        Factory::buildBasicOptions(several(text), text(), text(), maybe(text), random() % 2 == 0);
-    auto image = Factory::buildImageOptions(several(number), number(), maybe(number), random() % 2 == 0);
+        Factory::buildBasicOptions({text(), text()}, text(), text(), maybe(text), random() % 2 == 0);
+    auto image = Factory::buildImageOptions({number(), number()}, number(), maybe(number), random() % 2 == 0);
     image.imageHeight = maybe(number);
     auto custodial = Factory::custodialOptions(static_cast<std::int32_t>(random() >> 1));
     custodial.parentAppNumber = maybe([&] { return static_cast<std::int64_t>(random()); });
@@ -130,19 +104,16 @@ TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
   const std::string needed = "-pathToAnalyze|a|-workDirectory|w|-resultsFilePath|r";
   const std::tuple<std::string, std::string, std::string> rows[] = {
       {"", "pathToAnalyzeNotSupplied workDirectoryNotSupplied resultsFilePathNotSupplied", ""},
-      {"/before|-workDirectory|w|-pathToAnalyze|-resultsFilePath",
-       "pathToAnalyzeNotSupplied resultsFilePathNotSupplied", "-pathtoanalyze|-resultsfilepath"},
-      {"-pathToAnalyze|a|-workDirectory|w|-resultsFilePath|-r", "resultsFilePathNotSupplied",
-       "-resultsfilepath|-r"},
+      {"/before|-workDirectory|w|-pathToAnalyze|-resultsFilePath|-r",
+       "pathToAnalyzeNotSupplied resultsFilePathNotSupplied", "-pathtoanalyze|-resultsfilepath|-r"},
       {"-pathToAnalyze||-workDirectory||-resultsFilePath||-allowFinderImages",
        "missingSnapshotLocations missingMaxImageWidth", ""},
       {needed + "|-maxImageWidth|wide|-snapshotLocation|1e-3", "missingMaxImageWidth", "-maximagewidth wide"},
       {needed + "|-Unknown|a|b|-x", "", "-unknown a|-unknown b|-x"},
-      {needed + "|-analysisId|-", "", "-analysisid|-"},
-      {needed + "|-snapshotLocation|0.5|half|| 1", "missingMaxImageWidth",
-       "-snapshotlocation half|-snapshotlocation |-snapshotlocation  1"},
-      {needed + "|-maxImageWidth|1e39|-imageHeight|-0.5", "missingSnapshotLocations missingMaxImageWidth",
-       "-maximagewidth 1e39|-imageheight|-0.5"},
+      {needed + "|-snapshotLocation|0.5|half|| 1|-maxImageWidth|1e39|-imageHeight|-0.5",
+       "missingMaxImageWidth",
+       "-snapshotlocation half|-snapshotlocation |-snapshotlocation  1|-maximagewidth "
+       "1e39|-imageheight|-0.5"},
       {needed + "|-parentPid|2147483648|-parentPid|1.5", "", "-parentpid 2147483648|-parentpid 1.5"},
       {needed + "|-parentAppNumber|7|-x", "", "-x|-parentappnumber 7"}};
   for (const auto& [words, errors, setAside] : rows) {

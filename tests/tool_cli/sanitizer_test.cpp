@@ -34,8 +34,7 @@ TEST(CLIArgumentSanitizer, ReportsEveryFlagWithItsValues) {
   // The valid flags, the options, the words and the entries.
   const std::tuple<std::string_view, std::optional<CLISanitizationOptions>, std::string_view,
                    std::string_view>
-      rows[] = {{media, both, "", ""},
-                {media, both, "a|b", ""},
+      rows[] = {{media, both, "a|b", ""},
                 {media, both, "a|-WorkDirectory|x|Y |-deepAnalysis",
                  "+-workdirectory=x +-workdirectory=Y  +-deepanalysis"},
                 {media, both, "-deepanalysisx| -bogus|1", "+-deepanalysisx !-bogus=1"},
@@ -44,8 +43,7 @@ TEST(CLIArgumentSanitizer, ReportsEveryFlagWithItsValues) {
                 {media, std::nullopt, "-DEEPANALYSIS|-", "+-DEEPANALYSIS !-"},
                 {"", both, "-a|--", "!-a !--"},
                 {"|-b|-bc", both, "-a|-xbc|-xx-bcx", "!-a !-xbc +-xx-bcx"},
-                {"-\u00c9", std::nullopt, "x-\u00e9|-x-\u00e9", "+-x-\u00e9"},
-                {"-parentpid", both, "-ParentPid|12", "+-parentpid=12"}};
+                {"-\u00c9", std::nullopt, "x-\u00e9|-x-\u00e9", "+-x-\u00e9"}};
   for (const auto& [valid, options, words, expected] : rows) {
     EXPECT_EQ(entries({split(valid, '|'), options}, split(words, '|')), expected);
   }
@@ -68,15 +66,26 @@ TEST(CLIArgumentSanitizer, SplitsTheWordsAndLosesNone) {
   EXPECT_EQ(joined(rest, '|'), "stray|-vn||-out|/A b|/c");
 }
 
-TEST(CLICustodialFlag, IsTheRawValueBehindAHyphen) {
-  for (const auto flag : allCases<CLICustodialFlag>()) {
+// The raw values in order, a "=" after those that take a value.
+template <ClosedFlagEnumeration Flag> std::string flags() {
+  return joined(allCases<Flag>(), ' ', [](Flag flag) {
     EXPECT_EQ(cliFlag(flag), "-" + std::string(rawValue(flag)));
-    EXPECT_TRUE(acceptsArguments(flag));
-    EXPECT_EQ(decode<CLICustodialFlag>(encode(flag)), flag);
-  }
-  EXPECT_EQ(joined(allCases<CLICustodialFlag>()), "parentPid parentAppNumber");
+    EXPECT_EQ(decode<Flag>(encode(flag)), flag);
+    return std::string(rawValue(flag)) + (acceptsArguments(flag) ? "=" : "");
+  });
+}
+
+TEST(ToolFlags, AreTheRawValueAfterAHyphen) {
+  EXPECT_EQ(flags<CLICustodialFlag>(), "parentPid= parentAppNumber=");
+  EXPECT_EQ(flags<MediaAnalysisCLIFlag>(),
+            "pathToAnalyze= analysisId= workDirectory= resultsFilePath= deepAnalysis");
+  EXPECT_EQ(flags<MediaAnalysisImageCLIFlags>(),
+            "compressionFactor= snapshotLocation= maxImageWidth= imageHeight= allowFinderImages");
   EXPECT_EQ(fromRawValue<CLICustodialFlag>("ParentPid"), std::nullopt);
   EXPECT_THROW(decode<CLICustodialFlag>(CodedValue(std::string("parent"))), DecodingError);
+  EXPECT_EQ(sanitizedFlag(MediaAnalysisImageCLIFlags::maxImageWidth), "-maximagewidth");
+  EXPECT_EQ(joined(sanitizeAll<MediaAnalysisImageCLIFlags>(CLISanitizationOptions::lowercase)),
+            "-compressionfactor -snapshotlocation -maximagewidth -imageheight -allowfinderimages");
 }
 
 TEST(ArgumentWords, ReadTheSameFromEveryForm) {
@@ -94,12 +103,9 @@ TEST(ArgumentWords, ReadTheSameFromEveryForm) {
 }
 
 TEST(CLIExitCodeError, CarriesTheStatus) {
-  try {
-    throw CLIExitCodeError(64, "bad words");
-  } catch (const std::exception& error) {
-    EXPECT_STREQ(error.what(), "bad words");
-    EXPECT_EQ(dynamic_cast<const CLIExitCodeError&>(error).exitStatus(), 64);
-  }
+  const CLIExitCodeError error(64, "bad words");
+  EXPECT_STREQ(error.what(), "bad words");
+  EXPECT_EQ(error.exitStatus(), 64);
 }
 
 }  // namespace
