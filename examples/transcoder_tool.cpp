@@ -52,10 +52,14 @@ template <class Value> void printValues() {
   for (const auto& value : allCases<Value>()) std::cout << value.rawValue() << '\n';
 }
 
+constexpr int helpColumn = 29;
+
 template <class Flag> void printFlags(std::string_view family) {
   std::cout << family << '\n';
   for (const auto& flag : allCases<Flag>()) {
-    std::cout << "  " << flag.cliFlag() << (flag.acceptsArguments() ? " VALUE" : "") << '\n';
+    std::cout << "  " << std::left << std::setw(helpColumn)
+              << std::string(flag.cliFlag()).append(" ").append(rawValue(flag.valueKind())) << flag.meaning()
+              << '\n';
   }
 }
 

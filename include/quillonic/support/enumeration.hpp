@@ -13,7 +13,6 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
-#include <iterator>
 #include <optional>
 #include <span>
 #include <string_view>

@@ -108,7 +108,8 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
       VAVWorkDirectoryFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 10> flags{{
-      {"-in", FlagValueKind::path, "An input file; also the prefix of the numbered input files, as in \"-in_0_0\"."},
+      {"-in", FlagValueKind::path,
+       "An input file; also the prefix of the numbered input files, as in \"-in_0_0\"."},
       {"-out", FlagValueKind::path, "The output file."},
       {"-progress_file", FlagValueKind::path, "The file that receives the progress."},
       {"-progress_prefix", FlagValueKind::text, "A text put before each progress line."},
@@ -176,7 +177,8 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
       {"-dims", FlagValueKind::size, "The frame size in pixels, as in \"960x540\"."},
       {"-aspect_scaling", FlagValueKind::listed, "How a picture of another aspect ratio is fitted."},
       {"-crop_anchor", FlagValueKind::listed, "The part of the picture that a crop keeps."},
-      {"-vbr", FlagValueKind::decimal, "The video's bit rate in megabits per second, as the cloud preset's 3 is."},
+      {"-vbr", FlagValueKind::decimal,
+       "The video's bit rate in megabits per second, as the cloud preset's 3 is."},
       {"-vbd", FlagValueKind::integer, "Bits per colour component."},
       {"-c_space", FlagValueKind::listed, "The colour space."},
       {"-key_frames", FlagValueKind::integer, "Frames from one key frame to the next."},
@@ -223,13 +225,15 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
   static constexpr std::array<TranscodeFlagRow, 9> flags{{
       {"-an", FlagValueKind::none, "Leaves the audio out."},
       {"-acopy", FlagValueKind::none, "Copies the source's audio."},
-      {"-ac_omit", FlagValueKind::integer, "The audio tracks to leave out, each under a flag that begins so, as in \"-ac_omit_0\"."},
+      {"-ac_omit", FlagValueKind::integer,
+       "The audio tracks to leave out, each under a flag that begins so, as in \"-ac_omit_0\"."},
       {"-adiscrete", FlagValueKind::none, "Writes discrete channels."},
       {"-acodec", FlagValueKind::listed, "The audio codec."},
       {"-abpc", FlagValueKind::integer, "Bits per sample of each channel."},
       {"-asr", FlagValueKind::integer, "Samples per second, in hertz."},
       {"-acl", FlagValueKind::listed, "The channel layout."},
-      {"-abr", FlagValueKind::integer, "The audio's bit rate in the tool's own unit; the library does not scale it."},
+      {"-abr", FlagValueKind::integer,
+       "The audio's bit rate in the tool's own unit; the library does not scale it."},
   }};
 };
 
@@ -275,8 +279,10 @@ struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
   static constexpr std::array<TranscodeFlagRow, 11> flags{{
       {"-tc_track", FlagValueKind::none, "Adds a timecode track."},
       {"-tc_burn", FlagValueKind::none, "Burns the timecode into the picture."},
-      {"-tc_burn_anchor", FlagValueKind::listed, "Where the timecode is burnt in; valid because it contains \"-tc_burn\"."},
-      {"-tc_burn_size", FlagValueKind::integer, "The font size of the burnt-in timecode, in the tool's own unit."},
+      {"-tc_burn_anchor", FlagValueKind::listed,
+       "Where the timecode is burnt in; valid because it contains \"-tc_burn\"."},
+      {"-tc_burn_size", FlagValueKind::integer,
+       "The font size of the burnt-in timecode, in the tool's own unit."},
       {"-tc_burn_font_rgb", FlagValueKind::color, "The font colour of the burnt-in timecode."},
       {"-tc_burn_box_rgb", FlagValueKind::color, "The colour of the box around the burnt-in timecode."},
       {"-tc_match", FlagValueKind::none, "Takes the timecode from the source."},
@@ -305,7 +311,8 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
   };
   static constexpr std::array<TranscodeFlagRow, 3> flags{{
       {"-wmf_anchor", FlagValueKind::listed, "Where the image is placed."},
-      {"-wmf_path", FlagValueKind::path, "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
+      {"-wmf_path", FlagValueKind::path,
+       "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
       {"-wmf_scale", FlagValueKind::decimal, "What both sides of the image are multiplied by."},
   }};
 };
