@@ -50,7 +50,7 @@ struct FormatRow {
   std::span<const FileExtension> extensions;
 };
 
-constexpr FormatRow formats[] = {
+constexpr FormatRow formatRows[] = {
     {VAVQuickTimeFileFormat, movOrMp4},
     {VAVMp4Format, mp4OrMov},
     {VAVWaveFileFormat, wav},
@@ -59,7 +59,7 @@ constexpr FormatRow formats[] = {
 }  // namespace
 
 std::span<const FileExtension> VAVTranscodeArgumentFileFormatValue::validExtensions() const noexcept {
-  const auto* row = detail::rowWhere(formats, &FormatRow::text, rawValue());
+  const auto* row = detail::rowWhere(formatRows, &FormatRow::text, rawValue());
   return row ? row->extensions : std::span<const FileExtension>{};
 }
 

@@ -114,7 +114,7 @@ TEST(MediaAnalysisArguments, ComeBackEqual) {
 
 // The words, the errors named, and what is set aside as "flag value", or "flag" alone where no value stood.
 TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
-  using Aside = MediaAnalysisCLIArguments::SetAside;
+  const auto aside = [](const auto& one) { return one.flag + (one.value ? " " + *one.value : ""); };
   const std::string needed = "-pathToAnalyze|a|-workDirectory|w|-resultsFilePath|r";
   const std::tuple<std::string, std::string, std::string> rows[] = {
       {"", "pathToAnalyzeNotSupplied workDirectoryNotSupplied resultsFilePathNotSupplied", ""},
@@ -136,10 +136,7 @@ TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
   for (const auto& [words, errors, setAside] : rows) {
     const auto read = MediaAnalysisCLIArguments::read(split(words, '|'));
     EXPECT_EQ(joined(read.errors) + joined(read.imageErrors), errors) << words;
-    EXPECT_EQ(joined(read.setAside, '|',
-                     [](const Aside& aside) { return aside.flag + (aside.value ? " " + *aside.value : ""); }),
-              setAside)
-        << words;
+    EXPECT_EQ(joined(read.setAside, '|', aside), setAside) << words;
     EXPECT_EQ(read.basic.has_value(), read.errors.empty()) << words;
     EXPECT_FALSE(read.image || read.custodial) << words;
   }

@@ -35,9 +35,9 @@ class QUILLONIC_EXPORT DecodingError : public std::runtime_error {
   /// `key` is the key whose value is missing or wrong, empty when the whole value is; `reason` completes the
   /// sentence "cannot decode 'key': ...".
   DecodingError(std::string_view key, std::string_view reason);
-  /// Exceptions are copied when they are caught by value and passed between threads.
+  /// Copies key and message, as when an exception is passed between threads.
   DecodingError(const DecodingError&);
-  /// Takes over key and message of the other.
+  /// Takes the key and message of the other.
   DecodingError& operator=(const DecodingError&);
   ~DecodingError() override;
 
@@ -54,18 +54,17 @@ using CodedList = std::vector<CodedValue>;
 /// Coded values by key, in the order in which they were added.
 class QUILLONIC_EXPORT CodedRecord {
  public:
-  /// Adds a member behind the others. Keys are the caller's to keep apart: of two equal ones the first is
-  /// found.
+  /// Adds a member after the others. Callers must keep keys unique: of two equal ones `find` gives the first.
   void add(std::string_view key, CodedValue value);
 
   /// The value of a key, or null. Valid until the record changes.
   const CodedValue* find(std::string_view key) const noexcept;
 
-  /// The value of a key as `T`, which is one of the alternatives of `CodedValue`. Throws a `DecodingError`
-  /// that names the key when it is missing or holds something else.
+  /// The value of a key as `T`, an alternative of `CodedValue`. Throws a `DecodingError` that names the key
+  /// when it is missing or holds something else.
   template <class T> QUILLONIC_HIDDEN const T& require(std::string_view key) const;
 
-  /// The same, but null when the key is missing.
+  /// As `require`, but null when the key is missing.
   template <class T> QUILLONIC_HIDDEN const T* optional(std::string_view key) const;
 
   /// All members in the order in which they were added. Valid until the record changes.
@@ -136,11 +135,11 @@ template <class T> const T& CodedRecord::require(std::string_view key) const {
   throw DecodingError(key, "the key is missing");
 }
 
-/// How a type is encoded and decoded. It stands here for Booleans, 64-bit integers, floating-point numbers,
-/// texts, paths, lists, enumerations with texts, records with a table of fields, and every type with an
-/// `encode()` and a `from(coded)` of its own. A host can specialise it for others. `decode` throws a
-/// `DecodingError` when the coded form does not fit, with `key`, the key that the value stands under, when
-/// the value itself is wrong.
+/// How a type is encoded and decoded. Here for Booleans, 64-bit integers, floating-point numbers, texts,
+/// paths, lists, enumerations with texts, records with a table of fields, and every type with its own
+/// `encode()` and `from(coded)`; a host can specialise it for others. `decode` throws a `DecodingError` when
+/// the coded form does not fit; `key` is the key of the value, which the error names when the value itself is
+/// wrong.
 template <class T> struct Coding;
 
 /// A field of a record and the key that it is encoded under.
@@ -151,12 +150,12 @@ template <class Record, class Value> struct Field {
   Value Record::*member;
 };
 
-/// Lets `Field{"key", &Record::member}` name neither type.
+/// Deduces both types in `Field{"key", &Record::member}`.
 template <class Record, class Value> Field(std::string_view, Value Record::*) -> Field<Record, Value>;
 
-/// The fields of a plain record, as a tuple `fields` of `Field`; specialised once beside each record that is
-/// encoded. A field without a value has no key. A key that is missing leaves its field as a new record has
-/// it, so that what an earlier version wrote can be read; keys without a field are passed over.
+/// The fields of a plain record, as a tuple `fields` of `Field`; specialised once next to each encoded
+/// record. A field without a value has no key. A missing key leaves its field as in a new record, so the form
+/// of an earlier version can be read; keys without a field are ignored.
 template <class Record> struct FieldTable;
 
 /// A record that has a table of its fields.
@@ -274,8 +273,8 @@ template <class T> CodedValue encode(const T& value) {
   return Coding<T>::encode(value);
 }
 
-/// Reads a value back. Throws `DecodingError` when the coded form does not fit: for a closed enumeration also
-/// when no case has the text.
+/// Reads a value back. Throws `DecodingError` when the coded form does not fit, including a text that no case
+/// of a closed enumeration has.
 template <class T> T decode(const CodedValue& coded) {
   static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::decode(coded, {});

@@ -1,4 +1,4 @@
-/// What sets of options have in common.
+/// Base of the sets of options.
 ///
 ///     class Restrictions : public OptionSet<Restrictions, std::uint64_t> {
 ///      public:
@@ -17,10 +17,10 @@ template <class Options, std::integral RawValue> class OptionSet {
  public:
   /// The empty set.
   constexpr OptionSet() noexcept = default;
-  /// The set of those options whose bits are set.
+  /// The options whose bits are set.
   constexpr explicit OptionSet(RawValue rawValue) noexcept : rawValue_(rawValue) {}
 
-  /// The bits, those included that name no option.
+  /// All bits, even those that name no option.
   constexpr RawValue rawValue() const noexcept { return rawValue_; }
   /// Whether every option of the other set is in this one.
   constexpr bool contains(Options other) const noexcept {

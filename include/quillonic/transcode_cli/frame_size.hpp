@@ -10,9 +10,9 @@ namespace quillonic {
 
 /// A width and a height in pixels, "960x540" on a command line.
 struct FrameSize {
-  /// Pixels, zero or more where the size is to be written.
+  /// Pixels; a negative number cannot be written.
   std::int64_t width = 0;
-  /// Pixels, likewise.
+  /// Pixels; a negative number cannot be written.
   std::int64_t height = 0;
 
   friend bool operator==(const FrameSize&, const FrameSize&) = default;
