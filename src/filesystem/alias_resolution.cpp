@@ -256,16 +256,15 @@ class Resolution {
 }  // namespace
 
 Result<std::string> aliasTarget(const std::string& aliasFile) {
-  const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize + 1);
-  if (!bytes) {
-    // What the system says of a link or a folder that is opened is not what the caller asked.
-    const auto status = items::status(aliasFile);
-    const bool isOther = status && status->type != FileType::regular;
-    return isOther ? make_error_code(FilePathAttributeGenerationError::notAnAliasFile) : bytes.error();
-  }
-  if (!AliasFile::isAliasFile(*bytes) || bytes->size() > AliasFile::greatestSize) {
-    return FilePathAttributeGenerationError::notAnAliasFile;
-  }
+  // No device is opened, and of a clip no more is read than shows that it is one.
+  const auto status = items::status(aliasFile);
+  if (!status) return status.error();
+  const bool couldBe = status->type == FileType::regular && status->size <= AliasFile::greatestSize;
+  const auto mark = couldBe ? items::firstBytes(aliasFile, AliasFile::markSize) : std::string();
+  if (!mark) return mark.error();
+  if (!AliasFile::isAliasFile(*mark)) return FilePathAttributeGenerationError::notAnAliasFile;
+  const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize);
+  if (!bytes) return bytes.error();
   const auto alias = AliasFile::fromBytes(*bytes);
   if (!alias) return FilePathAttributeGenerationError::malformedAliasFile;
   const auto place = locations::placeOf(aliasFile);

@@ -1,8 +1,10 @@
+#include <fcntl.h>
+
+#include "platform/descriptor_linux.hpp"
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
-#include "platform/items.hpp"
-#include "platform/volume_names.hpp"
 #include "text/pieces.hpp"
+#include "platform/volume_names.hpp"
 
 namespace quillonic {
 
@@ -14,7 +16,9 @@ std::string programServedKind(const Mount& mount) {
   const auto record = contentsOfFile("/run/udev/data/b" + number).value_or({});
   if (const auto kind = text::valueInLines(record, "E:ID_FS_TYPE=")) return std::string(*kind);
   // Whoever may read the device sees it there.
-  const auto start = items::firstBytes(mount.source, 11).value_or({});
+  const Descriptor volume(
+      mount.source.starts_with('/') ? ::open(mount.source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+  const auto start = volume ? bytesOf(volume.number(), 11).value_or({}) : std::string();
   return start.ends_with("EXFAT   ") ? "exfat" : "";
 }
 

@@ -38,8 +38,9 @@ struct Status {
 // A folder held open. Names in it are looked up without its path.
 class Folder {
  public:
-  // Fails for a link to a folder.
-  static Result<Folder> open(const std::string& path);
+  // Fails for a link to a folder. A relative path counts from `parent`, or without one from the working
+  // folder.
+  static Result<Folder> open(const std::string& path, const Folder* parent = nullptr);
   Folder(Folder&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
   Folder& operator=(Folder&&) = delete;
   ~Folder();
@@ -60,11 +61,15 @@ Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 // system call; wakes no automounter.
 std::error_code reach(const std::string& path);
 
-// The target of a symbolic link as it is stored. One system call.
+// The target of a symbolic link as it is stored. One system call, which changes the link's access time where
+// the volume's options say so: no call leaves it alone.
 Result<std::string> linkText(const std::string& path, const Folder* folder = nullptr);
 
-// Up to `limit` bytes from the start of a regular file. Never waits for a pipe or a device.
-Result<std::string> firstBytes(const std::string& path, std::size_t limit);
+// Up to `limit` bytes from the start of a regular file; fails with EINVAL for any other item and reads
+// nothing of it. Waits for another process to give up its lease of the file, and never for a pipe or a
+// device. Keeps the access time where the process owns the file or may act as its owner; elsewhere the
+// volume's options decide.
+Result<std::string> firstBytes(const std::string& path, std::size_t limit, const Folder* folder = nullptr);
 
 // Makes a file that was not there. One that cannot be written whole is removed again.
 std::error_code create(const std::string& path, std::string_view bytes);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
@@ -92,6 +93,34 @@ bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
   return true;
 }
 
+// Opens without a change of the access time, which only the owner may.
+Descriptor opened(int folder, const char* path, int flags) noexcept {
+  const auto openedWith = [&](int more) {
+    Descriptor item;
+    do {
+      item = Descriptor(::openat(folder, path, flags | O_CLOEXEC | more));
+    } while (!item && errno == EINTR);
+    return item;
+  };
+  auto item = openedWith(O_NOATIME);
+  return item || errno != EPERM ? std::move(item) : openedWith(0);
+}
+
+// Opened for reading, if it is regular. The second descriptor names the very item that the first one was
+// found to be.
+Descriptor openedAfterLease(int folder, const char* path) noexcept {
+  const Descriptor item(::openat(folder, path, O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  struct stat status {};
+  if (!item || ::fstat(item.number(), &status) != 0) return Descriptor();
+  if (!S_ISREG(status.st_mode)) {
+    errno = EINVAL;
+    return Descriptor();
+  }
+  std::array<char, 32> name{};
+  std::snprintf(name.data(), name.size(), "/proc/self/fd/%d", item.number());
+  return opened(AT_FDCWD, name.data(), O_RDONLY);
+}
+
 FileType typeOfEntry(const dirent& entry) noexcept {
   // The numbers of directory entries are those of modes, shifted; 0 where the file system does not know.
   return typeOfMode(static_cast<unsigned>(entry.d_type) << 12U);
@@ -103,11 +132,11 @@ Folder::~Folder() {
   if (descriptor_ >= 0) ::close(descriptor_);
 }
 
-Result<Folder> Folder::open(const std::string& path) {
-  constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-  const int descriptor = canExist(path) ? ::open(path.c_str(), flags) : -1;
-  if (descriptor < 0) return lastError();
-  return Folder(descriptor);
+Result<Folder> Folder::open(const std::string& path, const Folder* parent) {
+  if (!canExist(path)) return lastError();
+  auto descriptor = opened(placeOf(parent), path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+  if (!descriptor) return lastError();
+  return Folder(descriptor.release());
 }
 
 Result<Status> status(const std::string& path, const Folder* folder) {
@@ -135,10 +164,13 @@ Result<std::string> linkText(const std::string& path, const Folder* folder) {
   return std::string(text.data(), static_cast<std::size_t>(length));
 }
 
-Result<std::string> firstBytes(const std::string& path, std::size_t limit) {
+Result<std::string> firstBytes(const std::string& path, std::size_t limit, const Folder* folder) {
   if (!canExist(path)) return lastError();
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY));
-  return file ? bytesOf(file.number(), limit) : lastError();
+  auto file = opened(placeOf(folder), path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+  if (!file && errno == EAGAIN) file = openedAfterLease(placeOf(folder), path.c_str());
+  struct stat status {};
+  if (!file || ::fstat(file.number(), &status) != 0) return lastError();
+  return S_ISREG(status.st_mode) ? bytesOf(file.number(), limit) : systemError(std::errc::invalid_argument);
 }
 
 std::error_code create(const std::string& path, std::string_view bytes) {

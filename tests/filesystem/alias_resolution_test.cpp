@@ -1,7 +1,10 @@
 #include <quillonic/filesystem.hpp>
 
 #include <array>
+#include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -47,6 +50,23 @@ TEST(AliasCreation, RecordsWhatAResolverNeeds) {
   for (const auto* name : {"project", "media"}) rename(folder / name, folder.folder("moved") / name);
   EXPECT_EQ(resolved(folder / "moved/project/alias"),
             folder / "moved" / target.lexically_relative(folder.path()));
+}
+
+// A lease makes others wait, or fail where they do not want to.
+int leased = -1;
+TEST(AliasResolution, WaitsForAnotherProcessToGiveUpItsLease) {
+  const TemporaryFolder folder;
+  createAliasForFilePath("/", folder / "alias");
+  leased = open((folder / "alias").c_str(), O_RDWR | O_CLOEXEC);
+  struct sigaction giveUp {};
+  struct sigaction before {};
+  giveUp.sa_handler = [](int) { fcntl(leased, F_SETLEASE, F_UNLCK); };
+  ASSERT_EQ(sigaction(SIGIO, &giveUp, &before), 0);
+  const bool isLeased = fcntl(leased, F_SETLEASE, F_WRLCK) == 0;
+  EXPECT_EQ(resolved(folder / "alias"), "/");
+  sigaction(SIGIO, &before, nullptr);
+  close(leased);
+  if (!isLeased) GTEST_SKIP() << "no leases here";
 }
 
 // What a Mac recorded about a volume of its own.
@@ -169,6 +189,14 @@ TEST(AliasResolution, ReportsWhatIsWrong) {
   EXPECT_EQ(errorOf(resolved, folder / "missing"), std::errc::no_such_file_or_directory);
   for (const auto& other : {folder.file("plain"), folder.link("link", "damaged"), folder.path()})
     EXPECT_EQ(errorOf(resolved, other), Errors::notAnAliasFile);
+  // Nothing is taken out of a pipe.
+  const std::string mark("book\0\0\0\0mark\0\0\0\0", 16);
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  std::fstream pipe(folder / "pipe");
+  pipe.write(mark.data(), 16).flush();
+  EXPECT_EQ(errorOf(resolved, folder / "pipe"), Errors::notAnAliasFile);
+  std::string left(16, '\0');
+  EXPECT_EQ(pipe.read(left.data(), 16) ? left : "", mark);
   // Names that all but fit, over and over: the search for their every end is given up.
   AliasFile endless{.pathComponents = std::vector<std::string>(500, "ABC")};
   endless.pathComponents.emplace_back("nope");

@@ -1,7 +1,9 @@
 #include <quillonic/filesystem.hpp>
 #include <quillonic/support/coding.hpp>
 
+#include <array>
 #include <chrono>
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <random>
@@ -49,13 +51,14 @@ TEST(ReferenceLinks, AreTold) {
   std::filesystem::create_hard_link(folder / "alias", folder / "alias twin");
   // Begins like an alias file and is none that could be resolved, but what it is is told by how it begins.
   folder.file("damaged", aliasBegin);
-  folder.file("too great", aliasBegin + std::string(AliasFile::greatestSize, 'x'));
+  resize_file(folder.file("great", aliasBegin), AliasFile::greatestSize);
+  resize_file(folder.file("too great", aliasBegin), AliasFile::greatestSize + 1);
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
 
   const std::vector<std::string> names[] = {{"plain", ".", "pipe", "too great", foreign},
                                             {"soft", "dangling", "soft folder//", foreign + "\n"},
                                             {"twin"},
-                                            {"alias", "alias twin", "damaged"}};
+                                            {"alias", "alias twin", "damaged", "great"}};
   for (const auto type : allCases<ReferenceLinkType>()) {
     for (const auto& name : names[rawValue(type)]) {
       EXPECT_EQ(filePathLinkType(folder / name), type) << name;
@@ -239,6 +242,34 @@ TEST(ExpandedAttributes, TellWhereALinkLeads) {
             "warning: Could not find resolved path for symbolic source node\n"
             "warning: Failed to resolve alias for file '" +
                 alias.native() + "' with error alias target not found\n");
+}
+
+// Access times of the far past, which reading would move.
+TEST(LinksOnACard, AreReadWithoutATrace) {
+  const TemporaryFolder folder;
+  createAliasForFilePath(folder.file("card/clips/clip.mov", std::string(100, 'x')), folder / "card/alias");
+  const path items[] = {folder / "card", folder / "card/clips", folder / "card/clips/clip.mov",
+                        folder / "card/alias"};
+  const auto read = [&] {
+    for (const auto& item : items) {
+      const std::array<timespec, 2> times{timespec{1, 0}, timespec{2, 0}};
+      ASSERT_EQ(utimensat(AT_FDCWD, item.c_str(), times.data(), 0), 0);
+    }
+    for (const auto& item : items) EXPECT_TRUE(expandedAttributesOfItem(item));
+    EXPECT_TRUE(enumerateLinkFileDereferencePairs(items[0], [](const path&, const path&, bool&) {}));
+    EXPECT_EQ(followed(items[3]), items[2]);
+    for (const auto& item : items) {
+      struct stat status {};
+      EXPECT_TRUE(stat(item.c_str(), &status) == 0 && status.st_atim.tv_sec == 1) << item;
+    }
+  };
+  read();
+  runPrivately([&] {
+    for (const auto& item : items) EXPECT_EQ(chown(item.c_str(), 65534, 65534), 0);
+    permissions(folder.path(), std::filesystem::perms::all);
+    becomeNobody();
+    read();
+  });
 }
 
 TEST(LinkFileDereferencePairs, AreFoundBelowAFolderAndNotBehindLinks) {

@@ -51,9 +51,9 @@ struct QUILLONIC_EXPORT AliasFile {
 
   /// The number of leading bytes that make a file an alias file.
   static constexpr std::size_t markSize = 16;
-  /// The greatest number of bytes of an alias file, about a hundred times what desktops write. A greater file
-  /// is never one, whatever it begins with, and no operation opens it: camera clips stay closed.
-  static constexpr std::size_t greatestSize = std::size_t{1} << 20;
+  /// The greatest number of bytes of an alias file, more than ten times what desktops write. A greater file
+  /// is never one, whatever it begins with, and no operation opens it: most camera clips stay closed.
+  static constexpr std::size_t greatestSize = std::size_t{1} << 26;
 
   /// The names from the root to the target, each a plain name; empty for the root.
   std::vector<std::string> pathComponents;
