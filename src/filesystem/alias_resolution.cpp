@@ -2,21 +2,17 @@
 
 #include <quillonic/filesystem/alias_file.hpp>
 #include <quillonic/filesystem/io_error.hpp>
-#include <quillonic/platform/mount_table.hpp>
 
 #include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "filesystem/locations.hpp"
-#include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
-#include "platform/volume_names.hpp"
 #include "support/row_of.hpp"
 #include "text/name_folding.hpp"
 
@@ -52,8 +48,8 @@ std::optional<Names> last(Names names, std::optional<std::int64_t> count) {
 class Resolution {
  public:
   // The alias file's path is absolute, and no folder in it is a link.
-  Resolution(const AliasFile& alias, std::string aliasPath)
-      : alias_(alias), aliasPath_(std::move(aliasPath)), names_(alias.pathComponents) {}
+  Resolution(const AliasFile& alias, std::string aliasPath, LookUps& lookUps)
+      : alias_(alias), aliasPath_(std::move(aliasPath)), names_(alias.pathComponents), lookUps_(lookUps) {}
 
   Result<std::string> target() {
     auto found = firstFound();
@@ -82,12 +78,9 @@ class Resolution {
   bool exists(const std::string& path) {
     if (lookUpsLeft_ == 0 || path.size() >= greatestPathSize) return false;
     --lookUpsLeft_;
-    // To look below an automounter's folder would make it mount.
-    const auto* mount = mounts_.withLongestMountPoint(path);
-    if (mount && isAutomountKind(mount->kind)) return false;
-    const auto status = items::status(path);
-    if (!status) note(status.error());
-    return bool(status);
+    const auto error = lookUps_.reach(path);
+    note(error);
+    return !error;
   }
 
   // Keeps what kept the first place that could not be looked at from being looked at.
@@ -110,7 +103,7 @@ class Resolution {
         if (!exists(next)) {
           const auto& similar = foldedEntries(path);
           const auto folded = text::foldedName(name);
-          const auto* entry = sortedRowOf(similar, folded, &FoldedEntry::folded);
+          const auto* entry = sortedRowOf(similar, folded, &LookUps::Entry::folded);
           if (!entry) return std::nullopt;
           next = joined(path, {&entry->name, 1});
         }
@@ -120,30 +113,14 @@ class Resolution {
     return path == aliasPath_ || !exists(path) ? std::nullopt : std::optional(std::move(path));
   }
 
-  struct FoldedEntry {
-    std::string folded;
-    std::string name;
-  };
-
-  // Of names that fold to the same text the first in byte order comes first. Lists each folder once.
-  const std::vector<FoldedEntry>& foldedEntries(const std::string& folder) {
-    const auto [listed, isNew] = listedFolders_.try_emplace(folder);
-    auto& folded = listed->second;
-    if (!isNew || !exists(folder)) return folded;
-    // The dot follows a link to a folder.
-    const auto opened = items::Folder::open(folder + "/.");
-    const auto entries = opened ? items::entries(*opened) : opened.error();
-    if (!entries) {
-      note(entries.error());
-      return folded;
-    }
-    for (const auto& entry : *entries) folded.push_back({text::foldedName(entry.name), entry.name});
-    std::ranges::stable_sort(folded, {}, &FoldedEntry::folded);
-    return folded;
+  const std::vector<LookUps::Entry>& foldedEntries(const std::string& folder) {
+    const auto& listing = lookUps_.listing(folder);
+    note(listing.error);
+    return listing.entries;
   }
 
   bool recordedVolumeIsMounted() {
-    return alias_.volumePath && std::ranges::any_of(mounts_.mounts(), [&](const Mount& mount) {
+    return alias_.volumePath && std::ranges::any_of(lookUps_.mounts().mounts(), [&](const Mount& mount) {
              return mount.mountPoint.native() == *alias_.volumePath && !isOtherVolume(mount);
            });
   }
@@ -151,7 +128,7 @@ class Resolution {
   // Another card at the mount point of the recorded one often holds a clip of the same name.
   bool isOnAnotherVolume(const std::string& path) {
     if (!alias_.volumePath || !alias_.volumeUUID) return false;
-    const auto* mount = mounts_.withLongestMountPoint(path);
+    const auto* mount = lookUps_.mounts().withLongestMountPoint(path);
     return mount && mount->mountPoint.native() == *alias_.volumePath && isOtherVolume(*mount);
   }
 
@@ -184,7 +161,7 @@ class Resolution {
       folder = folderOf(folder);
       const auto& similar = foldedEntries(folder);
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
-        const auto* entry = sortedRowOf(similar, folded[skipped], &FoldedEntry::folded);
+        const auto* entry = sortedRowOf(similar, folded[skipped], &LookUps::Entry::folded);
         if (!entry) continue;
         auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1));
         if (found && !isOnAnotherVolume(*found)) return found;
@@ -201,7 +178,7 @@ class Resolution {
       return std::nullopt;
     }
     const auto below = names_.subspan(volume.size());
-    for (const auto& mount : mounts_.mounts()) {
+    for (const auto& mount : lookUps_.mounts().mounts()) {
       if (isRecordedVolume(mount) != Verdict::yes) continue;
       if (auto found = find(mount.mountPoint, below)) return found;
     }
@@ -209,10 +186,9 @@ class Resolution {
     if (!name && !volume.empty()) name = volume.back();
     if (!name) return std::nullopt;
     const auto folded = text::foldedName(*name);
-    const auto labels = VolumeNames::labels();
-    for (const auto& mount : mounts_.mounts()) {
+    for (const auto& mount : lookUps_.mounts().mounts()) {
       const auto& point = mount.mountPoint.native();
-      const auto label = labels.of(mount);
+      const auto label = lookUps_.labels().of(mount);
       const bool isNamed = text::foldedName(std::string_view(point).substr(point.rfind('/') + 1)) == folded ||
                            (label && text::foldedName(*label) == folded);
       if (!isNamed) continue;
@@ -227,15 +203,14 @@ class Resolution {
   bool isOtherVolume(const Mount& mount) {
     const auto verdict = isRecordedVolume(mount);
     return verdict == Verdict::no ||
-           (verdict == Verdict::unknown && std::ranges::any_of(mounts_.mounts(), [&](const Mount& other) {
-              return isRecordedVolume(other) == Verdict::yes;
-            }));
+           (verdict == Verdict::unknown &&
+            std::ranges::any_of(lookUps_.mounts().mounts(),
+                                [&](const Mount& other) { return isRecordedVolume(other) == Verdict::yes; }));
   }
 
   Verdict isRecordedVolume(const Mount& mount) {
     if (!alias_.volumeUUID) return Verdict::unknown;
-    if (!identifiers_) identifiers_ = VolumeNames::identifiers();
-    const auto identifier = identifiers_->of(mount);
+    const auto identifier = lookUps_.identifiers().of(mount);
     // Systems derive identifiers of different forms from a card's short number.
     if (!identifier || identifier->size() != alias_.volumeUUID->size()) return Verdict::unknown;
     return text::foldedName(*identifier) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes : Verdict::no;
@@ -244,9 +219,7 @@ class Resolution {
   const AliasFile& alias_;
   std::string aliasPath_;
   Names names_;
-  MountTable mounts_ = MountTable::current();
-  std::optional<VolumeNames> identifiers_;
-  std::unordered_map<std::string, std::vector<FoldedEntry>> listedFolders_;
+  LookUps& lookUps_;
   // Desktops record a dozen names, whose every trailing part is looked for in a dozen folders. The search
   // gives up on a file that was made to keep it busy.
   std::size_t lookUpsLeft_ = 10'000;
@@ -256,6 +229,11 @@ class Resolution {
 }  // namespace
 
 Result<std::string> aliasTarget(const std::string& aliasFile) {
+  LookUps lookUps;
+  return aliasTarget(aliasFile, lookUps);
+}
+
+Result<std::string> aliasTarget(const std::string& aliasFile, LookUps& lookUps) {
   // No device is opened, and of a clip no more is read than shows that it is one.
   const auto status = items::status(aliasFile);
   if (!status) return status.error();
@@ -268,7 +246,7 @@ Result<std::string> aliasTarget(const std::string& aliasFile) {
   const auto alias = AliasFile::fromBytes(*bytes);
   if (!alias) return FilePathAttributeGenerationError::malformedAliasFile;
   const auto place = locations::placeOf(aliasFile);
-  return place ? Resolution(*alias, place->path()).target() : place.error();
+  return place ? Resolution(*alias, place->path(), lookUps).target() : place.error();
 }
 
 }  // namespace quillonic

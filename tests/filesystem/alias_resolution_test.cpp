@@ -182,6 +182,23 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
   });
 }
 
+// Whoever looks below an automounter's folder waits for its program, which does not answer here.
+TEST(AliasResolution, WakesNoAutomounterThroughALink) {
+  const TemporaryFolder folder;
+  runPrivately([&] {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const auto options = "fd=" + std::to_string(ends[1]) + ",pgrp=1,minproto=5,maxproto=5,indirect";
+    mountAt(folder.folder("auto"), "auto", "autofs", 0, options);
+    const auto card = folder.link("x/card", "../auto");
+    alarm(3);
+    for (const auto& recorded : {card / "clip.mov", folder / "auto/clip.mov", card / "CLIP.MOV/y"}) {
+      const AliasFile alias{.pathComponents = {std::next(recorded.begin()), recorded.end()}};
+      EXPECT_EQ(errorOf(resolved, folder.file("alias", alias.bytes())), Errors::aliasTargetNotFound);
+    }
+  });
+}
+
 TEST(AliasResolution, ReportsWhatIsWrong) {
   const TemporaryFolder folder;
   const auto damaged = folder.file("damaged", macAlias().bytes().substr(0, 100));

@@ -1,0 +1,90 @@
+#include "filesystem/look_ups.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "filesystem/locations.hpp"
+#include "platform/file_system_kinds.hpp"
+#include "platform/items.hpp"
+#include "text/name_folding.hpp"
+#include "platform/path_text.hpp"
+#include "text/pieces.hpp"
+
+namespace quillonic {
+
+// As many as the system follows while it looks up one path.
+static constexpr int greatestLinkCount = 40;
+
+const VolumeNames& LookUps::identifiers() {
+  if (!identifiers_) identifiers_ = VolumeNames::identifiers();
+  return *identifiers_;
+}
+
+const VolumeNames& LookUps::labels() {
+  if (!labels_) labels_ = VolumeNames::labels();
+  return *labels_;
+}
+
+std::error_code LookUps::reach(const std::string& path) {
+  const auto prefix = path_text::folderPrefix(path);
+  const auto folder = physical(prefix, greatestLinkCount);
+  if (!folder) return folder.error();
+  const auto item = locations::inFolder(*folder, std::string_view(path).substr(prefix.size()));
+  return isAutomounted(item) ? items::systemError(std::errc::no_such_file_or_directory)
+                             : items::status(item).error();
+}
+
+// A folder with its links followed one component at a time.
+Result<std::string> LookUps::physical(std::string_view path, int linksLeft) {
+  std::string folder = "/";
+  for (auto names = text::split(path, '/'); const auto name = names.next();) {
+    if (name->empty() || *name == ".") continue;
+    if (*name == "..") {
+      folder = path_text::withoutTrailingSlashes(path_text::folderPrefix(folder));
+      continue;
+    }
+    const auto item = locations::inFolder(folder, *name);
+    auto known = physical_.find(item);
+    if (known == physical_.end())
+      known = physical_.emplace(item, physicalItem(item, folder, linksLeft)).first;
+    if (!known->second) return known->second.error();
+    folder = *known->second;
+  }
+  return folder;
+}
+
+Result<std::string> LookUps::physicalItem(const std::string& item, const std::string& folder, int linksLeft) {
+  if (isAutomounted(item)) return items::systemError(std::errc::no_such_file_or_directory);
+  const auto status = items::status(item);
+  if (!status) return status.error();
+  if (status->type == FileType::directory) return item;
+  if (status->type != FileType::symbolicLink) return items::systemError(std::errc::not_a_directory);
+  if (linksLeft == 0) return items::systemError(std::errc::too_many_symbolic_link_levels);
+  const auto text = items::linkText(item);
+  if (!text) return text.error();
+  return physical(text->starts_with('/') ? *text : locations::inFolder(folder, *text), linksLeft - 1);
+}
+
+bool LookUps::isAutomounted(const std::string& path) const {
+  const auto* mount = mounts_.withLongestMountPoint(path);
+  return mount && isAutomountKind(mount->kind);
+}
+
+const LookUps::Listing& LookUps::listing(const std::string& folder) {
+  auto known = listings_.find(folder);
+  if (known == listings_.end()) known = listings_.emplace(folder, listed(folder)).first;
+  return known->second;
+}
+
+LookUps::Listing LookUps::listed(const std::string& folder) {
+  const auto path = physical(folder, greatestLinkCount);
+  const auto opened = path ? items::Folder::open(*path) : path.error();
+  const auto found = opened ? items::entries(*opened) : opened.error();
+  if (!found) return {{}, found.error()};
+  Listing listing;
+  for (const auto& entry : *found) listing.entries.push_back({text::foldedName(entry.name), entry.name});
+  std::ranges::stable_sort(listing.entries, {}, &Entry::folded);
+  return listing;
+}
+
+}  // namespace quillonic

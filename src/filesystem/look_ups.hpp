@@ -1,0 +1,54 @@
+// Looking for items where nothing may be mounted. Several searches share what was found out.
+#pragma once
+
+#include <quillonic/platform/mount_table.hpp>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/volume_names.hpp"
+#include "support/result.hpp"
+
+namespace quillonic {
+
+// Lists each folder and follows each link once, so that many searches in the same folders take linear time; sees
+// nothing of what changes there later.
+class LookUps {
+ public:
+  const MountTable& mounts() const noexcept { return mounts_; }
+  const VolumeNames& identifiers();
+  const VolumeNames& labels();
+
+  // No error where an item is at an absolute path; does not follow a final link. Wakes no automounter: what is below
+  // its folder, by the path or through a link in it, counts as missing.
+  std::error_code reach(const std::string& path);
+
+  struct Entry {
+    std::string folded;
+    std::string name;
+  };
+  // Ascending by their folded names; the first in byte order of equal ones comes first.
+  struct Listing {
+    std::vector<Entry> entries;
+    std::error_code error;
+  };
+  const Listing& listing(const std::string& folder);
+
+ private:
+  Result<std::string> physical(std::string_view path, int linksLeft);
+  Result<std::string> physicalItem(const std::string& item, const std::string& folder, int linksLeft);
+  bool isAutomounted(const std::string& path) const;
+  Listing listed(const std::string& folder);
+
+  MountTable mounts_ = MountTable::current();
+  std::optional<VolumeNames> identifiers_;
+  std::optional<VolumeNames> labels_;
+  std::unordered_map<std::string, Listing> listings_;
+  std::unordered_map<std::string, Result<std::string>> physical_;
+};
+
+}  // namespace quillonic
