@@ -8,6 +8,7 @@
 
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
+#include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
 #include "platform/volume_names.hpp"
@@ -26,7 +27,20 @@ AliasFile::Properties targetProperties(const std::string& name, FileType type, b
   if (isVolume) flags |= AliasFile::volume;
   if (name.starts_with('.')) flags |= AliasFile::hidden;
   if (isAlias) flags |= AliasFile::alias;
-  return {flags, 0x21F | AliasFile::hidden | AliasFile::alias};
+  constexpr std::uint64_t known = AliasFile::regularFile | AliasFile::directory | AliasFile::symbolicLink |
+                                  AliasFile::volume | AliasFile::hidden | AliasFile::alias;
+  return {flags, known};
+}
+
+// Whether the device is built in or can be taken out is not known.
+AliasFile::Properties volumeProperties(const Mount& mount) {
+  AliasFile::Properties properties{.flags = 0, .mask = AliasFile::readOnly};
+  if (mount.isReadOnly) properties.flags |= AliasFile::readOnly;
+  if (const auto isNetwork = isNetworkVolume(mount)) {
+    properties.mask |= AliasFile::local;
+    if (!*isNetwork) properties.flags |= AliasFile::local;
+  }
+  return properties;
 }
 
 // Identifiers are digits of a base up to 36.
@@ -54,9 +68,7 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
     if (!file.volumeName) file.volumeName = point == "/" ? point : mount->mountPoint.filename().native();
     file.volumeUUID = VolumeNames::identifiers().of(*mount);
     if (file.volumeUUID) std::ranges::transform(*file.volumeUUID, file.volumeUUID->begin(), upperCased);
-    std::uint64_t flags = AliasFile::local;
-    if (mount->isReadOnly) flags |= AliasFile::readOnly;
-    file.volumeProperties = AliasFile::Properties{flags, 0x100013EF};
+    file.volumeProperties = volumeProperties(*mount);
   }
   const auto type = link_types::typeOf(targetPath, status);
   file.targetProperties = targetProperties(target.name, status.type,

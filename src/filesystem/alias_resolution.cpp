@@ -226,27 +226,36 @@ class Resolution {
   std::error_code obstacle_;
 };
 
+// Reads an alias file; a relative path counts from the folder, if any.
+Result<AliasFile> read(const std::string& item, const items::Folder* folder) {
+  // No device is opened, and of a clip no more is read than shows that it is one.
+  const auto status = items::status(item, folder);
+  if (!status) return status.error();
+  const bool couldBe = status->type == FileType::regular && status->size <= AliasFile::greatestSize;
+  const auto mark = couldBe ? items::firstBytes(item, AliasFile::markSize, folder) : std::string();
+  if (!mark) return mark.error();
+  if (!AliasFile::isAliasFile(*mark)) return FilePathAttributeGenerationError::notAnAliasFile;
+  const auto bytes = items::firstBytes(item, AliasFile::greatestSize, folder);
+  if (!bytes) return bytes.error();
+  auto alias = AliasFile::fromBytes(*bytes);
+  if (!alias) return FilePathAttributeGenerationError::malformedAliasFile;
+  return *std::move(alias);
+}
+
 }  // namespace
 
 Result<std::string> aliasTarget(const std::string& aliasFile) {
+  const auto alias = read(aliasFile, nullptr);
+  const auto place = alias ? locations::placeOf(aliasFile) : alias.error();
+  if (!place) return place.error();
   LookUps lookUps;
-  return aliasTarget(aliasFile, lookUps);
+  return Resolution(*alias, place->path(), lookUps).target();
 }
 
-Result<std::string> aliasTarget(const std::string& aliasFile, LookUps& lookUps) {
-  // No device is opened, and of a clip no more is read than shows that it is one.
-  const auto status = items::status(aliasFile);
-  if (!status) return status.error();
-  const bool couldBe = status->type == FileType::regular && status->size <= AliasFile::greatestSize;
-  const auto mark = couldBe ? items::firstBytes(aliasFile, AliasFile::markSize) : std::string();
-  if (!mark) return mark.error();
-  if (!AliasFile::isAliasFile(*mark)) return FilePathAttributeGenerationError::notAnAliasFile;
-  const auto bytes = items::firstBytes(aliasFile, AliasFile::greatestSize);
-  if (!bytes) return bytes.error();
-  const auto alias = AliasFile::fromBytes(*bytes);
-  if (!alias) return FilePathAttributeGenerationError::malformedAliasFile;
-  const auto place = locations::placeOf(aliasFile);
-  return place ? Resolution(*alias, place->path(), lookUps).target() : place.error();
+Result<std::string> aliasTargetIn(const items::Folder& folder, const std::string& name, std::string path,
+                                  LookUps& lookUps) {
+  const auto alias = read(name, &folder);
+  return alias ? Resolution(*alias, std::move(path), lookUps).target() : alias.error();
 }
 
 }  // namespace quillonic

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "filesystem/look_ups.hpp"
+#include "platform/items.hpp"
 #include "support/result.hpp"
 
 namespace quillonic {
@@ -12,7 +13,9 @@ namespace quillonic {
 // where nothing is found: `aliasTargetNotFound`, or what kept one of the places from being looked at.
 Result<std::string> aliasTarget(const std::string& aliasFile);
 
-// One of many resolutions.
-Result<std::string> aliasTarget(const std::string& aliasFile, LookUps& lookUps);
+// One of many resolutions, for an alias file by its name in a folder. Its path is absolute, and no part of it
+// a link.
+Result<std::string> aliasTargetIn(const items::Folder& folder, const std::string& name, std::string path,
+                                  LookUps& lookUps);
 
 }  // namespace quillonic

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "filesystem/alias_resolution.hpp"
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
@@ -54,8 +55,9 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
 LinkDetails linkDetails(const std::string& item, const items::Status& status) {
   if (status.type == FileType::symbolicLink) return symbolicLinkDetails(item);
   LinkDetails details;
-  details.type = link_types::loggedTypeOf(item, status);
-  if (details.type == ReferenceLinkType::aliasReference) details.target = link_types::loggedAliasTarget(item);
+  details.type = link_types::logged(link_types::typeOf(item, status), item);
+  if (details.type == ReferenceLinkType::aliasReference)
+    details.target = link_types::loggedTarget(aliasTarget(item), item);
   return details;
 }
 

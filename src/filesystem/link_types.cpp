@@ -3,7 +3,7 @@
 #include <quillonic/filesystem/alias_file.hpp>
 #include <quillonic/platform/logging.hpp>
 
-#include "filesystem/alias_resolution.hpp"
+#include <utility>
 
 namespace quillonic::link_types {
 namespace {
@@ -16,10 +16,11 @@ bool couldBeAlias(const items::Status& status) noexcept {
 
 }  // namespace
 
-Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status) {
+Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status,
+                                 const items::Folder* folder) {
   if (status.type == FileType::symbolicLink) return ReferenceLinkType::softSymbolicReference;
   if (couldBeAlias(status)) {
-    const auto mark = items::firstBytes(item, AliasFile::markSize);
+    const auto mark = items::firstBytes(item, AliasFile::markSize, folder);
     if (!mark) return mark.error();
     if (AliasFile::isAliasFile(*mark)) return ReferenceLinkType::aliasReference;
   }
@@ -32,16 +33,14 @@ Result<ReferenceLinkType> typeOf(const std::string& item) {
   return status ? typeOf(item, *status) : status.error();
 }
 
-std::optional<ReferenceLinkType> loggedTypeOf(const std::string& item, const items::Status& status) {
-  const auto type = typeOf(item, status);
+std::optional<ReferenceLinkType> logged(const Result<ReferenceLinkType>& type, const std::string& item) {
   if (type) return *type;
-  VantiroLogging::defaultLogger()->logWarning("Failed to discover the link type of file '" + item +
+  VantiroLogging::defaultLogger()->logWarning("RLTOI-Failed to discover the link type of file '" + item +
                                               "' with error " + type.error().message());
   return std::nullopt;
 }
 
-std::optional<std::string> loggedAliasTarget(const std::string& aliasFile) {
-  auto target = aliasTarget(aliasFile);
+std::optional<std::string> loggedTarget(Result<std::string> target, const std::string& aliasFile) {
   if (!target) {
     VantiroLogging::defaultLogger()->logWarning("Failed to resolve alias for file '" + aliasFile +
                                                 "' with error " + target.error().message());

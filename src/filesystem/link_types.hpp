@@ -12,20 +12,21 @@
 namespace quillonic::link_types {
 
 // Fails where a file that could be an alias cannot be opened.
-Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status);
+Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status,
+                                 const items::Folder* folder = nullptr);
 
 // For an item without a known status.
 Result<ReferenceLinkType> typeOf(const std::string& item);
 
-// Logs a failure.
-std::optional<ReferenceLinkType> loggedTypeOf(const std::string& item, const items::Status& status);
+// The value; logs an error of the item.
+std::optional<ReferenceLinkType> logged(const Result<ReferenceLinkType>& type, const std::string& item);
 
 // Whether links of a kind have a target.
 constexpr bool leadsElsewhere(ReferenceLinkType type) noexcept {
   return type == ReferenceLinkType::softSymbolicReference || type == ReferenceLinkType::aliasReference;
 }
 
-// The target of an alias file. Logs where it is not found.
-std::optional<std::string> loggedAliasTarget(const std::string& aliasFile);
+// The value; logs an error of the alias file.
+std::optional<std::string> loggedTarget(Result<std::string> target, const std::string& aliasFile);
 
 }  // namespace quillonic::link_types

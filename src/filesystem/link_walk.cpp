@@ -1,13 +1,14 @@
 #include <quillonic/filesystem/link_walk.hpp>
 #include <quillonic/platform/logging.hpp>
 
-#include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
 #include <vector>
 
+#include "filesystem/alias_resolution.hpp"
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
@@ -17,39 +18,51 @@ namespace {
 
 using std::filesystem::path;
 
-// Walks folders without following links and calls the block with each link and its target.
+// Walks folders without following links and calls the block with each link and its target. Descends from
+// folder to folder by descriptors: no path is too long, and a folder that is swapped for a link does not lead
+// outside.
 class LinkWalk {
  public:
-  using Block = FunctionRef<void(const path& link, const path& target, bool& stop)>;
+  LinkWalk(LinkPairBlock block, FunctionRef<bool()> shouldStop) : block_(block), shouldStop_(shouldStop) {}
 
-  explicit LinkWalk(Block block) : block_(block) {}
-
-  // Whether every folder was read, until the block stopped the walk.
+  // Whether every folder was read, until the walk was stopped.
   bool walk(const path& root) {
-    const auto shownRoot = locations::standardizedItem(locations::itself(root));
-    const auto physicalRoot = shownRoot ? items::canonical(*shownRoot) : shownRoot.error();
-    if (!physicalRoot) {
-      missFolder(root, physicalRoot.error());
+    const auto shown = locations::standardizedItem(locations::itself(root));
+    const auto physical = shown ? items::canonical(*shown) : shown.error();
+    if (!physical) {
+      missFolder(root, physical.error());
       return false;
     }
-    // Folders still to be visited, the next one last.
-    std::vector<Visit> pending{{*shownRoot, *physicalRoot}};
-    while (!pending.empty() && !stop_) {
-      const auto visit = std::move(pending.back());
-      pending.pop_back();
-      const auto first = static_cast<std::ptrdiff_t>(pending.size());
-      visitFolder(visit, pending);
-      std::reverse(pending.begin() + first, pending.end());
+    visit(*shown, *physical, items::Folder::open(*physical));
+    while (!levels_.empty() && !stop_) {
+      auto& level = levels_.back();
+      if (level.next == level.folders.size()) {
+        leave();
+        continue;
+      }
+      const auto& name = level.folders[level.next++];
+      visit(locations::inFolder(level.shown, name), locations::inFolder(level.physical, name),
+            items::Folder::open(name, &*level.folder));
     }
     return isComplete_;
   }
 
  private:
-  // A folder as the caller sees it, and with its links followed.
-  struct Visit {
+  // A folder on the way from the root to where the walk is.
+  struct Level {
+    // Its path as the caller sees it, and with its links followed.
     std::string shown;
     std::string physical;
+    // Absent while the walk is far below.
+    std::optional<items::Folder> folder;
+    items::Status status;
+    // Its folders, and which of them is to be visited next.
+    std::vector<std::string> folders;
+    std::size_t next = 0;
   };
+
+  // More levels than trees have; each takes a descriptor.
+  static constexpr std::size_t greatestOpenLevelCount = 64;
 
   void missFolder(const std::string& folder, std::error_code error) {
     isComplete_ = false;
@@ -57,68 +70,103 @@ class LinkWalk {
                                                 error.message());
   }
 
-  void visitFolder(const Visit& visit, std::vector<Visit>& pending) {
-    const auto folder = items::Folder::open(visit.physical);
+  void visit(const std::string& shown, const std::string& physical, Result<items::Folder> folder) {
     const auto entries = folder ? items::entries(*folder) : folder.error();
-    if (!entries) return missFolder(visit.shown, entries.error());
+    if (!entries) return missFolder(shown, entries.error());
+    if (levels_.size() >= greatestOpenLevelCount) close(levels_[levels_.size() - greatestOpenLevelCount]);
+    auto& level = levels_.emplace_back(Level{shown, physical, *std::move(folder), {}, {}, 0});
     // Parsed once and not for each link.
-    path link = path(visit.shown) / "link";
+    path link = path(shown) / "link";
     for (const auto& entry : *entries) {
-      auto type = entry.type;
-      items::Status status;
-      if (type == FileType::unknown || type == FileType::regular) {
-        const auto known = items::status(entry.name, &*folder);
-        if (!known) {
-          // What went away since the folder was read is not missed.
-          const auto error = known.error();
-          if (error != std::errc::no_such_file_or_directory) missFolder(visit.shown, error);
-          continue;
-        }
-        status = *known;
-        type = status.type;
+      if (stop_ || shouldStop_()) {
+        stop_ = true;
+        return;
       }
-      std::optional<std::string> target;
-      if (type == FileType::directory) {
-        pending.push_back(
-            {locations::inFolder(visit.shown, entry.name), locations::inFolder(visit.physical, entry.name)});
-      } else if (type == FileType::symbolicLink) {
-        target = symbolicTarget(*folder, visit.physical, entry.name);
-      } else if (type == FileType::regular) {
-        target = aliasTarget(locations::inFolder(visit.physical, entry.name), status);
+      if (auto target = targetOf(level, entry)) {
+        block_(link.replace_filename(entry.name), *std::move(target), stop_);
       }
-      if (!target) continue;
-      block_(link.replace_filename(entry.name), *std::move(target), stop_);
-      if (stop_) return;
     }
   }
 
-  static std::optional<std::string> symbolicTarget(const items::Folder& folder, const std::string& path,
-                                                   const std::string& name) {
-    const auto text = items::linkText(name, &folder);
-    auto target = text ? locations::destination(path, true, *text) : text.error();
+  // The target of an entry that is a link. Notes the folders.
+  std::optional<std::string> targetOf(Level& level, const items::Entry& entry) {
+    auto type = entry.type;
+    items::Status status;
+    if (type == FileType::unknown || type == FileType::regular) {
+      const auto known = items::status(entry.name, &*level.folder);
+      if (!known) {
+        // What went away since the folder was read is not missed.
+        const auto error = known.error();
+        if (error != std::errc::no_such_file_or_directory) missFolder(level.shown, error);
+        return std::nullopt;
+      }
+      status = *known;
+      type = status.type;
+    }
+    if (type == FileType::directory) level.folders.push_back(entry.name);
+    if (type == FileType::symbolicLink) return symbolicTarget(level, entry.name);
+    return type == FileType::regular ? aliasTarget(level, entry.name, status) : std::nullopt;
+  }
+
+  static std::optional<std::string> symbolicTarget(const Level& level, const std::string& name) {
+    const auto text = items::linkText(name, &*level.folder);
+    auto target = text ? locations::destination(level.physical, true, *text) : text.error();
     if (!target) {
       VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
     }
     return std::move(target).asOptional();
   }
 
-  std::optional<std::string> aliasTarget(const std::string& item, const items::Status& status) {
-    const auto type = link_types::loggedTypeOf(item, status);
+  std::optional<std::string> aliasTarget(const Level& level, const std::string& name,
+                                         const items::Status& status) {
+    const auto item = locations::inFolder(level.physical, name);
+    const auto type = link_types::logged(link_types::typeOf(name, status, &*level.folder), item);
     if (!type) isComplete_ = false;
-    return type == ReferenceLinkType::aliasReference ? link_types::loggedAliasTarget(item) : std::nullopt;
+    if (type != ReferenceLinkType::aliasReference) return std::nullopt;
+    return link_types::loggedTarget(aliasTargetIn(*level.folder, name, item, lookUps_), item);
   }
 
-  Block block_;
+  static void close(Level& level) {
+    if (!level.folder) return;
+    level.status = items::status(".", &*level.folder).value_or({});
+    level.folder.reset();
+  }
+
+  // Goes back to the folder above, which may have to be opened again.
+  void leave() {
+    const auto left = std::move(levels_.back());
+    levels_.pop_back();
+    if (levels_.empty() || levels_.back().folder) return;
+    auto& level = levels_.back();
+    auto above = left.folder ? items::Folder::open("..", &*left.folder)
+                             : items::systemError(std::errc::no_such_file_or_directory);
+    const auto status = above ? items::status(".", &*above) : above.error();
+    if (status && status->device == level.status.device && status->inode == level.status.inode) {
+      level.folder.emplace(*std::move(above));
+    } else if (level.next != level.folders.size()) {
+      missFolder(level.shown,
+                 status ? items::systemError(std::errc::no_such_file_or_directory) : status.error());
+      level.next = level.folders.size();
+    }
+  }
+
+  LinkPairBlock block_;
+  FunctionRef<bool()> shouldStop_;
+  LookUps lookUps_;
+  std::vector<Level> levels_;
   bool stop_ = false;
   bool isComplete_ = true;
 };
 
 }  // namespace
 
-bool enumerateLinkFileDereferencePairs(
-    const path& inDirectory,
-    FunctionRef<void(const path& link, const path& target, bool& stop)> didFindPair) {
-  return LinkWalk(didFindPair).walk(inDirectory);
+bool enumerateLinkFileDereferencePairs(const path& inDirectory, LinkPairBlock didFindPair) {
+  return enumerateLinkFileDereferencePairs(inDirectory, didFindPair, [] { return false; });
+}
+
+bool enumerateLinkFileDereferencePairs(const path& inDirectory, LinkPairBlock didFindPair,
+                                       FunctionRef<bool()> shouldStop) {
+  return LinkWalk(didFindPair, shouldStop).walk(inDirectory);
 }
 
 }  // namespace quillonic

@@ -15,16 +15,16 @@
 
 namespace quillonic {
 
-// Lists each folder and follows each link once, so that many searches in the same folders take linear time; sees
-// nothing of what changes there later.
+// Lists each folder and follows each link once, so that many searches in the same folders take linear time;
+// sees nothing of what changes there later.
 class LookUps {
  public:
   const MountTable& mounts() const noexcept { return mounts_; }
   const VolumeNames& identifiers();
   const VolumeNames& labels();
 
-  // No error where an item is at an absolute path; does not follow a final link. Wakes no automounter: what is below
-  // its folder, by the path or through a link in it, counts as missing.
+  // No error where an item is at an absolute path; does not follow a final link. Wakes no automounter: what
+  // is below its folder, by the path or through a link in it, counts as missing.
   std::error_code reach(const std::string& path);
 
   struct Entry {

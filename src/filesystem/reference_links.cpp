@@ -72,7 +72,9 @@ Result<std::string> finalTarget(std::string item, ReferenceLinkType type) {
 }  // namespace
 
 std::optional<ReferenceLinkType> referenceLinkTypeOfItem(const path& atURL) {
-  return typeOf(itself(atURL)).asOptional();
+  const auto item = itself(atURL);
+  const auto status = items::status(item);
+  return status ? link_types::logged(typeOf(item, *status), item) : std::nullopt;
 }
 
 ReferenceLinkType filePathLinkType(const path& fileAt) {

@@ -15,11 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isNetworkVolume(const Mount& mount) {
-  // A program may not name its kind; then only the address shows it.
-  return isNetworkKind(mount.kind) || (mount.kind == "fuse" && mount.source.find("://") != std::string::npos);
-}
-
 std::optional<std::string> attribute(const fs::path& device, const char* name) {
   const auto contents = contentsOfFile(device / name);
   if (!contents) return std::nullopt;
@@ -83,7 +78,7 @@ void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
 DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::path& deviceTree) {
   DiskDescriptionDictionary description{{"DAVolumePath", mount.mountPoint},
                                         {"DAVolumeKind", mount.kind},
-                                        {"DAVolumeNetwork", isNetworkVolume(mount)}};
+                                        {"DAVolumeNetwork", isNetworkVolume(mount).value_or(false)}};
   const auto block = deviceOf(mount);
   const auto number = std::to_string(block.major) + ":" + std::to_string(block.minor);
   const auto device = deviceTree / "dev/block" / number;

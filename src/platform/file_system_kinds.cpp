@@ -129,9 +129,13 @@ const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) 
   return rowOf(kinds, true, isIt);
 }
 
-bool isNetworkKind(std::string_view mountedKind) noexcept {
-  const auto* kind = kindNamed(withoutServer(mountedKind), either);
-  return kind && kind->isNetwork;
+std::optional<bool> isNetworkVolume(const Mount& mount) noexcept {
+  if (const auto* kind = kindNamed(withoutServer(mount.kind), either)) return kind->isNetwork;
+  // Without a known name the address or the device shows it.
+  const bool isServedByProgram = mount.kind.starts_with("fuse");
+  if (mount.kind == "fuse" && mount.source.find("://") != std::string::npos) return true;
+  if (isServedByProgram && mount.deviceMajor == 0 && !mount.source.starts_with("/dev/")) return std::nullopt;
+  return false;
 }
 
 bool isAutomountKind(std::string_view mountedKind) noexcept {

@@ -52,8 +52,8 @@ struct FileSystemKind {
 const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept;
 const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) noexcept;
 
-// By the name in the mount table alone, whatever serves the volume.
-bool isNetworkKind(std::string_view mountedKind) noexcept;
+// Whether another machine serves a volume; nothing where a program may have it from anywhere.
+std::optional<bool> isNetworkVolume(const Mount& mount) noexcept;
 bool isAutomountKind(std::string_view mountedKind) noexcept;
 
 // What "fuse" and "fuseblk" volumes report as their kind.

@@ -33,6 +33,8 @@ TEST(AliasCreation, RecordsWhatAResolverNeeds) {
   EXPECT_EQ(alias.relativeDirsUp, 2);
   EXPECT_EQ(alias.relativeDirsDown, 3);
   EXPECT_EQ(alias.targetProperties->flags, AliasFile::regularFile);
+  EXPECT_EQ(alias.volumeProperties,
+            (AliasFile::Properties{AliasFile::local, AliasFile::local | AliasFile::readOnly}));
   EXPECT_EQ(alias.creationOptions, 1024);
   EXPECT_EQ(alias.displayName, target.filename());
   EXPECT_EQ(alias.volumePath, FileManager().getUniqueDrives(std::array{target}).at(0));

@@ -176,7 +176,7 @@ TEST(ReferenceLinks, IntoAClosedFolderFail) {
     EXPECT_EQ(pairs, 2);
     // The system's own words, in the language that the process has set.
     const auto denied = " with error " + std::generic_category().message(EACCES);
-    EXPECT_THAT(log.lines(), testing::Contains("warning: Failed to discover the link type of file '" +
+    EXPECT_THAT(log.lines(), testing::Contains("warning: RLTOI-Failed to discover the link type of file '" +
                                                secret.native() + "'" + denied));
     EXPECT_EQ(log.lines().back(), "warning: ELFDP-Failed to read folder: " + closed.native() + denied);
   });
@@ -301,6 +301,46 @@ TEST(LinkFileDereferencePairs, AreFoundBelowAFolderAndNotBehindLinks) {
   EXPECT_EQ(log.lines().size(), 2U);
   EXPECT_EQ(pairsIn(folder / "tree", 3), first);
   EXPECT_EQ(pairsIn(folder / "missing", 1), "");
+}
+
+// A tree that no path reaches the bottom of: two folders and a link in each.
+TEST(LinkFileDereferencePairs, AreFoundAtAnyDepth) {
+  const TemporaryFolder folder;
+  constexpr int depth = 100;
+  const std::string name(100, 'n');
+  int place = open(folder.path().c_str(), O_PATH | O_CLOEXEC);
+  for (int level = 0; level < depth; ++level) {
+    ASSERT_EQ(mkdirat(place, "z", 0755) + mkdirat(place, name.c_str(), 0755), 0);
+    ASSERT_EQ(symlinkat("target", place, "z/link"), 0);
+    const int below = openat(place, name.c_str(), O_PATH | O_CLOEXEC);
+    close(std::exchange(place, below));
+  }
+  close(place);
+  int found = 0;
+  const auto count = [&](const path&, const path& target, bool&) {
+    ++found;
+    EXPECT_TRUE(target.native().ends_with("/z/target"));
+  };
+  EXPECT_TRUE(enumerateLinkFileDereferencePairs(folder.path(), count));
+  EXPECT_EQ(found, depth);
+  EXPECT_TRUE(enumerateLinkFileDereferencePairs(folder.path(), count, [] { return true; }));
+  EXPECT_EQ(found, depth);
+}
+
+TEST(LinkFileDereferencePairs, AreNotThoseOfAFolderThatIsSwappedIn) {
+  const TemporaryFolder folder;
+  folder.link("outside/b/secret", "target");
+  folder.link("tree/a/b/inner", "target");
+  folder.link("tree/a/first", "target");
+  std::string names;
+  const auto swap = [&](const path& link, const path&, bool&) {
+    names += link.filename().native() + " ";
+    if (link.filename() != "first") return;
+    rename(folder / "tree/a", folder / "moved");
+    folder.link("tree/a", folder / "outside");
+  };
+  EXPECT_TRUE(enumerateLinkFileDereferencePairs(folder / "tree", swap));
+  EXPECT_EQ(names, "first inner ");
 }
 
 // The answers are what happens when links are made.
