@@ -12,7 +12,8 @@ namespace {
 
 constexpr auto textOf = [](const FileAttributes::Entry& entry) { return entry.key.rawValue(); };
 
-// Calls the block with the two entries of each common key until the block says stop.
+// Calls the block with the two entries of each common key until the block says stop. The dictionaries must
+// not change meanwhile: a walk that calls a host's block goes over copies.
 template <class Block> void walkCommon(const FileAttributes& a, const FileAttributes& b, Block block) {
   bool stop = false;
   auto mine = a.begin();
@@ -97,20 +98,22 @@ std::optional<FileAttributes::KeyList> FileAttributes::missingEqualityAttributes
 
 void FileAttributes::correlatedEnumerateCommonKeyValueEntries(const FileAttributes& other,
                                                               CommonEntryBlock block) const {
-  walkCommon(*this, other, [&](const Entry& mine, const Entry& its, bool& stop) {
-    block(mine.key, &mine.value, &its.value, stop);
-  });
+  walkCommon(FileAttributes(*this), FileAttributes(other),
+             [&](const Entry& mine, const Entry& its, bool& stop) {
+               block(mine.key, &mine.value, &its.value, stop);
+             });
 }
 
 void FileAttributes::compare(const FileAttributes& other, MatchBlock didMatch,
                              MismatchBlock didMismatch) const {
-  walkCommon(*this, other, [&](const Entry& mine, const Entry& its, bool& stop) {
-    if (mine.value == its.value) {
-      didMatch(mine.key, mine.value, stop);
-    } else {
-      didMismatch(mine.key, mine.value, its.value, stop);
-    }
-  });
+  walkCommon(FileAttributes(*this), FileAttributes(other),
+             [&](const Entry& mine, const Entry& its, bool& stop) {
+               if (mine.value == its.value) {
+                 didMatch(mine.key, mine.value, stop);
+               } else {
+                 didMismatch(mine.key, mine.value, its.value, stop);
+               }
+             });
 }
 
 }  // namespace quillonic

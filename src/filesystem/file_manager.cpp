@@ -83,7 +83,12 @@ FileManager::FileManager(std::shared_ptr<const PlatformFileSystem> fileSystem)
     : fileSystem_(fileSystem ? std::move(fileSystem) : PlatformFileSystem::system()) {}
 
 bool FileManager::isTaken(const std::string& path) const {
-  return fileSystem_->presenceOfItem(path) == ItemPresence::present;
+  const auto presence = fileSystem_->presenceOfItem(path);
+  if (presence == ItemPresence::unknown) {
+    VantiroLogging::defaultLogger()->logWarning(
+        "QLC_FME_IT-Taken as free, since it cannot be found out whether an item exists: " + path);
+  }
+  return presence == ItemPresence::present;
 }
 
 std::filesystem::path FileManager::filePathAdjustedForCollision(const std::filesystem::path& path) const {
@@ -195,7 +200,12 @@ bool FileManager::removePathWithElevatedPermissions(std::string_view path) const
     VantiroLogging::defaultLogger()->logError(message);
     return false;
   }
-  return fileSystem_->presenceOfItem(item) != ItemPresence::present;
+  const bool isLeft = fileSystem_->presenceOfItem(item) == ItemPresence::present;
+  if (isLeft) {
+    VantiroLogging::defaultLogger()->logError(
+        std::string("QLC_FME_RIWEP-Still there after its removal was reported: ").append(path));
+  }
+  return !isLeft;
 }
 
 bool FileManager::removeItemWithElevatedPermissions(const std::filesystem::path& url) const {

@@ -12,7 +12,11 @@ class SystemFileSystem final : public PlatformFileSystem {
   ItemPresence presenceOfItem(const std::string& path) const override {
     if (path.find('\0') != std::string::npos) return ItemPresence::absent;
     struct stat item {};
-    if (::lstat(path.c_str(), &item) == 0) return ItemPresence::present;
+    int result = 0;
+    do {
+      result = ::lstat(path.c_str(), &item);
+    } while (result != 0 && errno == EINTR);
+    if (result == 0) return ItemPresence::present;
     const bool isAbsent = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
     return isAbsent ? ItemPresence::absent : ItemPresence::unknown;
   }

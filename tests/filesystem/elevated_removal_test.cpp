@@ -104,9 +104,9 @@ TEST_F(ElevatedRemovalByText, ReportsWhatTheRunnerSays) {
   EXPECT_EQ(logOfRemoving(file, false), refused);
   runner_->answer = TextDictionary{{"b", "2"}, {"a", "one two"}};
   EXPECT_EQ(logOfRemoving(file, false), failed + std::string("key: a value: one two key: b value: 2\n"));
-  // No errors, and yet the file is there.
   runner_->answer = TextDictionary{};
-  EXPECT_EQ(logOfRemoving(file, false), "");
+  EXPECT_EQ(logOfRemoving(file, false),
+            "error: QLC_FME_RIWEP-Still there after its removal was reported: FILE\n");
   runner_->fault = "gone";
   EXPECT_EQ(logOfRemoving(file, false), failed + std::string("key: exception value: gone\n"));
 }

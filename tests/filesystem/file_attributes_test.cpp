@@ -77,11 +77,13 @@ TEST(FileAttributes, CompareLikeMaps) {
         });
     EXPECT_EQ(walked, common);
     Texts seen;
+    auto changing = attributes;
     const auto see = [&](const Key& key, const char* sign, bool& stop) {
+      changing = {};
       seen.push_back(std::string(key) + sign);
       stop = seen.size() == calls;
     };
-    attributes.compare(
+    changing.compare(
         other, [&](const Key& key, const AnyValue&, bool& stop) { see(key, "=", stop); },
         [&](const Key& key, const AnyValue&, const AnyValue&, bool& stop) { see(key, "!", stop); });
     EXPECT_EQ(seen, compared);

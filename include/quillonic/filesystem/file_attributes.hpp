@@ -89,7 +89,8 @@ class QUILLONIC_EXPORT FileAttributes {
   std::optional<KeyList> missingEqualityAttributes(std::span<const FileAttributeKey> inList) const;
 
   /// Receives a common key and both values, which are never null; they live until the block returns. Setting
-  /// `stop` ends the walk after the call; so it does in the two blocks below.
+  /// `stop` ends the walk after the call. A block may change both dictionaries: the walk goes on over what
+  /// they held before. All of this holds for the two blocks below too.
   using CommonEntryBlock = FunctionRef<void(const FileAttributeKey& key, const AnyValue* value,
                                             const AnyValue* otherValue, bool& stop)>;
 

@@ -25,9 +25,10 @@ namespace quillonic {
 
 /// Keeps no state: each call asks the file system afresh, and any thread may call any operation. The four
 /// naming operations differ in their separators and first counters; each form is a fixed contract. They never
-/// fail: a name counts as free when it cannot be found out whether it is taken, as in a folder that may not
-/// be searched, and when it grows too long for the file system, so that the creation reports why. Paths keep
-/// their bytes: a relative path stays relative, and a trailing slash is ignored.
+/// fail. A name counts as free when it cannot be found out whether it is taken, as in a folder that may not
+/// be searched or on a failing disk, which is logged; and when it grows too long for the file system. Callers
+/// must create the file exclusively, so that the creation reports what is wrong. Paths keep their bytes: a
+/// relative path stays relative, and a trailing slash is ignored.
 class QUILLONIC_EXPORT FileManager {
  public:
   /// Asks the operating system.
