@@ -59,9 +59,10 @@ template <class Unsigned> std::string littleEndianBytes(Unsigned number) {
   return bytes;
 }
 
+// Towards zero: the earliest date has no whole second before it.
 double secondsOf(AnyValue::Date date) {
   const auto sinceEpoch = date.time_since_epoch();
-  const auto whole = std::chrono::floor<std::chrono::seconds>(sinceEpoch);
+  const auto whole = std::chrono::duration_cast<std::chrono::seconds>(sinceEpoch);
   return static_cast<double>(whole.count() - epoch) +
          static_cast<double>((sinceEpoch - whole).count()) / 1'000'000'000;
 }

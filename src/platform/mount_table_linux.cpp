@@ -1,3 +1,4 @@
+#include <quillonic/platform/logging.hpp>
 #include <quillonic/platform/mount_table.hpp>
 
 #include <cerrno>
@@ -38,7 +39,13 @@ Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
 }  // namespace
 
 MountTable MountTable::current() {
-  return fromText(contentsOfFile("/proc/self/mountinfo").value_or({}));
+  const auto text = contentsOfFile("/proc/self/mountinfo");
+  if (!text) {
+    VantiroLogging::defaultLogger()->logWarning("QLC_MT_C-Failed to read the mount table with error " +
+                                                text.error().message());
+    return {};
+  }
+  return fromText(*text);
 }
 
 const Mount* MountTable::holding(const std::filesystem::path& item) const {

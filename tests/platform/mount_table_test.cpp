@@ -1,7 +1,11 @@
 #include <quillonic/platform/mount_table.hpp>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/resource.h>
+
+#include "recorded_log.hpp"
 
 namespace quillonic {
 namespace {
@@ -46,6 +50,19 @@ TEST(MountTable, ComparesMountPointsByComponent) {
     EXPECT_EQ(table.withLongestMountPoint(path)->identifier, identifier) << path;
   }
   EXPECT_EQ(table.withLongestMountPoint("media/CARD"), nullptr);
+}
+
+TEST(MountTable, LogsWhenItCannotBeRead) {
+  rlimit before{};
+  getrlimit(RLIMIT_NOFILE, &before);
+  const rlimit none{0, before.rlim_max};
+  const RecordedLog log;
+  setrlimit(RLIMIT_NOFILE, &none);
+  const auto table = MountTable::current();
+  setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_TRUE(table.mounts().empty());
+  EXPECT_THAT(log.text(),
+              testing::StartsWith("warning: QLC_MT_C-Failed to read the mount table with error "));
 }
 
 // Identifiers that the system does not know stand for a system that does not report them.

@@ -53,7 +53,8 @@ class QUILLONIC_EXPORT MountTable {
  public:
   MountTable() = default;
 
-  /// Reads the system's table; one file of the process information is read. Empty where it cannot be read.
+  /// Reads the system's table; one file of the process information is read. Empty, and a warning
+  /// logged, where it cannot be read.
   static MountTable current();
 
   /// Reads a table from the text of such a file, Linux's `mountinfo`: a line per mount, with spaces, tabs,
