@@ -30,8 +30,7 @@ Result<std::string> absolutePath(const std::string& item) {
   if (item.starts_with('/')) return item;
   if (item.empty()) return items::systemError(std::errc::no_such_file_or_directory);
   const auto folder = items::workingFolder();
-  if (!folder) return FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
-  return inFolder(*folder, item);
+  return folder ? inFolder(*folder, item) : folder;
 }
 
 Result<std::string> standardized(std::string_view absolute, std::size_t physical) {

@@ -24,7 +24,7 @@ class Descriptor {
 
   explicit operator bool() const noexcept { return number_ >= 0; }
   int number() const noexcept { return number_; }
-  // Whoever takes the number closes it.
+  // Callers must close the number.
   int release() noexcept { return std::exchange(number_, -1); }
 
   // Writes may be refused as late as here.

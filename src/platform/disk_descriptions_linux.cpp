@@ -77,7 +77,7 @@ void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
 
 DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::path& deviceTree) {
   DiskDescriptionDictionary description{{"DAVolumePath", mount.mountPoint},
-                                        {"DAVolumeKind", mount.kind},
+                                        {"DAVolumeKind", trueKindOf(mount)},
                                         {"DAVolumeNetwork", isNetworkVolume(mount).value_or(false)}};
   const auto block = deviceOf(mount);
   const auto number = std::to_string(block.major) + ":" + std::to_string(block.minor);

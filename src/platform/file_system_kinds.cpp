@@ -50,9 +50,13 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     withoutLinks(local("msdos", 0x4D44, windowsNames, 2s, either)),
     withoutLinks(local("exfat", 0x2011BAB0, windowsNames, 10ms, either)),
     withoutLinks(local("exfat-fuse", 0, windowsNames, 10ms, program)),
+    withoutLinks(local("mount.exfat-fuse", 0, windowsNames, 10ms, program)),
+    withoutLinks(local("fusefat", 0, windowsNames, 2s, program)),
+    withoutLinks(local("fatfuse", 0, windowsNames, 2s, program)),
     // The older driver; what followed it holds links.
     withoutLinks(local("ntfs", 0x5346544E, windowsNames, 100ns)),
     local("ntfs", 0, windowsNames, 100ns, program),
+    local("ntfs-3g", 0, windowsNames, 100ns, program),
     local("ntfs3", 0x7366746E, windowsNames, 100ns),
     withoutLinks(local("hfs", 0x4244, macNames, 1s)),
     local("hfsplus", 0x482B, macNames, 1s),
@@ -75,6 +79,13 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     network("orangefs", kernel, {0x20030528}),
     network("pvfs2", kernel, {0x20030528}),
     network("beegfs", kernel),
+    network("beegfs_nodev", kernel),
+    network("cvfs", kernel),
+    network("gfs2", kernel, {0x01161970}),
+    network("gpfs", kernel, {0x47504653}),
+    network("ocfs2", kernel, {0x7461636F}),
+    network("panfs", kernel, {0xAAD7AAEA}),
+    network("wekafs", kernel),
     network("afpfs", program),
     network("ceph-fuse", program),
     network("cephfs", program),
@@ -83,6 +94,11 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     network("davfs2", program),
     network("gcsfuse", program),
     network("glusterfs", program),
+    network("juicefs", program),
+    network("mfs", program),
+    network("moosefs", program),
+    network("saunafs", program),
+    network("seaweedfs", program),
     network("gvfsd-fuse", program),
     network("rclone", program),
     network("s3fs", program),
@@ -122,7 +138,8 @@ const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept {
   return rowOf(kinds, true, hasMagic);
 }
 
-const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) noexcept {
+const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer server) noexcept {
+  const auto name = withoutServer(mountedKind);
   const auto isIt = [&](const FileSystemKind& kind) {
     return kind.name == name && (kind.server == server || kind.server == either || server == either);
   };
@@ -130,7 +147,7 @@ const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) 
 }
 
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept {
-  if (const auto* kind = kindNamed(withoutServer(mount.kind), either)) return kind->isNetwork;
+  if (const auto* kind = kindNamed(mount.kind, either)) return kind->isNetwork;
   // Without a known name the address or the device shows it.
   const bool isServedByProgram = mount.kind.starts_with("fuse");
   if (mount.kind == "fuse" && mount.source.find("://") != std::string::npos) return true;

@@ -48,9 +48,9 @@ struct FileSystemKind {
   bool isAutomount = false;
 };
 
-// Null for a kind about which nothing is known; most of these hold links.
+// Null for a kind about which nothing is known; most of these hold links. Names are those of the mount table.
 const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept;
-const FileSystemKind* kindNamed(std::string_view name, FileSystemServer server) noexcept;
+const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer server) noexcept;
 
 // Whether another machine serves a volume; nothing where a program may have it from anywhere.
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept;
@@ -59,8 +59,11 @@ bool isAutomountKind(std::string_view mountedKind) noexcept;
 // What "fuse" and "fuseblk" volumes report as their kind.
 inline constexpr std::uint32_t programServedMagic = 0x65735546;
 
-// The name of the kind that a program serves: "exfat" of "fuse.exfat"; for "fuseblk", which has no name,
-// from the device database or the device itself. Empty where it is not known.
-std::string programServedKind(const Mount& mount);
+// The kind of a volume: that of the mount table, or where this names no kind but "fuse" or "fuseblk", that of
+// the device database or the device itself, if any: "exfat".
+std::string trueKindOf(const Mount& mount);
+
+// What a mount's true kind is known to be, or null.
+const FileSystemKind* knownKindOf(const Mount& mount);
 
 }  // namespace quillonic

@@ -1,4 +1,7 @@
+#include <algorithm>
 #include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
 
 #include "platform/descriptor_linux.hpp"
 #include "platform/file_reading_linux.hpp"
@@ -8,18 +11,27 @@
 
 namespace quillonic {
 
-std::string programServedKind(const Mount& mount) {
-  const auto point = mount.kind.find('.');
-  if (point != std::string::npos) return mount.kind.substr(point + 1);
+std::string trueKindOf(const Mount& mount) {
+  if (mount.kind != "fuse" && mount.kind != "fuseblk") return mount.kind;
   const auto device = deviceOf(mount);
   const auto number = std::to_string(device.major) + ":" + std::to_string(device.minor);
   const auto record = contentsOfFile("/run/udev/data/b" + number).value_or({});
   if (const auto kind = text::valueInLines(record, "E:ID_FS_TYPE=")) return std::string(*kind);
-  // Whoever may read the device sees it there.
-  const Descriptor volume(
-      mount.source.starts_with('/') ? ::open(mount.source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+  // Processes that may read the device see it there. The source may be a link to it.
+  struct stat item {};
+  const bool isDevice =
+      mount.source.starts_with('/') && ::stat(mount.source.c_str(), &item) == 0 && S_ISBLK(item.st_mode);
+  const Descriptor volume(isDevice ? ::open(mount.source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
   const auto start = volume ? bytesOf(volume.number(), 11).value_or({}) : std::string();
-  return start.ends_with("EXFAT   ") ? "exfat" : "";
+  const auto name = std::string_view(start).substr(std::min<std::size_t>(start.size(), 3));
+  if (name == "EXFAT   ") return "exfat";
+  return name == "NTFS    " ? "ntfs" : mount.kind;
+}
+
+const FileSystemKind* knownKindOf(const Mount& mount) {
+  const bool isServedByProgram = mount.kind.starts_with("fuse");
+  return kindNamed(trueKindOf(mount),
+                   isServedByProgram ? FileSystemServer::program : FileSystemServer::kernel);
 }
 
 }  // namespace quillonic

@@ -31,12 +31,23 @@ struct Place {
   Descriptor opened;
   // That of what was opened.
   std::string path;
+  bool isParent = false;
 };
+
+// Whether the names in a folder are mount points, so that a missing one is that of a volume that was pulled.
+bool holdsMountPoints(std::string_view folder, const MountTable& mounts) {
+  if (const auto* mount = mounts.withLongestMountPoint(folder); mount && mount->mountPoint == folder)
+    return false;
+  const auto parent = path_text::withoutTrailingSlashes(path_text::folderPrefix(folder));
+  // Desktops give each user a folder there.
+  return folder == "/media" || folder == "/mnt" || parent == "/media" || parent == "/run/media";
+}
 
 // Opens an item, or its nearest existing parent folder, on whose volume it will be made. Does not follow a
 // final link, and nothing needs to be readable.
 Result<Place> openedPlace(std::string path) {
   Descriptor place(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+  const bool isParent = !place;
   while (!place && errno == ENOENT && !path.empty() && path != ".") {
     const auto folder = path_text::folderPrefix(path);
     // Nothing can be made below a dangling link, and which folder a ".." means is not known yet.
@@ -49,7 +60,7 @@ Result<Place> openedPlace(std::string path) {
     if (place) path += "/.";
   }
   if (!place) return lastError();
-  return Place{std::move(place), std::move(path)};
+  return Place{std::move(place), std::move(path), isParent};
 }
 
 }  // namespace
@@ -59,6 +70,12 @@ Result<LinkSupport> linkSupportAt(const std::filesystem::path& item) {
   if (path.find('\0') != std::string::npos) return items::systemError(std::errc::no_such_file_or_directory);
   const auto place = openedPlace(std::move(path));
   if (!place) return place.error();
+  if (place->isParent) {
+    const auto folder = items::canonical(place->path);
+    if (folder && holdsMountPoints(*folder, MountTable::current())) {
+      return items::systemError(std::errc::no_such_file_or_directory);
+    }
+  }
   struct statfs volume {};
   if (::fstatfs(place->opened.number(), &volume) != 0) return lastError();
 
@@ -68,7 +85,7 @@ Result<LinkSupport> linkSupportAt(const std::filesystem::path& item) {
   const bool needsMount = isServedByProgram || (kind && kind->symbolicLinks == LinkHolding::asMounted);
   const auto mounts = needsMount ? MountTable::current() : MountTable();
   const auto* mount = mounts.holding(place->path);
-  if (isServedByProgram && mount) kind = kindNamed(programServedKind(*mount), FileSystemServer::program);
+  if (isServedByProgram && mount) kind = knownKindOf(*mount);
   const auto holds = [&](LinkHolding holding) {
     return holding == LinkHolding::asMounted ? wasMountedForSymbolicLinks(mount)
                                              : holding == LinkHolding::yes;

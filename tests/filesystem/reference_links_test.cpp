@@ -129,6 +129,15 @@ TEST(ReferenceLinks, OfTheSymbolicKindHaveTheSystemsTarget) {
   EXPECT_EQ(errorOf(symbolicLinkIsRelative, folder / "absent"), std::errc::no_such_file_or_directory);
 }
 
+TEST(ReferenceLinks, FromAFolderThatWasRemovedFail) {
+  runPrivately([&] {
+    std::filesystem::current_path(TemporaryFolder().path());
+    EXPECT_EQ(errorOf(createAliasForFilePath, "item", "alias"), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(errorOf(dereferencedFilePathURL, ReferenceLinkType::notAReferenceLink, "item"),
+              std::errc::no_such_file_or_directory);
+  });
+}
+
 TEST(ReferenceLinks, AreFollowedFor40Steps) {
   const TemporaryFolder folder;
   folder.link("self", "self");
@@ -343,6 +352,10 @@ TEST(LinkFileDereferencePairs, AreNotThoseOfAFolderThatIsSwappedIn) {
   EXPECT_EQ(names, "first inner ");
 }
 
+std::vector<std::string> drivesOf(const path& item) {
+  return FileManager().getUniqueDrives({&item, 1});
+}
+
 // The answers are what happens when links are made.
 TEST(LinkSupport, IsWhatTheVolumeHolds) {
   const TemporaryFolder folder;
@@ -371,6 +384,16 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
   }
 
   runPrivately([&] {
+    // A name in a folder of mount points is that of a pulled volume, unless the folder is a volume itself.
+    const bool isMounted = drivesOf("/mnt") == std::vector<std::string>{"/mnt"};
+    const path missing[] = {"/mnt/quillonic", "/mnt/quillonic/clips/clip.mov"};
+    for (const auto& item : missing) {
+      EXPECT_EQ(errorOf(fileSystemSupportsHardLinks, item) == std::errc::no_such_file_or_directory,
+                !isMounted);
+    }
+    mountAt("/mnt");
+    for (const auto& item : missing) EXPECT_TRUE(fileSystemSupportsHardLinks(item));
+
     int mounted = 0;
     for (const std::string kind : {"tmpfs", "ramfs", "overlay", "vfat", "exfat"}) {
       const auto place = folder.folder(kind);

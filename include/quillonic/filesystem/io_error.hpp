@@ -47,7 +47,7 @@ enum class FilePathAttributeGenerationError {
   malformedAliasFile,
   /// No place that the alias file records has an item.
   aliasTargetNotFound,
-  /// A symbolic link names no place, or is relative to a working folder that is gone.
+  /// A symbolic link names no place.
   symbolicLinkTargetNotFound,
 };
 

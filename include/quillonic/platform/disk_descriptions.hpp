@@ -20,7 +20,8 @@ using DiskDescriptionDictionary = std::map<std::string, AnyValue, std::less<>>;
 /// Reads the mount table and a few small files about the device, and never the device. The keys are:
 ///
 /// - "DAVolumePath", a path: the mount point
-/// - "DAVolumeKind", a text: the kind of file system, such as "exfat"
+/// - "DAVolumeKind", a text: the kind of file system, such as "exfat"; "fuse" or "fuseblk" only where
+///   nothing more is known
 /// - "DAVolumeNetwork", a Boolean: the kind is one that another machine serves
 ///
 /// and for a volume on a block device, directly or as the single part of an encrypted or combined one, as far
