@@ -52,8 +52,10 @@ class Resolution {
       : alias_(alias), aliasPath_(std::move(aliasPath)), names_(alias.pathComponents), lookUps_(lookUps) {}
 
   Result<std::string> target() {
-    auto found = firstFound();
-    if (found) return *std::move(found);
+    if (auto found = firstFound()) {
+      const auto follow = [&](const std::string& folder) { return lookUps_.followed(folder); };
+      return locations::withFoldersFollowed(*std::move(found), follow);
+    }
     if (lookUpsLeft_ == 0) return FilePathAttributeGenerationError::malformedAliasFile;
     return obstacle_ ? obstacle_ : make_error_code(FilePathAttributeGenerationError::aliasTargetNotFound);
   }

@@ -38,7 +38,7 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
   const auto absolute = isRelative ? locations::absolutePath(item) : std::string();
   if (text && absolute) {
     const auto folder = path_text::folderPrefix(*absolute);
-    details.target = locations::destination(folder, false, *text).asOptional();
+    details.target = locations::destination(folder, false, *text, items::canonical).asOptional();
   }
   // Whether something is there is seen through the link, which takes one look however many links follow.
   if (!details.target || items::reach(item)) {

@@ -108,9 +108,10 @@ class LinkWalk {
     return type == FileType::regular ? aliasTarget(level, entry.name, status) : std::nullopt;
   }
 
-  static std::optional<std::string> symbolicTarget(const Level& level, const std::string& name) {
+  std::optional<std::string> symbolicTarget(const Level& level, const std::string& name) {
+    const auto follow = [&](const std::string& folder) { return lookUps_.followed(folder); };
     const auto text = items::linkText(name, &*level.folder);
-    auto target = text ? locations::destination(level.physical, true, *text) : text.error();
+    auto target = text ? locations::destination(level.physical, true, *text, follow) : text.error();
     if (!target) {
       VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
     }

@@ -56,12 +56,26 @@ Result<std::string> standardized(std::string_view absolute, std::size_t physical
   return result;
 }
 
-Result<std::string> standardizedItem(const std::string& item) {
-  const auto absolute = absolutePath(item);
-  return absolute ? standardized(*absolute, 0) : absolute.error();
+std::string withFoldersFollowed(std::string place,
+                                FunctionRef<Result<std::string>(const std::string&)> follow) {
+  auto prefix = path_text::folderPrefix(place);
+  while (prefix.size() > 1) {
+    if (const auto folder = follow(std::string(prefix)))
+      return inFolder(*folder, place.substr(prefix.size()));
+    prefix = path_text::folderPrefix(path_text::withoutTrailingSlashes(prefix));
+  }
+  return place;
 }
 
-Result<std::string> destination(std::string_view folder, bool physical, std::string_view text) {
+Result<std::string> standardizedItem(const std::string& item) {
+  const auto absolute = absolutePath(item);
+  auto place = absolute ? standardized(*absolute, 0) : absolute.error();
+  if (!place) return place;
+  return withFoldersFollowed(*std::move(place), items::canonical);
+}
+
+Result<std::string> destination(std::string_view folder, bool physical, std::string_view text,
+                                FunctionRef<Result<std::string>(const std::string&)> follow) {
   if (text.empty() || text.find('\0') != std::string_view::npos) {
     return FilePathAttributeGenerationError::symbolicLinkTargetNotFound;
   }
@@ -73,7 +87,8 @@ Result<std::string> destination(std::string_view folder, bool physical, std::str
     const auto error = items::reach(*place + "/");
     if (error == std::errc::not_a_directory) return error;
   }
-  return place;
+  if (!place) return place;
+  return withFoldersFollowed(*std::move(place), follow);
 }
 
 Result<Place> placeOf(const std::filesystem::path& item) {

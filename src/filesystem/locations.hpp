@@ -1,6 +1,8 @@
 // Locations as texts that the system understands: absolute, standardized, without a trailing slash.
 #pragma once
 
+#include <quillonic/support/function_ref.hpp>
+
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -33,13 +35,19 @@ Result<std::string> absolutePath(const std::string& item);
 // follows the last ".." need not exist.
 Result<std::string> standardized(std::string_view absolute, std::size_t physical);
 
-// For an item as a caller named it.
+// The links in a place's folders followed, as far as these exist and can be looked at. `follow` is that of a
+// folder. So every location is spelled in one way, however a caller or a link came to it.
+std::string withFoldersFollowed(std::string place,
+                                FunctionRef<Result<std::string>(const std::string&)> follow);
+
+// An item as a caller named it, standardized and with its folders followed.
 Result<std::string> standardizedItem(const std::string& item);
 
 // The target of a symbolic link, from its stored text. The link's folder is absolute, and `physical` says
 // that no part of it is a link. A text that ends in a slash or in "." has no target where something that is
 // no folder is at that place.
-Result<std::string> destination(std::string_view folder, bool physical, std::string_view text);
+Result<std::string> destination(std::string_view folder, bool physical, std::string_view text,
+                                FunctionRef<Result<std::string>(const std::string&)> follow);
 
 // An existing folder with its links followed, and the name in it.
 struct Place {

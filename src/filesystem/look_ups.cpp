@@ -27,14 +27,18 @@ const VolumeNames& LookUps::labels() {
 
 std::error_code LookUps::reach(const std::string& path) {
   const auto prefix = path_text::folderPrefix(path);
-  const auto folder = physical(prefix, greatestLinkCount);
+  const auto folder = followed(std::string(prefix));
   if (!folder) return folder.error();
   const auto item = locations::inFolder(*folder, std::string_view(path).substr(prefix.size()));
   return isAutomounted(item) ? items::systemError(std::errc::no_such_file_or_directory)
                              : items::status(item).error();
 }
 
-// A folder with its links followed one component at a time.
+Result<std::string> LookUps::followed(const std::string& folder) {
+  return physical(folder, greatestLinkCount);
+}
+
+// One component at a time.
 Result<std::string> LookUps::physical(std::string_view path, int linksLeft) {
   std::string folder = "/";
   for (auto names = text::split(path, '/'); const auto name = names.next();) {
@@ -77,7 +81,7 @@ const LookUps::Listing& LookUps::listing(const std::string& folder) {
 }
 
 LookUps::Listing LookUps::listed(const std::string& folder) {
-  const auto path = physical(folder, greatestLinkCount);
+  const auto path = followed(folder);
   const auto opened = path ? items::Folder::open(*path) : path.error();
   const auto found = opened ? items::entries(*opened) : opened.error();
   if (!found) return {{}, found.error()};

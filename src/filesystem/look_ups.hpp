@@ -27,6 +27,9 @@ class LookUps {
   // is below its folder, by the path or through a link in it, counts as missing.
   std::error_code reach(const std::string& path);
 
+  // An absolute folder with its links followed; wakes no automounter either.
+  Result<std::string> followed(const std::string& folder);
+
   struct Entry {
     std::string folded;
     std::string name;

@@ -29,7 +29,7 @@ Result<std::string> symbolicTarget(const std::string& link) {
   const auto text = items::linkText(link);
   const auto absolute = text ? locations::absolutePath(link) : text.error();
   if (!absolute) return absolute.error();
-  return locations::destination(path_text::folderPrefix(*absolute), false, *text);
+  return locations::destination(path_text::folderPrefix(*absolute), false, *text, items::canonical);
 }
 
 // The target of a link of a kind, one step away.

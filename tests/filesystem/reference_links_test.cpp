@@ -105,7 +105,8 @@ TEST(ReferenceLinks, OfTheSymbolicKindHaveTheSystemsTarget) {
     ++leading;
     const auto target = standardizedDestinationOfSymbolicLink(link);
     ASSERT_TRUE(std::filesystem::equivalent(target, link)) << link << " " << text << " " << target;
-    ASSERT_EQ(target, target.lexically_normal());
+    // One item has one spelling: its folders are no links.
+    ASSERT_EQ(target.parent_path(), canonical(target.parent_path())) << text;
     ASSERT_EQ(dereferencedFilePathURL(ReferenceLinkType::softSymbolicReference, link), target);
     ASSERT_EQ(followed(link), std::filesystem::is_symlink(target) ? followed(target) : target) << text;
     ASSERT_FALSE(std::filesystem::is_symlink(followed(link)));
@@ -308,6 +309,11 @@ TEST(LinkFileDereferencePairs, AreFoundBelowAFolderAndNotBehindLinks) {
     EXPECT_EQ(pairsIn(folder / root, 100), first + "b/c/alias: tree/b/file\nb/c/loop: tree/b\n");
   }
   EXPECT_EQ(log.lines().size(), 2U);
+  for (const auto* link : {"entry/b/up", "entry/b/c/loop", "entry/b/c/alias"}) {
+    const auto target = expandedAttributesOfItem(folder / link)->value<path>(Key::referencedFileSystemURL);
+    EXPECT_TRUE(target.value().native().starts_with((folder / "tree/b").native())) << link;
+    EXPECT_EQ(dereferencedFilePathURL(filePathLinkType(folder / link), folder / link), target);
+  }
   EXPECT_EQ(pairsIn(folder / "tree", 3), first);
   EXPECT_EQ(pairsIn(folder / "missing", 1), "");
 }

@@ -21,7 +21,7 @@ namespace quillonic {
 /// `isLinkFilePath` of a small file that may not be opened. A symbolic link to nothing is logged too, but has
 /// its `referencedFileSystemURL` where its target names a location. The modification date is the only date
 /// that can be set on a copy; a copy has its own creation date. Takes one system call per item; for a
-/// symbolic link three, and more where its target goes back by ".." after a link. Opens a regular file of 16
+/// symbolic link three, and one per folder of its target. Opens a regular file of 16
 /// bytes to 64 MiB, and reads 16 bytes of it, to see whether it is an alias; its access time stays where the
 /// process owns the file or is root.
 QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);

@@ -6,8 +6,10 @@
 /// component, even with a trailing slash; relative paths count from the working folder. Operations that throw
 /// throw a `std::system_error`: the platform's error unchanged, or a `FilePathAttributeGenerationError` where
 /// the platform reports none. A returned location is absolute and standardized: no ".", no "..", no doubled
-/// slash. A ".." is taken from the folder that is really meant, also after a link to a folder; after what is
-/// no folder it names nothing, as for the platform.
+/// slash, and no link among its folders as far as these exist, so that each item has one spelling and callers
+/// can test whether it is inside a folder, by the folder's canonical path. A ".." is taken from the folder
+/// that is really meant, also after a link to a folder; after what is no folder it names nothing, as for the
+/// platform.
 ///
 /// A link to nothing is not a link that cannot be read: the first is an answer, the second an error. A link
 /// is one to nothing where the platform's lookup says ENOENT or ENOTDIR, and where no place that an alias
