@@ -6,8 +6,8 @@
 #include "filesystem/locations.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
-#include "text/name_folding.hpp"
 #include "platform/path_text.hpp"
+#include "text/name_folding.hpp"
 #include "text/pieces.hpp"
 
 namespace quillonic {

@@ -6,8 +6,8 @@
 #include "platform/descriptor_linux.hpp"
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
-#include "text/pieces.hpp"
 #include "platform/volume_names.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic {
 
