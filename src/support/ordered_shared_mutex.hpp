@@ -2,7 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
 #include <cstdint>
+#include <mutex>
 
 namespace quillonic {
 
@@ -12,9 +14,6 @@ namespace quillonic {
 // it in turn, and none of them can leave first: a count that has reached the awaited number tells that just
 // those ahead have left, and stays there until the waiting thread has left as well. Counts may wrap, since they
 // are compared for equality only.
-//
-// The standard library looks sleepers up in a table, and every shared library may have its own copy of that: all threads
-// that use one mutex must run the same binary's code, so this header stays private.
 class OrderedSharedMutex {
  public:
   OrderedSharedMutex() = default;
@@ -37,17 +36,25 @@ class OrderedSharedMutex {
   }
 
  private:
-  // As wide as what the system can wait on.
   using Count = std::atomic<std::uint32_t>;
 
-  static void await(const Count& count, std::uint64_t ahead) noexcept {
+  // Sleeps on a condition variable and not on the count: the standard library's wait for an atomic first hands the
+  // processor on, and a busy program then keeps it for milliseconds.
+  void await(const Count& count, std::uint64_t ahead) noexcept {
     const auto awaited = static_cast<std::uint32_t>(ahead);
-    for (auto now = count.load(); now != awaited; now = count.load()) count.wait(now);
+    if (count == awaited) return;
+    std::unique_lock guard(sleepersMutex_);
+    ++sleepers_;
+    hasLeft_.wait(guard, [&] { return count == awaited; });
+    --sleepers_;
   }
 
-  static void leave(Count& count) noexcept {
+  void leave(Count& count) noexcept {
     ++count;
-    count.notify_all();
+    // A thread that is not counted yet sees the new count before it sleeps.
+    if (sleepers_ == 0) return;
+    { const std::lock_guard counted(sleepersMutex_); }  // one that is counted sleeps by now
+    hasLeft_.notify_all();
   }
 
   static constexpr std::uint64_t oneWriter = 1;
@@ -58,6 +65,9 @@ class OrderedSharedMutex {
   std::atomic<std::uint64_t> arrived_{first * oneReader + first * oneWriter};  // readers above, writers below
   Count writersLeft_{first};
   Count readersLeft_{first};
+  Count sleepers_{0};
+  std::mutex sleepersMutex_;
+  std::condition_variable hasLeft_;
 };
 
 }  // namespace quillonic
