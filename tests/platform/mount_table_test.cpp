@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/resource.h>
 
+#include "private_process.hpp"
 #include "recorded_log.hpp"
 
 namespace quillonic {
@@ -53,16 +53,13 @@ TEST(MountTable, ComparesMountPointsByComponent) {
 }
 
 TEST(MountTable, LogsWhenItCannotBeRead) {
-  rlimit before{};
-  getrlimit(RLIMIT_NOFILE, &before);
-  const rlimit none{0, before.rlim_max};
-  const RecordedLog log;
-  setrlimit(RLIMIT_NOFILE, &none);
-  const auto table = MountTable::current();
-  setrlimit(RLIMIT_NOFILE, &before);
-  EXPECT_TRUE(table.mounts().empty());
-  EXPECT_THAT(log.text(),
-              testing::StartsWith("warning: QLC_MT_C-Failed to read the mount table with error "));
+  runPrivately([] {
+    const RecordedLog log;
+    mountAt("/proc");
+    EXPECT_TRUE(MountTable::current().mounts().empty());
+    EXPECT_THAT(log.text(),
+                testing::StartsWith("warning: QLC_MT_C-Failed to read the mount table with error "));
+  });
 }
 
 // Identifiers that the system does not know stand for a system that does not report them.

@@ -79,7 +79,8 @@ class QUILLONIC_EXPORT FileManager {
   /// nothing is there. False, and an error logged, when the rights are not given or the removal fails. Where
   /// the path cannot be looked at, a command that reports success counts. No path is ever read as an option
   /// or as part of a command: one that a script's quoting cannot carry fails with a runner that takes text.
-  /// Blocks until the command ends, which may wait for a user's answer.
+  /// The command looks the path up again, with its rights: callers must not name a path whose folders another
+  /// user may rename or replace meanwhile. Blocks until the command ends, which may wait for a user's answer.
   bool removePathWithElevatedPermissions(std::string_view path) const;
   /// For a path that is not a plain text yet.
   bool removeItemWithElevatedPermissions(const std::filesystem::path& url) const;
