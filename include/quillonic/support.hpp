@@ -6,6 +6,7 @@
 #include <quillonic/support/atomic_switch.hpp>
 #include <quillonic/support/character_set.hpp>
 #include <quillonic/support/coding.hpp>
+#include <quillonic/support/date.hpp>
 #include <quillonic/support/dispatch_qos.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/support/function_ref.hpp>

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <utility>
 
-#include "support/row_of.hpp"
+#include "text/find_sorted.hpp"
 
 namespace quillonic {
 namespace {
@@ -43,7 +43,7 @@ FileAttributes::FileAttributes(std::vector<Entry> entries) : entries_(std::move(
 }
 
 const AnyValue* FileAttributes::find(std::string_view key) const noexcept {
-  const auto* found = sortedRowOf(entries_, key, textOf);
+  const auto* found = findSorted(entries_, key, textOf);
   return found ? &found->value : nullptr;
 }
 
@@ -57,7 +57,7 @@ void FileAttributes::set(const FileAttributeKey& key, AnyValue value) {
 }
 
 bool FileAttributes::remove(std::string_view key) {
-  const auto* found = sortedRowOf(entries_, key, textOf);
+  const auto* found = findSorted(entries_, key, textOf);
   if (!found) return false;
   entries_.erase(entries_.begin() + (found - entries_.data()));
   return true;

@@ -22,7 +22,7 @@ template <class Integer> std::optional<double> exactDouble(Integer integer) noex
   return exactInteger<Integer>(number) == integer ? std::optional(number) : std::nullopt;
 }
 
-std::string isoText(AnyValue::Date date) {
+std::string isoText(Date date) {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text's
   // Taken apart as a count: the earliest dates lie in a second that begins before them all.
   constexpr std::int64_t second = 1'000'000'000;
