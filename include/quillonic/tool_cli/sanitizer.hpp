@@ -70,12 +70,11 @@ class QUILLONIC_EXPORT CLIArgumentSanitizer {
   Split splitByValidity(ArgumentWords cliArgs) const;
 
  private:
-  bool isValid(std::string_view flag) const;
   template <class Visit> void walk(ArgumentWords cliArgs, Visit visit) const;
 
   std::vector<std::string> validCommandFlags_;
   std::optional<CLISanitizationOptions> options_;
-  // The valid flags as `isValid` looks for them: lower-cased, without empty ones.
+  // The valid flags as they are looked for: lower-cased, without empty ones.
   std::vector<std::string> lowered_;
 };
 
