@@ -23,8 +23,8 @@ std::size_t leadingWhiteSpace(std::string_view text) noexcept {
   return valid && isWhiteSpace(scalar) ? length : 0;
 }
 
-// The same for the text's end. White space takes at most three bytes, and a byte that begins a scalar is never the
-// middle of another one, so looking back from the end finds what reading from the start would.
+// The same for the text's end. White space takes at most three bytes, and a byte that begins a scalar is
+// never the middle of another one, so looking back from the end finds what reading from the start would.
 std::size_t trailingWhiteSpace(std::string_view text) noexcept {
   for (std::size_t length = 1; length <= std::min<std::size_t>(3, text.size()); ++length) {
     const auto tail = text.substr(text.size() - length);

@@ -12,7 +12,7 @@ namespace {
 
 using number_text::padded;
 
-// Negative numbers are padded to two digits here and to two characters in the other form, on purpose: "-05" and "-5".
+// The two forms pad a negative number differently, on purpose: "-05" has two digits, "-5" two characters.
 std::string withTwoDigits(std::int64_t number) {
   return number < 0 ? padded(-number, 2).insert(0, 1, '-') : padded(number, 2);
 }
