@@ -12,5 +12,6 @@
 #include <quillonic/support/function_ref.hpp>
 #include <quillonic/support/host_keys.hpp>
 #include <quillonic/support/option_set.hpp>
+#include <quillonic/support/parse_error.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/support/text_dictionary.hpp>
