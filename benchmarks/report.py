@@ -90,7 +90,7 @@ def page(works, growth, context):
         f"{platform.release()}, {context['compiler']}, release build. Peers: {os.environ.get('QUILLONIC_PEERS', '')}; "
         f"left out: {context.get('left out') or 'none'}. All rows are from one run, each measured several times in random "
         "order; the medians count, and of these the ratios: below 1 the library is ahead. Times are the processor's, but "
-        "for switches, which threads share without a pause: there it is the time that passed, divided by all accesses. "
+        "for switches that threads share without a pause: there it is the time that passed, divided by all accesses. "
         "Files have no content and are in memory, so that no disk is measured. The last column is the distance to the "
         "least that the work needs, such as a bare system call or a copy.", 118)
     slower = "\n".join(slower) or "Nowhere."

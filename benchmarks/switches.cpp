@@ -57,6 +57,12 @@ class Players {
   std::vector<Player> players_;
 };
 
+double secondsOn(clockid_t clock) {
+  timespec time{};
+  clock_gettime(clock, &time);
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
 // The median of short looks, since on a machine that shares its processors with others the threads meet in some of them
 // only; where most pass without an access, the mean. The accesses of the threads from `firstCounted` on count.
 std::optional<double> secondsPerAccess(const Play& play, const std::vector<int>& writes,
@@ -67,14 +73,17 @@ std::optional<double> secondsPerAccess(const Play& play, const std::vector<int>&
     for (std::size_t i = firstCounted; i < writes.size(); ++i) sum += players.doneBy(i);
     return static_cast<double>(sum);
   };
+  // A thread alone is timed by what it uses of its processor, which other programs do not lengthen.
+  clockid_t clock = CLOCK_MONOTONIC;
+  if (writes.size() == 1) pthread_getcpuclockid(players.threadOf(0), &clock);
   std::this_thread::sleep_for(2ms);
   std::vector<double> rates(9);
   for (auto& rate : rates) {
-    const auto start = std::chrono::steady_clock::now();
+    const auto start = secondsOn(clock);
     const auto before = count();
     std::this_thread::sleep_for(5ms);
-    rate =
-        (count() - before) / std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const auto passed = secondsOn(clock) - start;
+    rate = passed > 0 ? (count() - before) / passed : 0;
   }
   std::sort(rates.begin(), rates.end());
   const auto mean = std::accumulate(rates.begin(), rates.end(), 0.0) / static_cast<double>(rates.size());
@@ -82,44 +91,41 @@ std::optional<double> secondsPerAccess(const Play& play, const std::vector<int>&
   return rate > 0 ? std::optional(1 / rate) : std::nullopt;
 }
 
-// Stops the thread that gets the signal, wherever it is, until it is let go.
+// Stops the thread that gets the signal, wherever it is, until it is let go, and notes what another one has used of its
+// processor until then.
 std::atomic<bool> isStopped = false;
 std::atomic<bool> letGo = false;
+clockid_t clockOfOther;
+double usedBefore = 0;
 
 void standStill(int /*signal*/) {
   constexpr timespec aMillisecond{0, 1'000'000};
   const int error = errno;  // of whatever is stopped
+  usedBefore = secondsOn(clockOfOther);
   isStopped = true;
   while (!letGo) nanosleep(&aMillisecond, nullptr);
   isStopped = false;
   errno = error;
 }
 
-// What a thread uses of its processor while it waits a second for its turn, as another one stands still during its own.
+// What a thread uses of its processor while it waits a second for its turn, as another one is stopped during its own.
 std::optional<double> secondsUsedByWaiting(const Play& play) {
   std::signal(SIGUSR1, standStill);
   Players players(play, {50, 50});
-  const auto used = [thread = players.threadOf(1)] {
-    clockid_t clock{};
-    timespec time{};
-    pthread_getcpuclockid(thread, &clock);
-    clock_gettime(clock, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-  };
+  pthread_getcpuclockid(players.threadOf(1), &clockOfOther);
   std::optional<double> found;
   for (int tries = 0; tries < 100 && !found; ++tries) {
     std::this_thread::sleep_for(2ms);
     letGo = false;
     pthread_kill(players.threadOf(0), SIGUSR1);
     while (!isStopped) std::this_thread::yield();
-    const auto before = used();
     std::this_thread::sleep_for(1ms);
     // Between its turns the other one holds nobody up.
     const auto done = players.doneBy(1);
     const auto waits = [&](auto time) {
       return std::this_thread::sleep_for(time), players.doneBy(1) == done;
     };
-    if (waits(20ms) && waits(979ms)) found = used() - before;
+    if (waits(20ms) && waits(979ms)) found = secondsOn(clockOfOther) - usedBefore;
     letGo = true;
     while (isStopped) std::this_thread::yield();
   }
