@@ -108,7 +108,7 @@ def main():
         before, after = rows_of(results[:len(results) // 2]), rows_of(results[len(results) // 2:])
         pairs = [(work, who, before[work][who], row) for work, rows in after.items() for who, row in rows.items()]
         print(table(["work", "before", "after", "after / before"],
-                    [[work + ("" if who == OURS else " " + who), time(old), time(new), three(ratio(new, old))]
+                    [[work + ("" if who == OURS else ", " + who), time(old), time(new), three(ratio(new, old))]
                      for work, who, old, new in pairs]))
         return
     works = rows_of(results)

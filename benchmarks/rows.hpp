@@ -29,14 +29,16 @@ struct Row {
 
 using Work = std::function<void()>;
 
-// `prepare` makes the work that is timed. It is called when the row first runs, before the clock does; what it throws
-// is told instead of a time. Always true, so that a source can add rows before `main`.
+// `prepare` makes the work that is timed. It is called when the row first runs, before the clock does; what
+// it throws is told instead of a time. Always true, so that a source can add rows before `main`.
 bool add(const Row& row, std::function<Work()> prepare, int times = 0);
 
-// A row that finds by the clock how many seconds an item takes, `times` times; nothing where no item was done.
+// A row that finds by the clock how many seconds an item takes, `times` times; nothing where no item was
+// done.
 bool addMeasured(const Row& row, std::function<std::optional<double>()> seconds, int times);
 
-// The library's time for an item, among a hundred to a hundred thousand of them; a turn handles all, or `items`.
+// The library's time for an item, among a hundred to a hundred thousand of them; a turn handles all, or
+// `items`.
 void addGrowth(const std::string& what, double items, std::function<Work(std::size_t size)> prepare);
 inline constexpr double allItems = 0;
 

@@ -24,8 +24,8 @@ using namespace std::chrono_literals;
 // In place of the number of writes: the thread only keeps a processor busy.
 constexpr int busy = -1;
 
-// Threads that play at the same time, each on a processor of its own as long as there is one: where the system places
-// them, it now and then keeps several on one for a while, and those hardly meet.
+// Threads that play at the same time, each on a processor of its own as long as there is one: where the
+// system places them, it now and then keeps several on one for a while, and those hardly meet.
 class Players {
  public:
   Players(const Play& play, const std::vector<int>& writes) : players_(writes.size()) {
@@ -63,8 +63,9 @@ double secondsOn(clockid_t clock) {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-// The median of short looks, since on a machine that shares its processors with others the threads meet in some of them
-// only; where most pass without an access, the mean. The accesses of the threads from `firstCounted` on count.
+// The median of short looks, since on a machine that shares its processors with others the threads meet in
+// some of them only; where most pass without an access, the mean. The accesses of the threads from
+// `firstCounted` on count.
 std::optional<double> secondsPerAccess(const Play& play, const std::vector<int>& writes,
                                        std::size_t firstCounted) {
   Players players(play, writes);
@@ -91,8 +92,8 @@ std::optional<double> secondsPerAccess(const Play& play, const std::vector<int>&
   return rate > 0 ? std::optional(1 / rate) : std::nullopt;
 }
 
-// Stops the thread that gets the signal, wherever it is, until it is let go, and notes what another one has used of its
-// processor until then.
+// Stops the thread that gets the signal, wherever it is, until it is let go, and notes what another one has
+// used of its processor until then.
 std::atomic<bool> isStopped = false;
 std::atomic<bool> letGo = false;
 clockid_t clockOfOther;
@@ -108,7 +109,8 @@ void standStill(int /*signal*/) {
   errno = error;
 }
 
-// What a thread uses of its processor while it waits a second for its turn, as another one is stopped during its own.
+// What a thread uses of its processor while it waits a second for its turn, as another one is stopped during
+// its own.
 std::optional<double> secondsUsedByWaiting(const Play& play) {
   std::signal(SIGUSR1, standStill);
   Players players(play, {50, 50});

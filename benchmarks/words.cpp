@@ -1,5 +1,5 @@
-// Command lines read and written: one as parents write it for a clip, long lists of input files, and lines made to slow a
-// reader down.
+// Command lines read and written: one as parents write it for a clip, long lists of input files, and lines
+// made to slow a reader down.
 #include "words.hpp"
 
 #include <quillonic/transcode_cli.hpp>
@@ -101,8 +101,8 @@ WordsReader leastReader(const CommandLine& line) {
   return {parse, [=] { return *copy; }};
 }
 
-// Flags of 24 bytes that have one std::hash as long as they begin with "-in_0000", and none with another beginning: it
-// takes in eight bytes at a time, and each step can be undone.
+// Flags of 24 bytes that have one std::hash as long as they begin with "-in_0000", and none with another
+// beginning: it takes in eight bytes at a time, and each step can be undone.
 Words craftedWords(const std::string& beginning) {
   constexpr std::uint64_t factor = 0xC6A4A7935BD1E995U;
   constexpr std::uint64_t inverse = 0x5F7A0EA7E59B19BDU;

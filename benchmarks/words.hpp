@@ -16,7 +16,8 @@ using Words = std::vector<std::string>;
 // A list of words in which a value, or an empty text, follows every flag.
 struct CommandLine {
   Words words;
-  // Every flag that the reader has to know, without hyphens and with as many as it asks for: more than are on the line.
+  // Every flag that the reader has to know, without hyphens and with as many as it asks for: more than are on
+  // the line.
   Words flags;
   Words flagWords;
   // As `main` receives the words: the program's name before them, a null pointer after.
