@@ -33,12 +33,10 @@ using Work = std::function<void()>;
 // it throws is told instead of a time. Always true, so that a source can add rows before `main`.
 bool add(const Row& row, std::function<Work()> prepare, int times = 0);
 
-// A row that finds by the clock how many seconds an item takes, `times` times; nothing where no item was
-// done.
+// A row that finds by itself, `times` times, how many seconds an item takes; nothing where none was done.
 bool addMeasured(const Row& row, std::function<std::optional<double>()> seconds, int times);
 
-// The library's time for an item, among a hundred to a hundred thousand of them; a turn handles all, or
-// `items`.
+// The library's time for an item among a hundred to a hundred thousand; a turn handles all, or `items`.
 void addGrowth(const std::string& what, double items, std::function<Work(std::size_t size)> prepare);
 inline constexpr double allItems = 0;
 

@@ -109,8 +109,7 @@ void standStill(int /*signal*/) {
   errno = error;
 }
 
-// What a thread uses of its processor while it waits a second for its turn, as another one is stopped during
-// its own.
+// What a thread uses of its processor as it waits a second for its turn, while another is stopped in its own.
 std::optional<double> secondsUsedByWaiting(const Play& play) {
   std::signal(SIGUSR1, standStill);
   Players players(play, {50, 50});
