@@ -17,6 +17,11 @@ struct Decoded {
   bool valid;
 };
 
+// Whether a byte can only be a later one of a scalar.
+constexpr bool isContinuation(char c) noexcept {
+  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80;
+}
+
 // The scalar at the start of a text that is not empty.
 constexpr Decoded decode(std::string_view text) noexcept {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };

@@ -184,10 +184,17 @@ std::optional<std::string_view> TranscodeCliArguments::argumentFlagValue(
 
 bool TranscodeCliArguments::setArgumentFlagValue(std::string_view flag,
                                                  std::optional<std::string_view> value) {
-  auto key = text::lowerCased(text::trimmed(flag));
-  if (!value) return flagValueLookup_.erase(key) > 0 || known_flags::isValid(key);
-  if (!known_flags::isValid(key)) return false;
-  flagValueLookup_.insert_or_assign(std::move(key), std::string(*value));
+  auto entry = flagValueLookup_.find(text::trimmed(flag));
+  if (entry == flagValueLookup_.end()) {
+    auto key = text::lowerCased(text::trimmed(flag));
+    if (!known_flags::isValid(key)) return false;
+    if (value) flagValueLookup_.insert_or_assign(std::move(key), std::string(*value));
+    if (!value) flagValueLookup_.erase(key);
+  } else if (value) {
+    entry->second = *value;
+  } else {
+    flagValueLookup_.erase(entry);
+  }
   return true;
 }
 

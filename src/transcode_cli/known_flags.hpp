@@ -5,29 +5,50 @@
 #include <quillonic/transcode_cli/vocabulary_table.hpp>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <span>
 #include <string_view>
 
 namespace quillonic::known_flags {
 
-inline constexpr auto sorted = [] {
-  auto flags = detail::knownCommandFlags;
-  std::ranges::sort(flags);
-  return flags;
-}();
+// The known flags by the letter after their hyphen, without those that begin with another one: where the longer flag
+// occurs, the shorter one does too.
+struct ByLetter {
+  static constexpr std::size_t letters = 'z' - 'a' + 1;
 
-static_assert(std::ranges::all_of(sorted, [](auto flag) { return flag.size() > 1 && flag[0] == '-'; }));
+  consteval ByLetter() {
+    std::ranges::sort(flags);
+    std::size_t kept = 0;
+    for (const auto flag : flags) {
+      if (kept > 0 && flag.starts_with(flags[kept - 1])) continue;
+      flags[kept++] = flag;
+      for (auto letter = static_cast<std::size_t>(flag.at(1) - 'a'); letter < letters; ++letter)
+        end.at(letter) = kept;
+    }
+  }
+
+  constexpr std::span<const std::string_view> of(char letter) const noexcept {
+    if (letter < 'a' || letter > 'z') return {};
+    const auto at = static_cast<std::size_t>(letter - 'a');
+    const auto begin = at == 0 ? 0 : end[at - 1];
+    return std::span(flags).subspan(begin, end[at] - begin);
+  }
+
+  std::array<std::string_view, detail::knownCommandFlags.size()> flags = detail::knownCommandFlags;
+  std::array<std::size_t, letters> end{};
+};
+
+inline constexpr ByLetter byLetter;
 
 constexpr bool beginsWithKnownFlag(std::string_view text) noexcept {
-  // Only flags with the same letter after the hyphen can.
-  const auto letter = text.substr(0, 2);
-  auto flag = std::ranges::lower_bound(sorted, letter);
-  for (; flag != sorted.end() && flag->starts_with(letter); ++flag) {
-    if (text.starts_with(*flag)) return true;
-  }
-  return false;
+  return text.size() > 1 &&
+         std::ranges::any_of(byLetter.of(text[1]), [&](auto flag) { return text.starts_with(flag); });
 }
 
-// Whether a known flag occurs within the flag.
+// Whether a known flag occurs within the flag. Each begins with a hyphen.
+static_assert(std::ranges::all_of(detail::knownCommandFlags,
+                                  [](auto flag) { return flag.starts_with('-'); }));
 constexpr bool isValid(std::string_view flag) noexcept {
   for (auto at = flag.find('-'); at != std::string_view::npos; at = flag.find('-', at + 1)) {
     if (beginsWithKnownFlag(flag.substr(at))) return true;

@@ -103,9 +103,10 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// as above. The view is valid until the model changes.
   std::optional<std::string_view> argumentFlagValue(std::string_view flag) const noexcept;
 
-  /// Stores a value as given: it is neither trimmed nor lower-cased. The flag is taken in the form that
-  /// parsing gives it. No value removes the flag; a switch is set by the empty text. False, and nothing
-  /// changes, when the flag is not valid; a text without a hyphen can be, and travels nowhere.
+  /// Stores a value as given: it is neither trimmed nor lower-cased. A flag that is not set as `hasArgumentFlag`
+  /// asks is taken in the form that parsing gives it. No value removes the flag; a switch is set by the empty
+  /// text. False, and nothing changes, when the flag is neither set nor valid; a text without a hyphen can be,
+  /// and travels nowhere.
   bool setArgumentFlagValue(std::string_view flag, std::optional<std::string_view> value);
 
   /// The numbered input files; absent when there are none. A file is numbered by a key of exactly the form
