@@ -1,5 +1,5 @@
-// What follows from the transcoder's known flags: which flags are valid, and which take a path. All flags here are
-// lower-cased and trimmed.
+// Properties of the transcoder's known flags: which flags are valid, and which take a path. All flags here
+// are lower-cased and trimmed.
 #pragma once
 
 #include <quillonic/transcode_cli/vocabulary_table.hpp>
@@ -15,7 +15,8 @@ inline constexpr auto sorted = [] {
   return flags;
 }();
 
-// A hyphen and a letter at least, so that a known flag can begin at a hyphen alone, and its letter narrows the search.
+// A hyphen and at least one letter, so that a search for known flags stops only at hyphens and narrows by the
+// letter.
 static_assert(std::ranges::all_of(sorted, [](auto flag) { return flag.size() > 1 && flag[0] == '-'; }));
 
 constexpr bool beginsWithKnownFlag(std::string_view text) noexcept {
@@ -24,7 +25,7 @@ constexpr bool beginsWithKnownFlag(std::string_view text) noexcept {
   return std::ranges::any_of(candidates, [&](auto flag) { return text.starts_with(flag); });
 }
 
-// Whether a known flag occurs within the flag.
+// Whether the flag contains a known flag.
 constexpr bool isValid(std::string_view flag) noexcept {
   for (auto at = flag.find('-'); at != std::string_view::npos; at = flag.find('-', at + 1)) {
     if (beginsWithKnownFlag(flag.substr(at))) return true;
@@ -32,7 +33,7 @@ constexpr bool isValid(std::string_view flag) noexcept {
   return false;
 }
 
-// Whether the flag's value keeps the case of its letters.
+// Whether the flag's value keeps its letter case.
 constexpr bool takesPath(std::string_view flag) noexcept {
   return flag.starts_with(VAVInputPrefixFlag.rawValue()) ||
          std::ranges::find(detail::pathFlags, flag) != detail::pathFlags.end();
