@@ -72,8 +72,8 @@ class QUILLONIC_EXPORT MountTable {
   const Mount* withLongestMountPoint(const std::filesystem::path& resolved) const noexcept;
 
   /// The mount that holds an item, or null. One system call for an existing item; mounts nothing. Does not
-  /// follow a final link: a link counts for its own mount. If only the last component is missing, like a file
-  /// still to be written, or cannot be looked at, this is the mount of the folder; null if the folder is
+  /// follow a final link: a link is on the mount that holds it. If only the last component is missing, like a
+  /// file still to be written, or cannot be looked at, this is the mount of the folder; null if the folder is
   /// missing too. A relative path counts from the working folder; a trailing slash is ignored. Null for a
   /// path with a NUL.
   const Mount* holding(const std::filesystem::path& item) const;
