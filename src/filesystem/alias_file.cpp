@@ -8,7 +8,7 @@
 #include <utility>
 #include <variant>
 
-#include "support/row_of.hpp"
+#include "text/find_sorted.hpp"
 
 namespace quillonic {
 namespace {
@@ -60,19 +60,19 @@ template <class Unsigned> std::string littleEndianBytes(Unsigned number) {
 }
 
 // Toward zero: the earliest date has no whole second before it.
-double secondsOf(AnyValue::Date date) {
+double secondsOf(Date date) {
   const auto sinceEpoch = date.time_since_epoch();
   const auto whole = std::chrono::duration_cast<std::chrono::seconds>(sinceEpoch);
   return static_cast<double>(whole.count() - epoch) +
          static_cast<double>((sinceEpoch - whole).count()) / 1'000'000'000;
 }
 
-std::optional<AnyValue::Date> dateOf(double seconds) {
+std::optional<Date> dateOf(double seconds) {
   constexpr double farthest = 8'000'000'000;  // within a date's range in both directions
   if (!(std::abs(seconds) < farthest)) return std::nullopt;
   const double whole = std::floor(seconds);
-  return AnyValue::Date(std::chrono::seconds(static_cast<std::int64_t>(whole) + epoch) +
-                        std::chrono::nanoseconds(std::llround((seconds - whole) * 1'000'000'000)));
+  return Date(std::chrono::seconds(static_cast<std::int64_t>(whole) + epoch) +
+              std::chrono::nanoseconds(std::llround((seconds - whole) * 1'000'000'000)));
 }
 
 struct Record {
@@ -174,7 +174,7 @@ void read(const Record& record, std::optional<std::int64_t>& value) {
   }
 }
 
-void read(const Record& record, std::optional<AnyValue::Date>& value) {
+void read(const Record& record, std::optional<Date>& value) {
   if (record.type != dateRecord || record.payload.size() != 8) return;
   std::string reversed(record.payload.rbegin(), record.payload.rend());
   value = dateOf(std::bit_cast<double>(littleEndian<std::uint64_t>(reversed)));
@@ -203,7 +203,7 @@ OwnedRecord recordOf(std::int64_t number) {
   return {integer64Record, littleEndianBytes(static_cast<std::uint64_t>(number))};
 }
 
-OwnedRecord recordOf(AnyValue::Date date) {
+OwnedRecord recordOf(Date date) {
   auto bytes = littleEndianBytes(std::bit_cast<std::uint64_t>(secondsOf(date)));
   std::ranges::reverse(bytes);
   return {dateRecord, std::move(bytes)};
@@ -214,9 +214,9 @@ OwnedRecord recordOf(const AliasFile::Properties& properties) {
   return {bytesRecord, littleEndianBytes(properties.flags).append(mask).append(mask)};
 }
 
-using Member = std::variant<std::optional<std::string> AliasFile::*, std::optional<std::int64_t> AliasFile::*,
-                            std::optional<AnyValue::Date> AliasFile::*,
-                            std::optional<AliasFile::Properties> AliasFile::*>;
+using Member =
+    std::variant<std::optional<std::string> AliasFile::*, std::optional<std::int64_t> AliasFile::*,
+                 std::optional<Date> AliasFile::*, std::optional<AliasFile::Properties> AliasFile::*>;
 
 struct KeyedMember {
   std::uint32_t key;
@@ -327,7 +327,7 @@ std::optional<AliasFile> AliasFile::fromBytes(std::string_view bytes) {
   const auto contents = data ? data->contents() : std::nullopt;
   if (!contents) return std::nullopt;
   const auto recordOfKey = [&](std::uint32_t key) -> std::optional<Record> {
-    const auto* entry = sortedRowOf(*contents, key, &std::pair<std::uint32_t, std::uint32_t>::first);
+    const auto* entry = findSorted(*contents, key, &std::pair<std::uint32_t, std::uint32_t>::first);
     return entry ? data->recordAt(entry->second) : std::nullopt;
   };
 
@@ -344,7 +344,7 @@ std::optional<AliasFile> AliasFile::fromBytes(std::string_view bytes) {
   return alias;
 }
 
-std::string AliasFile::bytes(AnyValue::Date madeAt) const {
+std::string AliasFile::bytes(Date madeAt) const {
   Writer writer;
   std::vector<std::uint32_t> names;
   for (const auto& name : pathComponents) names.push_back(writer.add({textRecord, name}));

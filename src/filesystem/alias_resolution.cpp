@@ -13,7 +13,7 @@
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
-#include "support/row_of.hpp"
+#include "text/find_sorted.hpp"
 #include "text/name_folding.hpp"
 
 namespace quillonic {
@@ -105,7 +105,7 @@ class Resolution {
         if (!exists(next)) {
           const auto& similar = foldedEntries(path);
           const auto folded = text::foldedName(name);
-          const auto* entry = sortedRowOf(similar, folded, &LookUps::Entry::folded);
+          const auto* entry = findSorted(similar, folded, &LookUps::Entry::folded);
           if (!entry) return std::nullopt;
           next = joined(path, {&entry->name, 1});
         }
@@ -163,7 +163,7 @@ class Resolution {
       folder = folderOf(folder);
       const auto& similar = foldedEntries(folder);
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
-        const auto* entry = sortedRowOf(similar, folded[skipped], &LookUps::Entry::folded);
+        const auto* entry = findSorted(similar, folded[skipped], &LookUps::Entry::folded);
         if (!entry) continue;
         auto found = find(joined(folder, {&entry->name, 1}), names_.subspan(skipped + 1));
         if (found && !isOnAnotherVolume(*found)) return found;

@@ -29,12 +29,12 @@ std::optional<std::uint64_t> AttributeBasedStore::fileSize() const {
   return attributes().value<std::uint64_t>(FileAttributeKey::NSFileSize);
 }
 
-std::optional<AnyValue::Date> AttributeBasedStore::dateCreated() const {
-  return attributes().value<AnyValue::Date>(FileAttributeKey::NSFileCreationDate);
+std::optional<Date> AttributeBasedStore::dateCreated() const {
+  return attributes().value<Date>(FileAttributeKey::NSFileCreationDate);
 }
 
-std::optional<AnyValue::Date> AttributeBasedStore::dateModified() const {
-  return attributes().value<AnyValue::Date>(FileAttributeKey::NSFileModificationDate);
+std::optional<Date> AttributeBasedStore::dateModified() const {
+  return attributes().value<Date>(FileAttributeKey::NSFileModificationDate);
 }
 
 FileAttributes AccessorBasedStore::attributes() const {

@@ -5,12 +5,12 @@
 #include <iterator>
 #include <utility>
 
-#include "support/row_of.hpp"
+#include "text/find_sorted.hpp"
 
 namespace quillonic {
 namespace {
 
-constexpr auto textOf = [](const FileAttributes::Entry& entry) { return entry.key.rawValue(); };
+constexpr auto keyOf = [](const FileAttributes::Entry& entry) { return entry.key.rawValue(); };
 
 // Calls the block with the two entries of each common key until the block stops. The dictionaries must not
 // change meanwhile: a walk that calls a host's block uses copies.
@@ -19,7 +19,7 @@ template <class Block> void walkCommon(const FileAttributes& a, const FileAttrib
   auto mine = a.begin();
   auto other = b.begin();
   while (!stop && mine != a.end() && other != b.end()) {
-    const auto order = textOf(*mine) <=> textOf(*other);
+    const auto order = keyOf(*mine) <=> keyOf(*other);
     if (std::is_eq(order)) block(*mine, *other, stop);
     if (std::is_lteq(order)) ++mine;
     if (std::is_gteq(order)) ++other;
@@ -33,9 +33,9 @@ std::optional<FileAttributes::KeyList> unlessEmpty(FileAttributes::KeyList keys)
 }  // namespace
 
 FileAttributes::FileAttributes(std::vector<Entry> entries) : entries_(std::move(entries)) {
-  const auto unordered = std::ranges::adjacent_find(entries_, std::ranges::greater_equal{}, textOf);
+  const auto unordered = std::ranges::adjacent_find(entries_, std::ranges::greater_equal{}, keyOf);
   if (unordered == entries_.end()) return;
-  std::ranges::stable_sort(entries_, {}, textOf);
+  std::ranges::stable_sort(entries_, {}, keyOf);
   // The last of equal keys stays: from the end it is the first.
   const auto kept = std::unique(entries_.rbegin(), entries_.rend(),
                                 [](const Entry& a, const Entry& b) { return a.key == b.key; });
@@ -43,12 +43,12 @@ FileAttributes::FileAttributes(std::vector<Entry> entries) : entries_(std::move(
 }
 
 const AnyValue* FileAttributes::find(std::string_view key) const noexcept {
-  const auto* found = sortedRowOf(entries_, key, textOf);
+  const auto* found = findSorted(entries_, key, keyOf);
   return found ? &found->value : nullptr;
 }
 
 void FileAttributes::set(const FileAttributeKey& key, AnyValue value) {
-  const auto place = std::ranges::lower_bound(entries_, key.rawValue(), {}, textOf);
+  const auto place = std::ranges::lower_bound(entries_, key.rawValue(), {}, keyOf);
   if (place != entries_.end() && place->key == key) {
     place->value = std::move(value);
   } else {
@@ -57,7 +57,7 @@ void FileAttributes::set(const FileAttributeKey& key, AnyValue value) {
 }
 
 bool FileAttributes::remove(std::string_view key) {
-  const auto* found = sortedRowOf(entries_, key, textOf);
+  const auto* found = findSorted(entries_, key, keyOf);
   if (!found) return false;
   entries_.erase(entries_.begin() + (found - entries_.data()));
   return true;

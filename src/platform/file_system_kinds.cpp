@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "support/row_of.hpp"
-
 namespace quillonic {
 namespace {
 
@@ -135,7 +133,8 @@ const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept {
   const auto hasMagic = [&](const FileSystemKind& kind) {
     return std::ranges::find(kind.magics, magic) != kind.magics.end();
   };
-  return rowOf(kinds, true, hasMagic);
+  const auto* row = std::ranges::find_if(kinds, hasMagic);
+  return row != kinds.end() ? row : nullptr;
 }
 
 const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer server) noexcept {
@@ -143,7 +142,8 @@ const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer s
   const auto isIt = [&](const FileSystemKind& kind) {
     return kind.name == name && (kind.server == server || kind.server == either || server == either);
   };
-  return rowOf(kinds, true, isIt);
+  const auto* row = std::ranges::find_if(kinds, isIt);
+  return row != kinds.end() ? row : nullptr;
 }
 
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept {

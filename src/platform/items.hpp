@@ -3,7 +3,7 @@
 #pragma once
 
 #include <quillonic/platform/file_type.hpp>
-#include <quillonic/support/any_value.hpp>
+#include <quillonic/support/date.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -31,8 +31,8 @@ struct Status {
   std::uint32_t permissions = 0;
   std::uint32_t owner = 0;
   std::uint32_t group = 0;
-  std::optional<AnyValue::Date> created;
-  AnyValue::Date modified;
+  std::optional<Date> created;
+  Date modified;
 };
 
 // An open folder. Names in it are looked up without its path.

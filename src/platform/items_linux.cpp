@@ -54,11 +54,11 @@ constexpr FileType typeOfMode(unsigned mode) noexcept {
 }
 
 // The nearest date in the type's range; file systems exceed it in both directions.
-AnyValue::Date dateOf(const statx_timestamp& time) noexcept {
+Date dateOf(const statx_timestamp& time) noexcept {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text
-  if (time.tv_sec >= floor<seconds>(nanoseconds::max()).count()) return AnyValue::Date::max();
-  if (time.tv_sec <= ceil<seconds>(nanoseconds::min()).count()) return AnyValue::Date::min();
-  return AnyValue::Date(seconds(time.tv_sec) + nanoseconds(time.tv_nsec));
+  if (time.tv_sec >= floor<seconds>(nanoseconds::max()).count()) return Date::max();
+  if (time.tv_sec <= ceil<seconds>(nanoseconds::min()).count()) return Date::min();
+  return Date(seconds(time.tv_sec) + nanoseconds(time.tv_nsec));
 }
 
 Status statusOf(const struct statx& item) noexcept {

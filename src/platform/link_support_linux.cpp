@@ -27,7 +27,7 @@ bool wasMountedForSymbolicLinks(const Mount* mount) {
          });
 }
 
-struct Place {
+struct OpenedPlace {
   Descriptor opened;
   // The path that was opened.
   std::string path;
@@ -45,7 +45,7 @@ bool holdsMountPoints(std::string_view folder, const MountTable& mounts) {
 
 // Opens an item, or its nearest existing parent folder, on whose volume it will be created, without following
 // a final link. Nothing needs to be readable.
-Result<Place> openedPlace(std::string path) {
+Result<OpenedPlace> openedPlace(std::string path) {
   Descriptor place(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
   const bool isParent = !place;
   while (!place && errno == ENOENT && !path.empty() && path != ".") {
@@ -60,7 +60,7 @@ Result<Place> openedPlace(std::string path) {
     if (place) path += "/.";
   }
   if (!place) return lastError();
-  return Place{std::move(place), std::move(path), isParent};
+  return OpenedPlace{std::move(place), std::move(path), isParent};
 }
 
 }  // namespace

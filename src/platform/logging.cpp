@@ -6,22 +6,10 @@
 
 #include "support/never_destroyed.hpp"
 #include "support/service.hpp"
+#include "text/pieces.hpp"
 
 namespace quillonic {
 namespace {
-
-void appendPrintable(std::string& line, char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  if (c == '\n') {
-    line += "\\n";
-  } else if (byte < 0x20 || byte == 0x7F) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    line.append("\\x").push_back(digits[byte >> 4]);
-    line.push_back(digits[byte & 0xF]);
-  } else {
-    line.push_back(c);
-  }
-}
 
 class StandardErrorLogger final : public Loggable {
  public:
@@ -32,10 +20,7 @@ class StandardErrorLogger final : public Loggable {
 
  private:
   static void write(std::string_view level, std::string_view message) {
-    std::string line(level);
-    line.reserve(level.size() + message.size() + 1);
-    for (const char c : message) appendPrintable(line, c);
-    line.push_back('\n');
+    const auto line = std::string(level) + text::printable(message) + '\n';
     // One call, so that lines of several threads do not mix.
     static_cast<void>(std::fwrite(line.data(), 1, line.size(), stderr));
   }

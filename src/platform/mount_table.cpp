@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/path_text.hpp"
-#include "support/row_of.hpp"
+#include "text/find_sorted.hpp"
 #include "text/number_text.hpp"
 #include "text/pieces.hpp"
 
@@ -65,7 +65,7 @@ MountTable MountTable::fromText(std::string_view text) {
 
 const Mount* MountTable::withIdentifier(std::uint64_t identifier) const noexcept {
   const auto identifierAt = [&](std::size_t position) { return mounts_[position].identifier; };
-  const auto* position = sortedRowOf(byIdentifier_, identifier, identifierAt);
+  const auto* position = findSorted(byIdentifier_, identifier, identifierAt);
   return position ? &mounts_[*position] : nullptr;
 }
 

@@ -1,9 +1,10 @@
+#include <quillonic/support/enumeration.hpp>
+
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
 #include "platform/items.hpp"
 #include "platform/volume_names.hpp"
-#include "support/row_of.hpp"
 #include "text/pieces.hpp"
 
 namespace quillonic {
@@ -44,7 +45,7 @@ VolumeNames::VolumeNames(const std::string& folder) {
 
 std::optional<std::string> VolumeNames::of(const Mount& mount) const {
   if (rows_.empty()) return std::nullopt;
-  const auto* row = rowOf(rows_, deviceOf(mount), &Row::device);
+  const auto* row = detail::rowWhere(rows_, &Row::device, deviceOf(mount));
   return row ? std::optional(row->name) : std::nullopt;
 }
 

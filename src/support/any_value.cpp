@@ -22,7 +22,7 @@ template <class Integer> std::optional<double> exactDouble(Integer integer) noex
   return exactInteger<Integer>(number) == integer ? std::optional(number) : std::nullopt;
 }
 
-std::string isoText(AnyValue::Date date) {
+std::string isoText(Date date) {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text's
   // Counted in seconds first: the earliest dates are in a second that begins before the range.
   constexpr std::int64_t second = 1'000'000'000;

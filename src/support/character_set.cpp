@@ -1,5 +1,6 @@
 #include <quillonic/support/character_set.hpp>
 
+#include <algorithm>
 #include <utility>
 
 #include "text/utf8.hpp"
@@ -14,7 +15,7 @@ void CharacterSet::addBeyondAscii(std::string_view text) {
     at += length;
   }
   std::ranges::sort(scalars);
-  scalars.erase(std::ranges::unique(scalars).begin(), scalars.end());
+  scalars.erase(std::unique(scalars.begin(), scalars.end()), scalars.end());
   if (!scalars.empty()) beyondAscii_ = std::move(scalars);
 }
 

@@ -1,23 +1,34 @@
 // The entries of a dictionary whose keys begin with a text.
 #pragma once
 
+#include <quillonic/support/text_dictionary.hpp>
+
 #include <algorithm>
-#include <ranges>
 #include <string_view>
 
 namespace quillonic {
 
-// A range of iterators of the dictionary.
-template <class Dictionary> auto prefixed(Dictionary& dictionary, std::string_view prefix) {
-  const auto first = dictionary.lower_bound(prefix);
-  const auto last = std::find_if_not(first, dictionary.end(),
-                                     [&](const auto& entry) { return entry.first.starts_with(prefix); });
-  return std::ranges::subrange(first, last);
-}
+// A range of iterators of a dictionary.
+class PrefixedEntries {
+ public:
+  using Iterator = TextDictionary::const_iterator;
 
-template <class Dictionary> void removePrefixed(Dictionary& dictionary, std::string_view prefix) {
-  const auto range = prefixed(dictionary, prefix);
-  dictionary.erase(range.begin(), range.end());
+  PrefixedEntries(const TextDictionary& dictionary, std::string_view prefix)
+      : first_(dictionary.lower_bound(prefix)),
+        last_(std::find_if_not(first_, dictionary.end(),
+                               [&](const auto& entry) { return entry.first.starts_with(prefix); })) {}
+
+  Iterator begin() const noexcept { return first_; }
+  Iterator end() const noexcept { return last_; }
+
+ private:
+  Iterator first_;
+  Iterator last_;
+};
+
+inline void removePrefixed(TextDictionary& dictionary, std::string_view prefix) {
+  const PrefixedEntries entries(dictionary, prefix);
+  dictionary.erase(entries.begin(), entries.end());
 }
 
 }  // namespace quillonic

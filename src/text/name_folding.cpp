@@ -6,7 +6,7 @@
 #include <iterator>
 #include <vector>
 
-#include "support/row_of.hpp"
+#include "text/find_sorted.hpp"
 #include "text/unicode.hpp"
 #include "text/utf8.hpp"
 
@@ -35,7 +35,7 @@ constexpr auto letterVariants = std::to_array<LetterVariant>({
 });
 
 char32_t withoutVariant(char32_t scalar) noexcept {
-  const auto* variant = sortedRowOf(letterVariants, scalar, &LetterVariant::scalar);
+  const auto* variant = findSorted(letterVariants, scalar, &LetterVariant::scalar);
   return variant ? variant->letter : scalar;
 }
 
@@ -67,7 +67,7 @@ void appendDecomposed(std::u32string& text, char32_t scalar) {
     if (index % trails != 0) text.push_back(0x11A7 + index % trails);
     return;
   }
-  const auto* found = sortedRowOf(decompositions, scalar, &Decomposition::scalar);
+  const auto* found = findSorted(decompositions, scalar, &Decomposition::scalar);
   if (!found) {
     text.push_back(withoutVariant(scalar));
     return;

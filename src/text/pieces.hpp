@@ -1,4 +1,4 @@
-// Splitting the system's texts.
+// Splitting texts, and escaping bytes in them.
 #pragma once
 
 #include <charconv>
@@ -71,6 +71,24 @@ inline std::string unescaped(std::string_view text, std::string_view mark, std::
     if (isEscape) at += code.size() - 1;
   }
   return result;
+}
+
+// One line for people: line breaks and other control characters as "\n" and "\x1b".
+inline std::string printable(std::string_view text) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string line;
+  line.reserve(text.size());
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (c == '\n') {
+      line += "\\n";
+    } else if (byte < 0x20 || byte == 0x7F) {
+      line.append("\\x").append(1, digits[byte >> 4]).append(1, digits[byte & 0xF]);
+    } else {
+      line.push_back(c);
+    }
+  }
+  return line;
 }
 
 }  // namespace quillonic::text

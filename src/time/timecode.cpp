@@ -63,7 +63,7 @@ std::optional<TimecodeComponents> strictlyRead(std::string_view timecode, bool f
 }
 
 // A negative number has its sign after the "0": "0-1", a fixed form.
-std::string withTwoDigits(std::int64_t number) {
+std::string fieldText(std::int64_t number) {
   return number < 0 ? std::to_string(number).insert(0, 1, '0') : number_text::padded(number, 2);
 }
 
@@ -100,10 +100,10 @@ TimecodeComponents TimecodeComponents::sanitizedTimecode(std::string_view fromSt
 }
 
 std::string TimecodeComponents::timecodeString() const {
-  std::string text = withTwoDigits(hours);
-  text.append(nonDropSeparator).append(withTwoDigits(minutes));
-  text.append(nonDropSeparator).append(withTwoDigits(seconds));
-  return text.append(isDropFrame ? dropFrameSeparator : nonDropSeparator).append(withTwoDigits(frames));
+  std::string text = fieldText(hours);
+  text.append(nonDropSeparator).append(fieldText(minutes));
+  text.append(nonDropSeparator).append(fieldText(seconds));
+  return text.append(isDropFrame ? dropFrameSeparator : nonDropSeparator).append(fieldText(frames));
 }
 
 CodedValue TimecodeComponents::encode() const {

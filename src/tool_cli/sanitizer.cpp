@@ -15,12 +15,6 @@ CLIArgumentSanitizer::CLIArgumentSanitizer(std::vector<std::string> validCommand
   }
 }
 
-bool CLIArgumentSanitizer::isValid(std::string_view flag) const {
-  const auto lowered = text::lowerCased(flag);
-  const auto occurs = [&](const std::string& known) { return lowered.find(known) != std::string::npos; };
-  return std::ranges::any_of(lowered_, occurs);
-}
-
 // Calls `visit` for each flag with its sanitized text, its validity, its position, and the position after its
 // last value. Skips words before the first flag.
 template <class Visit> void CLIArgumentSanitizer::walk(ArgumentWords cliArgs, Visit visit) const {
@@ -33,6 +27,11 @@ template <class Visit> void CLIArgumentSanitizer::walk(ArgumentWords cliArgs, Vi
   const auto nextFlag = [&](std::size_t position) {
     while (position < cliArgs.size() && !isFlag(position)) ++position;
     return position;
+  };
+  const auto isValid = [&](std::string_view flag) {
+    const auto lowered = text::lowerCased(flag);
+    const auto occurs = [&](const std::string& known) { return lowered.find(known) != std::string::npos; };
+    return std::ranges::any_of(lowered_, occurs);
   };
   for (std::size_t at = nextFlag(0); at < cliArgs.size();) {
     const auto end = nextFlag(at + 1);

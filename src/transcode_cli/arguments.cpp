@@ -50,7 +50,7 @@ void sort(std::vector<NumberedFile>& files) {
 
 std::vector<NumberedFile> numberedFiles(const TextDictionary& lookup) {
   std::vector<NumberedFile> files;
-  const auto inputs = prefixed(lookup, VAVInputPrefixFlag);
+  const auto inputs = PrefixedEntries(lookup, VAVInputPrefixFlag);
   for (auto entry = inputs.begin(); entry != inputs.end(); ++entry) {
     if (const auto file = numberedFile(entry)) files.push_back(*file);
   }
@@ -72,7 +72,7 @@ std::vector<NumberedFile> numberedFiles(const TextDictionary& lookup, std::int64
     }
   };
   const std::string input(VAVInputPrefixFlag);
-  const auto usual = prefixed(lookup, prefixOf(group));
+  const auto usual = PrefixedEntries(lookup, prefixOf(group));
   add(lookup.lower_bound(input + "_-0"), lookup.lower_bound(input + "_-1"));
   add(lookup.lower_bound(input + "_00"), lookup.lower_bound(input + "_0:"));
   add(usual.begin(), usual.end());

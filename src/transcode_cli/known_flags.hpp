@@ -15,14 +15,16 @@ inline constexpr auto sorted = [] {
   return flags;
 }();
 
-// A hyphen and at least one letter, so that a search for known flags stops only at hyphens and narrows by the
-// letter.
 static_assert(std::ranges::all_of(sorted, [](auto flag) { return flag.size() > 1 && flag[0] == '-'; }));
 
 constexpr bool beginsWithKnownFlag(std::string_view text) noexcept {
-  if (text.size() < 2) return false;
-  const auto candidates = std::ranges::equal_range(sorted, text[1], {}, [](auto flag) { return flag[1]; });
-  return std::ranges::any_of(candidates, [&](auto flag) { return text.starts_with(flag); });
+  // Only flags with the same letter after the hyphen can.
+  const auto letter = text.substr(0, 2);
+  auto flag = std::ranges::lower_bound(sorted, letter);
+  for (; flag != sorted.end() && flag->starts_with(letter); ++flag) {
+    if (text.starts_with(*flag)) return true;
+  }
+  return false;
 }
 
 // Whether the flag contains a known flag.

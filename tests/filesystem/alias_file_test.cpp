@@ -46,7 +46,7 @@ TEST(AliasFile, ReadsBothFormsAsOtherWritersLeaveThem) {
 AliasFile fullAlias() {
   return {.pathComponents = {"Volumes", "CARD e\u0301", std::string(255, 'x'), "\xff"},
           .targetProperties = AliasFile::Properties{AliasFile::regularFile, 0x21F},
-          .targetCreationDate = AnyValue::Date(std::chrono::milliseconds(1700000000500)),
+          .targetCreationDate = Date(std::chrono::milliseconds(1700000000500)),
           .relativeDirsUp = 1,
           .relativeDirsDown = 2,
           .volumePath = "/Volumes/CARD e\u0301",
@@ -62,7 +62,7 @@ AliasFile fullAlias() {
 
 TEST(AliasFile, ReadsWhatItWrote) {
   for (const auto& alias : {fullAlias(), AliasFile{}, AliasFile{.pathComponents = {"a"}}}) {
-    for (const auto madeAt : {AnyValue::Date::min(), AnyValue::Date::max()})
+    for (const auto madeAt : {Date::min(), Date::max()})
       EXPECT_EQ(AliasFile::fromBytes(alias.bytes(madeAt)), alias);
   }
 }

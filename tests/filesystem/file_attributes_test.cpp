@@ -11,7 +11,7 @@ namespace quillonic {
 namespace {
 
 using Key = FileAttributeKey;
-using Date = AnyValue::Date;
+using Date = Date;
 using namespace std::chrono_literals;
 
 // Programs that are already in use store and exchange these texts.

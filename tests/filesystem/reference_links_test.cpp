@@ -202,25 +202,25 @@ TEST(ExpandedAttributes, AreThoseOfTheSystem) {
   struct stat expected {};
   ASSERT_EQ(stat(file.c_str(), &expected), 0);
   auto attributes = *expandedAttributesOfItem(file);
-  if (const auto created = attributes.value<AnyValue::Date>(Key::NSFileCreationDate)) {
+  if (const auto created = attributes.value<Date>(Key::NSFileCreationDate)) {
     EXPECT_LT(std::chrono::abs(std::chrono::system_clock::now() - *created), std::chrono::hours(1));
     attributes.remove(Key::NSFileCreationDate);
   }
-  EXPECT_TRUE(attributes == (FileAttributes{{Key::NSFileSize, 7},
-                                            {Key::NSFilePosixPermissions, 04640},
-                                            {Key::NSFileOwnerAccountID, expected.st_uid},
-                                            {Key::NSFileGroupOwnerAccountID, expected.st_gid},
-                                            {Key::NSFileReferenceCount, 1},
-                                            {Key::NSFileSystemNumber, expected.st_dev},
-                                            {Key::NSFileSystemFileNumber, expected.st_ino},
-                                            {Key::NSFileModificationDate,
-                                             AnyValue::Date(std::chrono::nanoseconds(-2000000001))},
-                                            {Key::NSFileType, FileType::regular},
-                                            {Key::fileResourceType, FileType::regular},
-                                            {Key::filePathName, "clip.mov"},
-                                            {Key::isDirectoryPath, false},
-                                            {Key::isLinkFilePath, false},
-                                            {Key::referenceLinkType, ReferenceLinkType::notAReferenceLink}}));
+  EXPECT_TRUE(attributes ==
+              (FileAttributes{{Key::NSFileSize, 7},
+                              {Key::NSFilePosixPermissions, 04640},
+                              {Key::NSFileOwnerAccountID, expected.st_uid},
+                              {Key::NSFileGroupOwnerAccountID, expected.st_gid},
+                              {Key::NSFileReferenceCount, 1},
+                              {Key::NSFileSystemNumber, expected.st_dev},
+                              {Key::NSFileSystemFileNumber, expected.st_ino},
+                              {Key::NSFileModificationDate, Date(std::chrono::nanoseconds(-2000000001))},
+                              {Key::NSFileType, FileType::regular},
+                              {Key::fileResourceType, FileType::regular},
+                              {Key::filePathName, "clip.mov"},
+                              {Key::isDirectoryPath, false},
+                              {Key::isLinkFilePath, false},
+                              {Key::referenceLinkType, ReferenceLinkType::notAReferenceLink}}));
   EXPECT_EQ(expandedAttributesOfItem("/proc/self/stat")->find(Key::NSFileCreationDate), nullptr);
   EXPECT_EQ(expandedAttributesOfItem("/")->value<std::string>(Key::filePathName), "/");
 }

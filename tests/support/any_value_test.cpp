@@ -66,9 +66,9 @@ TEST(AnyValue, ReadsAndComparesNumbersByExactValue) {
 // No two kinds mix, and every value equals its copies.
 TEST(AnyValue, KeepsKindsApart) {
   const std::map<std::string, AnyValue> nested{{"a", 1}};
-  const std::vector<AnyValue> values{
-      AnyValue(),       true,        false,      0,          1,     1.5, std::nan(""), "", "1", path("1"),
-      AnyValue::Date(), Point{1, 0}, Kind::soft, Kind::hard, nested};
+  const std::vector<AnyValue> values{AnyValue(), true,         false,      0,          1,
+                                     1.5,        std::nan(""), "",         "1",        path("1"),
+                                     Date(),     Point{1, 0},  Kind::soft, Kind::hard, nested};
   for (std::size_t i = 0; i < values.size(); ++i) {
     for (std::size_t j = 0; j < values.size(); ++j)
       EXPECT_EQ(values[i] == AnyValue(values[j]), i == j) << i << j;
@@ -84,17 +84,17 @@ TEST(AnyValue, KeepsKindsApart) {
 }
 
 TEST(AnyValue, HoldsDatesOfAnyPrecision) {
-  EXPECT_EQ(AnyValue(std::chrono::sys_days(std::chrono::days(1))), AnyValue(AnyValue::Date(24h)));
-  EXPECT_EQ(AnyValue(std::chrono::sys_seconds::max()).as<AnyValue::Date>(), AnyValue::Date::max());
-  EXPECT_EQ(AnyValue(std::chrono::sys_seconds::min()).as<AnyValue::Date>(), AnyValue::Date::min());
+  EXPECT_EQ(AnyValue(std::chrono::sys_days(std::chrono::days(1))), AnyValue(Date(24h)));
+  EXPECT_EQ(AnyValue(std::chrono::sys_seconds::max()).as<Date>(), Date::max());
+  EXPECT_EQ(AnyValue(std::chrono::sys_seconds::min()).as<Date>(), Date::min());
 }
 
 TEST(AnyValue, DescribesItself) {
   std::string texts;
   for (const AnyValue& value :
        {AnyValue(), AnyValue(false), AnyValue(INT64_MIN), AnyValue(400.0), AnyValue("\xFF text"),
-        AnyValue(path("/media/CARD")), AnyValue(Point{7, 0}), AnyValue(AnyValue::Date(1714982889500ms)),
-        AnyValue(AnyValue::Date(-1s)), AnyValue(AnyValue::Date::min())}) {
+        AnyValue(path("/media/CARD")), AnyValue(Point{7, 0}), AnyValue(Date(1714982889500ms)),
+        AnyValue(Date(-1s)), AnyValue(Date::min())}) {
     texts += value.description() + "\n";
   }
   EXPECT_EQ(texts,

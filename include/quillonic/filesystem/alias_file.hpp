@@ -5,7 +5,7 @@
 #pragma once
 
 #include <quillonic/export.hpp>
-#include <quillonic/support/any_value.hpp>
+#include <quillonic/support/date.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -61,7 +61,7 @@ struct QUILLONIC_EXPORT AliasFile {
   std::optional<Properties> targetProperties = std::nullopt;
   /// When the target was created. Files store seconds since 2001 in floating point, which rounds present
   /// dates to about a hundred nanoseconds.
-  std::optional<AnyValue::Date> targetCreationDate = std::nullopt;
+  std::optional<Date> targetCreationDate = std::nullopt;
   /// The number of trailing names, its own included, to remove from the alias file's path.
   std::optional<std::int64_t> relativeDirsUp = std::nullopt;
   /// The number of trailing names of the target's path to append then.
@@ -96,7 +96,7 @@ struct QUILLONIC_EXPORT AliasFile {
 
   /// The bytes of an alias file created at a given time; equal contents give equal bytes. Writes even names
   /// that `fromBytes` rejects.
-  std::string bytes(AnyValue::Date madeAt = {}) const;
+  std::string bytes(Date madeAt = {}) const;
 
   friend bool operator==(const AliasFile&, const AliasFile&) = default;
 };

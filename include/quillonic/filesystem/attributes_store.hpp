@@ -34,9 +34,9 @@ class QUILLONIC_EXPORT FileSystemAttributesStore {
   /// The item's size in bytes.
   virtual std::optional<std::uint64_t> fileSize() const = 0;
   /// When the item was created.
-  virtual std::optional<AnyValue::Date> dateCreated() const = 0;
+  virtual std::optional<Date> dateCreated() const = 0;
   /// When the item's contents last changed.
-  virtual std::optional<AnyValue::Date> dateModified() const = 0;
+  virtual std::optional<Date> dateModified() const = 0;
 
   /// The attributes that are compared between two stores: name, size, creation date and modification date.
   static std::span<const FileAttributeKey> attributeKeys() noexcept;
@@ -55,8 +55,8 @@ class QUILLONIC_EXPORT AttributeBasedStore : public FileSystemAttributesStore {
 
   std::optional<std::string> name() const override;
   std::optional<std::uint64_t> fileSize() const override;
-  std::optional<AnyValue::Date> dateCreated() const override;
-  std::optional<AnyValue::Date> dateModified() const override;
+  std::optional<Date> dateCreated() const override;
+  std::optional<Date> dateModified() const override;
 
  protected:
   AttributeBasedStore() = default;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <quillonic/export.hpp>
+#include <quillonic/support/date.hpp>
 
 #include <chrono>
 #include <concepts>
@@ -42,7 +43,7 @@ template <class Clock, class Duration>
 inline constexpr bool isTimePoint<std::chrono::time_point<Clock, Duration>> = true;
 
 template <class T>
-concept Date = isTimePoint<T> && std::convertible_to<T, std::chrono::sys_time<std::chrono::nanoseconds>>;
+concept TimePoint = isTimePoint<T> && std::convertible_to<T, Date>;
 
 // A type unknown to this header. No pointers: what they point to may die first.
 template <class T>
@@ -99,9 +100,6 @@ template <class T> class HostValueOf final : public HostValue {
 /// number. Copies share a host's value, which never changes.
 class QUILLONIC_EXPORT AnyValue {
  public:
-  /// Nanoseconds since 1970 in UTC, without leap seconds.
-  using Date = std::chrono::sys_time<std::chrono::nanoseconds>;
-
   /// Holds nothing: reads as no type and equals only another empty value.
   AnyValue() noexcept = default;
 
@@ -133,7 +131,7 @@ class QUILLONIC_EXPORT AnyValue {
 
   /// A date of any precision down to the nanosecond. A date outside the range of 64-bit nanoseconds (1677 to
   /// 2262) becomes the nearest one in it.
-  template <detail::Date T> AnyValue(T value) noexcept : value_(clamped(value)) {}
+  template <detail::TimePoint T> AnyValue(T value) noexcept : value_(clamped(value)) {}
 
   /// A value of a host type.
   template <class T>

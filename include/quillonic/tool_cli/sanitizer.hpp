@@ -70,12 +70,11 @@ class QUILLONIC_EXPORT CLIArgumentSanitizer {
   Split splitByValidity(ArgumentWords cliArgs) const;
 
  private:
-  bool isValid(std::string_view flag) const;
   template <class Visit> void walk(ArgumentWords cliArgs, Visit visit) const;
 
   std::vector<std::string> validCommandFlags_;
   std::optional<CLISanitizationOptions> options_;
-  // The valid flags for `isValid`: lower-cased, without empty ones.
+  // The valid flags, lower-cased, without empty ones.
   std::vector<std::string> lowered_;
 };
 

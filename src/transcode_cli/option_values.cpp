@@ -72,7 +72,7 @@ void TranscodeOptionValues::write(std::string_view flag, const std::optional<Val
 
 std::vector<std::int64_t> TranscodeOptionValues::readTracks(std::string_view prefix) const {
   std::vector<std::int64_t> tracks;
-  for (const auto& [flag, value] : prefixed(flagValueLookup_, prefix)) {
+  for (const auto& [flag, value] : PrefixedEntries(flagValueLookup_, prefix)) {
     if (const auto track = option_texts::read<std::int64_t>(value)) tracks.push_back(*track);
   }
   return inOrderAndOnce(std::move(tracks));

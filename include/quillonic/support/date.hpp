@@ -1,0 +1,13 @@
+/// The library's date.
+///
+///     constexpr Date midnight = std::chrono::sys_days(std::chrono::year(2026) / 11 / 22);
+#pragma once
+
+#include <chrono>
+
+namespace quillonic {
+
+/// An instant between the years 1677 and 2262, counted in nanoseconds from 1970 in UTC, without leap seconds.
+using Date = std::chrono::sys_time<std::chrono::nanoseconds>;
+
+}  // namespace quillonic
