@@ -1,6 +1,6 @@
-// The attributes of 10,000 items, and a tree of 10,000 links walked, beside a bare loop of the one system call
-// that asks about an item, over the same items. Beside small files, each of which may be an alias file, stands a
-// second loop that also looks at their first bytes: the least that must be done.
+// The attributes of 10,000 items, and a walk over a tree of 10,000 links, compared with a bare loop of one
+// system call per item over the same items. Small files, each of which may be an alias file, have a second
+// loop that also reads their first bytes: the least that must be done.
 #include <quillonic/filesystem.hpp>
 
 #include <algorithm>
@@ -23,12 +23,12 @@ constexpr int itemCount = 10'000;
 
 using Paths = std::vector<std::filesystem::path>;
 
-// Large clips as cameras leave them: too great for alias files.
+// Large clips as cameras write them: too large for alias files.
 const Paths& largeClips() {
   return clips(itemCount);
 }
 
-// A tree below a folder of its own, filled when it is first asked for.
+// A tree below its own folder, filled on first use.
 class Filled {
  public:
   template <class Make> explicit Filled(Make make) {
@@ -46,7 +46,7 @@ class Filled {
   Paths paths_;
 };
 
-// Files of the size of an alias file, each of which has to be opened.
+// Files of an alias file's size, each of which must be opened.
 const Paths& smallFiles() {
   static const Filled files([](Tree& tree, const std::string& name) { return tree.add(name, 1000); });
   return files.paths();
@@ -94,7 +94,7 @@ struct Seconds {
   double least = 0;
 };
 
-// The time of a row is that of the library; the columns behind it are ratios.
+// A row's time is the library's; the columns after it are ratios.
 void report(benchmark::State& state, const Seconds& total) {
   state.SetItemsProcessed(state.iterations() * itemCount);
   state.counters["times_bare"] = total.ours / total.bare;
@@ -104,8 +104,8 @@ void report(benchmark::State& state, const Seconds& total) {
   }
 }
 
-// The loops take turns, so that what else the machine does slows all of them alike, and each finds the caches as
-// another one over all items leaves them.
+// The loops take turns, so that other work on the machine slows all of them alike, and each finds the caches
+// as another loop over all items leaves them.
 template <const Paths& (*paths)(), class Ours>
 void measure(benchmark::State& state, bool hasLeast, Ours ours) {
   const auto& items = paths();

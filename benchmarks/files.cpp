@@ -22,7 +22,7 @@ std::string numbered(int collision) {
 struct Taken {
   std::unique_ptr<Tree> tree = std::make_unique<Tree>();
   std::filesystem::path wanted;
-  // Every name that has to be looked at, the free one at the end.
+  // Every name that must be looked at, ending with the free one.
   std::vector<std::string> names;
 };
 

@@ -21,12 +21,13 @@ using FindFreeName = std::function<std::string(const std::filesystem::path&)>;
 // Names "clip.mov" and its numbered forms, from one collision on.
 using NameOf = std::function<std::string(int collision)>;
 
-// Adds a row for no, ten and a thousand collisions, as far as the peer takes part. `nameOf` gives the form that the peer numbers names in.
+// Adds a row for no, ten and a thousand collisions, as far as the peer supports them. `nameOf` gives the form
+// of the peer's numbered names.
 bool addNaming(const std::string& who, const std::string& note, const NameOf& nameOf,
                const FindFreeName& find, int leastCollisions = 0);
 
-// Times a question about each of the items, handed over as the peer takes them. `textOf` tells what was answered, which
-// must be `expected` for the same item.
+// Times a question about each of the items, passed in the peer's form. `textOf` gives the answer, which must
+// be `expected` for the same item.
 template <class Convert, class Ask, class TextOf, class Expected>
 void addQuestion(Row row, Convert convert, Ask ask, TextOf textOf, Expected expected) {
   row.topic = topic;

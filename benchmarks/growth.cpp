@@ -1,4 +1,4 @@
-// What a word, a path or an item costs in time and memory, from a hundred to a million of them.
+// The cost of a word, a path or an item in time and memory, from a hundred to a million of them.
 #include <quillonic/filesystem.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::array<std::size_t, 5> sizes{100, 1'000, 10'000, 100'000, 1'000'000};
 
-// The memory that a turn needs at most counts as well.
+// The peak memory of a turn counts as well.
 template <class Work> void timeAndWeigh(benchmark::State& state, Work work) {
   {
     const memory::Peak peak;
@@ -30,7 +30,7 @@ template <class Work> void timeAndWeigh(benchmark::State& state, Work work) {
 constexpr auto bareCopy = "a bare copy, per word (all flags differ)";
 constexpr auto bareCall = "a bare system call, per path";
 
-// `bare` is the row of what the work cannot do without.
+// `bare` is the row with the minimum of work.
 template <class Prepare, class Work>
 void addGrowth(const std::string& what, const std::string& bare, Prepare prepare, Work work) {
   for (const auto size : sizes) {
@@ -42,7 +42,7 @@ void addGrowth(const std::string& what, const std::string& bare, Prepare prepare
   }
 }
 
-// The known flags over and over.
+// The known flags, repeated.
 std::vector<std::string> repeatedFlags(std::size_t size) {
   const auto known = TranscodeCliArguments::allKnownCommandFlags();
   std::vector<std::string> words;

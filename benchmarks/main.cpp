@@ -1,4 +1,4 @@
-// All rows in one program, so that a ratio is one of times from the same run.
+// All rows in one program, so that each ratio compares times of the same run.
 #include <benchmark/benchmark.h>
 
 int main(int argc, char** argv) {

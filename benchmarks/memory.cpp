@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <malloc.h>
 
-// The C library's own, under the names that it keeps for programs that replace malloc.
+// The C library's functions, under the names that it keeps for programs that replace malloc.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -19,13 +19,13 @@ namespace {
 
 struct Account {
   std::size_t allocations = 0;
-  // Weighing each block costs time, so it is done only where a peak is asked for.
+  // Measuring each block costs time, so it happens only when a peak is requested.
   bool isWeighed = false;
   std::ptrdiff_t held = 0;
   std::ptrdiff_t peak = 0;
 };
 
-// Without a constructor to run, so that the first malloc of a thread may use it.
+// Without a constructor, so that the first malloc of a thread may use it.
 constinit thread_local Account account;
 
 void* taken(void* memory) noexcept {
@@ -56,7 +56,7 @@ Peak::~Peak() {
   account.isWeighed = false;
 }
 
-// An object, so that peaks can be asked for in their scope only.
+// An object, so that peaks are measured only in its scope.
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static)
 std::size_t Peak::bytes() const noexcept {
   return static_cast<std::size_t>(account.peak);

@@ -1,5 +1,5 @@
-// What the program asks the heap for, counted for C and C++ alike: the program's own malloc stands before the C
-// library's, for every library that it loads.
+// Counts what the program asks of the heap, for C and C++ alike: the program's malloc replaces the C
+// library's for every library that it loads.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@ namespace quillonic::benchmarks::memory {
 // How often the calling thread has asked for memory.
 std::size_t allocations() noexcept;
 
-// The bytes that `work` holds at most, beyond those held before it.
+// The most bytes that `work` holds, beyond those held before it.
 class Peak {
  public:
   Peak() noexcept;

@@ -8,7 +8,7 @@
 
 namespace quillonic::benchmarks {
 
-// A text as its maker returns it, so that none is copied only to be timed.
+// A text as its maker returns it, so that timing needs no copy.
 struct Cleaned {
   std::string string;
   std::unique_ptr<char, void (*)(void*)> characters{nullptr, nullptr};
@@ -19,7 +19,7 @@ struct Cleaned {
 using Clean = std::function<Cleaned(const std::string&)>;
 using Legal = std::function<std::string(std::string)>;
 
-// `legal` takes out of what the peer returns what stands for a character that the library drops.
+// `legal` removes from the peer's result the replacements of characters that the library drops.
 bool addCleaning(const std::string& who, const std::string& note, const Clean& clean, const Legal& legal);
 
 }  // namespace quillonic::benchmarks

@@ -16,7 +16,7 @@ void add(const Row& row, std::function<void(benchmark::State&)> run) {
       state.SkipWithError(error.what());
     }
   });
-  // Otherwise time on the processor counts, which other programs on the machine do not lengthen.
+  // Otherwise processor time counts, which other programs on the machine do not lengthen.
   if (row.timesItself) family->UseManualTime()->Iterations(1);
 }
 

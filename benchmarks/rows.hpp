@@ -1,4 +1,5 @@
-// The rows of the table: one work done by the library, by a peer, or by nobody: the least that the machine needs for it.
+// The rows of the table: one work done by the library, by a peer, or by nobody, as the least that the machine
+// needs.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -11,10 +12,10 @@
 
 namespace quillonic::benchmarks {
 
-// Who does the work in a row of the library's own.
+// Who does the work in the library's rows.
 inline constexpr const char* ours = "quillonic";
 
-// Who "does" it in a row that shows the physical limit: "limit: " and what that is.
+// Who "does" it in a row with the physical limit: "limit: " and its name.
 inline std::string limit(const std::string& what) {
   return "limit: " + what;
 }
@@ -23,17 +24,17 @@ struct Row {
   std::string topic;
   std::string work;
   std::string who;
-  // Where a peer does less or more: what.
+  // What a peer does less or more, if anything.
   std::string note = {};
   // How many words, paths, accesses ... one turn of the work handles.
   double items = 1;
-  // It measures by the clock what each of its turns took for an item.
+  // It measures the time per item of each turn by the clock.
   bool timesItself = false;
 };
 
 void add(const Row& row, std::function<void(benchmark::State&)> run);
 
-// Times a work, and counts what one turn asks the heap for before the clock runs.
+// Times a work; counts what one turn asks of the heap before the clock runs.
 template <class Work> void timeTurns(benchmark::State& state, Work work) {
   const auto before = memory::allocations();
   work();
@@ -44,7 +45,7 @@ template <class Work> void timeTurns(benchmark::State& state, Work work) {
   }
 }
 
-// What a row needs before its clock runs. It is made when the row first runs and kept for its repetitions.
+// What a row needs before its clock runs; made on its first run and kept for its repetitions.
 template <class T> class Lazily {
  public:
   explicit Lazily(std::function<T()> make) : make_(std::move(make)) {}

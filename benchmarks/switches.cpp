@@ -41,7 +41,8 @@ const bool added = [] {
   return true;
 }();
 
-// Where the system places threads, it now and then keeps several on one processor for a while, and those hardly meet.
+// When the system places threads, it sometimes keeps several on one processor for a while, and those hardly
+// meet.
 void stayOn(std::size_t place) {
   cpu_set_t allowed;
   if (sched_getaffinity(0, sizeof allowed, &allowed) != 0) return;
@@ -57,8 +58,8 @@ void stayOn(std::size_t place) {
 
 }  // namespace
 
-// The median of many short looks, since on a machine that shares its processors with others the threads meet in some of
-// them only, or one of them stands still.
+// The median of many short samples: on a machine that shares its processors, the threads meet only in some of
+// them, or one thread is stopped.
 double secondsPerAccess(int threads, const std::function<void()>& playRound) {
   struct alignas(128) Player {
     std::atomic<std::int64_t> rounds = 0;

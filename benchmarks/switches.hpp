@@ -1,4 +1,4 @@
-// A Boolean that threads share: what guards it, and what that promises.
+// A Boolean that threads share: how it is guarded, and what that guarantees.
 #pragma once
 
 #include <functional>
@@ -26,8 +26,8 @@ inline const char* textOf(Promise promise) {
   return "";
 }
 
-// Lets threads play rounds of a hundred accesses at the same time, each on a processor of its own as long as there is one,
-// and gives the seconds that passed for each access.
+// Lets threads play rounds of a hundred accesses at the same time, each on its own processor if there are
+// enough, and returns the seconds per access.
 double secondsPerAccess(int threads, const std::function<void()>& playRound);
 
 // Every thread reads; `writes` of a hundred accesses write instead. `shared` outlives the program's rows.
@@ -55,10 +55,10 @@ bool addSwitch(Promise promise, const std::string& who, const std::string& note,
   return true;
 }
 
-// On a cache line of its own, whatever stands beside it.
+// On its own cache line, whatever is next to it.
 template <class Switch> struct alignas(128) Alone { Switch shared; };
 
-// A bool behind a lock that is taken as `Read` for reading and as `Write` for writing.
+// A bool with a lock that is taken as `Read` for reading and as `Write` for writing.
 template <class Mutex, class Read, class Write> class Guarded {
  public:
   bool isOn() const {

@@ -13,14 +13,14 @@
 
 namespace quillonic::benchmarks::timecode {
 
-// A spread of timecodes, so that no branch is learnt by heart. All exist in drop frame too.
+// A spread of timecodes, so that branch prediction learns no pattern. All exist in drop frame too.
 const std::vector<TimecodeComponents>& values();
 const std::vector<std::string>& texts();
 
 inline constexpr const char* reading = "read a timecode";
 inline constexpr const char* writing = "write a timecode";
 
-// One turn of the work per input, round and round.
+// One turn of the work per input, in a cycle.
 template <class Input, class Work>
 void timeInputs(benchmark::State& state, const std::vector<Input>& inputs, Work work) {
   std::size_t at = 0;
@@ -31,7 +31,7 @@ void timeInputs(benchmark::State& state, const std::vector<Input>& inputs, Work 
   });
 }
 
-// `read` makes whatever the peer holds a timecode in, and `fieldsOf` makes of that what the library holds.
+// `read` makes the peer's form of a timecode, and `fieldsOf` converts that to the library's.
 template <class Read, class FieldsOf>
 bool addReader(const std::string& who, const std::string& note, Read read, FieldsOf fieldsOf) {
   add({"timecode", reading, who, note}, [=](benchmark::State& state) {
@@ -43,7 +43,7 @@ bool addReader(const std::string& who, const std::string& note, Read read, Field
   return true;
 }
 
-// `held` makes whatever the peer holds a timecode in, before the clock runs.
+// `held` makes the peer's form of a timecode before the clock runs.
 template <class Held, class Write>
 bool addWriter(const std::string& who, const std::string& note, Held held, Write write) {
   add({"timecode", writing, who, note}, [=](benchmark::State& state) {

@@ -39,7 +39,7 @@ const std::vector<std::filesystem::path>& clips(std::size_t count) {
   static std::vector<std::filesystem::path> made;
   static std::map<std::size_t, std::unique_ptr<const std::vector<std::filesystem::path>>> lists;
   while (made.size() < count) {
-    // Too great for an alias file, which would have to be opened.
+    // Too large for an alias file, which would have to be opened.
     const auto number = std::to_string(made.size());
     made.push_back(tree.add("card " + std::to_string(made.size() / 1000) + "/A001_C" + number + ".mov",
                             std::uint64_t{1} << 30U));

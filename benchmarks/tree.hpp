@@ -1,4 +1,4 @@
-// Folders of files to ask about, below TMPDIR, removed at the end.
+// Folders of files to examine, below TMPDIR, removed at the end.
 #pragma once
 
 #include <cstddef>
@@ -18,14 +18,14 @@ class Tree {
 
   const std::filesystem::path& root() const noexcept { return root_; }
 
-  // A file of a size that holds no blocks; its name may lie in folders that are not there yet.
+  // A file with a size but no blocks; its name may contain missing folders.
   std::filesystem::path add(const std::string& name, std::uint64_t size = 0);
 
  private:
   std::filesystem::path root_;
 };
 
-// Clips as cameras leave them, a thousand to a folder. Later calls return the first of those that were made before.
+// Clips as cameras write them, a thousand per folder. Later calls return the first of the existing ones.
 const std::vector<std::filesystem::path>& clips(std::size_t count);
 
 }  // namespace quillonic::benchmarks

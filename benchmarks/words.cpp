@@ -1,7 +1,7 @@
 // Command lines of 10 to 100,000 words, read, written, and read, changed and written.
 //
-// "parse" and the works behind it take a line on which every flag stands once: known flags, and behind all of them
-// the numbered input files of a long job. "parse, flags repeated" takes the known flags over and over.
+// "parse" and the works after it take a line with every flag once: known flags, then the numbered input files
+// of a long job. "parse, flags repeated" repeats the known flags.
 #include "words.hpp"
 
 #include <quillonic/transcode_cli.hpp>
@@ -29,7 +29,7 @@ enum class Kind { distinct, repeated };
 
 CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
   CommandLine line;
-  // Not every peer reads a flag of one letter behind as many hyphens as the others.
+  // Not every peer reads a one-letter flag after as many hyphens as the others.
   std::vector<std::string_view> known;
   std::ranges::copy_if(TranscodeCliArguments::allKnownCommandFlags(), std::back_inserter(known),
                        [](std::string_view flag) { return flag.size() > 2; });
@@ -39,7 +39,7 @@ CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
     const bool isNew = kind == Kind::distinct || i < known.size();
     const bool isFile = kind == Kind::distinct && i >= known.size();
     const auto number = std::to_string(i);
-    // Here and there in the table, as on a line that a person or a program has written.
+    // Spread over the table, as on a line written by a person or a program.
     const auto flag = isFile ? line.flags.size() : i * stride % known.size();
     auto value = isFile ? "/media/CARD/A001_C" + number + ".mov" : std::to_string(960 + i % 64) + "x540";
     if (isFile) line.flags.push_back("in_0_" + number);
@@ -59,7 +59,7 @@ CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
   return line;
 }
 
-// Every reader of a line is given the same one.
+// Every reader of a line gets the same one.
 const CommandLine& line(Kind kind, std::size_t size, const std::string& hyphens) {
   static std::map<std::tuple<Kind, std::size_t, std::string>, CommandLine> lines;
   const auto [found, isNew] = lines.try_emplace({kind, size, hyphens});
@@ -72,7 +72,7 @@ struct Prepared {
   std::unique_ptr<WordsReader> reader;
 };
 
-// The words, as pairs in any order where the reader does not keep it.
+// The words, as pairs in any order if the reader does not keep it.
 std::vector<std::pair<std::string, std::string>> settingsIn(const std::vector<std::string>& words,
                                                             bool keepsOrder) {
   std::vector<std::pair<std::string, std::string>> settings;
@@ -81,12 +81,12 @@ std::vector<std::pair<std::string, std::string>> settingsIn(const std::vector<st
   return settings;
 }
 
-// A reader that has shown that it reads what stands on the line.
+// A reader that has shown that it reads the line correctly.
 Prepared prepare(Kind kind, std::size_t size, const WordsPeer& peer, const MakeReader& make, bool writes) {
   const auto& words = line(kind, size, peer.hyphens);
   Prepared prepared{&words, make(words)};
   auto& reader = *prepared.reader;
-  // Twice, since what it read before must not count.
+  // Twice, since earlier readings must not count.
   reader.parse();
   reader.parse();
   for (const auto& [flag, value] : words.settings) {
@@ -160,7 +160,7 @@ class Model final : public WordsReader {
   std::optional<TranscodeCliArguments> model_;
 };
 
-// What no reader can do without: each word is looked up once, and what is written is copied once.
+// The minimum for any reader: one look-up per word, and one copy of what is written.
 class Limit final {
  public:
   explicit Limit(const CommandLine& line) : line_(line), slots_(std::size_t{1} << slotBits(line)) {

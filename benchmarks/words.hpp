@@ -1,4 +1,4 @@
-// Readers of command lines, each behind the same few operations.
+// Readers of command lines with the same few operations.
 #pragma once
 
 #include <cstddef>
@@ -13,26 +13,26 @@ namespace quillonic::benchmarks {
 
 // A list of words in which a value follows every flag.
 struct CommandLine {
-  // With as many hyphens as its reader asks for.
+  // With as many hyphens as the reader requires.
   std::vector<std::string> words;
-  // Every flag that the reader has to know, without hyphens: many more than stand on a short line.
+  // Every flag that the reader must know, without hyphens: many more than a short line has.
   std::vector<std::string> flags;
-  // The same with hyphens, for readers whose writing is code around them.
+  // With hyphens, for readers whose writing is code around them.
   std::vector<std::string> flagWords;
-  // A flag of the line, by its place among all, and the value that holds in the end. Each once, in the order in which
-  // they first stand.
+  // A flag of the line, by its position among all, and its final value. Each once, in order of first
+  // appearance.
   struct Setting {
     std::size_t flag;
     std::string value;
   };
   std::vector<Setting> settings;
-  // As `main` receives the words: the program's name before them, a null pointer behind.
+  // As `main` receives the words: after the program's name, with a trailing null pointer.
   mutable std::vector<char*> argv;
 
   int argc() const noexcept { return static_cast<int>(argv.size()) - 1; }
 };
 
-// A reader that knows the flags of one command line; they are declared when it is made.
+// A reader that knows the flags of one command line; they are declared on construction.
 class WordsReader {
  public:
   WordsReader() = default;
@@ -40,12 +40,12 @@ class WordsReader {
   WordsReader& operator=(const WordsReader&) = delete;
   virtual ~WordsReader() = default;
 
-  // Reads the words and forgets what it read before.
+  // Reads the words and forgets earlier ones.
   virtual void parse() = 0;
-  // The value of the n-th of all flags, which stands on the line.
+  // The value of the n-th of all flags, which is on the line.
   virtual std::string value(std::size_t flag) const = 0;
   virtual void change(std::size_t flag, const std::string& value) = 0;
-  // The words that hold what was read, in its order where the reader knows it.
+  // The words that were read, in order if the reader keeps it.
   virtual std::vector<std::string> emit() const = 0;
 };
 
@@ -53,14 +53,14 @@ inline constexpr std::size_t anyLength = 100'000;
 
 struct WordsPeer {
   std::string name;
-  // What it does less or more than the library, when it reads and when it writes.
+  // What it does less or more than the library when reading and writing.
   std::string parsing;
-  // Empty where it cannot write words.
+  // Empty if it cannot write words.
   std::string writing;
   std::string hyphens = "-";
   bool keepsOrder = true;
-  // The longest lines that it is given, of flags that differ and of flags repeated, where its time for a word grows
-  // with what it knows or has read.
+  // The longest lines it is given, of different flags and of repeated flags, if its time per word grows with
+  // what it knows or has read.
   std::size_t longestOfDistinct = 1'000;
   std::size_t longestOfRepeated = anyLength;
 };
