@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes benchmarks/README.md and benchmarks/growth.svg of what the benchmark program measured: report.py RESULTS.json"""
+"""Writes benchmarks/README.md and benchmarks/growth.svg from the benchmark's results: report.py RESULTS.json"""
 
 import json
 import math
@@ -34,13 +34,13 @@ Where there are more threads than cores, keeping the order of arrival costs a ch
 def rows_of(results):
     """The medians, as {topic: {work: {who: row}}}, and the rows that could not be measured.
 
-    A row without a topic has timed what it is beside itself."""
+    A row without a topic has timed its comparison itself."""
     topics, failures = {}, []
     for measured in results["benchmarks"]:
         if "|" not in measured["run_name"]:
             continue
         topic, work, who = measured["run_name"].split("|")
-        # A row that times itself says so behind its name.
+        # The name of a row that times itself has a suffix.
         who, _, timing = who.partition("/iterations")
         if measured.get("error_occurred"):
             failures.append(f"{work}, {who}: {measured['error_message']}")
@@ -58,7 +58,7 @@ def rows_of(results):
 
 
 def figure(number, digits=3):
-    """Three digits that count, however large or small."""
+    """Three significant digits, however large or small."""
     if number == 0:
         return "0"
     places = max(0, digits - 1 - math.floor(math.log10(abs(number))))
@@ -76,7 +76,7 @@ def count(allocations):
 
 
 def beside(works):
-    """A line per work and peer, and the lines that are behind."""
+    """A line per work and peer, and the lines in which the library is slower."""
     lines, behind = [], []
     measured = [(work, rows) for work, rows in works.items() if OURS in rows]
     for work, rows in sorted(measured, key=lambda entry: entry[1][OURS]["place"]):
@@ -96,7 +96,7 @@ def beside(works):
 
 
 def turns_table(results):
-    """The rows that took turns with what they are beside."""
+    """The rows that took turns with their comparison."""
     names = {"expandedAttributes<largeClips>": "attributes of clips",
              "expandedAttributes<smallFiles>": "attributes of small files, which may be alias files",
              "walkLinks": "a tree of links walked"}

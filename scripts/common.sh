@@ -1,4 +1,4 @@
-# Shared by the scripts beside it: where the project is, what is said, and how missing packages are installed.
+# Shared by the other scripts: the project's folder, messages, and installing missing packages.
 # shellcheck shell=bash
 set -euo pipefail
 
@@ -22,7 +22,7 @@ as_root() {
   fi
 }
 
-# need PACKAGE...: installs the Debian packages that are missing.
+# need PACKAGE...: installs missing Debian packages.
 need() {
   local missing=() package
   for package in "$@"; do

@@ -6,7 +6,7 @@
 namespace quillonic::benchmarks::files {
 namespace {
 
-// It always counts further, so it is for names that are taken only.
+// It always counts further, so it is only for taken names.
 std::string freeName(const std::filesystem::path& wanted) {
   const auto folder = wanted.parent_path();
   const auto name = KFileUtils::suggestName(QUrl::fromLocalFile(QString::fromStdString(folder.native())),

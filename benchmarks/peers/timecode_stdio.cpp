@@ -7,7 +7,7 @@
 namespace quillonic::benchmarks::timecode {
 namespace {
 
-// The same demands: two digits each, in bounds, nothing before or behind.
+// Also requires two digits each, in bounds, with nothing before or after.
 std::optional<TimecodeComponents> scanned(const std::string& text) {
   TimecodeComponents read;
   std::array<int, 5> ends{};

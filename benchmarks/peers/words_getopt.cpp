@@ -6,7 +6,7 @@
 namespace quillonic::benchmarks {
 namespace {
 
-// Hands over what getopt finds: the flag's number and its value.
+// Passes on what getopt finds: the flag's number and its value.
 class Getopt {
  public:
   explicit Getopt(const CommandLine& line) : line_(line) {
@@ -45,7 +45,7 @@ class Bare final : public WordsReader {
   std::vector<const char*> values_;
 };
 
-// What a program writes around getopt to have values of its own and to write them back in their order.
+// What a program writes around getopt to own its values and write them back in order.
 class Stored final : public WordsReader {
  public:
   using Values = std::vector<std::optional<std::string>>;
@@ -53,7 +53,7 @@ class Stored final : public WordsReader {
   explicit Stored(const CommandLine& line) : line_(line), getopt_(line) {}
 
   void parse() override {
-    // As a program does that reads once.
+    // Like a program that reads once.
     order_ = {};
     order_.reserve(line_.settings.size());
     values_ = Values(line_.flags.size());

@@ -19,7 +19,7 @@ class OptionContext final : public WordsReader {
 
   void parse() override {
     forget();
-    // It takes what it reads out of the list.
+    // It removes what it reads from the list.
     auto words = line_.argv;
     int count = line_.argc();
     char** list = words.data();

@@ -18,7 +18,7 @@ constexpr unsigned inputId = 1;
 constexpr unsigned unknownId = 2;
 constexpr unsigned firstId = 3;
 
-// The table's own order: a name stands before the ones that it begins with.
+// The table's own order: a name precedes its prefixes.
 bool standsBefore(std::string_view a, std::string_view b) {
   const auto common = std::min(a.size(), b.size());
   const int order = a.substr(0, common).compare(b.substr(0, common));
