@@ -15,7 +15,7 @@ class Getopt {
   }
 
   template <class Take> void read(Take take) const {
-    // 0 starts afresh, whatever an earlier line left.
+    // 0 restarts, whatever an earlier line left.
     optind = 0;
     opterr = 0;
     int flag = 0;

@@ -12,7 +12,7 @@
 /// | --- | --- |
 /// | a text that is not UTF-8 | {"$bytes": "66ff"}, two hexadecimal digits per byte |
 /// | a number that is not finite | {"$number": "nan"}, "inf" or "-inf" |
-/// | a record with equal keys, a key not in UTF-8, or one key with a leading "$" | {"$record": [[key, value], ...]} |
+/// | a record with equal keys, a key not in UTF-8, or a single "$" key | {"$record": [[key, value], ...]} |
 #pragma once
 
 #include <quillonic/support/coding.hpp>
@@ -31,7 +31,7 @@
 
 namespace quillonic {
 
-/// The greatest nesting depth of arrays and objects in a JSON value, including those of the table above.
+/// The maximum nesting depth of arrays and objects in a JSON value, including those of the table above.
 /// Reading rejects deeper values, so that no external text exhausts the stack.
 inline constexpr std::size_t greatestJsonDepth = 500;
 

@@ -51,7 +51,7 @@ struct QUILLONIC_EXPORT AliasFile {
 
   /// The number of leading bytes that identify an alias file.
   static constexpr std::size_t markSize = 16;
-  /// The greatest size of an alias file in bytes, more than ten times what desktops write. A larger file is
+  /// The maximum size of an alias file in bytes, more than ten times what desktops write. A larger file is
   /// never one, whatever its contents, and no operation opens it: most camera clips stay closed.
   static constexpr std::size_t greatestSize = std::size_t{1} << 26;
 

@@ -71,7 +71,7 @@ class QUILLONIC_EXPORT HostValue {
   virtual ~HostValue();
 
   virtual const std::type_info& type() const noexcept = 0;
-  // Callers pass a value of this type.
+  // `other` has the same type.
   virtual bool equals(const HostValue& other) const = 0;
   virtual std::string description() const = 0;
 };

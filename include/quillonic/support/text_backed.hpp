@@ -24,7 +24,7 @@ class TextLiteral {
  public:
   /// Takes the characters before the terminating NUL.
   template <std::size_t size>
-  // NOLINTNEXTLINE(google-explicit-constructor): a literal stands for itself
+  // NOLINTNEXTLINE(google-explicit-constructor): a literal converts to its text
   consteval TextLiteral(const char (&literal)[size]) : text_(literal, size - 1) {}
 
   /// The literal, valid for the life of the program.

@@ -26,8 +26,8 @@
 
 namespace quillonic {
 
-/// Typed access to the values of a model's flags; see `TranscodeOptionValues` for their forms. A setter stores
-/// the flag with its value; no value, or false for a switch, removes the flag.
+/// Typed access to the values of a model's flags; see `TranscodeOptionValues` for their forms. A setter
+/// stores the flag with its value; no value, or false for a switch, removes the flag.
 class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
  public:
   /// Whether "-h" is set, which prints how the tool is used.
