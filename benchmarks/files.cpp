@@ -1,129 +1,234 @@
+// Files without content, below TMPDIR, removed at the end.
 #include "files.hpp"
 
 #include <quillonic/filesystem.hpp>
-#include <quillonic/platform.hpp>
+#include <quillonic/platform/mount_table.hpp>
 
 #include <array>
+#include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <map>
+#include <memory>
+#include <span>
+#include <stdexcept>
 #include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
-namespace quillonic::benchmarks::files {
+namespace quillonic::benchmarks {
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 3> collisions{{{0, "free name, no collision"},
-                                                                 {10, "free name, 10 collisions"},
-                                                                 {1000, "free name, 1,000 collisions"}}};
+namespace fs = std::filesystem;
 
-std::string numbered(int collision) {
-  return collision == 1 ? "clip.mov" : "clip " + std::to_string(collision) + ".mov";
-}
+constexpr std::size_t itemCount = 10'000;
+constexpr std::size_t clipCount = 100'000;
 
-struct Taken {
-  std::unique_ptr<Tree> tree = std::make_unique<Tree>();
-  std::filesystem::path wanted;
-  // Every name that must be looked at, ending with the free one.
-  std::vector<std::string> names;
+// A folder of its own, with items a hundred to a folder.
+struct Tree {
+  Tree() {
+    std::string name = fs::temp_directory_path() / "quillonic-XXXXXX";
+    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
+    root = name;
+  }
+  template <class Make> Tree(std::size_t count, Make make) : Tree() {
+    for (std::size_t i = 0; i < count; ++i) {
+      const auto folder = root / ("reel " + std::to_string(i / 100));
+      if (i % 100 == 0) fs::create_directory(folder);
+      paths.push_back(folder / ("A001C" + std::to_string(i) + "_201112_R1AB.MXF"));
+      make(paths.back());
+    }
+  }
+  Tree(const Tree&) = delete;
+  Tree& operator=(const Tree&) = delete;
+  ~Tree() {
+    std::error_code ignored;
+    fs::remove_all(root, ignored);
+  }
+
+  fs::path root;
+  std::vector<fs::path> paths;
 };
 
-Taken taken(int count, const NameOf& nameOf) {
-  Taken made;
-  for (int i = 1; i <= count; ++i) made.names.push_back(made.tree->add(nameOf(i)));
-  made.names.push_back(made.tree->root() / nameOf(count + 1));
-  made.wanted = made.tree->root() / nameOf(1);
-  return made;
+// Of a size that holds no blocks.
+void makeFile(const fs::path& path, std::uint64_t size) {
+  std::ofstream(path).close();
+  fs::resize_file(path, size);
 }
 
-struct statx statusOf(const std::filesystem::path& item, unsigned mask) {
+// Clips as cameras leave them: too large for alias files, which would have to be opened.
+std::span<const fs::path> clips(std::size_t count) {
+  static const Tree tree(clipCount, [](const fs::path& path) { makeFile(path, std::uint64_t{1} << 30U); });
+  return std::span(tree.paths).first(count);
+}
+
+std::span<const fs::path> smallFiles() {
+  static const Tree tree(itemCount, [](const fs::path& path) { makeFile(path, 1'000); });
+  return tree.paths;
+}
+
+const Tree& links() {
+  static const Tree tree(itemCount,
+                         [](const fs::path& path) { fs::create_symlink("../reel 0/clip.mov", path); });
+  return tree;
+}
+
+// Names of one alias file, each of which has to be opened and read.
+const Tree& aliases(std::size_t count) {
+  static const Tree target;
+  static const auto alias = target.root / "alias";
+  static std::map<std::size_t, Tree> trees;
+  if (!fs::exists(alias)) {
+    makeFile(target.root / "clip.mov", 1'000);
+    createAliasForFilePath(target.root / "clip.mov", alias);
+  }
+  return trees.try_emplace(count, count, [](const fs::path& path) { fs::create_hard_link(alias, path); })
+      .first->second;
+}
+
+void walk(const Tree& tree) {
+  std::size_t found = 0;
+  enumerateLinkFileDereferencePairs(tree.root, [&](const fs::path&, const fs::path&, bool&) { ++found; });
+  if (found != tree.paths.size()) throw std::runtime_error("links are missing");
+}
+
+template <class Do> Work toEach(std::span<const fs::path> items, Do does) {
+  return [=] {
+    for (const auto& item : items) does(item);
+  };
+}
+
+// Asks about each, once it is shown that the first gets the right answer.
+template <class Ask, class Answer>
+Work asking(std::span<const fs::path> items, Ask ask, const Answer& expected) {
+  if (ask(items.front()) != expected) throw std::runtime_error("answers something else");
+  return toEach(items, [=](const fs::path& item) { use(ask(item)); });
+}
+
+void look(const fs::path& item) {
   struct statx status {};
-  if (statx(AT_FDCWD, item.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, mask, &status) != 0) {
-    throw std::runtime_error("cannot look at " + item.native());
-  }
-  return status;
+  const auto everything = STATX_BASIC_STATS | STATX_BTIME | STATX_MNT_ID;
+  use(statx(AT_FDCWD, item.c_str(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, everything, &status));
 }
 
-const auto itself = [](const std::filesystem::path& item) { return item; };
+// Also at what a file begins with.
+void lookInto(const fs::path& item) {
+  look(item);
+  std::array<char, AliasFile::markSize> mark;
+  const int file = open(item.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  use(read(file, mark.data(), mark.size()));
+  close(file);
+}
 
-void addNamingLimit() {
-  for (const auto& [count, work] : collisions) {
-    Lazily<Taken> names([count_ = count] { return taken(count_, numbered); });
-    add({topic, work, limit("one system call per name")}, [=](benchmark::State& state) mutable {
-      const auto& looked = (*names).names;
-      timeTurns(state, [&] {
-        for (const auto& name : looked) {
-          struct stat item {};
-          benchmark::DoNotOptimize(lstat(name.c_str(), &item));
-        }
-      });
-    });
+void lookAtTarget(const fs::path& link) {
+  std::array<char, 4096> target;
+  use(readlink(link.c_str(), target.data(), target.size()));
+}
+
+void readAttributes(const fs::path& item) {
+  use(expandedAttributesOfItem(item));
+}
+
+std::string rootOf(const fs::path& item) {
+  return FileManager().getUniqueDrives(std::span(&item, 1)).at(0);
+}
+
+std::string freeName(const fs::path& wanted) {
+  if (!fs::exists(wanted)) return wanted;
+  const auto beginning = (wanted.parent_path() / wanted.stem()).native() + " ";
+  for (int number = 2;; ++number) {
+    auto candidate = beginning + std::to_string(number) + wanted.extension().native();
+    if (!fs::exists(candidate)) return candidate;
   }
 }
 
-void addRootsOfOurs() {
-  add({topic, findingRoots, ours, "", itemCount}, [](benchmark::State& state) {
-    const auto& items = clips(itemCount);
-    timeTurns(state, [&] { benchmark::DoNotOptimize(FileManager().mappingOfUniqueDrives(items).size()); });
-  });
-  addRoots(
-      findingRootsByText, ours, "", itself,
-      [](const std::filesystem::path& item) {
-        static const MountTable table = MountTable::current();
-        return table.withLongestMountPoint(item);
-      },
-      [](const Mount* mount) { return mount->mountPoint.native(); });
+// A thousand names that are taken, and the free one after them.
+const Tree& names() {
+  static Tree tree;
+  for (std::size_t i = tree.paths.size() + 1; i <= 1'001; ++i) {
+    tree.paths.push_back(tree.root / (i == 1 ? "clip.mov" : "clip " + std::to_string(i) + ".mov"));
+    if (i <= 1'000) makeFile(tree.paths.back(), 0);
+  }
+  return tree;
+}
+
+constexpr auto findName = "free name after 1,000 that are taken";
+constexpr auto findRoot = "volume root of one item a call";
+constexpr auto findRoots = "volume roots of 100,000 items, 10,000 a call, each";
+constexpr auto readClips = "attributes of 10,000 clips, each";
+constexpr std::size_t itemsOfATurn = 100;
+
+template <class Find> void addNaming(const std::string& who, const std::string& note, Find find) {
+  add({findName, who, note},
+      [=] { return asking(std::span(names().paths).first(1), find, names().paths.back().native()); });
 }
 
 const bool added = [] {
-  const FileManager fileManager;
-  addNaming(ours, "", numbered, [=](const std::filesystem::path& wanted) {
-    return fileManager.filePathAdjustedForCollision(wanted).native();
+  constexpr auto oneCall = "one system call each";
+  constexpr auto opening = "one system call each, opening and reading";
+  addNaming(ours, "",
+            [](const fs::path& path) { return FileManager().filePathAdjustedForCollision(path).native(); });
+  addNaming("std::filesystem::exists", "less: a dangling link counts as free", freeName);
+  add({findName, least(oneCall)}, [] { return toEach(names().paths, look); });
+
+  addRoots(ours, "reads the table of mounts in every call", rootOf);
+  add({findRoot, "ours, mounts read before", "", itemsOfATurn}, [] {
+    return toEach(clips(itemsOfATurn),
+                  [mounts = MountTable::current()](const fs::path& item) { use(mounts.holding(item)); });
   });
-  addNamingLimit();
-  addRootsOfOurs();
-  addAttributes(
-      ours, "", itself, [](const std::filesystem::path& item) { return expandedAttributesOfItem(item); },
-      [](const auto& attributes) {
-        return *attributes->template value<std::uint64_t>(FileAttributeKey::NSFileSize);
-      });
-  const auto nothing = [](const auto&) { return std::string(); };
-  for (const auto& [work, mask] : {std::pair(findingRoots, STATX_TYPE | STATX_MNT_ID),
-                                   std::pair(readingAttributes, STATX_BASIC_STATS | STATX_BTIME)}) {
-    addQuestion(
-        {"", work, limit("one system call per item")}, itself,
-        [mask_ = mask](const std::filesystem::path& item) { return statusOf(item, mask_); }, nothing,
-        nothing);
-  }
+  add({findRoot, least(oneCall), "", itemsOfATurn}, [] { return toEach(clips(itemsOfATurn), look); });
+  add({findRoots, ours, "", clipCount}, [] {
+    return [] {
+      for (std::size_t i = 0; i < clipCount; i += itemCount) {
+        use(FileManager().mappingOfUniqueDrives(clips(clipCount).subspan(i, itemCount)));
+      }
+    };
+  });
+  add({findRoots, least(oneCall), "", clipCount}, [] { return toEach(clips(clipCount), look); });
+
+  addAttributes(ours, "", [](const fs::path& item) {
+    return expandedAttributesOfItem(item)->value<std::uint64_t>(FileAttributeKey::NSFileSize).value();
+  });
+  addAttributes("std::filesystem", "less: no owner, device, number or creation date",
+                [](const fs::path& item) {
+                  use(fs::symlink_status(item));
+                  use(fs::hard_link_count(item));
+                  use(fs::last_write_time(item));
+                  return fs::file_size(item);
+                });
+  add({readClips, least(oneCall), "", itemCount}, [] { return toEach(clips(itemCount), look); });
+  constexpr auto readSmall = "attributes of 10,000 files that may be aliases, each";
+  add({readSmall, ours, "", itemCount}, [] { return toEach(smallFiles(), readAttributes); });
+  add({readSmall, least(opening), "", itemCount}, [] { return toEach(smallFiles(), lookInto); });
+  constexpr auto walkLinks = "walk over 10,000 symbolic links, each";
+  add({walkLinks, ours, "", itemCount}, [] { return [] { walk(links()); }; });
+  add({walkLinks, least("reading each"), "", itemCount}, [] { return toEach(links().paths, lookAtTarget); });
+  constexpr auto walkAliases = "walk over 10,000 alias files, each";
+  add({walkAliases, ours, "", itemCount}, [] { return [] { walk(aliases(itemCount)); }; });
+  add({walkAliases, least(opening), "", itemCount},
+      [] { return toEach(aliases(itemCount).paths, lookInto); });
+
+  addGrowth("attributes of a clip", allItems,
+            [](std::size_t size) { return toEach(clips(size), readAttributes); });
+  addGrowth("walk over an alias file", allItems,
+            [](std::size_t size) { return [=] { walk(aliases(size)); }; });
   return true;
 }();
 
 }  // namespace
 
-std::string rootOf(const std::filesystem::path& item) {
-  return FileManager().getUniqueDrives(std::array{item}).at(0);
+bool addRoots(const std::string& who, const std::string& note, RootOf rootOfPeer) {
+  const auto of = [=](std::size_t count) {
+    return asking(clips(count), rootOfPeer, rootOf(clips(1).front()));
+  };
+  add({findRoot, who, note, itemsOfATurn}, [=] { return of(itemsOfATurn); });
+  return who == ours ||
+         add({findRoots, who, note + "; one a call", itemCount}, [=] { return of(itemCount); });
 }
 
-std::string sizeOf(const std::filesystem::path& item) {
-  return std::to_string(std::filesystem::file_size(item));
+bool addAttributes(const std::string& who, const std::string& note, SizeOf sizeOf) {
+  return add({readClips, who, note, itemCount},
+             [=] { return asking(clips(itemCount), sizeOf, fs::file_size(clips(1).front())); });
 }
 
-bool addNaming(const std::string& who, const std::string& note, const NameOf& nameOf,
-               const FindFreeName& find, int leastCollisions) {
-  for (const auto& [count, work] : collisions) {
-    if (count < leastCollisions) continue;
-    Lazily<Taken> names([=, count_ = count] {
-      auto made = taken(count_, nameOf);
-      if (find(made.wanted) != made.names.back()) throw std::runtime_error("finds another name");
-      return made;
-    });
-    add({topic, work, who, note}, [=](benchmark::State& state) mutable {
-      const auto& wanted = (*names).wanted;
-      timeTurns(state, [&] {
-        const auto name = find(wanted);
-        benchmark::DoNotOptimize(name.data());
-      });
-    });
-  }
-  return true;
-}
-
-}  // namespace quillonic::benchmarks::files
+}  // namespace quillonic::benchmarks

@@ -1,64 +1,48 @@
-// The rows of the table: one work done by the library, by a peer, or by nobody, as the least that the machine
-// needs.
+// The rows of the table: a work done by the library, by a peer, or by nobody: the least that the work needs.
 #pragma once
 
 #include <benchmark/benchmark.h>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 
-#include "memory.hpp"
-
 namespace quillonic::benchmarks {
 
-// Who does the work in the library's rows.
+// Who does the work in a row of the library's own.
 inline constexpr const char* ours = "quillonic";
 
-// Who "does" it in a row with the physical limit: "limit: " and its name.
-inline std::string limit(const std::string& what) {
-  return "limit: " + what;
+// Who "does" it in a row that shows the least that the work needs: what that is.
+inline std::string least(const std::string& what) {
+  return "least: " + what;
 }
 
 struct Row {
-  std::string topic;
   std::string work;
   std::string who;
-  // What a peer does less or more, if anything.
+  // Where a peer does less or more than the library: what.
   std::string note = {};
-  // How many words, paths, accesses ... one turn of the work handles.
+  // How many words, paths, edits ... one turn of the work handles.
   double items = 1;
-  // It measures the time per item of each turn by the clock.
-  bool timesItself = false;
+  // Whether the page keeps the work; all are printed.
+  bool isKept = true;
 };
 
-void add(const Row& row, std::function<void(benchmark::State&)> run);
+using Work = std::function<void()>;
 
-// Times a work; counts what one turn asks of the heap before the clock runs.
-template <class Work> void timeTurns(benchmark::State& state, Work work) {
-  const auto before = memory::allocations();
-  work();
-  state.counters["allocations"] = static_cast<double>(memory::allocations() - before);
-  for (auto _ : state) {
-    work();
-    benchmark::ClobberMemory();
-  }
+// `prepare` makes the work that is timed. It is called when the row first runs, before the clock does; what
+// it throws is told instead of a time. Always true, so that a source can add rows before `main`.
+bool add(const Row& row, std::function<Work()> prepare, int times = 0);
+
+// A row that finds by itself, `times` times, how many seconds an item takes; nothing where none was done.
+bool addMeasured(const Row& row, std::function<std::optional<double>()> seconds, int times);
+
+// The library's time for an item among a hundred to a hundred thousand; a turn handles all, or `items`.
+void addGrowth(const std::string& what, double items, std::function<Work(std::size_t size)> prepare);
+inline constexpr double allItems = 0;
+
+// Keeps the compiler from leaving out what nobody looks at.
+template <class Result> void use(Result&& result) {
+  benchmark::DoNotOptimize(result);
 }
-
-// What a row needs before its clock runs; made on its first run and kept for its repetitions.
-template <class T> class Lazily {
- public:
-  explicit Lazily(std::function<T()> make) : make_(std::move(make)) {}
-
-  T& operator*() {
-    if (!made_->has_value()) made_->emplace(make_());
-    return **made_;
-  }
-
- private:
-  std::function<T()> make_;
-  // Copies of a row share it.
-  std::shared_ptr<std::optional<T>> made_ = std::make_shared<std::optional<T>>();
-};
 
 }  // namespace quillonic::benchmarks

@@ -1,65 +1,48 @@
-// A Boolean that threads share: how it is guarded, and what that guarantees.
+// A Boolean that threads share: what guards it, and what that promises.
 #pragma once
 
-#include <functional>
-#include <string>
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <mutex>
+#include <shared_mutex>
 
 #include "rows.hpp"
 
 namespace quillonic::benchmarks {
 
-enum class Promise {
-  oneAtATime,
-  oneAtATimeInOrder,
-  readsTogether,
-};
+inline constexpr const char* oneAtATime = "one at a time";
+inline constexpr const char* inOrder = "in order of arrival";
+inline constexpr const char* readsTogether = "reads together";
 
-inline const char* textOf(Promise promise) {
-  switch (promise) {
-    case Promise::oneAtATime:
-      return "one at a time";
-    case Promise::oneAtATimeInOrder:
-      return "one at a time, in order of arrival";
-    case Promise::readsTogether:
-      return "reads together";
-  }
-  return "";
-}
+// Reads and writes, so many of a hundred, until it is told to end, and tells how often.
+using Play = std::function<void(int writes, const std::atomic<bool>& ends, std::atomic<std::int64_t>& done)>;
 
-// Lets threads play rounds of a hundred accesses at the same time, each on its own processor if there are
-// enough, and returns the seconds per access.
-double secondsPerAccess(int threads, const std::function<void()>& playRound);
+bool addPlay(const std::string& promise, const std::string& who, const std::string& note, Play play);
 
-// Every thread reads; `writes` of a hundred accesses write instead. `shared` outlives the program's rows.
+// `shared` outlives the program's rows.
 template <class Switch>
-bool addSwitch(Promise promise, const std::string& who, const std::string& note, Switch& shared) {
-  for (const int threads : {1, 2, 4}) {
-    for (const int writes : {0, 1}) {
-      const auto work = std::string(textOf(promise)) + ", " + std::to_string(threads) +
-                        (threads == 1 ? " thread, " : " threads, ") + std::to_string(writes) + " % writes";
-      add({.topic = "switches", .work = work, .who = who, .note = note, .timesItself = true},
-          [&shared, threads, writes](benchmark::State& state) {
-            const auto playRound = [&] {
-              for (int turn = 0; turn < 100; ++turn) {
-                if (turn < writes) {
-                  shared.setIsOn(true);
-                } else {
-                  benchmark::DoNotOptimize(shared.isOn());
-                }
-              }
-            };
-            for (auto _ : state) state.SetIterationTime(secondsPerAccess(threads, playRound));
-          });
+bool addSwitch(const std::string& promise, const std::string& who, const std::string& note, Switch& shared) {
+  return addPlay(promise, who, note, [&](int writes, const auto& ends, auto& done) {
+    std::array<bool, 100> writesNow;
+    for (int i = 0; i < 100; ++i) writesNow[static_cast<std::size_t>(i)] = i * writes % 100 < writes;
+    for (std::int64_t turn = 0; !ends.load(std::memory_order_relaxed);
+         done.store(++turn, std::memory_order_relaxed)) {
+      if (writesNow[static_cast<std::size_t>(turn) % 100]) {
+        shared.setIsOn(true);
+      } else {
+        use(shared.isOn());
+      }
     }
-  }
-  return true;
+  });
 }
 
-// On its own cache line, whatever is next to it.
+// On a cache line of its own, whatever is beside it.
 template <class Switch> struct alignas(128) Alone { Switch shared; };
 
-// A bool with a lock that is taken as `Read` for reading and as `Write` for writing.
-template <class Mutex, class Read, class Write> class Guarded {
+// A bool behind a lock that is taken as `Read` for reading and as `Write` for writing.
+template <class Mutex, class Read = std::lock_guard<Mutex>, class Write = std::lock_guard<Mutex>>
+class Guarded {
  public:
   bool isOn() const {
     const Read lock(mutex_);
@@ -74,5 +57,7 @@ template <class Mutex, class Read, class Write> class Guarded {
   mutable Mutex mutex_;
   bool isOn_ = false;
 };
+
+template <class Mutex> using ReadTogether = Guarded<Mutex, std::shared_lock<Mutex>>;
 
 }  // namespace quillonic::benchmarks

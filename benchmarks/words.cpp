@@ -1,55 +1,72 @@
-// Command lines of 10 to 100,000 words, read, written, and read, changed and written.
-//
-// "parse" and the works after it take a line with every flag once: known flags, then the numbered input files
-// of a long job. "parse, flags repeated" repeats the known flags.
+// Command lines read and written: one as parents write it for a clip, long lists of input files, and lines
+// made to slow a reader down.
 #include "words.hpp"
 
 #include <quillonic/transcode_cli.hpp>
 
 #include <algorithm>
-#include <array>
+#include <cstdint>
 #include <cstring>
-#include <iterator>
-#include <map>
-#include <numeric>
 #include <stdexcept>
-#include <tuple>
-
-#include "rows.hpp"
+#include <unordered_set>
 
 namespace quillonic::benchmarks {
 namespace {
 
-constexpr auto topic = "words";
-constexpr std::array<std::size_t, 4> sizes{10, 100, 1'000, anyLength};
+// Flags without hyphens, and their values.
+using Pairs = std::vector<std::pair<std::string, std::string>>;
 
-constexpr std::size_t stride = 41;
+// With the tool's name 25 words.
+Pairs usualLine() {
+  return {{"in_0_0", "/media/CARD A/CLIPS001/A001C001_201112_R1AB.mov"},
+          {"in_0_1", "/media/CARD A/CLIPS001/A001C002_201112_R1AB.mov"},
+          {"in_1_0", "/media/REEL 7/sound/T001.wav"},
+          {"out", "/media/REEL 7/review/A001C001_201112_R1AB.mov"},
+          {"file_format", "mov"},
+          {"vcodec", "h264"},
+          {"dims", "1920x1080"},
+          {"vbr", "12.5"},
+          {"acodec", "aac"},
+          {"wmt_text", "for review only"},
+          {"tc_custom", "01:00:00:00"},
+          {"overwrite", ""}};
+}
 
-enum class Kind { distinct, repeated };
+// The known flags, but those of one letter, which not every peer reads after as many hyphens as the others.
+Words knownFlags() {
+  Words flags;
+  for (const auto flag : TranscodeCliArguments::allKnownCommandFlags()) {
+    if (flag.size() > 2) flags.emplace_back(flag.substr(1));
+  }
+  return flags;
+}
 
-CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
-  CommandLine line;
-  // Not every peer reads a one-letter flag after as many hyphens as the others.
-  std::vector<std::string_view> known;
-  std::ranges::copy_if(TranscodeCliArguments::allKnownCommandFlags(), std::back_inserter(known),
-                       [](std::string_view flag) { return flag.size() > 2; });
-  if (std::gcd(known.size(), stride) != 1) throw std::logic_error("the stride leaves flags out");
-  for (const auto flag : known) line.flags.emplace_back(flag.substr(1));
-  for (std::size_t i = 0; i < size / 2; ++i) {
-    const bool isNew = kind == Kind::distinct || i < known.size();
-    const bool isFile = kind == Kind::distinct && i >= known.size();
+template <std::size_t words> Pairs inputFiles() {
+  Pairs pairs;
+  for (std::size_t i = 0; i < words / 2; ++i) {
     const auto number = std::to_string(i);
-    // Spread over the table, as on a line written by a person or a program.
-    const auto flag = isFile ? line.flags.size() : i * stride % known.size();
-    auto value = isFile ? "/media/CARD/A001_C" + number + ".mov" : std::to_string(960 + i % 64) + "x540";
-    if (isFile) line.flags.push_back("in_0_" + number);
-    line.words.push_back(hyphens + line.flags[flag]);
-    line.words.push_back(value);
-    if (isNew) {
-      line.settings.push_back({flag, std::move(value)});
-    } else {
-      line.settings[i % known.size()].value = std::move(value);
-    }
+    pairs.emplace_back("in_0_" + number, "/media/CARD/A001_C" + number + ".mov");
+  }
+  return pairs;
+}
+
+// Here and there in the list of known flags, over and over.
+Pairs repeatedFlags() {
+  const auto known = knownFlags();
+  Pairs pairs;
+  for (std::size_t i = 0; i < 5'000; ++i) {
+    pairs.emplace_back(known[i * 41 % known.size()], std::to_string(960 + i % 64) + "x540");
+  }
+  return pairs;
+}
+
+CommandLine lineOf(const Pairs& pairs, const std::string& hyphens) {
+  CommandLine line;
+  line.flags = knownFlags();
+  std::unordered_set<std::string> known(line.flags.begin(), line.flags.end());
+  for (const auto& [flag, value] : pairs) {
+    append(line.words, hyphens + flag, value);
+    if (known.insert(flag).second) line.flags.push_back(flag);
   }
   for (const auto& flag : line.flags) line.flagWords.push_back(hyphens + flag);
   static char program[] = "program";
@@ -59,185 +76,132 @@ CommandLine lineOf(Kind kind, std::size_t size, const std::string& hyphens) {
   return line;
 }
 
-// Every reader of a line gets the same one.
-const CommandLine& line(Kind kind, std::size_t size, const std::string& hyphens) {
-  static std::map<std::tuple<Kind, std::size_t, std::string>, CommandLine> lines;
-  const auto [found, isNew] = lines.try_emplace({kind, size, hyphens});
-  if (isNew) found->second = lineOf(kind, size, hyphens);
-  return found->second;
+std::map<std::string, std::string> valuesOf(const Words& words) {
+  std::map<std::string, std::string> values;
+  for (std::size_t i = 0; i + 1 < words.size(); i += 2) values[words[i]] = words[i + 1];
+  return values;
 }
 
-struct Prepared {
-  const CommandLine* line;
-  std::unique_ptr<WordsReader> reader;
-};
-
-// The words, as pairs in any order if the reader does not keep it.
-std::vector<std::pair<std::string, std::string>> settingsIn(const std::vector<std::string>& words,
-                                                            bool keepsOrder) {
-  std::vector<std::pair<std::string, std::string>> settings;
-  for (std::size_t i = 0; i + 1 < words.size(); i += 2) settings.emplace_back(words[i], words[i + 1]);
-  if (!keepsOrder) std::ranges::sort(settings);
-  return settings;
+WordsReader model(const CommandLine& line) {
+  const auto model = std::make_shared<TranscodeCliArguments>();
+  return {[=, &line] {
+            *model = TranscodeCliArguments(ArgumentWords::fromMain(line.argc(), line.argv.data()), true);
+          },
+          [=] { return model->commandLineArguments(); }};
 }
 
-// A reader that has shown that it reads the line correctly.
-Prepared prepare(Kind kind, std::size_t size, const WordsPeer& peer, const MakeReader& make, bool writes) {
-  const auto& words = line(kind, size, peer.hyphens);
-  Prepared prepared{&words, make(words)};
-  auto& reader = *prepared.reader;
-  // Twice, since earlier readings must not count.
-  reader.parse();
-  reader.parse();
-  for (const auto& [flag, value] : words.settings) {
-    if (reader.value(flag) != value) throw std::runtime_error("reads another value for " + words.flags[flag]);
-  }
-  if (!writes) return prepared;
-  auto expected = words.words;
-  const auto writesExpected = [&] {
-    return settingsIn(reader.emit(), peer.keepsOrder) == settingsIn(expected, peer.keepsOrder);
+// What no reader does without: a probe of a hash table and a copy for each word.
+WordsReader leastReader(const CommandLine& line) {
+  const std::unordered_set<std::string_view> known(line.flagWords.begin(), line.flagWords.end());
+  const auto copy = std::make_shared<Words>();
+  const auto parse = [=, &line] {
+    for (auto at = line.argv.begin() + 1; *at; ++at) use(known.count(*at));
+    *copy = Words(line.argv.begin() + 1, line.argv.end() - 1);
   };
-  if (!writesExpected()) throw std::runtime_error("writes other words");
-  reader.change(words.settings.front().flag, "changed");
-  expected[1] = "changed";
-  if (!writesExpected()) throw std::runtime_error("does not write what was changed");
-  reader.parse();
-  return prepared;
+  return {parse, [=] { return *copy; }};
 }
 
-std::string named(const char* work, std::size_t size) {
-  auto name = std::string(work) + " ";
-  if (size >= 1000) name += std::to_string(size / 1000) + ",000";
-  if (size < 1000) name += std::to_string(size);
-  return name + " words";
+// Flags of 24 bytes that have one std::hash as long as they begin with "-in_0000", and none with another
+// beginning: it takes in eight bytes at a time, and each step can be undone.
+Words craftedWords(const std::string& beginning) {
+  constexpr std::uint64_t factor = 0xC6A4A7935BD1E995U;
+  constexpr std::uint64_t inverse = 0x5F7A0EA7E59B19BDU;
+  static_assert(factor * inverse == 1);
+  const auto folded = [](std::uint64_t number) { return number ^ number >> 47U; };
+  const auto mixed = [&](const char* bytes) {
+    std::uint64_t number = 0;
+    std::memcpy(&number, bytes, sizeof number);
+    return folded(number * factor) * factor;
+  };
+  // Bytes that reading leaves as they are.
+  const auto isPlain = [](unsigned char c) {
+    return (c > ' ' && c < 'A' && c != '-') || (c >= 'a' && c <= 'z') || (c >= 0x80 && c < 0xC0);
+  };
+  Words words;
+  for (std::uint64_t i = 10'000'000; words.size() < 80'000; ++i) {
+    auto word = "-in_0000" + std::to_string(i);
+    const auto begun = (0xC70F6907U ^ 24 * factor ^ mixed(word.data())) * factor;
+    const auto last = folded((begun ^ mixed(word.data() + 8)) * factor * inverse) * inverse;
+    word.append(reinterpret_cast<const char*>(&last), sizeof last);
+    if (!std::all_of(word.begin() + 16, word.end(), isPlain)) continue;
+    append(words, word.replace(0, 8, beginning), "/media/CARD/clip.mov");
+  }
+  const std::hash<std::string> hash;
+  if ((hash(words[0]) == hash(words[2])) != (beginning == "-in_0000"))
+    throw std::runtime_error("not what it says");
+  return words;
 }
 
-void addParsing(const WordsPeer& peer, const MakeReader& make, Kind kind, std::size_t size) {
-  const auto* work = kind == Kind::distinct ? "parse" : "parse, flags repeated,";
-  Lazily<Prepared> prepared([=] { return prepare(kind, size, peer, make, false); });
-  add({topic, named(work, size), peer.name, peer.parsing, static_cast<double>(size)},
-      [=](benchmark::State& state) mutable {
-        auto& reader = *(*prepared).reader;
-        timeTurns(state, [&] { reader.parse(); });
-      });
+Words longFlags(char letter) {
+  Words words;
+  for (std::size_t i = 1; i <= 1'000; ++i) words.emplace_back(i, letter).front() = '-';
+  return words;
 }
 
-void addWriting(const WordsPeer& peer, const MakeReader& make, std::size_t size) {
-  Lazily<Prepared> prepared([=] { return prepare(Kind::distinct, size, peer, make, true); });
-  add({topic, named("emit", size), peer.name, peer.writing, static_cast<double>(size)},
-      [=](benchmark::State& state) mutable {
-        const auto& reader = *(*prepared).reader;
-        timeTurns(state, [&] { benchmark::DoNotOptimize(reader.emit().data()); });
-      });
-  add({topic, named("parse, change one and emit", size), peer.name, peer.parsing + "; " + peer.writing,
-       static_cast<double>(size)},
-      [=](benchmark::State& state) mutable {
-        auto& reader = *(*prepared).reader;
-        const auto changed = (*prepared).line->settings.front().flag;
-        timeTurns(state, [&] {
-          reader.parse();
-          reader.change(changed, "changed");
-          benchmark::DoNotOptimize(reader.emit().data());
-        });
-      });
-}
-
-class Model final : public WordsReader {
- public:
-  explicit Model(const CommandLine& line) : line_(line) {}
-
-  void parse() override { model_.emplace(ArgumentWords::fromMain(line_.argc(), line_.argv.data()), true); }
-  std::string value(std::size_t flag) const override {
-    return std::string(model_->argumentFlagValue("-" + line_.flags[flag]).value_or("nothing"));
-  }
-  void change(std::size_t flag, const std::string& value) override {
-    model_->setArgumentFlagValue("-" + line_.flags[flag], value);
-  }
-  std::vector<std::string> emit() const override { return model_->commandLineArguments(); }
-
- private:
-  const CommandLine& line_;
-  std::optional<TranscodeCliArguments> model_;
-};
-
-// The minimum for any reader: one look-up per word, and one copy of what is written.
-class Limit final {
- public:
-  explicit Limit(const CommandLine& line) : line_(line), slots_(std::size_t{1} << slotBits(line)) {
-    for (const auto& word : line.words) bytes_ += word.size();
-    copy_.resize(bytes_);
-    text_.reserve(bytes_);
-    for (const auto& word : line.words) text_ += word;
-    for (const auto& flag : line.flagWords) slots_[slotOf(flag)] = flag;
-  }
-
-  void probe() const {
-    std::size_t found = 0;
-    for (int i = 1; i < line_.argc(); ++i) {
-      const std::string_view word = line_.argv[static_cast<std::size_t>(i)];
-      found += slots_[slotOf(word)] == word ? 1U : 0U;
-    }
-    benchmark::DoNotOptimize(found);
-  }
-  void copy() {
-    std::memcpy(copy_.data(), text_.data(), bytes_);
-    benchmark::DoNotOptimize(copy_.data());
-  }
-
- private:
-  static unsigned slotBits(const CommandLine& line) noexcept {
-    unsigned bits = 3;
-    while ((std::size_t{1} << bits) < 2 * line.flags.size()) ++bits;
-    return bits;
-  }
-  std::size_t slotOf(std::string_view word) const noexcept {
-    return std::hash<std::string_view>{}(word) & (slots_.size() - 1);
-  }
-
-  const CommandLine& line_;
-  std::vector<std::string> slots_;
-  std::string text_;
-  std::string copy_;
-  std::size_t bytes_ = 0;
-};
-
-void addLimit(const char* work, const std::string& what, Kind kind, std::size_t size, bool probes,
-              bool copies) {
-  Lazily<Limit> prepared([=] { return Limit(line(kind, size, "-")); });
-  add({topic, named(work, size), limit(what), "", static_cast<double>(size)},
-      [=](benchmark::State& state) mutable {
-        auto& least = *prepared;
-        timeTurns(state, [&] {
-          if (probes) least.probe();
-          if (copies) least.copy();
-        });
-      });
+Work reading(Words words) {
+  return [words = std::move(words)] { use(TranscodeCliArguments(words, true).allFlagsAreValid()); };
 }
 
 const bool added = [] {
-  addWordsReader({.name = ours, .parsing = "", .writing = "ours", .longestOfDistinct = anyLength},
-                 [](const CommandLine& words) { return std::make_unique<Model>(words); });
-  const std::string probe = "one hash probe per word";
-  const std::string copy = "memcpy of the bytes";
-  for (const auto size : sizes) {
-    addLimit("parse", probe, Kind::distinct, size, true, false);
-    addLimit("parse, flags repeated,", probe, Kind::repeated, size, true, false);
-    addLimit("emit", copy, Kind::distinct, size, false, true);
-    addLimit("parse, change one and emit", probe + " and " + copy, Kind::distinct, size, true, true);
-  }
+  addWordsReader({.name = ours, .readsLongest = true}, model);
+  addWordsReader({.name = least("a hash probe per word, a copy each way"), .readsLongest = true},
+                 leastReader);
+  addBuilder(ours, "", [] {
+    auto settings =
+        TranscodeCliArguments::fromArgumentLookup(presetArguments(TranscodeCliPreset::vantiroCloud));
+    for (const auto& [flag, value] : changes) settings.setArgumentFlagValue(flag, value);
+    return settings.commandLineArguments();
+  });
+  constexpr auto ordinary = "ours, other words of that length";
+  constexpr auto colliding = "read 80,000 words that collide in std::hash, each";
+  add({colliding, ours, "", 80'000}, [] { return reading(craftedWords("-in_0000")); });
+  add({colliding, ordinary, "", 80'000}, [] { return reading(craftedWords("-in_1111")); });
+  constexpr auto hyphens = "read 1,000 flags of up to 1,000 hyphens, each";
+  add({hyphens, ours, "looks for a known flag at every hyphen", 1'000},
+      [] { return reading(longFlags('-')); });
+  add({hyphens, ordinary, "", 1'000}, [] { return reading(longFlags('a')); });
+  addGrowth("read a word of distinct ones", allItems, [](std::size_t size) {
+    auto words = lineOf(inputFiles<100'000>(), "-").words;
+    words.resize(size);
+    return reading(std::move(words));
+  });
   return true;
 }();
 
 }  // namespace
 
-bool addWordsReader(const WordsPeer& peer, MakeReader make) {
-  for (const auto size : sizes) {
-    if (size <= peer.longestOfRepeated) addParsing(peer, make, Kind::repeated, size);
-    if (size > peer.longestOfDistinct) continue;
-    addParsing(peer, make, Kind::distinct, size);
-    if (!peer.writing.empty()) addWriting(peer, make, size);
-  }
+bool addWordsReader(const WordsPeer& peer, std::function<WordsReader(const CommandLine&)> make) {
+  const auto addRow = [&](const char* work, double items, Pairs (*pairs)(), bool emits) {
+    add({work, peer.name, peer.note, items}, [=, hyphens = peer.hyphens]() -> Work {
+      const auto line = std::make_shared<const CommandLine>(lineOf(pairs(), hyphens));
+      const auto reader = make(*line);
+      // Twice, since what it read before must not count.
+      reader.parse();
+      reader.parse();
+      if (valuesOf(reader.emit()) != valuesOf(line->words)) throw std::runtime_error("reads something else");
+      return [=] {
+        static_cast<void>(line);  // which the reader reads
+        reader.parse();
+        if (emits) use(reader.emit());
+      };
+    });
+  };
+  addRow("a line of 25 words: read and write", 1, usualLine, true);
+  addRow("a line of 25 words: read", 1, usualLine, false);
+  addRow("read 1,000 distinct words, each", 1'000, inputFiles<1'000>, false);
+  if (peer.readsLongest) addRow("read 100,000 distinct words, each", 100'000, inputFiles<100'000>, false);
+  addRow("read 10,000 words of repeated flags, each", 10'000, repeatedFlags, false);
   return true;
+}
+
+bool addBuilder(const std::string& who, const std::string& note, std::function<Words()> build) {
+  return add({"a preset with five changes: build and write", who, note}, [=] {
+    const auto preset = orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud);
+    auto expected = valuesOf(Words(preset.begin(), preset.end()));
+    for (const auto& [flag, value] : changes) expected[std::string(flag)] = value;
+    if (valuesOf(build()) != expected) throw std::runtime_error("writes something else");
+    return [=] { use(build()); };
+  });
 }
 
 }  // namespace quillonic::benchmarks

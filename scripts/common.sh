@@ -22,6 +22,20 @@ as_root() {
   fi
 }
 
+# apt_get ARGUMENT...: waits while another apt-get runs. Its own option waits for dpkg's lock, not for that of
+# the package lists.
+apt_get() {
+  local said
+  for _ in {1..60}; do
+    if said=$(as_root env DEBIAN_FRONTEND=noninteractive LC_ALL=C \
+      apt-get -qq -o DPkg::Lock::Timeout=600 "$@" 2>&1); then return 0; fi
+    [[ $said == *"Could not get lock"* ]] || break
+    sleep 5
+  done
+  printf '%s\n' "$said" >&2
+  return 1
+}
+
 # need PACKAGE...: installs missing Debian packages.
 need() {
   local missing=() package
@@ -31,10 +45,8 @@ need() {
   [ ${#missing[@]} -gt 0 ] || return 0
   command -v apt-get >/dev/null || fail "this machine has no apt-get; install by hand: ${missing[*]}"
   say "Installing ${missing[*]}"
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq ||
-    fail "the package lists could not be updated; is the network up?"
-  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" ||
-    fail "these packages could not be installed: ${missing[*]}"
+  apt_get update || fail "the package lists could not be updated; is the network up?"
+  apt_get install -y --no-install-recommends "${missing[@]}" || fail "these packages could not be installed: ${missing[*]}"
 }
 
 need_build_tools() { need g++ cmake ninja-build; }

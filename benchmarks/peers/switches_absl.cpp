@@ -5,28 +5,19 @@
 namespace quillonic::benchmarks {
 namespace {
 
-class Read {
- public:
-  explicit Read(absl::Mutex& mutex) : lock_(&mutex) {}
-
- private:
-  absl::ReaderMutexLock lock_;
+// With the standard's names.
+struct Mutex : absl::Mutex {
+  void lock() { Lock(); }
+  void unlock() { Unlock(); }
+  void lock_shared() { ReaderLock(); }
+  void unlock_shared() { ReaderUnlock(); }
 };
 
-class Write {
- public:
-  explicit Write(absl::Mutex& mutex) : lock_(&mutex) {}
+Alone<Guarded<Mutex>> exclusive;
+Alone<ReadTogether<Mutex>> together;
 
- private:
-  absl::MutexLock lock_;
-};
-
-Alone<Guarded<absl::Mutex, Write, Write>> exclusive;
-Alone<Guarded<absl::Mutex, Read, Write>> shared;
-
-const bool added =
-    addSwitch(Promise::oneAtATime, "absl::Mutex", "", exclusive.shared) &&
-    addSwitch(Promise::readsTogether, "absl::Mutex", "less: keeps no strict order", shared.shared);
+const bool added = addSwitch(oneAtATime, "absl::Mutex", "", exclusive.shared) &&
+                   addSwitch(readsTogether, "absl::Mutex", "less: keeps no strict order", together.shared);
 
 }  // namespace
 }  // namespace quillonic::benchmarks

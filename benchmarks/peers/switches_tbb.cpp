@@ -6,27 +6,22 @@
 namespace quillonic::benchmarks {
 namespace {
 
-template <class Mutex, bool writes> class Lock {
- public:
-  explicit Lock(Mutex& mutex) : lock_(mutex, writes) {}
+using Queuing = tbb::queuing_rw_mutex;
 
- private:
-  typename Mutex::scoped_lock lock_;
+template <bool writes> struct Lock {
+  explicit Lock(Queuing& mutex) : lock(mutex, writes) {}
+  Queuing::scoped_lock lock;
 };
 
-template <class Mutex> using Shared = Guarded<Mutex, Lock<Mutex, false>, Lock<Mutex, true>>;
-template <class Mutex> using Exclusive = Guarded<Mutex, Lock<Mutex, true>, Lock<Mutex, true>>;
+Alone<ReadTogether<tbb::rw_mutex>> together;
+Alone<Guarded<Queuing, Lock<false>, Lock<true>>> queued;
+Alone<Guarded<Queuing, Lock<true>, Lock<true>>> exclusive;
 
-Alone<Shared<tbb::rw_mutex>> shared;
-Alone<Shared<tbb::queuing_rw_mutex>> queued;
-Alone<Exclusive<tbb::queuing_rw_mutex>> exclusive;
-
-const bool added = addSwitch(Promise::readsTogether, "tbb::rw_mutex",
-                             "less: keeps no order, a read can starve", shared.shared) &&
-                   addSwitch(Promise::readsTogether, "tbb::queuing_rw_mutex",
-                             "keeps the order too; never sleeps", queued.shared) &&
-                   addSwitch(Promise::oneAtATimeInOrder, "tbb::queuing_rw_mutex",
-                             "keeps the order too; never sleeps", exclusive.shared);
+constexpr auto name = "tbb::queuing_rw_mutex";
+constexpr auto note = "keeps the order too; never sleeps";
+const bool added =
+    addSwitch(readsTogether, "tbb::rw_mutex", "less: keeps no order, a read can starve", together.shared) &&
+    addSwitch(readsTogether, name, note, queued.shared) && addSwitch(inOrder, name, note, exclusive.shared);
 
 }  // namespace
 }  // namespace quillonic::benchmarks

@@ -6,54 +6,34 @@ namespace quillonic::benchmarks {
 namespace {
 
 namespace options = boost::program_options;
-using Values = std::vector<std::string>;
 
-class ProgramOptions final : public WordsReader {
- public:
-  explicit ProgramOptions(const CommandLine& line) : line_(line) {
-    auto add = known_.add_options();
-    for (const auto& flag : line.flags) add(flag.c_str(), options::value<Values>(), "");
-  }
-
-  void parse() override {
+WordsReader reader(const CommandLine& line) {
+  struct State {
+    options::options_description known;
+    options::parsed_options parsed{&known};
+    options::variables_map values;
+  };
+  const auto state = std::make_shared<State>();
+  for (const auto& flag : line.flags) state->known.add_options()(flag.c_str(), options::value<Words>(), "");
+  const auto parse = [=, &line] {
     namespace style = options::command_line_style;
     constexpr int oneHyphen = (style::unix_style | style::allow_long_disguise) & ~style::allow_guessing;
-    parsed_ =
-        options::command_line_parser(line_.argc(), line_.argv.data()).options(known_).style(oneHyphen).run();
-    values_.clear();
-    options::store(parsed_, values_);
-  }
-  std::string value(std::size_t flag) const override {
-    return values_[line_.flags[flag]].as<Values>().back();
-  }
-  void change(std::size_t flag, const std::string& value) override {
-    for (auto& option : parsed_.options) {
-      if (option.string_key == line_.flags[flag]) option.value.front() = value;
-    }
-  }
-  std::vector<std::string> emit() const override {
-    std::vector<std::string> words;
-    words.reserve(2 * parsed_.options.size());
-    for (const auto& option : parsed_.options) {
-      words.push_back("-" + option.string_key);
-      words.push_back(option.value.front());
-    }
-    return words;
-  }
+    options::command_line_parser parser(line.argc(), line.argv.data());
+    state->parsed = parser.options(state->known).style(oneHyphen).run();
+    state->values.clear();
+    options::store(state->parsed, state->values);
+  };
+  return {parse, [=] {
+            Words words;
+            words.reserve(2 * state->parsed.options.size());
+            for (const auto& option : state->parsed.options) {
+              append(words, "-" + option.string_key, option.value.front());
+            }
+            return words;
+          }};
+}
 
- private:
-  const CommandLine& line_;
-  options::options_description known_;
-  options::parsed_options parsed_{&known_};
-  options::variables_map values_;
-};
-
-const bool added =
-    addWordsReader({.name = "Boost.Program_options",
-                    .parsing = "less: normalises nothing",
-                    .writing = "written by code around its list",
-                    .longestOfRepeated = 1'000},
-                   [](const CommandLine& line) { return std::make_unique<ProgramOptions>(line); });
+const bool added = addWordsReader({"Boost.Program_options", "less: normalises nothing"}, reader);
 
 }  // namespace
 }  // namespace quillonic::benchmarks
