@@ -43,7 +43,7 @@ enum class IOError {
 enum class FilePathAttributeGenerationError {
   /// The file does not begin like an alias file, or is too large.
   notAnAliasFile = 1,
-  /// The file begins like an alias file but is damaged.
+  /// The file begins like an alias file but is damaged, or its target takes too many look-ups.
   malformedAliasFile,
   /// No item exists at any place that the alias file records.
   aliasTargetNotFound,
