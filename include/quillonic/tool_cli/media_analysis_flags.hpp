@@ -85,7 +85,6 @@ template <CliFlag Flag> std::vector<std::string> sanitizeAll(CLISanitizationOpti
 /// All locations as one text, each after its flag and a space: "-snapshotLocation 0.25-snapshotLocation 0.5".
 /// The missing space between them is a fixed contract. Numbers are their shortest decimals without an
 /// exponent; no locations give the empty text.
-/// exponent; no locations give the empty text.
 QUILLONIC_EXPORT std::string snapShotLocationsCLIValue(std::span<const float> locations);
 
 }  // namespace quillonic
