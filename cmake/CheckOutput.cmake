@@ -1,4 +1,4 @@
-# Fails where a program does not print exactly what a file holds, or does not end well.
+# Fails if a program does not print exactly the contents of a file, or exits with an error.
 # Run with -D PROGRAM=... -D EXPECTED=... -D TEMPORARY=..., a folder for the program's own files, -P
 set(ENV{TMPDIR} ${TEMPORARY})
 execute_process(COMMAND ${PROGRAM} OUTPUT_VARIABLE output RESULT_VARIABLE status)

@@ -1,4 +1,4 @@
-# Fails where the README's example is not the program that is compiled.
+# Fails if the README's example differs from the compiled program.
 # Run with -D README=... -D EXAMPLE=... -P
 file(READ ${README} readme)
 file(READ ${EXAMPLE} example)

@@ -1,4 +1,4 @@
-# The Debian packages: the library, what is needed to build with it, and the examples. scripts/package makes them.
+# The Debian packages: the library, its development files, and the examples. scripts/package makes them.
 if(NOT QUILLONIC_INSTALL OR NOT BUILD_SHARED_LIBS)
   return()
 endif()

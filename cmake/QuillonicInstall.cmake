@@ -1,9 +1,9 @@
-# Installs the library, its headers, and its packages for CMake and pkg-config, in the components Runtime, Development
-# and Examples. What is installed can be moved as a whole. A shared and a static build may share one prefix: each brings
-# its own file of targets, and what both bring is the same.
+# Installs the library, its headers, and its CMake and pkg-config packages, in the components Runtime,
+# Development and Examples. The installed tree can be moved as a whole. A shared and a static build may share
+# one prefix: each has its own file of targets, and their common files are identical.
 include(CMakePackageConfigHelpers)
 
-# A folder that is given whole is part of the prefix where it lies inside, so that it moves with the rest.
+# An absolute folder inside the prefix counts as part of it, so that it moves with the rest.
 foreach(folder IN ITEMS CMAKE_INSTALL_LIBDIR CMAKE_INSTALL_INCLUDEDIR CMAKE_INSTALL_DOCDIR)
   cmake_path(IS_PREFIX CMAKE_INSTALL_PREFIX "${${folder}}" NORMALIZE is_inside)
   if(is_inside)
@@ -29,12 +29,12 @@ install(TARGETS quillonic ${component_targets} EXPORT QuillonicTargets
   FILE_SET HEADERS COMPONENT Development)
 install(EXPORT QuillonicTargets DESTINATION ${package_folder} FILE Quillonic${kind}Targets.cmake
   NAMESPACE Quillonic:: COMPONENT Development)
-# The header for hosts that have nlohmann-json: they have it or not, whatever this machine has.
+# The header for hosts with nlohmann-json, whether this machine has it or not.
 install(FILES include/quillonic/json.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillonic COMPONENT Development)
 
 configure_package_config_file(cmake/QuillonicConfig.cmake.in ${PROJECT_BINARY_DIR}/QuillonicConfig.cmake
   INSTALL_DESTINATION ${package_folder} NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)
-# The same promise as the shared library's name makes.
+# The same compatibility as the shared library's name.
 if(PROJECT_VERSION_MAJOR EQUAL 0)
   set(compatibility SameMinorVersion)
 else()
@@ -44,8 +44,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuillonicConfigVersion.cm
 install(FILES ${PROJECT_BINARY_DIR}/QuillonicConfig.cmake ${PROJECT_BINARY_DIR}/QuillonicConfigVersion.cmake
   DESTINATION ${package_folder} COMPONENT Development)
 
-# pkg-config finds everything from where its file lies. The system's own folders it leaves out of what it prints, so
-# they are named as such, as is a folder for libraries outside the prefix.
+# pkg-config finds everything relative to its file. It omits system folders from its output, so they are named
+# as such, as is a folder for libraries outside the prefix.
 set(pc_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 set(pc_libdir \${prefix}/${CMAKE_INSTALL_LIBDIR})
 file(RELATIVE_PATH to_prefix /${pc_folder} /)
@@ -57,10 +57,10 @@ if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
 endif()
 set(packages quillonic)
 if(kind STREQUAL Static)
-  # Where both kinds are installed, -lquillonic is the shared one.
+  # If both libraries are installed, -lquillonic is the shared one.
   list(APPEND packages quillonic-static)
 endif()
-# Where things are installed to may still be chosen then.
+# The folders can still be chosen at install time.
 install(CODE [[
   set(pc_form movable)
   if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")

@@ -1,5 +1,5 @@
-# Precompiles headers from elsewhere, for builds that have to be quick: CMAKE_PROJECT_quillonic_INCLUDE names this file.
-# The daily builds do without it, since they show whether each source includes what it needs.
+# Precompiles external headers, for fast builds: CMAKE_PROJECT_quillonic_INCLUDE names this file. Daily builds
+# do not use it, since they show whether each source includes what it needs.
 function(quillonic_precompile)
   set(standard <algorithm> <array> <charconv> <chrono> <filesystem> <fstream> <map> <memory> <optional> <ranges> <set>
     <span> <string> <string_view> <system_error> <variant> <vector>)

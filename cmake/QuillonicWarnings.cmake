@@ -1,4 +1,4 @@
-# The warnings that every target of this project is built with. Whether they stop the build is the preset's choice
+# The warnings for every target of this project. The preset decides whether they stop the build
 # (CMAKE_COMPILE_WARNING_AS_ERROR).
 function(quillonic_warnings target)
   target_compile_options(${target} PRIVATE

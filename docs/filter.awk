@@ -1,5 +1,5 @@
-# What Doxygen reads of a header: the first comment is the file's own; what the compiler writes by itself needs no
-# comment; and a setter of a documented property needs none either, because it only sets the property.
+# Prepares headers for Doxygen: the first comment is the file's; defaulted functions need no comment; neither
+# does a setter of a documented property, because it only sets the property.
 {
   if ($0 == "#pragma once") $0 = "/// \\file"
   if ($0 ~ /^ .*\(.*\).* = default;/) $0 = ""

@@ -1,4 +1,4 @@
-// Copies a clip under a free and legal name, and looks at how the copy compares with it.
+// Copies a clip to a free and legal name, and compares the copy with it.
 #include <quillonic/filesystem.hpp>
 
 #include <filesystem>
@@ -16,7 +16,7 @@ int main() {
   const auto clip = folder / "take 1.mov";
   std::ofstream(clip) << "a clip";
 
-  // A name that is free now; creating the file exclusively closes the gap until then.
+  // The name is free now; creating the file exclusively prevents a race.
   const FileManager files;
   const auto copy = files.filePathAdjustedForCollision(clip);
   fs::copy_file(clip, copy);
@@ -38,7 +38,7 @@ int main() {
                   << otherValue.description() << '\n';
       });
 
-  // Links are told from items, and followed to their end.
+  // Recognises links and follows them.
   fs::create_symlink("take 1.mov", folder / "latest");
   createAliasForFilePath(folder / "latest", folder / "alias");
   std::cout << "alias: " << loggingDescription(filePathLinkType(folder / "alias")) << '\n';

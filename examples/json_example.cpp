@@ -1,4 +1,4 @@
-// Settings kept as JSON. Needs nlohmann-json and the target Quillonic::json; the library itself does not.
+// Settings stored as JSON. Needs nlohmann-json and the target Quillonic::json; the library itself does not.
 #include <quillonic/json.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -18,7 +18,7 @@ int main() {
   for (const auto& word : again.commandLineArguments()) std::cout << '"' << word << "\" ";
   std::cout << '\n';
 
-  // What JSON has no words for survives too: a file name that is not UTF-8, an infinite number.
+  // Values that JSON cannot express survive too: a file name that is not UTF-8, an infinite number.
   std::cout << toJson(std::string("f\xff")).dump() << '\n';
   std::cout << toJson(std::numeric_limits<double>::infinity()).dump() << '\n';
 

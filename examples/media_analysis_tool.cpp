@@ -1,5 +1,5 @@
-// A media-analysis tool in small: it reads its argument list, checks what it was asked for, and writes one
-// line per file and per still frame into the results file.
+// A minimal media-analysis tool: reads its argument list, checks the request, and writes one line per file
+// and per still frame to the results file.
 //
 //     media_analysis_tool -pathToAnalyze /media/a.mov -workDirectory /tmp -resultsFilePath /tmp/results
 #include <quillonic/tool_cli.hpp>

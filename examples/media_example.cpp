@@ -23,7 +23,7 @@ int main() {
   VideoDimension::tenEightyP.storeIn(preset.videoOptions);
   SampleRate::hz48000.storeIn(preset.audioOptions);
 
-  // A stored number that is no fixed case's is read as a custom rate; one that cannot be a rate as nothing.
+  // A stored number without a fixed case is read as a custom rate; one that cannot be a rate as nothing.
   const auto rate = FrameRate::fromProto(preset.videoOptions).value_or(FrameRate::match);
   std::cout << rate.description() << ", " << VideoDimension::fromProto(preset.videoOptions).description()
             << ", " << SampleRate::fromProto(preset.audioOptions).description() << '\n';
@@ -34,7 +34,7 @@ int main() {
   showPicker("frame rates for DNxHD", FrameRate::allowed(preset.codecType));
   for (const auto depth : allowed<ColorDepth>(preset.codecType)) std::cout << description(depth) << '\n';
 
-  // A switch over the cases reads like one over an enumeration: the compiler says when one is forgotten.
+  // A switch over the cases reads like one over an enumeration: the compiler reports missing cases.
   const auto dataRate = VideoDataRate::fromProto(preset.videoOptions);
   switch (dataRate.kind()) {
     case VideoDataRate::Kind::auto_:

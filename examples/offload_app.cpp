@@ -1,6 +1,6 @@
 // A parent application. It builds a transcoder command line from a preset, starts the transcoder tool as a
-// child process with exactly that list and shows the child's progress; then it compares the output with its
-// source, and has the media-analysis tool look at it.
+// child process with exactly that list and shows its progress. Then it compares the output with its source,
+// and starts the media-analysis tool on it.
 //
 //     offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER FILE...
 
@@ -32,7 +32,7 @@ TranscodeCliArguments settingsFor(const std::vector<std::string>& files,
                                   const std::filesystem::path& output) {
   TranscodeCliArguments settings(orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud), true);
 
-  // Say, the first half was shot in the morning and the rest after lunch.
+  // For example, the first half was shot in the morning and the rest after lunch.
   const auto middle = files.begin() + static_cast<std::ptrdiff_t>((files.size() + 1) / 2);
   settings.setInputFileGroups(InputFileGroups{{0, {files.begin(), middle}}, {1, {middle, files.end()}}});
 
@@ -67,7 +67,7 @@ void check(int error, const char* what) {
   if (error != 0) throw std::system_error(error, std::generic_category(), what);
 }
 
-// Passes a child's lines on; on a terminal its progress becomes a bar.
+// Prints a child's lines; on a terminal, its progress becomes a bar.
 void showOutput(std::FILE* output) {
   const bool terminal = isatty(STDOUT_FILENO) == 1;
   char* line = nullptr;
@@ -86,7 +86,7 @@ void showOutput(std::FILE* output) {
   std::free(line);
 }
 
-// Runs a program without a shell, so each word arrives as it is. Gives its exit status.
+// Runs a program without a shell, so that each word arrives unchanged. Returns its exit status.
 int runTool(std::string program, std::vector<std::string> words) {
   std::vector<char*> argv{program.data()};
   for (auto& word : words) argv.push_back(word.data());
@@ -122,8 +122,8 @@ class Item : public AttributeBasedStore {
   FileAttributes attributes_;
 };
 
-// This application's rule: another size is another file, anything else that differs or is missing a partial
-// match.
+// This application's rule: another size means another file; any other missing or different attribute means a
+// partial match.
 MatchLevel matchLevel(const Item& source, const Item& copy) {
   const auto keys = FileSystemAttributesStore::attributeKeys();
   const auto original = source.attributes();
@@ -168,7 +168,7 @@ int main(int argc, char** argv) {
     return 64;
   }
   try {
-    // Absolute, since no path that begins with a hyphen could be told from a flag.
+    // Absolute, because a path with a leading hyphen would be read as a flag.
     std::vector<std::string> files;
     for (int i = 4; i < argc; ++i) files.push_back(std::filesystem::absolute(argv[i]));
     return run(argv[1], argv[2], std::filesystem::absolute(argv[3]), files);

@@ -1,4 +1,4 @@
-// A host hands the library its logger and its translations, and asks where a file lies.
+// A host sets its logger and its translations, and asks which volume holds a file.
 #include <quillonic/media.hpp>
 #include <quillonic/platform.hpp>
 #include <quillonic/transcode_cli.hpp>
@@ -12,7 +12,7 @@ using namespace quillonic;
 
 namespace {
 
-// Any thread of the host may log, so a real one locks; here there is one thread.
+// Any thread of the host may log, so a real logger locks; here there is only one thread.
 class HostLogger final : public Loggable {
   void logDebug(std::string_view) override {}
   void logInfo(std::string_view message) override { std::cout << "info: " << message << '\n'; }
@@ -42,7 +42,7 @@ int main() {
   settings.setTimecodeBurnFontColor(Color::pattern("stripes"));  // has no RGB form
   std::cout << "flags: " << settings.flagValueLookup().size() << '\n';
 
-  // One reading of the mount table answers for any number of items.
+  // One reading of the mount table serves any number of items.
   const auto mounts = MountTable::current();
   const Mount* mount = mounts.holding("/");
   std::cout << "mounted at " << (mount ? mount->mountPoint.string() : "nowhere") << '\n';

@@ -1,4 +1,4 @@
-// A host's own enumeration and record, kept in an archive of its own; and a switch that stops a thread.
+// A host's enumeration and record, stored in its own archive; and a switch that stops a thread.
 #include <quillonic/support.hpp>
 
 #include <array>
@@ -40,7 +40,7 @@ int main() {
   const auto job = decode<CopyJob>(coded);
   std::cout << job.source << " by " << rawValue(job.verification) << '\n';
 
-  // The library starts no thread; the switch only carries the word from one of the host's to another.
+  // The library starts no thread; the switch only passes the message between the host's threads.
   const auto cancelled = std::make_shared<UnfairLockBasedAtomicSwitch>(false);
   std::thread copying([cancelled] {
     while (!cancelled->isOn()) std::this_thread::yield();

@@ -1,4 +1,4 @@
-// Start timecodes as people type them, and how long things took.
+// Start timecodes as people type them, and durations.
 #include <quillonic/time.hpp>
 
 #include <iostream>
@@ -13,13 +13,13 @@ int main() {
       std::cout << "stored as " << timecode->timecodeString();
       if (timecode->isDropFrame) std::cout << ", drop frame";
     } else {
-      // A field for typing makes the best of it instead of turning the person away; bounds are not its business.
+      // A text field accepts anything instead of rejecting it, and checks no bounds.
       std::cout << "taken for " << TimecodeComponents::sanitizedTimecode(typed).timecodeString();
     }
     std::cout << '\n';
   }
 
-  // Fields are plain numbers: who counts in a frame rate carries over by their own rule.
+  // Fields are plain numbers: a caller who counts in a frame rate carries over by its own rule.
   auto start = TimecodeComponents::defaultDropFrameTimecodeComponents;
   start.hours = 10;
   std::cout << "starts at " << start.timecodeString() << '\n';

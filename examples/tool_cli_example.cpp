@@ -1,4 +1,4 @@
-// A parent asks for an analysis; the tool reads the request and what it does not know.
+// A parent requests an analysis; the tool reads the request and reports what it does not know.
 #include <quillonic/tool_cli.hpp>
 
 #include <iostream>
@@ -9,7 +9,8 @@ using namespace quillonic;
 
 namespace {
 
-// The child's arguments: the request, then who sends it. A path is absolute, since a word that begins with "-" is a flag.
+// The child's arguments: the request, then the sender. A path is absolute, since a word with a leading "-" is
+// a flag.
 std::vector<std::string> requestedBy(std::int32_t processId) {
   auto words = MediaAnalysisCLIArgumentFactory::buildBasicOptions({"/card/A001", "/card/A002"}, "/tmp/work",
                                                                   "/tmp/results", "card 7", true)
@@ -36,7 +37,7 @@ int main() {
     std::cout << "ignored: " << flag << ' ' << value.value_or("without a value") << '\n';
   }
 
-  // Any other tool takes the parent's flags out first and reads the rest in its own way.
+  // Any other tool removes the parent's flags first and reads the rest in its own way.
   constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
   const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
   const auto [custodial, rest] = sanitizer.splitByValidity(words);

@@ -10,7 +10,7 @@ using namespace quillonic;
 namespace {
 
 std::vector<std::string> wordsOfReviewCopy() {
-  // The order of a preset is kept, so the tool's log reads like the preset.
+  // The preset's order is kept, so that the tool's log reads like the preset.
   TranscodeCliArguments settings(orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud), true);
   settings.setInputFileGroups(InputFileGroups{{0, {"/card/A001_C001.mov", "/card/A001_C002.mov"}}});
   settings.setOutputFile("/media/Review.mov");

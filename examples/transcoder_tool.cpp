@@ -1,6 +1,5 @@
-// A child tool: reads the command line that a parent application built, says what it understood, and does the
-// work. Its work is to join the input files into the output file, which shows progress without needing a
-// codec.
+// A child tool: reads the command line that a parent application built, prints what it understood, and does
+// the work: it joins the input files into the output file, which shows progress without a codec.
 
 #include <quillonic/time.hpp>
 #include <quillonic/tool_cli.hpp>
@@ -104,8 +103,7 @@ constexpr auto commands = std::to_array<Command>({
 });
 static_assert(commands.size() == VAVTranscodeCliCommand::allCases().size(), "every command is handled");
 
-// Takes the flags that a parent adds for every child out of the list; the transcoder's model does not know
-// them.
+// Removes the flags that a parent adds for every child, which the transcoder's model does not know.
 std::vector<std::string_view> withoutCustodialFlags(ArgumentWords words) {
   constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
   const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
@@ -133,7 +131,7 @@ void printColor(std::string_view name, const std::optional<Color>& color) {
   if (color) printRow(name, color->description());
 }
 
-// The settings again, by their meaning.
+// The settings by option.
 void printBurnIns(const TranscodeCliArguments& settings) {
   if (settings.timecodeAddBurn()) {
     std::cout << "timecode burn-in\n";
@@ -153,7 +151,7 @@ void printBurnIns(const TranscodeCliArguments& settings) {
   }
 }
 
-// Writes how far the work is to the progress file and, behind the prefix, to standard output.
+// Writes the progress to the progress file and, after the prefix, to standard output.
 class Progress {
  public:
   Progress(const TranscodeCliArguments& settings, std::uintmax_t total)

@@ -1,4 +1,4 @@
-// Any bytes as an alias file, read, written and followed.
+// Reads, writes and resolves any bytes as an alias file.
 #include <quillonic/filesystem.hpp>
 
 #include <cstdlib>
@@ -13,7 +13,7 @@
 namespace quillonic::fuzz {
 namespace {
 
-// A folder with a few items that an alias may lead to. It is removed at the end of the program.
+// A folder with a few items as targets of aliases. Removed at the end of the program.
 class Folder {
  public:
   Folder() {
@@ -67,7 +67,7 @@ void run(std::string_view bytes) {
     }
     const auto written = alias->bytes();
     require(AliasFile::isAliasFile(written), "what is written is an alias file");
-    // Several values may share one text that is nearly as long as a file may be.
+    // Several values may share one text that is nearly as long as the file.
     if (written.size() <= AliasFile::greatestSize) {
       require(AliasFile::fromBytes(written) == alias, "what is written reads back");
     }

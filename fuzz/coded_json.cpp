@@ -1,4 +1,4 @@
-// Any text as JSON: what reads as a coded value is written and reads back.
+// Any text as JSON: what reads as a coded value can be written and read back.
 #include <quillonic/json.hpp>
 
 #include <algorithm>
@@ -18,10 +18,10 @@ void run(std::string_view bytes) {
   } catch (const DecodingError&) {
     return;
   }
-  // A record with equal keys is written deeper than it was read, and what lies too deep is refused.
+  // A record with equal keys is written deeper than it was read, and nesting that is too deep is rejected.
   if (std::ranges::count_if(bytes, [](char c) { return c == '[' || c == '{'; }) > 100) return;
   const auto text = toJson(coded).dump();
-  // Compared as texts, since a value that holds NaN equals nothing.
+  // Compared as texts, since a value with NaN equals nothing.
   require(toJson(fromJson(Json::parse(text))).dump() == text, "what is written reads back");
 }
 

@@ -1,6 +1,6 @@
-// Any tree of coded values, decoded as every type that can be: a line each. "{" begins a record, in which a line with
-// a key stands before each value; "[" begins a list; "}" or "]" ends either. "t" and "f" are Booleans, "i5" an
-// integer, "d0.5" a number, "sabc" a text; any other line is nothing.
+// Any tree of coded values, one per line, decoded as every possible type. "{" begins a record, in which a
+// line with a key precedes each value; "[" begins a list; "}" or "]" ends either. "t" and "f" are Booleans,
+// "i5" an integer, "d0.5" a number, "sabc" a text; any other line is nothing.
 #include <quillonic/filesystem.hpp>
 #include <quillonic/media.hpp>
 #include <quillonic/platform/color_coding.hpp>
@@ -27,7 +27,7 @@ template <class Number> Number number(std::string_view text) {
   return value;
 }
 
-// A value that holds NaN equals nothing.
+// A value with NaN equals nothing.
 double equalToItself(double value) {
   return std::isnan(value) ? 0 : value;
 }
@@ -96,7 +96,7 @@ template <class... T> void checkTypes(const CodedValue& coded) {
   (checkType<T>(coded), ...);
 }
 
-// A decoded model is taken as it stands, so its flags and values are any texts.
+// A decoded model is taken unchanged, so its flags and values are any texts.
 void checkModel(const CodedValue& coded) {
   try {
     auto model = decode<TranscodeCliArguments>(coded);
@@ -117,7 +117,7 @@ void checkModel(const CodedValue& coded) {
     model.setInputFileGroups(groups);
     require(model.inputFileGroups() == groups, "input files read back");
   } catch (const DecodingError&) {
-    // The tree is no model.
+    // The tree is not a model.
   }
 }
 

@@ -1,4 +1,4 @@
-// A set of characters on the first line, a name behind it. What is left of a name is legal, shorter and in order.
+// A set of characters on the first line, then a name. The cleaned name is legal, no longer, and in order.
 #include <quillonic/filesystem/legal_names.hpp>
 #include <quillonic/support/coding.hpp>
 
@@ -43,7 +43,7 @@ void run(std::string_view bytes) {
 
   const auto outside = removingDisallowedCharacters(name, set);
   const auto inside = removingAllExcept(name, set);
-  // Loose bytes beside one another may become a character beyond ASCII, which then goes too.
+  // Loose bytes next to each other may become a character beyond ASCII, which is then removed too.
   const auto parts = outside.size() + inside.size();
   const bool isAscii = std::ranges::all_of(listed, [](unsigned char c) { return c < 0x80; });
   require(isAscii || isUtf8(name) ? parts == name.size() : parts <= name.size(),

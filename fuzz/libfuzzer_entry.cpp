@@ -1,4 +1,4 @@
-// Where libFuzzer enters a target.
+// The entry point for libFuzzer.
 
 #include <cstddef>
 #include <cstdint>

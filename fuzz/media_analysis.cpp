@@ -1,4 +1,4 @@
-// Any words as the media-analysis tool's arguments: a word a line. What is read is written and read again.
+// Any words, one per line, as the media-analysis tool's arguments. What is read is written and read again.
 #include <quillonic/tool_cli/media_analysis.hpp>
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace quillonic::fuzz {
 namespace {
 
-// Compared as words, since a record that holds NaN equals nothing.
+// Compared as words, since a record with NaN equals nothing.
 std::vector<std::string> written(const MediaAnalysisCLIArguments& arguments) {
   std::vector<std::string> words;
   const auto add = [&](const auto& record) {
@@ -54,7 +54,7 @@ void run(std::string_view bytes) {
           "every record that is written reads back");
   require(again.setAside.empty() && again.imageErrors.empty(), "nothing that is written is of no use");
 
-  // The order of the words' flags does not matter: a parent may add the custodial ones at either end.
+  // The order of the flags does not matter: a parent may add the custodial ones at either end.
   if (arguments.custodial && arguments.basic) {
     auto other = arguments.custodial->orderedCLITexts();
     const auto rest = arguments.basic->orderedCLITexts();

@@ -51,7 +51,7 @@ void run(std::string_view bytes) {
     const auto& point = mount.mountPoint.native();
     for (const auto& path : {point, point + "/clip.mov", point + "clip.mov"}) {
       const auto* holder = table.withLongestMountPoint(path);
-      // The plainest way to ask: each folder above the path, from the path itself upwards.
+      // The simplest method: tries the path and each parent folder in turn.
       const Mount* expected = nullptr;
       for (std::size_t size = path.size(); size > 0 && !expected; --size) {
         const bool isFolder = size == path.size() || path[size] == '/' || path[size - 1] == '/';

@@ -1,4 +1,4 @@
-// Any text as a number, a frame size, a colour and a fixed value, behind the flags that take them: a text a line.
+// Any text, one per line, as a number, a frame size, a colour and a fixed value of the flags that take them.
 #include <quillonic/transcode_cli.hpp>
 
 #include <cmath>
@@ -23,7 +23,7 @@ std::string textOf(const Model& model, std::string_view flag) {
   return std::string(model.argumentFlagValue(flag).value_or("absent"));
 }
 
-// Sets what was read; the value must then read the same, and a second time be written the same.
+// Sets the value that was read; it must then read back equal and be written the same again.
 template <class Value, class Set, class Get>
 std::string written(Model& model, std::string_view flag, const Value& value, Set set, Get get) {
   (model.*set)(value);
@@ -99,7 +99,7 @@ void checkColor(std::string_view given) {
 
   std::string expected;
   for (const double part : {rgb->red, rgb->green, rgb->blue}) {
-    // One and more is taken to be out of 255 already.
+    // One and more counts as a value out of 255.
     const double full = std::trunc(part < 1 ? 255 * part : part);
     if (!(full >= -0x1p63 && full < 0x1p63)) {
       model.setTimecodeBurnFontColor(color);

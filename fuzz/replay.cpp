@@ -1,4 +1,4 @@
-// Runs a target without libFuzzer: over every file of its corpus, over every beginning of each, and over random mixtures
+// Runs a target without libFuzzer: over every file of its corpus, every prefix of each, and random mixtures
 // of their lines. The mixtures are the same in every run.
 
 #include <algorithm>
@@ -16,7 +16,7 @@
 
 namespace {
 
-// In a block of its own size, so that a read past its end is seen.
+// In a block of its exact size, so that reading past the end is detected.
 void runOn(std::string_view bytes) {
   const std::vector<char> block(bytes.begin(), bytes.end());
   quillonic::fuzz::run({block.data(), block.size()});

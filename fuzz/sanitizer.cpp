@@ -1,4 +1,4 @@
-// The number of a set of options on the first line, the valid flags up to an empty line, then the words.
+// The number of an option set on the first line, the valid flags up to an empty line, then the words.
 #include <quillonic/tool_cli/argument_store.hpp>
 #include <quillonic/tool_cli/sanitizer.hpp>
 
@@ -27,7 +27,7 @@ struct Group {
   Words words;
 };
 
-// The list taken apart in the plainest way.
+// Splits the list in the simplest way.
 std::vector<Group> groupsOf(const Words& words, const std::vector<std::string>& valid,
                             CLISanitizationOptions options) {
   std::vector<Group> groups;

@@ -1,4 +1,4 @@
-// What every fuzz target defines, and what the targets share: laws that end the program, and bytes read as lines.
+// What every fuzz target defines and shares: laws that end the program, and bytes read as lines.
 #pragma once
 
 #include <cstdio>
@@ -8,18 +8,18 @@
 
 namespace quillonic::fuzz {
 
-// Tries the library on any bytes. Returns when every law holds.
+// Runs the library on any bytes. Returns if every law holds.
 void run(std::string_view bytes);
 
-// Ends the program with the law that does not hold.
+// Ends the program and reports the broken law.
 inline void require(bool holds, const char* law) {
   if (holds) return;
   static_cast<void>(std::fprintf(stderr, "broken law: %s\n", law));
   std::abort();
 }
 
-// The lines of a text, so that a corpus can be read and written by hand. All other line breaks and a NUL may stand
-// within a line. A line break at the very end begins no further line.
+// The lines of a text, so that people can read and write a corpus. Other line breaks and a NUL may be within
+// a line. A final line break begins no further line.
 inline std::vector<std::string_view> lines(std::string_view text) {
   std::vector<std::string_view> found;
   while (!text.empty()) {

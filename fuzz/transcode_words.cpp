@@ -1,5 +1,5 @@
-// Any words as the transcoder's arguments: a word a line. A line "=" ends the words of the model; those behind it make
-// another model, whose details are then carried over to the first.
+// Any words, one per line, as the transcoder's arguments. A line "=" ends the words of the model; those after
+// it make another model, whose details are then applied to the first.
 #include <quillonic/time/timecode.hpp>
 #include <quillonic/tool_cli/sanitization_options.hpp>
 #include <quillonic/transcode_cli.hpp>
@@ -27,7 +27,7 @@ bool isKnown(std::string_view flag) {
   return std::ranges::any_of(Model::allKnownCommandFlags(), occurs);
 }
 
-// What a model must hold, found the plain way.
+// What a model must contain, found in a simple way.
 struct Expected {
   TextDictionary valid;
   std::set<std::string> unknown;
@@ -109,7 +109,7 @@ void checkInputFiles(const std::vector<std::string_view>& words) {
   }
 }
 
-// A colour may change when it is written: a part of 1 or more is taken to be out of 255 already.
+// Writing may change a colour: a component of 1 or more counts as a value out of 255.
 TranscodeTimecodeDetail withoutColors(TranscodeTimecodeDetail detail) {
   detail.timecodeBurnFontColor.reset();
   detail.timecodeBurnBoxColor.reset();
@@ -138,7 +138,7 @@ void checkDetails(const std::vector<std::string_view>& words,
           "video and audio take the other model's details");
   require(withoutColors(model.watermarkDetail()) == withoutColors(other.watermarkDetail()),
           "watermarks take the other model's details");
-  // The separator of a timecode follows the switch.
+  // The separator of a timecode matches the switch.
   auto timecode = withoutColors(other.timecodeDetail());
   if (timecode.timecode) {
     if (auto components = TimecodeComponents::fromTimecode(*timecode.timecode)) {
@@ -151,7 +151,7 @@ void checkDetails(const std::vector<std::string_view>& words,
   }
   require(withoutColors(model.timecodeDetail()) == timecode, "the timecode takes the other model's details");
 
-  // A fixed value is stored with its capitals, which reading takes away again: the details stay, not every text.
+  // A fixed value is stored with its capitals, which reading removes: the details stay, but not every text.
   const Model again(model.commandLineArguments(), true);
   require(again.videoDetail() == model.videoDetail() && again.audioDetail() == model.audioDetail() &&
               again.timecodeDetail() == model.timecodeDetail() &&

@@ -1,4 +1,4 @@
-# Shared by the scripts beside it: where the project is, what is said, and how missing packages are installed.
+# Shared by the other scripts: the project's folder, messages, and installing missing packages.
 # shellcheck shell=bash
 set -euo pipefail
 
@@ -22,7 +22,8 @@ as_root() {
   fi
 }
 
-# apt_get ARGUMENT...: waits while another one is at work. Its own option waits for dpkg's lock, not for that of the lists.
+# apt_get ARGUMENT...: waits while another apt-get runs. Its own option waits for dpkg's lock, not for that of
+# the package lists.
 apt_get() {
   local said
   for _ in {1..60}; do
@@ -35,7 +36,7 @@ apt_get() {
   return 1
 }
 
-# need PACKAGE...: installs the Debian packages that are missing.
+# need PACKAGE...: installs missing Debian packages.
 need() {
   local missing=() package
   for package in "$@"; do

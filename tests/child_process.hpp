@@ -17,7 +17,7 @@ namespace quillonic {
 
 struct ChildResult {
   pid_t process = 0;
-  int exitStatus = -1;  // -1 where the child did not exit by itself
+  int exitStatus = -1;  // -1 if the child did not exit by itself
   std::string output;
   std::string errors;
 };

@@ -1,5 +1,5 @@
-// Runs the tests in the locale of the environment, as a host with a user interface does: nothing that the library
-// reads or writes may depend on it.
+// Runs the tests in the locale of the environment, like a host with a user interface: nothing that the
+// library reads or writes may depend on it.
 
 #include <cstdio>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Runs a part of a test in a child process that may mount, change its user and remove as root without
-// touching anything outside.
+// Runs part of a test in a child process that may mount, change its user and remove as root without touching
+// anything outside.
 #pragma once
 
 #include <quillonic/support/function_ref.hpp>
@@ -16,13 +16,13 @@
 
 namespace quillonic {
 
-// Ends a body that is not allowed to do its work, unless something failed before.
+// Ends a body that lacks the rights for its work, unless something failed before.
 inline constexpr int notAllowed = 77;
 [[noreturn]] inline void endAsNotAllowed() {
   _exit(testing::Test::HasFailure() ? 1 : notAllowed);
 }
 
-// Becomes root of a namespace of its own where it is not root already, with mounts of its own.
+// Becomes root of its own namespace, unless it is root already, with its own mounts.
 inline bool enterPrivateNamespace() {
   const auto user = std::to_string(getuid());
   const auto group = std::to_string(getgid());
@@ -37,7 +37,7 @@ inline bool enterPrivateNamespace() {
   return mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
-// Becomes a user with no rights at all.
+// Becomes a user without rights.
 inline void becomeNobody() {
   if (setgid(65534) != 0 || setuid(65534) != 0) endAsNotAllowed();
 }
@@ -47,7 +47,7 @@ inline void mountAt(const std::filesystem::path& point, const char* source = "ca
   if (mount(source, point.c_str(), kind, flags, options.c_str()) != 0) endAsNotAllowed();
 }
 
-// The layers of an overlay, with folders made for what is changed in it.
+// The layers of an overlay, with folders for its changes.
 inline std::string overlayOptions(const std::filesystem::path& lower, const std::filesystem::path& changes) {
   for (const auto* name : {"upper", "work"}) std::filesystem::create_directories(changes / name);
   const auto upper = (changes / "upper").native();

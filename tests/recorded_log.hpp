@@ -1,4 +1,4 @@
-// Records what the library logs for as long as it lives.
+// Records what the library logs during its lifetime.
 #pragma once
 
 #include <quillonic/platform/logging.hpp>
@@ -18,9 +18,9 @@ class RecordedLog {
   RecordedLog& operator=(const RecordedLog&) = delete;
   ~RecordedLog() { VantiroLogging::setDefaultLogger(nullptr); }
 
-  // Every message behind its level: "warning: ...".
+  // Every message after its level: "warning: ...".
   std::vector<std::string> lines() const { return logger_->lines(); }
-  // All of them, each with a line break behind it.
+  // All of them, each with a line break after it.
   std::string text() const {
     std::string text;
     for (const auto& line : lines()) text.append(line).append("\n");

@@ -1,4 +1,4 @@
-// A folder of its own for each test, on the real file system.
+// A separate folder for each test, on the real file system.
 #pragma once
 
 #include <cstdlib>
@@ -16,7 +16,7 @@ inline std::string contentOf(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// What is made in it may lie deeper: folders on the way are made too.
+// The name may contain folders, which are created too.
 class TemporaryFolder {
  public:
   TemporaryFolder() {

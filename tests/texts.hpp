@@ -1,4 +1,4 @@
-// Lists as one text and back, so that a test shows what it gives and what it expects in one line.
+// Converts lists to one text and back, so that a test shows results and expectations in one line.
 #pragma once
 
 #include <quillonic/support/enumeration.hpp>

@@ -1,5 +1,5 @@
-/// Helpers over the file system: free names for outputs, grouping by drive, file attributes and their
-/// comparison, links and alias files, legal names, disk descriptions.
+/// File-system helpers: free names for outputs, grouping by drive, file attributes and their comparison,
+/// links and alias files, legal names, disk descriptions.
 #pragma once
 
 #include <quillonic/filesystem/alias_creation.hpp>

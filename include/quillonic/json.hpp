@@ -1,17 +1,18 @@
-/// Coded values as JSON, for hosts that have nlohmann-json. The library itself does not need it: this header is
-/// all there is.
+/// Coded values as JSON, for hosts that have nlohmann-json. The library itself does not need it: all of this
+/// is in the header.
 ///
 ///     std::string text = toJson(encode(settings)).dump();
 ///     auto settings = decode<TranscodeCliArguments>(fromJson(nlohmann::ordered_json::parse(text)));
 ///
-/// A record becomes an object, a list an array, a text a string, and the rest what JSON calls the same. What JSON
-/// cannot say is an object with one member whose key begins with "$", so that every coded value survives:
+/// A record becomes an object, a list an array, a text a string; the rest keeps its JSON name. A value that
+/// JSON cannot express becomes an object with one member whose key has a leading "$", so that every coded
+/// value survives:
 ///
 /// | coded value | JSON |
 /// | --- | --- |
-/// | a text that is not UTF-8 | {"$bytes": "66ff"}, two hexadecimal digits a byte |
+/// | a text that is not UTF-8 | {"$bytes": "66ff"}, two hexadecimal digits per byte |
 /// | a number that is not finite | {"$number": "nan"}, "inf" or "-inf" |
-/// | a record with equal keys, with a key that is not UTF-8, or with one key that begins with "$" | {"$record": [[key, value], ...]} |
+/// | a record with equal keys, a key not in UTF-8, or a single "$" key | {"$record": [[key, value], ...]} |
 #pragma once
 
 #include <quillonic/support/coding.hpp>
@@ -30,8 +31,8 @@
 
 namespace quillonic {
 
-/// How deep the arrays and objects of a JSON value may lie in each other, those of the table above included; what lies
-/// deeper is refused when it is read, so that no text from elsewhere exhausts the stack.
+/// The maximum nesting depth of arrays and objects in a JSON value, including those of the table above.
+/// Reading rejects deeper values, so that no external text exhausts the stack.
 inline constexpr std::size_t greatestJsonDepth = 500;
 
 namespace detail {
@@ -66,7 +67,7 @@ inline std::string hexBytes(std::string_view text) {
   return bytes;
 }
 
-// Whether an object that is a plain record would be taken for a tag.
+// Whether a plain record, written as an object, would be read as a tag.
 inline bool looksLikeTag(std::size_t members, std::string_view firstKey) {
   return members == 1 && firstKey.starts_with('$');
 }
@@ -111,7 +112,7 @@ class JsonWriter {
     }
     Json::object_t object;
     object.reserve(record.members().size());
-    // The container's own emplace would compare with every key that is there; these are known to differ.
+    // The container's own emplace would compare with every existing key; these are known to be unique.
     for (const auto& [key, value] : record.members()) object.emplace_back(key, write(value));
     return object;
   }
@@ -196,16 +197,16 @@ template <class Json> class JsonReader {
 
 }  // namespace detail
 
-/// The coded value as JSON; never fails. The text of the result (`dump()`) is UTF-8, keeps the order of all keys,
-/// and floating-point numbers are written so that they read back to the same value.
+/// Converts a coded value to JSON; never fails. The text of the result (`dump()`) is UTF-8 and keeps the
+/// order of all keys; floating-point numbers read back to the same value.
 inline nlohmann::ordered_json toJson(const CodedValue& value) {
   return detail::JsonWriter().write(value);
 }
 
-/// Reads back what `toJson` gave, also where it was written by hand. Throws a `DecodingError` for an integer that 64
-/// bits hold without a sign alone, an unknown tag, and values that lie too deep; a still greater integer is a
-/// floating-point number to the parser. Parse the text as `nlohmann::ordered_json`: `nlohmann::json` sorts the keys, so
-/// the members of a record come in another order. The parser throws exceptions of its own for what is no JSON.
+/// Reads what `toJson` wrote, or the same form written by hand. Throws a `DecodingError` for an integer that
+/// needs all 64 bits without a sign, an unknown tag, and values nested too deeply; the parser turns larger
+/// integers into floating-point numbers. Parse the text as `nlohmann::ordered_json`: `nlohmann::json` sorts
+/// the keys and so the members of records. The parser throws its own exceptions for invalid JSON.
 template <class Json> CodedValue fromJson(const Json& json) {
   return detail::JsonReader<Json>().read(json);
 }

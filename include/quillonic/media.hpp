@@ -1,5 +1,4 @@
-/// Value types that describe media: what a transcode job can ask for, as pickers show it and presets store
-/// it.
+/// Value types of media settings: what a transcode can ask for, as pickers show it and presets store it.
 #pragma once
 
 #include <quillonic/media/channel_layout.hpp>

@@ -1,4 +1,4 @@
-/// What the library takes from the machine and from its host.
+/// What the library takes from the system and from its host.
 #pragma once
 
 #include <quillonic/platform/color.hpp>

@@ -1,5 +1,5 @@
-/// Small services that the other subsystems stand on: enumerations with texts, coding, dictionaries of texts,
-/// values of any type, switches that threads share, and the names that hosts share with the library.
+/// Small services for the other subsystems: enumerations with texts, coding, text dictionaries, values of any
+/// type, switches that threads share, and names shared with hosts.
 #pragma once
 
 #include <quillonic/support/any_value.hpp>

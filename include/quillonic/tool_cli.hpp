@@ -1,4 +1,4 @@
-/// The command lines of child tools: cleaning and grouping of argument lists, custodial flags, argument
+/// The command lines of child tools: normalising and grouping argument lists, custodial flags, argument
 /// stores.
 #pragma once
 

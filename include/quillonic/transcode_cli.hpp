@@ -1,5 +1,5 @@
-/// The transcoder's command line: its vocabulary, the model of one command line with its typed options, and
-/// the built-in presets.
+/// The transcoder's command line: its vocabulary, the model of one command line with typed options, and the
+/// built-in presets.
 #pragma once
 
 #include <quillonic/transcode_cli/anchors.hpp>

@@ -1,26 +1,26 @@
-/// Which version this is: the one whose headers a program is compiled with, and the one that it runs with. They differ
-/// where a shared library was replaced by a later one of the same series, as it may be.
+/// The version of the headers that a program is compiled with, and of the library that it runs with. They
+/// differ when the shared library was replaced by a later one of the same series, which is allowed.
 ///
 ///     #if QUILLONIC_VERSION_MAJOR > 0 ...
 ///     std::cout << "built with " << version() << ", running with " << runningVersion();
 ///
-/// The numbers follow semantic versioning. While the first is 0 a new second number may break programs, and the shared
-/// library's name changes with it; docs/abi.md says when to raise which.
+/// The numbers follow semantic versioning. While the first is 0, a new second number may break programs and
+/// changes the shared library's name; docs/abi.md says when to raise which.
 #pragma once
 
 #include <quillonic/export.hpp>
 
 #include <string_view>
 
-// The one place where the version stands: the build, the packages and the shared library's name are made from these.
-/// A new one may break programs.
+// The only definition of the version: the build, the packages and the shared library's name read it here.
+/// A new number may break programs.
 #define QUILLONIC_VERSION_MAJOR 0
-/// A new one adds to the library; it may break programs while the first number is 0.
+/// A new number adds to the library; it may break programs while the first number is 0.
 #define QUILLONIC_VERSION_MINOR 2
-/// A new one mends the library.
+/// A new number fixes faults only.
 #define QUILLONIC_VERSION_PATCH 0
 
-/// A number as a text, in two steps, so that a macro's name gives its value.
+/// Turns a number into text, in two steps so that macros are expanded first.
 #define QUILLONIC_DETAIL_TEXT_OF(number) #number
 /// The second step.
 #define QUILLONIC_DETAIL_TEXT(number) QUILLONIC_DETAIL_TEXT_OF(number)
@@ -36,7 +36,7 @@ constexpr std::string_view version() noexcept {
   return QUILLONIC_VERSION;
 }
 
-/// The version of the library that the program has loaded.
+/// The version of the loaded library.
 QUILLONIC_EXPORT std::string_view runningVersion() noexcept;
 
 }  // namespace quillonic

@@ -32,7 +32,7 @@ AliasFile::Properties targetProperties(const std::string& name, FileType type, b
   return {flags, known};
 }
 
-// Whether the device is built in or can be taken out is not known.
+// It is unknown whether the device is built in or removable.
 AliasFile::Properties volumeProperties(const Mount& mount) {
   AliasFile::Properties properties{.flags = 0, .mask = AliasFile::readOnly};
   if (mount.isReadOnly) properties.flags |= AliasFile::readOnly;

@@ -43,7 +43,7 @@ constexpr std::size_t greatestNameSize = 1024;
 // Dates count from 2001.
 constexpr std::int64_t epoch = 978307200;
 
-// The number at the start of at least as many bytes.
+// The number in the leading bytes; there must be enough of them.
 template <class Unsigned> Unsigned littleEndian(std::string_view bytes) noexcept {
   std::array<char, sizeof(Unsigned)> digits;
   std::memcpy(digits.data(), bytes.data(), digits.size());
@@ -59,7 +59,7 @@ template <class Unsigned> std::string littleEndianBytes(Unsigned number) {
   return bytes;
 }
 
-// Towards zero: the earliest date has no whole second before it.
+// Toward zero: the earliest date has no whole second before it.
 double secondsOf(Date date) {
   const auto sinceEpoch = date.time_since_epoch();
   const auto whole = std::chrono::duration_cast<std::chrono::seconds>(sinceEpoch);
@@ -68,7 +68,7 @@ double secondsOf(Date date) {
 }
 
 std::optional<Date> dateOf(double seconds) {
-  constexpr double farthest = 8'000'000'000;  // within what a date can hold on both sides
+  constexpr double farthest = 8'000'000'000;  // within a date's range in both directions
   if (!(std::abs(seconds) < farthest)) return std::nullopt;
   const double whole = std::floor(seconds);
   return Date(std::chrono::seconds(static_cast<std::int64_t>(whole) + epoch) +
@@ -80,10 +80,10 @@ struct Record {
   std::string_view payload;
 };
 
-// The data section of an alias file. Every number in it is checked before it is used.
+// The data section of an alias file. Every number in it is checked before use.
 class Data {
  public:
-  // Nothing where there is no header, or where it announces more bytes than there are.
+  // Nothing without a header, or if the header announces more bytes than there are.
   static std::optional<Data> of(std::string_view bytes) {
     const auto number = [&](std::size_t at) { return littleEndian<std::uint32_t>(bytes.substr(at, 4)); };
     if (bytes.size() < 32) return std::nullopt;
@@ -107,18 +107,18 @@ class Data {
     return Record{*type, bytes_.substr(offset + 8, *length)};
   }
 
-  // The record offsets by key, of all tables of contents; the first of equal keys counts. Nothing where a
+  // The record offsets by key, from all tables of contents; the first of equal keys counts. Nothing if a
   // table is outside the data or malformed.
   std::optional<std::vector<std::pair<std::uint32_t, std::uint32_t>>> contents() const {
     std::vector<std::pair<std::uint32_t, std::uint32_t>> entries;
     auto table = numberAt(0);
-    // Tables that form a circle end at the greatest count, like too many of them.
+    // A cycle of tables ends at the greatest count, like too many tables.
     for (std::size_t count = 0; count < greatestTableCount; ++count) {
       if (!table || numberAt(*table + std::uint64_t{4}) != tableMark) return std::nullopt;
       const std::uint64_t start = *table;
       const auto next = numberAt(start + 12);
       const auto entryCount = numberAt(start + 16);
-      // The table's own length is ignored: writers differ in what they count.
+      // The table's own length is ignored, because writers count differently.
       if (!next || !entryCount || (bytes_.size() - start - 20) / 12 < *entryCount) return std::nullopt;
       if (entries.size() + *entryCount > greatestEntryCount) return std::nullopt;
       entries.reserve(entries.size() + *entryCount);
@@ -150,7 +150,7 @@ template <class Unsigned> std::optional<std::int64_t> integerOf(std::string_view
   return static_cast<std::make_signed_t<Unsigned>>(littleEndian<Unsigned>(payload));
 }
 
-// One overload per kind of value: how it is read from a record, and how it is written as one.
+// One overload per kind of value: reads it from a record, and writes it as one.
 void read(const Record& record, std::optional<std::string>& value) {
   value = textOf(record);
 }
@@ -223,7 +223,7 @@ struct KeyedMember {
   Member member;
 };
 
-// All that is recorded except the path, by key.
+// Everything recorded except the path, by key.
 constexpr auto fields = std::to_array<KeyedMember>({
     {0x1010, &AliasFile::targetProperties},
     {0x1040, &AliasFile::targetCreationDate},
@@ -259,7 +259,7 @@ std::optional<std::vector<std::string>> pathOf(const Data& data, const Record& r
   return names;
 }
 
-// Letters, digits and what a path may hold unescaped.
+// Letters, digits and the other characters that a path may have unescaped.
 std::string fileURL(std::string_view path) {
   constexpr std::string_view unescaped =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~!$&'()*+,;=:@/";
@@ -277,7 +277,7 @@ std::string fileURL(std::string_view path) {
   return url;
 }
 
-// Puts the data section together: the records, then the table of contents.
+// Writes the data section: the records, then the table of contents.
 class Writer {
  public:
   std::uint32_t add(const OwnedRecord& record) {
@@ -349,7 +349,7 @@ std::string AliasFile::bytes(Date madeAt) const {
   std::vector<std::uint32_t> names;
   for (const auto& name : pathComponents) names.push_back(writer.add({textRecord, name}));
   writer.list(pathKey, writer.addArray(names));
-  // The numbers by which another system would know the items are not known here.
+  // The numbers that identify the items in another system are unknown here.
   const auto unknown = writer.add({nullRecord, {}});
   writer.list(identifiersKey, writer.addArray(std::vector(names.size(), unknown)));
   for (const auto& field : fields) {

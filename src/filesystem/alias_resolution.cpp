@@ -21,10 +21,10 @@ namespace {
 
 using Names = std::span<const std::string>;
 
-// No system looks up a path that is longer.
+// No system looks up a longer path.
 constexpr std::size_t greatestPathSize = 4096;
 
-// Cut where it is too long for any item, so that the names of a hostile file do not add up.
+// Cut when too long for any item, so that the names of a hostile file do not add up.
 std::string joined(std::string path, Names names) {
   for (const auto& name : names) {
     if (!path.ends_with('/')) path.push_back('/');
@@ -85,7 +85,7 @@ class Resolution {
     return !error;
   }
 
-  // Keeps what kept the first place that could not be looked at from being looked at.
+  // Keeps the error of the first place that could not be looked at.
   void note(std::error_code error) {
     if (!isMissing(error) && !obstacle_) obstacle_ = error;
   }
@@ -127,7 +127,7 @@ class Resolution {
            });
   }
 
-  // Another card at the mount point of the recorded one often holds a clip of the same name.
+  // Another card at the recorded mount point often has a clip of the same name.
   bool isOnAnotherVolume(const std::string& path) {
     if (!alias_.volumePath || !alias_.volumeUUID) return false;
     const auto* mount = lookUps_.mounts().withLongestMountPoint(path);
@@ -151,7 +151,7 @@ class Resolution {
       folder = folderOf(folder);
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
         const auto tail = names_.subspan(skipped);
-        // Most folders hold none of the names, which one look shows.
+        // One look-up shows that most folders have none of the names.
         const auto first = joined(folder, tail.first(1));
         const auto path = exists(first) ? joined(folder, tail) : aliasPath_;
         if (path != aliasPath_ && exists(path) && !isOnAnotherVolume(path)) return path;
@@ -201,7 +201,7 @@ class Resolution {
 
   enum class Verdict { yes, no, unknown };
 
-  // A volume without an identifier is another one, too, where the recorded one is mounted elsewhere.
+  // A volume without an identifier is another one too if the recorded one is mounted elsewhere.
   bool isOtherVolume(const Mount& mount) {
     const auto verdict = isRecordedVolume(mount);
     return verdict == Verdict::no ||
@@ -213,7 +213,7 @@ class Resolution {
   Verdict isRecordedVolume(const Mount& mount) {
     if (!alias_.volumeUUID) return Verdict::unknown;
     const auto identifier = lookUps_.identifiers().of(mount);
-    // Systems derive identifiers of different forms from a card's short number.
+    // Systems derive different forms of identifiers from a card's short number.
     if (!identifier || identifier->size() != alias_.volumeUUID->size()) return Verdict::unknown;
     return text::foldedName(*identifier) == text::foldedName(*alias_.volumeUUID) ? Verdict::yes : Verdict::no;
   }
@@ -222,15 +222,15 @@ class Resolution {
   std::string aliasPath_;
   Names names_;
   LookUps& lookUps_;
-  // Desktops record a dozen names, whose every trailing part is looked for in a dozen folders. The search
-  // gives up on a file that was made to keep it busy.
+  // Desktops record a dozen names, and every trailing part is looked up in a dozen folders. The search gives
+  // up on a file made to keep it busy.
   std::size_t lookUpsLeft_ = 10'000;
   std::error_code obstacle_;
 };
 
 // Reads an alias file; a relative path counts from the folder, if any.
 Result<AliasFile> read(const std::string& item, const items::Folder* folder) {
-  // No device is opened, and of a clip no more is read than shows that it is one.
+  // Opens no device, and reads no more of a clip than shows what it is.
   const auto status = items::status(item, folder);
   if (!status) return status.error();
   const bool couldBe = status->type == FileType::regular && status->size <= AliasFile::greatestSize;

@@ -1,4 +1,4 @@
-// Finding the target of an alias file.
+// Finds the target of an alias file.
 #pragma once
 
 #include <string>
@@ -9,12 +9,12 @@
 
 namespace quillonic {
 
-// The absolute path of an alias file's target. Fails where the file is no alias file or cannot be read, and
-// where nothing is found: `aliasTargetNotFound`, or what kept one of the places from being looked at.
+// The absolute path of an alias file's target. Fails if the file is not an alias file or cannot be read, and
+// if nothing is found: `aliasTargetNotFound`, or the error of a place that could not be looked at.
 Result<std::string> aliasTarget(const std::string& aliasFile);
 
-// One of many resolutions, for an alias file by its name in a folder. Its path is absolute, and no part of it
-// a link.
+// One of many resolutions, for an alias file given by its name in a folder. Its path is absolute, and no part
+// of it is a link.
 Result<std::string> aliasTargetIn(const items::Folder& folder, const std::string& name, std::string path,
                                   LookUps& lookUps);
 

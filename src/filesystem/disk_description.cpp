@@ -64,7 +64,7 @@ bool DiskDescription::indicatesVolumeIsSonyDrive() const {
     log->logInfo(key.description() + ":" + value.description());
   });
   if (valueOf(mediaWritableKey).as<bool>().value_or(false)) {
-    // The two texts are the wrong way round, and stay so: hosts know them like this.
+    // The two texts are swapped, and must stay so: hosts rely on them.
     log->logInfo("SONY Device determined to be a NON-WRITABLE Sony drive");
     return true;
   }

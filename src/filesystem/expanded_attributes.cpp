@@ -40,7 +40,7 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
     const auto folder = path_text::folderPrefix(*absolute);
     details.target = locations::destination(folder, false, *text, items::canonical).asOptional();
   }
-  // Whether something is there is seen through the link, which takes one look however many links follow.
+  // One look through the link shows whether its target exists, however many links follow.
   if (!details.target || items::reach(item)) {
     VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
   }
@@ -70,7 +70,7 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
   const auto details = linkDetails(item, status);
   std::vector<FileAttributes::Entry> entries;
   entries.reserve(18);
-  // In the order in which the dictionary keeps them, so that nothing has to be sorted.
+  // In dictionary order, so that no sorting is needed.
   using Key = FileAttributeKey;
   const auto add = [&](const Key& key, auto&& value) {
     entries.push_back({key, std::forward<decltype(value)>(value)});

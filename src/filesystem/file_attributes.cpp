@@ -12,8 +12,8 @@ namespace {
 
 constexpr auto keyOf = [](const FileAttributes::Entry& entry) { return entry.key.rawValue(); };
 
-// Calls the block with the two entries of each common key until the block says stop. The dictionaries must
-// not change meanwhile: a walk that calls a host's block goes over copies.
+// Calls the block with the two entries of each common key until the block stops. The dictionaries must not
+// change meanwhile: a walk that calls a host's block uses copies.
 template <class Block> void walkCommon(const FileAttributes& a, const FileAttributes& b, Block block) {
   bool stop = false;
   auto mine = a.begin();
@@ -36,7 +36,7 @@ FileAttributes::FileAttributes(std::vector<Entry> entries) : entries_(std::move(
   const auto unordered = std::ranges::adjacent_find(entries_, std::ranges::greater_equal{}, keyOf);
   if (unordered == entries_.end()) return;
   std::ranges::stable_sort(entries_, {}, keyOf);
-  // Of equal keys the last one stays: seen from the end it is the first one.
+  // The last of equal keys stays: from the end it is the first.
   const auto kept = std::unique(entries_.rbegin(), entries_.rend(),
                                 [](const Entry& a, const Entry& b) { return a.key == b.key; });
   entries_.erase(entries_.begin(), kept.base());

@@ -44,7 +44,7 @@ std::size_t extensionStart(std::string_view name) {
   return hasExtension ? stop : name.size();
 }
 
-// A path that no program reads as an option; nothing where the working folder is gone.
+// A path that no program reads as an option; nothing when the working folder is gone.
 std::optional<std::string> absolutePath(std::string_view path) {
   if (path.starts_with('/')) return std::string(path);
   const auto folder = items::workingFolder();
@@ -58,13 +58,13 @@ std::optional<TextDictionary> handRemovalOver(ScriptRunner& runner, std::string_
   if (runner.form() == ScriptForm::argumentList) {
     return runner.runArguments(std::array<std::string, 3>{"/bin/rm", "--", *path});
   }
-  // The path goes within single quotes within double quotes, where these characters cannot be written.
+  // The path is inside single quotes inside double quotes, where these characters cannot be written.
   if (path->find_first_of("'\"\\\n\r") != std::string::npos) return std::nullopt;
   const auto command = "/bin/rm '" + *path + "';";
   return runner.runText("do shell script \"" + command + "\" with administrator privileges");
 }
 
-// Nothing when the script could not be created. An exception of a host's runner is one more error.
+// Nothing when the script could not be created. An exception of a host's runner counts as an error.
 std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view item) {
   try {
     return handRemovalOver(runner, item);
@@ -192,7 +192,7 @@ bool FileManager::removePathWithElevatedPermissions(std::string_view path) const
   }
   if (!errors->empty()) {
     std::string message("QLC_FME_RIWEP-Failed to remove ");
-    // A fixed text, wording included.
+    // A fixed text, including its wording.
     message.append(path).append(" with due to errors:");
     for (const auto& [key, value] : *errors) {
       message.append(" key: ").append(key).append(" value: ").append(value);

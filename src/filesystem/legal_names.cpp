@@ -8,7 +8,7 @@
 namespace quillonic {
 namespace {
 
-// The characters whose membership in the set is as wanted.
+// The characters that are in the set, or not, as wanted.
 std::string filtered(std::string_view text, const CharacterSet& set, bool wanted) {
   std::string kept;
   kept.reserve(text.size());
@@ -17,7 +17,7 @@ std::string filtered(std::string_view text, const CharacterSet& set, bool wanted
     if (set.contains(scalar) == wanted) kept.append(text, 0, length);
     text.remove_prefix(length);
     if (valid) continue;
-    // A byte that is not UTF-8 may end a character now that others are gone, which is judged too.
+    // A byte that is not UTF-8 may complete a character now that others are gone; judge that character too.
     for (std::size_t size = 2; size <= std::min<std::size_t>(4, kept.size()); ++size) {
       const auto last = utf8::decode(std::string_view(kept).substr(kept.size() - size));
       if (last.length == size && set.contains(last.scalar) != wanted) kept.resize(kept.size() - size);

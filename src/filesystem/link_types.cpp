@@ -8,7 +8,7 @@
 namespace quillonic::link_types {
 namespace {
 
-// The size spares camera clips from being opened.
+// Its size keeps a camera clip from being opened.
 bool couldBeAlias(const items::Status& status) noexcept {
   return status.type == FileType::regular && status.size >= AliasFile::markSize &&
          status.size <= AliasFile::greatestSize;

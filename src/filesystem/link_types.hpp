@@ -11,14 +11,14 @@
 
 namespace quillonic::link_types {
 
-// Fails where a file that could be an alias cannot be opened.
+// Fails if a file that could be an alias cannot be opened.
 Result<ReferenceLinkType> typeOf(const std::string& item, const items::Status& status,
                                  const items::Folder* folder = nullptr);
 
 // For an item without a known status.
 Result<ReferenceLinkType> typeOf(const std::string& item);
 
-// The value; logs an error of the item.
+// The value, with any error of the item logged.
 std::optional<ReferenceLinkType> logged(const Result<ReferenceLinkType>& type, const std::string& item);
 
 // Whether links of a kind have a target.
@@ -26,7 +26,7 @@ constexpr bool leadsElsewhere(ReferenceLinkType type) noexcept {
   return type == ReferenceLinkType::softSymbolicReference || type == ReferenceLinkType::aliasReference;
 }
 
-// The value; logs an error of the alias file.
+// The value, with any error of the alias file logged.
 std::optional<std::string> loggedTarget(Result<std::string> target, const std::string& aliasFile);
 
 }  // namespace quillonic::link_types

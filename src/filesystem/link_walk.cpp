@@ -19,8 +19,8 @@ namespace {
 using std::filesystem::path;
 
 // Walks folders without following links and calls the block with each link and its target. Descends from
-// folder to folder by descriptors: no path is too long, and a folder that is swapped for a link does not lead
-// outside.
+// folder to folder by descriptors: no path is too long, and swapping a folder for a link does not redirect
+// the walk.
 class LinkWalk {
  public:
   LinkWalk(LinkPairBlock block, FunctionRef<bool()> shouldStop) : block_(block), shouldStop_(shouldStop) {}
@@ -48,20 +48,20 @@ class LinkWalk {
   }
 
  private:
-  // A folder on the way from the root to where the walk is.
+  // A folder on the way from the root to the current one.
   struct Level {
     // Its path as the caller sees it, and with its links followed.
     std::string shown;
     std::string physical;
-    // Absent while the walk is far below.
+    // Absent while the walk is far below it.
     std::optional<items::Folder> folder;
     items::Status status;
-    // Its folders, and which of them is to be visited next.
+    // Its folders, and the next one to visit.
     std::vector<std::string> folders;
     std::size_t next = 0;
   };
 
-  // More levels than trees have; each takes a descriptor.
+  // More levels than trees have; each uses a descriptor.
   static constexpr std::size_t greatestOpenLevelCount = 64;
 
   void missFolder(const std::string& folder, std::error_code error) {
@@ -75,7 +75,7 @@ class LinkWalk {
     if (!entries) return missFolder(shown, entries.error());
     if (levels_.size() >= greatestOpenLevelCount) close(levels_[levels_.size() - greatestOpenLevelCount]);
     auto& level = levels_.emplace_back(Level{shown, physical, *std::move(folder), {}, {}, 0});
-    // Parsed once and not for each link.
+    // Parsed once, not for each link.
     path link = path(shown) / "link";
     for (const auto& entry : *entries) {
       if (stop_ || shouldStop_()) {
@@ -88,14 +88,14 @@ class LinkWalk {
     }
   }
 
-  // The target of an entry that is a link. Notes the folders.
+  // The target of an entry that is a link. Records the folders.
   std::optional<std::string> targetOf(Level& level, const items::Entry& entry) {
     auto type = entry.type;
     items::Status status;
     if (type == FileType::unknown || type == FileType::regular) {
       const auto known = items::status(entry.name, &*level.folder);
       if (!known) {
-        // What went away since the folder was read is not missed.
+        // Items removed since the folder was read are not missed.
         const auto error = known.error();
         if (error != std::errc::no_such_file_or_directory) missFolder(level.shown, error);
         return std::nullopt;
@@ -133,7 +133,7 @@ class LinkWalk {
     level.folder.reset();
   }
 
-  // Goes back to the folder above, which may have to be opened again.
+  // Goes back to the parent folder, which may have to be opened again.
   void leave() {
     const auto left = std::move(levels_.back());
     levels_.pop_back();

@@ -43,7 +43,7 @@ Result<std::string> standardized(std::string_view absolute, std::size_t physical
       continue;
     }
     if (result.size() > physical) {
-      // The resolution alone asks for no permission to pass through the folder.
+      // Resolving alone needs no permission to pass through the folder.
       if (const auto error = items::reach(result + "/..")) return error;
       auto folder = items::canonical(result);
       if (!folder) return folder.error();
@@ -81,7 +81,7 @@ Result<std::string> destination(std::string_view folder, bool physical, std::str
   }
   auto place = text.starts_with('/') ? standardized(text, 0)
                                      : standardized(inFolder(folder, text), physical ? folder.size() : 0);
-  // What is missing may become a folder; what is no folder has nothing in it.
+  // A missing item may become a folder; an item that is not a folder contains nothing.
   const bool asksForFolder = text.ends_with('/') || text.ends_with("/.");
   if (place && asksForFolder) {
     const auto error = items::reach(*place + "/");

@@ -1,4 +1,4 @@
-// Locations as texts that the system understands: absolute, standardized, without a trailing slash.
+// Locations as texts for system calls: absolute, standardized, without a trailing slash.
 #pragma once
 
 #include <quillonic/support/function_ref.hpp>
@@ -21,31 +21,31 @@ template <class T> T valueOrFail(Result<T> result, const char* operation, const 
   return *std::move(result);
 }
 
-// A path without trailing slashes, with which the system would follow a link.
+// A path without trailing slashes, which would make the system follow a link.
 std::string itself(const std::filesystem::path& item);
 
 std::string inFolder(std::string_view folder, std::string_view name);
 
-// Fails where a path is relative and the working folder is gone.
+// Fails if a path is relative and the working folder is gone.
 Result<std::string> absolutePath(const std::string& item);
 
 // Without ".", "..", doubled slashes and a trailing slash. The first `physical` bytes of the absolute path
-// are known to be folders and no links, so that a ".." after them is the component before it; elsewhere the
-// system is asked which folder is meant, and a ".." after what is no folder fails as it does there. What
-// follows the last ".." need not exist.
+// are known to be folders without links, so that a ".." after them removes the component before it; elsewhere
+// the system is asked which folder is meant, and a ".." after an item that is not a folder fails as it does
+// there. What follows the last ".." need not exist.
 Result<std::string> standardized(std::string_view absolute, std::size_t physical);
 
-// The links in a place's folders followed, as far as these exist and can be looked at. `follow` is that of a
-// folder. So every location is spelled in one way, however a caller or a link came to it.
+// Follows the links in a place's folders, as far as these exist and can be looked at; `follow` follows those
+// of one folder. So every location has one spelling, however a caller or a link reached it.
 std::string withFoldersFollowed(std::string place,
                                 FunctionRef<Result<std::string>(const std::string&)> follow);
 
 // An item as a caller named it, standardized and with its folders followed.
 Result<std::string> standardizedItem(const std::string& item);
 
-// The target of a symbolic link, from its stored text. The link's folder is absolute, and `physical` says
-// that no part of it is a link. A text that ends in a slash or in "." has no target where something that is
-// no folder is at that place.
+// The target of a symbolic link, from its stored text. The link's folder is absolute; `physical` says that no
+// part of it is a link. A text that ends in a slash or in "." has no target if the item there is not a
+// folder.
 Result<std::string> destination(std::string_view folder, bool physical, std::string_view text,
                                 FunctionRef<Result<std::string>(const std::string&)> follow);
 

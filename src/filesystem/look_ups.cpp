@@ -12,7 +12,7 @@
 
 namespace quillonic {
 
-// As many as the system follows while it looks up one path.
+// The system's own limit in one path look-up.
 static constexpr int greatestLinkCount = 40;
 
 const VolumeNames& LookUps::identifiers() {

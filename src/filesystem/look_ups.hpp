@@ -1,4 +1,4 @@
-// Looking for items where nothing may be mounted. Several searches share what was found out.
+// Looks for items without mounting anything. Several searches share what was found.
 #pragma once
 
 #include <quillonic/platform/mount_table.hpp>
@@ -16,15 +16,15 @@
 namespace quillonic {
 
 // Lists each folder and follows each link once, so that many searches in the same folders take linear time;
-// sees nothing of what changes there later.
+// sees no later changes there.
 class LookUps {
  public:
   const MountTable& mounts() const noexcept { return mounts_; }
   const VolumeNames& identifiers();
   const VolumeNames& labels();
 
-  // No error where an item is at an absolute path; does not follow a final link. Wakes no automounter: what
-  // is below its folder, by the path or through a link in it, counts as missing.
+  // No error when an item exists at an absolute path; does not follow a final link. Wakes no automounter:
+  // items below its folder, by the path or through a link in it, count as missing.
   std::error_code reach(const std::string& path);
 
   // An absolute folder with its links followed; wakes no automounter either.
@@ -34,7 +34,7 @@ class LookUps {
     std::string folded;
     std::string name;
   };
-  // Ascending by their folded names; the first in byte order of equal ones comes first.
+  // Ascending by folded name, equal ones in byte order.
   struct Listing {
     std::vector<Entry> entries;
     std::error_code error;

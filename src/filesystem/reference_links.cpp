@@ -20,7 +20,7 @@ using locations::itself;
 using locations::valueOrFail;
 using std::filesystem::path;
 
-// As many as the system follows while it looks up one path.
+// The system's own limit in one path look-up.
 constexpr int greatestStepCount = 40;
 
 constexpr auto cannotFollow = "cannot follow links";
@@ -32,7 +32,7 @@ Result<std::string> symbolicTarget(const std::string& link) {
   return locations::destination(path_text::folderPrefix(*absolute), false, *text, items::canonical);
 }
 
-// The target of a link of a kind, one step away.
+// The target of a link of a given kind, one step away.
 Result<std::string> dereferenced(ReferenceLinkType type, const std::string& item) {
   switch (type) {
     case ReferenceLinkType::softSymbolicReference:
@@ -50,13 +50,13 @@ path targetOrFail(ReferenceLinkType type, const path& item) {
   return valueOrFail(dereferenced(type, itself(item)), "cannot follow link", item);
 }
 
-// The link itself was read, and nothing is at its target.
+// The link itself was read, but nothing is at its target.
 bool isMissingTarget(std::error_code error) noexcept {
   return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
          error == FilePathAttributeGenerationError::aliasTargetNotFound;
 }
 
-// Follows links until an item that is no link.
+// Follows links to an item that is not a link.
 Result<std::string> finalTarget(std::string item, ReferenceLinkType type) {
   for (int step = 0; leadsElsewhere(type); ++step) {
     if (step == greatestStepCount) return items::systemError(std::errc::too_many_symbolic_link_levels);

@@ -6,8 +6,7 @@
 
 namespace quillonic {
 
-// The text is fixed down to its spelling and to the bracket that stays open: hosts search their output for
-// it.
+// The text is fixed, including its spelling and the unclosed bracket: hosts search their output for it.
 void detail::reportUnfitDimension(double width, double height) {
   printLine("Proto failed to parse VideoDimension from Proto. Will reset to match orignal! (pWidth:" +
             number_text::shortest(width) + " - pHeight: " + number_text::shortest(height));

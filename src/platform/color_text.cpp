@@ -54,7 +54,7 @@ std::string withAlpha(std::string text, double alpha) {
   return text.append(" alpha ").append(number_text::shortest(alpha));
 }
 
-// Red, green and blue, 255 being full.
+// Red, green and blue; 255 is full.
 std::optional<std::array<double, 3>> components(const Color& color) noexcept {
   if (const auto rgb = color.rgbComponents()) {
     const auto scaled = [](double component) { return component < 1 ? 255 * component : component; };
@@ -129,7 +129,7 @@ std::optional<std::string> outOf255(const Color& color) {
   if (!numbers) return std::nullopt;
   std::string text;
   for (const double number : *numbers) {
-    // Also turns down what is not a number.
+    // Also rejects NaN.
     if (!(number >= -0x1p63 && number < 0x1p63)) return std::nullopt;
     text.append(text.empty() ? "" : ",").append(std::to_string(static_cast<std::int64_t>(number)));
   }

@@ -1,4 +1,4 @@
-// A colour as the transcoder's command line has it: red, green and blue as integers, 255 being full.
+// A colour on the transcoder's command line: red, green and blue as integers; 255 is full.
 #pragma once
 
 #include <quillonic/platform/color.hpp>
@@ -9,10 +9,10 @@
 
 namespace quillonic::color_text {
 
-// Three decimal numbers with commas between them; nothing for any other text.
+// Reads three decimal numbers separated by commas; nothing for other texts.
 std::optional<Color> fromOutOf255(std::string_view text);
 
-// Nothing for a colour without an RGB form, or with a component that no 64-bit integer holds.
+// Nothing for a colour without an RGB form, or with a component outside 64-bit integers.
 std::optional<std::string> outOf255(const Color& color);
 
 }  // namespace quillonic::color_text

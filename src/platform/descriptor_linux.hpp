@@ -1,4 +1,4 @@
-// Descriptors that are closed at the end of their scope.
+// Descriptors that close at the end of their scope.
 #pragma once
 
 #include <cerrno>
@@ -24,10 +24,10 @@ class Descriptor {
 
   explicit operator bool() const noexcept { return number_ >= 0; }
   int number() const noexcept { return number_; }
-  // Callers must close the number.
+  // Callers must close the returned descriptor.
   int release() noexcept { return std::exchange(number_, -1); }
 
-  // Writes may be refused as late as here.
+  // A write may fail as late as here.
   std::error_code close() noexcept {
     const bool isClosed = number_ < 0 || ::close(release()) == 0;
     return isClosed ? std::error_code() : lastError();

@@ -22,7 +22,7 @@ std::optional<std::string> attribute(const fs::path& device, const char* name) {
   return value.empty() ? std::nullopt : std::optional(std::move(value));
 }
 
-// The value of "NAME=value" in a device's list of properties, one a line.
+// The value of a "NAME=value" line in a device's properties.
 std::optional<std::string> property(const fs::path& device, std::string_view key) {
   const auto properties = attribute(device, "uevent").value_or(std::string());
   const auto value = text::valueInLines(properties, key);
@@ -34,7 +34,7 @@ bool isThere(const fs::path& path) {
   return fs::exists(path, error);
 }
 
-// The device below an encrypted or combined one, when it is a single one.
+// The device below an encrypted or combined device, if it is the only one.
 std::optional<fs::path> onlyPart(const fs::path& device) {
   std::error_code error;
   fs::directory_iterator parts(device / "slaves", error);

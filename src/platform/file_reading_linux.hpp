@@ -8,10 +8,10 @@
 
 namespace quillonic {
 
-// What is left to read of an open file, at most `limit` bytes.
+// The rest of an open file, at most `limit` bytes.
 Result<std::string> bytesOf(int file, std::size_t limit);
 
-// The whole of one of the system's small files about itself, which report no size.
+// The whole of a small file of the system's own, which reports no size.
 Result<std::string> contentsOfFile(const std::string& path);
 
 }  // namespace quillonic

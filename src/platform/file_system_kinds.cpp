@@ -36,7 +36,7 @@ constexpr FileSystemKind windowsShare(std::string_view name, std::array<std::uin
   return kind;
 }
 
-// The C library knows which kinds hold symbolic links too, and credits exFAT with them.
+// Not from the C library, which also knows the kinds with symbolic links but counts exFAT among them.
 constexpr auto kinds = std::to_array<FileSystemKind>({
     local("ext4", 0xEF53, anyName, 1ns),
     local("ext3", 0xEF53, anyName, 1s),
@@ -51,7 +51,7 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     withoutLinks(local("mount.exfat-fuse", 0, windowsNames, 10ms, program)),
     withoutLinks(local("fusefat", 0, windowsNames, 2s, program)),
     withoutLinks(local("fatfuse", 0, windowsNames, 2s, program)),
-    // The older driver; what followed it holds links.
+    // The older driver; its successor supports links.
     withoutLinks(local("ntfs", 0x5346544E, windowsNames, 100ns)),
     local("ntfs", 0, windowsNames, 100ns, program),
     local("ntfs-3g", 0, windowsNames, 100ns, program),
@@ -104,7 +104,7 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     network("sshfs", program),
 });
 
-// Kinds with the same number must hold the same links.
+// Kinds with the same magic number must support the same links.
 constexpr bool numbersAreUnambiguous() {
   for (const auto& kind : kinds) {
     for (const auto magic : kind.magics) {
@@ -119,7 +119,7 @@ constexpr bool numbersAreUnambiguous() {
 }
 static_assert(numbersAreUnambiguous());
 
-// What a program serves is named after "fuse.".
+// Kinds served by a program are named "fuse." and their own name.
 constexpr std::string_view withoutServer(std::string_view mountedKind) {
   constexpr std::string_view server = "fuse.";
   if (mountedKind.starts_with(server)) mountedKind.remove_prefix(server.size());
@@ -148,7 +148,7 @@ const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer s
 
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept {
   if (const auto* kind = kindNamed(mount.kind, either)) return kind->isNetwork;
-  // Without a known name the address or the device shows it.
+  // Without a known name, the address or the device decides.
   const bool isServedByProgram = mount.kind.starts_with("fuse");
   if (mount.kind == "fuse" && mount.source.find("://") != std::string::npos) return true;
   if (isServedByProgram && mount.deviceMajor == 0 && !mount.source.starts_with("/dev/")) return std::nullopt;

@@ -1,4 +1,4 @@
-// The kinds of file systems, and what is known of each.
+// The kinds of file systems and their properties.
 #pragma once
 
 #include <quillonic/platform/mount_table.hpp>
@@ -12,18 +12,18 @@
 
 namespace quillonic {
 
-// What serves volumes of a kind: the kernel, or a program through it.
+// Who serves volumes of a kind: the kernel, or a program through it.
 enum class FileSystemServer : std::uint8_t { kernel, program, either };
 
-// Which links volumes of a kind hold.
+// Which links volumes of a kind support.
 enum class LinkHolding : std::uint8_t {
   yes,
   no,
-  // Only where the volume was mounted with an option for them.
+  // Only if the volume was mounted with an option for them.
   asMounted,
 };
 
-// Which names volumes of a kind hold, beyond that no name has a slash or a NUL.
+// Which names volumes of a kind support; a slash and a NUL are never allowed.
 struct NameRules {
   std::string_view illegalCharacters;
   bool allowsControls = true;
@@ -31,39 +31,39 @@ struct NameRules {
 };
 
 struct FileSystemKind {
-  // As the mount table writes it, without the "fuse." of what a program serves.
+  // As in the mount table, without "fuse.".
   std::string_view name;
   FileSystemServer server = FileSystemServer::kernel;
-  // The `f_type` of `statfs`; 0 is none.
+  // The `f_type` of `statfs`; 0 for none.
   std::array<std::uint32_t, 2> magics{};
   LinkHolding symbolicLinks = LinkHolding::yes;
   LinkHolding hardLinks = LinkHolding::yes;
-  // Absent where it is not known, as for what another machine serves.
+  // Absent when unknown, as when another machine serves the volume.
   std::optional<NameRules> names = std::nullopt;
-  // The step in which modification dates are kept; 0 where it is not known.
+  // The granularity of modification dates; 0 when unknown.
   std::chrono::nanoseconds dateGrain{0};
   // Another machine serves it.
   bool isNetwork = false;
-  // A look below such a folder mounts something there.
+  // Looking at a name in such a folder mounts something there.
   bool isAutomount = false;
 };
 
-// Null for a kind about which nothing is known; most of these hold links. Names are those of the mount table.
+// Null for unknown kinds, most of which support links. Names are those of the mount table.
 const FileSystemKind* kindOfMagic(std::uint32_t magic) noexcept;
 const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer server) noexcept;
 
-// Whether another machine serves a volume; nothing where a program may have it from anywhere.
+// Whether another machine serves a volume; nothing when a program may get it from anywhere.
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept;
 bool isAutomountKind(std::string_view mountedKind) noexcept;
 
-// What "fuse" and "fuseblk" volumes report as their kind.
+// The magic number of "fuse" and "fuseblk" volumes.
 inline constexpr std::uint32_t programServedMagic = 0x65735546;
 
-// The kind of a volume: that of the mount table, or where this names no kind but "fuse" or "fuseblk", that of
-// the device database or the device itself, if any: "exfat".
+// The kind of a volume: that of the mount table, or if this is only "fuse" or "fuseblk", that of the device
+// database or the device itself, if known: "exfat".
 std::string trueKindOf(const Mount& mount);
 
-// What a mount's true kind is known to be, or null.
+// What is known of a mount's true kind, or null.
 const FileSystemKind* knownKindOf(const Mount& mount);
 
 }  // namespace quillonic

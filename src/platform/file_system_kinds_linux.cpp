@@ -17,7 +17,7 @@ std::string trueKindOf(const Mount& mount) {
   const auto number = std::to_string(device.major) + ":" + std::to_string(device.minor);
   const auto record = contentsOfFile("/run/udev/data/b" + number).value_or({});
   if (const auto kind = text::valueInLines(record, "E:ID_FS_TYPE=")) return std::string(*kind);
-  // Processes that may read the device see it there. The source may be a link to it.
+  // Processes that may read the device find the kind there. The source may be a link to it.
   struct stat item {};
   const bool isDevice =
       mount.source.starts_with('/') && ::stat(mount.source.c_str(), &item) == 0 && S_ISBLK(item.st_mode);

@@ -1,5 +1,5 @@
-// Single items of the file system. Only `reach` and `canonical` follow a link in the last path
-// component. A path with a NUL names nothing.
+// Single items of the file system. Only `reach` and `canonical` follow a link in the last path component. A
+// path with a NUL names nothing.
 #pragma once
 
 #include <quillonic/platform/file_type.hpp>
@@ -35,11 +35,11 @@ struct Status {
   Date modified;
 };
 
-// A folder held open. Names in it are looked up without its path.
+// An open folder. Names in it are looked up without its path.
 class Folder {
  public:
-  // Fails for a link to a folder. A relative path counts from `parent`, or without one from the working
-  // folder.
+  // Fails for a link to a folder. A relative path counts from `parent`, or from the working folder without
+  // one.
   static Result<Folder> open(const std::string& path, const Folder* parent = nullptr);
   Folder(Folder&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
   Folder& operator=(Folder&&) = delete;
@@ -53,25 +53,24 @@ class Folder {
   int descriptor_;
 };
 
-// One system call; wakes no automounter. A relative path counts from the folder, or without one from the
-// working folder, here and below.
+// One system call; wakes no automounter. Here and below, a relative path counts from the folder, or from the
+// working folder without one.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 
-// No error where an item is at a path with all its links followed; a trailing slash asks for a folder. One
+// No error when an item exists at a path with all its links followed; a trailing slash requires a folder. One
 // system call; wakes no automounter.
 std::error_code reach(const std::string& path);
 
-// The target of a symbolic link as it is stored. One system call, which changes the link's access time where
-// the volume's options say so: no call leaves it alone.
+// The stored target of a symbolic link. One system call, which changes the link's access time if the volume's
+// options say so: no call avoids that.
 Result<std::string> linkText(const std::string& path, const Folder* folder = nullptr);
 
-// Up to `limit` bytes from the start of a regular file; fails with EINVAL for any other item and reads
-// nothing of it. Waits for another process to give up its lease of the file, and never for a pipe or a
-// device. Keeps the access time where the process owns the file or may act as its owner; elsewhere the
-// volume's options decide.
+// Up to `limit` bytes from the start of a regular file; fails with EINVAL for any other item without reading
+// it. Waits until another process gives up its lease on the file, but never for a pipe or a device. Keeps the
+// access time if the process owns the file or may act as its owner; otherwise the volume's options decide.
 Result<std::string> firstBytes(const std::string& path, std::size_t limit, const Folder* folder = nullptr);
 
-// Makes a file that was not there. One that cannot be written whole is removed again.
+// Creates a new file. Removes one that cannot be written whole.
 std::error_code create(const std::string& path, std::string_view bytes);
 
 struct Entry {
@@ -79,17 +78,18 @@ struct Entry {
   FileType type;
 };
 
-// The entries of a folder in the byte order of their names, without "." and "..". Callers must ask only once.
+// The entries of a folder in byte order of their names, without "." and "..". Callers must ask only once per
+// folder.
 Result<std::vector<Entry>> entries(const Folder& folder);
 
-// The absolute path of an existing item with every link in it followed.
+// The absolute path of an existing item with all links followed.
 Result<std::string> canonical(const std::string& path);
 
 // The folder that relative paths count from: absolute, without a trailing slash unless it is the root. Fails
-// where the folder has been removed.
+// if the folder was removed.
 Result<std::string> workingFolder();
 
-// The user's home folder; nothing when it is not known.
+// The user's home folder; nothing when unknown.
 std::optional<std::string> homeFolder();
 
 }  // namespace quillonic::items

@@ -17,7 +17,7 @@
 namespace quillonic::items {
 namespace {
 
-// No directory entry has a name with a NUL.
+// No entry has a NUL in its name.
 bool canExist(const std::string& path) noexcept {
   const bool hasNul = path.find('\0') != std::string::npos;
   if (hasNul) errno = ENOENT;
@@ -53,7 +53,7 @@ constexpr FileType typeOfMode(unsigned mode) noexcept {
   }
 }
 
-// The nearest date of the type's range, which file systems exceed in both directions.
+// The nearest date in the type's range; file systems exceed it in both directions.
 Date dateOf(const statx_timestamp& time) noexcept {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text
   if (time.tv_sec >= floor<seconds>(nanoseconds::max()).count()) return Date::max();
@@ -93,7 +93,7 @@ bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
   return true;
 }
 
-// Opens without a change of the access time, which only the owner may.
+// Opens without changing the access time, which only the owner may do.
 Descriptor opened(int folder, const char* path, int flags) noexcept {
   const auto openedWith = [&](int more) {
     Descriptor item;
@@ -106,8 +106,8 @@ Descriptor opened(int folder, const char* path, int flags) noexcept {
   return item || errno != EPERM ? std::move(item) : openedWith(0);
 }
 
-// Opened for reading, if it is regular. The second descriptor names the very item that the first one was
-// found to be.
+// Opened for reading, if it is a regular file. The second descriptor names exactly the item that the first
+// one found.
 Descriptor openedAfterLease(int folder, const char* path) noexcept {
   const Descriptor item(::openat(folder, path, O_PATH | O_NOFOLLOW | O_CLOEXEC));
   struct stat status {};
@@ -122,7 +122,7 @@ Descriptor openedAfterLease(int folder, const char* path) noexcept {
 }
 
 FileType typeOfEntry(const dirent& entry) noexcept {
-  // The numbers of directory entries are those of modes, shifted; 0 where the file system does not know.
+  // The types of entries are those of modes, shifted; 0 when the file system does not know.
   return typeOfMode(static_cast<unsigned>(entry.d_type) << 12U);
 }
 
@@ -158,7 +158,7 @@ std::error_code reach(const std::string& path) {
 
 Result<std::string> linkText(const std::string& path, const Folder* folder) {
   if (!canExist(path)) return lastError();
-  std::array<char, PATH_MAX> text;  // no file system here keeps a longer one
+  std::array<char, PATH_MAX> text;  // no file system here stores a longer one
   const auto length = ::readlinkat(placeOf(folder), path.c_str(), text.data(), text.size());
   if (length < 0) return lastError();
   return std::string(text.data(), static_cast<std::size_t>(length));
@@ -193,7 +193,7 @@ std::error_code create(const std::string& path, std::string_view bytes) {
 }
 
 Result<std::vector<Entry>> entries(const Folder& folder) {
-  // The stream takes over its descriptor; the folder's own stays open for look-ups.
+  // The stream owns its descriptor; the folder's own stays open for look-ups.
   Descriptor descriptor(::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0));
   const std::unique_ptr<DIR, CloseFolder> stream(descriptor ? ::fdopendir(descriptor.number()) : nullptr);
   if (!stream) return lastError();

@@ -1,4 +1,4 @@
-// Which links a volume can hold.
+// Which links a volume supports.
 #pragma once
 
 #include <filesystem>
@@ -12,8 +12,7 @@ struct LinkSupport {
   bool hardLinks;
 };
 
-// For the volume that holds an item, or else its nearest existing parent folder; a link counts for the volume
-// that holds the link.
+// For the volume that holds an item, or its nearest existing parent folder; a link counts for its own volume.
 Result<LinkSupport> linkSupportAt(const std::filesystem::path& item);
 
 }  // namespace quillonic

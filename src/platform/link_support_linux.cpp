@@ -18,7 +18,7 @@
 namespace quillonic {
 namespace {
 
-// Links that the client writes as files of its own, or that the server was told to keep.
+// Links that the client writes as files, or that the server was told to keep.
 bool wasMountedForSymbolicLinks(const Mount* mount) {
   constexpr std::string_view wanted[] = {"mfsymlinks",     "unix",         "posix",
                                          "symlink=native", "symlink=unix", "symlink=mfsymlinks"};
@@ -29,12 +29,12 @@ bool wasMountedForSymbolicLinks(const Mount* mount) {
 
 struct OpenedPlace {
   Descriptor opened;
-  // That of what was opened.
+  // The path that was opened.
   std::string path;
   bool isParent = false;
 };
 
-// Whether the names in a folder are mount points, so that a missing one is that of a volume that was pulled.
+// Whether the names in a folder are mount points, so that a missing name is a pulled volume.
 bool holdsMountPoints(std::string_view folder, const MountTable& mounts) {
   if (const auto* mount = mounts.withLongestMountPoint(folder); mount && mount->mountPoint == folder)
     return false;
@@ -43,20 +43,20 @@ bool holdsMountPoints(std::string_view folder, const MountTable& mounts) {
   return folder == "/media" || folder == "/mnt" || parent == "/media" || parent == "/run/media";
 }
 
-// Opens an item, or its nearest existing parent folder, on whose volume it will be made. Does not follow a
-// final link, and nothing needs to be readable.
+// Opens an item, or its nearest existing parent folder, on whose volume it will be created, without following
+// a final link. Nothing needs to be readable.
 Result<OpenedPlace> openedPlace(std::string path) {
   Descriptor place(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
   const bool isParent = !place;
   while (!place && errno == ENOENT && !path.empty() && path != ".") {
     const auto folder = path_text::folderPrefix(path);
-    // Nothing can be made below a dangling link, and which folder a ".." means is not known yet.
+    // Nothing can be created below a dangling link, and it is not known yet which folder a ".." means.
     const bool isEnd = std::string_view(path).substr(folder.size()) == ".." || items::status(path);
     errno = ENOENT;
     if (isEnd) break;
     path = folder.empty() ? "." : std::string(path_text::withoutTrailingSlashes(folder));
     place = Descriptor(::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    // The path may be that of a link to the folder.
+    // The path may be a link to the folder.
     if (place) path += "/.";
   }
   if (!place) return lastError();

@@ -16,13 +16,13 @@ namespace {
 struct Whereabouts {
   bool exists = false;
   bool isDirectory = false;
-  // Absent where the kernel or the file system does not report it.
+  // Absent when the kernel or the file system does not report it.
   std::optional<std::uint64_t> mountIdentifier;
 };
 
 Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
   struct statx item {};
-  // Wakes no automounter and asks no server: the mount is known without either.
+  // Wakes no automounter and asks no server: neither is needed to know the mount.
   const int flags = linkFlag | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
   if (::statx(AT_FDCWD, path, flags, STATX_TYPE | STATX_MNT_ID, &item) == 0) {
     Whereabouts found{.exists = true, .isDirectory = S_ISDIR(item.stx_mode), .mountIdentifier = {}};
@@ -63,7 +63,7 @@ const Mount* MountTable::holding(const std::filesystem::path& item) const {
     if (const auto* mount = withIdentifier(*found.mountIdentifier)) return mount;
   }
 
-  // Mounted since the table was read, or not reported by the system.
+  // Mounted after the table was read, or not reported by the system.
   const auto name = path.substr(prefix.size());
   const bool namesFolder = name.empty() || name == "." || name == "..";
   const auto place = items::canonical(namesFolder ? path : folder());

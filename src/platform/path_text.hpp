@@ -1,4 +1,4 @@
-// Paths as texts: cut without a component being added, removed or re-encoded.
+// Paths as texts, cut without adding, removing or re-encoding a component.
 #pragma once
 
 #include <algorithm>
@@ -17,8 +17,8 @@ constexpr std::string_view withoutTrailingSlashes(std::string_view path) noexcep
   return path.substr(0, last == std::string_view::npos ? std::min<std::size_t>(path.size(), 1) : last + 1);
 }
 
-// Everything before the last component, the slash that ends it included; empty for a name alone. The path has
-// no trailing slash; the root is all folder.
+// Everything before the last component, including the slash; empty for a name alone. The path has no trailing
+// slash; the root is all folder.
 constexpr std::string_view folderPrefix(std::string_view path) noexcept {
   return path.substr(0, path.rfind('/') + 1);
 }
@@ -32,7 +32,7 @@ inline std::vector<std::string> components(std::string_view path) {
   return names;
 }
 
-// Whether a path is the folder itself or below it, by its components.
+// Whether a path is the folder itself or below it, compared by components.
 constexpr bool isWithin(std::string_view path, std::string_view folder) noexcept {
   return path.starts_with(folder) &&
          (path.size() == folder.size() || folder.ends_with('/') || path[folder.size()] == '/');

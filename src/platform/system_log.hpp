@@ -1,16 +1,15 @@
-// Messages that go past the host's logger to where a person already looks.
+// Messages for people that bypass the host's logger.
 #pragma once
 
 #include <string_view>
 
 namespace quillonic {
 
-// Sends one line to the log of the system at the level of a notice, under the name and with the options that
-// the process itself has chosen for it. Nothing is reported when the system keeps no log. A message ends at
-// its first NUL byte.
+// Sends one line to the system log at the level of a notice, with the name and options that the process has
+// chosen for it. Reports nothing when there is no system log. A message ends at its first NUL byte.
 void writeToSystemLog(std::string_view message);
 
-// Writes the message and a line break to standard output in one piece. Nothing is reported when that fails.
+// Writes the message and a line break to standard output in one piece. Reports no failure.
 void printLine(std::string_view message);
 
 }  // namespace quillonic

@@ -16,11 +16,11 @@ namespace {
 
 constexpr std::size_t greatestOutput = 65536;
 
-// Programs that run another one with raised rights, first the one that can ask the user. Named by their full
-// paths: callers control the search path.
+// Programs that run another one with raised rights, beginning with the one that can ask the user. Full paths,
+// because callers control the search path.
 struct Launcher {
   std::array<const char*, 4> words;
-  // Its exit status when it had nobody to ask, so that the next one is tried.
+  // The exit status when it could ask nobody, so that the next one is tried.
   int couldNotAsk;
 };
 constexpr auto launchers = std::to_array<Launcher>({
@@ -54,9 +54,9 @@ class SpawnSettings {
     ::posix_spawn_file_actions_destroy(&actions_);
   }
 
-  // The child's identifier, or nothing when the program could not be started.
+  // The child's identifier; nothing when the program could not be started.
   std::optional<pid_t> start(const std::vector<const char*>& words) const {
-    // The declaration lacks a const that the function keeps.
+    // The declaration lacks a const, but the function changes nothing.
     auto* const* arguments = const_cast<char* const*>(words.data());
     pid_t child = 0;
     const int error = ::posix_spawn(&child, words.front(), &actions_, &attributes_, arguments, environ);
@@ -80,7 +80,7 @@ std::string readToEnd(int file) {
 }
 
 struct Outcome {
-  // From `waitpid`; absent where the host ignores the ends of its children.
+  // From `waitpid`; absent when the host ignores its children's ends.
   std::optional<int> status;
   std::string output;
 

@@ -17,11 +17,11 @@ struct DeviceNumber {
   friend bool operator==(const DeviceNumber&, const DeviceNumber&) = default;
 };
 
-// The device that a mount is on. A file system over several devices has a number of its own; its source
-// names one of them.
+// The device of a mount. A file system on several devices has a number of its own; its source names one of
+// them.
 DeviceNumber deviceOf(const Mount& mount);
 
-// The system's names of its volumes, mounted or not.
+// The system's names for its volumes, mounted or not.
 class VolumeNames {
  public:
   static VolumeNames identifiers();

@@ -37,7 +37,7 @@ VolumeNames::VolumeNames(const std::string& folder) {
   const auto opened = items::Folder::open(folder);
   if (!opened) return;
   for (const auto& link : items::entries(*opened).value_or({})) {
-    // Bytes that a name in the device folder cannot hold are written there as "\x20".
+    // The device folder escapes bytes that a name cannot have as "\x20".
     if (const auto device = blockDeviceAt(folder + "/" + link.name))
       rows_.push_back({*device, text::unescaped(link.name, "\\x", 2, 16)});
   }

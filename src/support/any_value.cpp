@@ -8,7 +8,7 @@
 namespace quillonic {
 namespace {
 
-// The integer that a floating-point number is, if it is one and fits.
+// The exact integer value of a floating-point number, if there is one.
 template <class Integer> std::optional<Integer> exactInteger(double number) noexcept {
   constexpr auto lowest = static_cast<double>(std::numeric_limits<Integer>::min());
   constexpr auto beyond = 2.0 * static_cast<double>(Integer{1} << (std::numeric_limits<Integer>::digits - 1));
@@ -24,7 +24,7 @@ template <class Integer> std::optional<double> exactDouble(Integer integer) noex
 
 std::string isoText(Date date) {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text's
-  // Taken apart as a count: the earliest dates lie in a second that begins before them all.
+  // Counted in seconds first: the earliest dates are in a second that begins before the range.
   constexpr std::int64_t second = 1'000'000'000;
   const auto count = date.time_since_epoch().count();
   const auto fraction = (count % second + second) % second;
@@ -97,8 +97,8 @@ std::string AnyValue::description() const {
 
 bool AnyValue::operator==(const AnyValue& other) const {
   if (value_.index() != other.value_.index()) {
-    // Of two numbers that lie differently one is a floating-point number or one is beyond a signed integer:
-    // they are equal only where they are the same integer.
+    // Two numbers of different forms are a floating-point number and an integer, or one is beyond a signed
+    // integer: they are equal only when they are the same integer.
     if (const auto integer = asSigned()) return integer == other.asSigned();
     if (const auto integer = asUnsigned()) return integer == other.asUnsigned();
     return false;

@@ -1,4 +1,4 @@
-// Objects that outlive every static object of a host, whose destructor may still log or look at drives.
+// Objects that outlive a host's static objects, whose destructors may still log or look at drives.
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 namespace quillonic {
 
-// Holds an object whose destructor never runs; for function-local statics.
+// Holds an object that is never destroyed; for function-local statics.
 template <class T> class NeverDestroyed {
  public:
   template <class... Arguments>

@@ -8,12 +8,12 @@
 
 namespace quillonic {
 
-// Works with `std::lock_guard` and `std::shared_lock`. Neither readers nor writers starve: a thread waits for
-// exactly those ahead of it that exclude it, a reader for the writers and a writer for both. One addition
-// queues a thread and tells it how many of either kind are ahead. Threads behind it that it excludes wait for
-// it in turn, and none of them can leave first: a count that has reached the awaited number tells that just
-// those ahead have left, and stays there until the waiting thread has left as well. Counts may wrap, since they
-// are compared for equality only.
+// Works with `std::lock_guard` and `std::shared_lock`. Neither readers nor writers starve: a reader waits for
+// the writers ahead of it, a writer for all threads ahead. One addition queues a thread and tells it how many
+// readers and writers are ahead. Later threads that it excludes wait for it in turn, and none of them can
+// leave first: so when a count has reached the awaited number, exactly those ahead have left, and the count
+// stays there until the waiting thread has left too. Counts may wrap, since they are compared only for
+// equality.
 class OrderedSharedMutex {
  public:
   OrderedSharedMutex() = default;
@@ -30,7 +30,7 @@ class OrderedSharedMutex {
   }
 
   void unlock() noexcept {
-    // This writer's arrival has carried into the upper half: one more reader has arrived, who never leaves.
+    // A writer's arrival carried into the upper half: one more reader has arrived, who never leaves.
     if (writersLeft_ == UINT32_MAX) leave(readersLeft_);
     leave(writersLeft_);
   }
@@ -38,8 +38,8 @@ class OrderedSharedMutex {
  private:
   using Count = std::atomic<std::uint32_t>;
 
-  // Sleeps on a condition variable and not on the count: the standard library's wait for an atomic first hands the
-  // processor on, and a busy program then keeps it for milliseconds.
+  // Sleeps on a condition variable, not on the count: the standard library's wait for an atomic first yields
+  // the processor, and a busy program then keeps it for milliseconds.
   void await(const Count& count, std::uint64_t ahead) noexcept {
     const auto awaited = static_cast<std::uint32_t>(ahead);
     if (count == awaited) return;
@@ -53,13 +53,13 @@ class OrderedSharedMutex {
     ++count;
     // A thread that is not counted yet sees the new count before it sleeps.
     if (sleepers_ == 0) return;
-    { const std::lock_guard counted(sleepersMutex_); }  // one that is counted sleeps by now
+    { const std::lock_guard counted(sleepersMutex_); }  // a counted thread sleeps by now
     hasLeft_.notify_all();
   }
 
   static constexpr std::uint64_t oneWriter = 1;
   static constexpr std::uint64_t oneReader = std::uint64_t{1} << 32U;
-  // All counts begin shortly before they wrap, so that a wrap is nothing special.
+  // All counts start shortly before they wrap, so that wrapping is an ordinary case.
   static constexpr std::uint32_t first = UINT32_MAX - 7;
 
   std::atomic<std::uint64_t> arrived_{first * oneReader + first * oneWriter};  // readers above, writers below

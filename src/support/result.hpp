@@ -1,5 +1,5 @@
-// A value, or the error that says why there is none. Operations without a value give a `std::error_code`
-// alone.
+// A value, or the error that explains its absence. Operations without a value return a plain
+// `std::error_code`.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ namespace quillonic {
 
 template <class T> class [[nodiscard]] Result {
  public:
-  // Implicit, so that operations return either of the two as it is.
+  // Implicit, so that operations can return either.
   // NOLINTBEGIN(google-explicit-constructor)
   Result(T value) : outcome_(std::in_place_index<0>, std::move(value)) {}
   Result(std::error_code error) noexcept : outcome_(std::in_place_index<1>, error) {}
@@ -29,7 +29,7 @@ template <class T> class [[nodiscard]] Result {
   T value_or(T other) && { return *this ? *std::move(*this) : std::move(other); }
   std::optional<T> asOptional() && { return *this ? std::optional<T>(*std::move(*this)) : std::nullopt; }
 
-  // No error where there is a value.
+  // No error when there is a value.
   std::error_code error() const noexcept { return *this ? std::error_code() : *std::get_if<1>(&outcome_); }
 
  private:

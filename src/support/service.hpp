@@ -1,4 +1,4 @@
-// What a host may replace while other threads use it: its logger, its list of codecs.
+// What hosts may replace while other threads use it: the logger, the list of codecs.
 #pragma once
 
 #include <mutex>
@@ -16,13 +16,13 @@ template <class T> class Service {
     return current_;
   }
 
-  // The one before is destroyed outside the lock, since its destructor may log.
+  // Destroys the previous one outside the lock, since its destructor may log.
   void replace(T replacement) {
     const std::lock_guard lock(mutex_);
     std::swap(current_, replacement);
   }
 
-  // Asks about the current one in place, without a copy.
+  // Reads the current one in place, without a copy.
   template <class Question> auto ask(Question question) const {
     const std::lock_guard lock(mutex_);
     return question(current_);

@@ -13,7 +13,7 @@
 namespace quillonic::text {
 namespace {
 
-// A scalar and its one or two parts; 0 where there is no second part.
+// A scalar and its one or two parts; the second is 0 when absent.
 struct Decomposition {
   char32_t scalar;
   char32_t first;
@@ -54,7 +54,7 @@ std::uint8_t combiningClass(char32_t scalar) noexcept {
   return range != combiningRanges.end() && range->first <= scalar ? range->combiningClass : std::uint8_t{0};
 }
 
-// Appends the parts of a scalar. Hangul syllables are composed by a rule instead of a table.
+// Appends the parts of a scalar. Hangul syllables follow a rule instead of a table.
 void appendDecomposed(std::u32string& text, char32_t scalar) {
   constexpr char32_t firstSyllable = 0xAC00;
   constexpr char32_t syllables = 11172;
@@ -76,7 +76,7 @@ void appendDecomposed(std::u32string& text, char32_t scalar) {
   if (found->second != 0) appendDecomposed(text, found->second);
 }
 
-// Sorts the marks after each letter by their classes.
+// Sorts the marks after each letter by class.
 void order(std::u32string& text) {
   for (auto at = text.begin(); at != text.end();) {
     const auto isMark = [](char32_t scalar) { return combiningClass(scalar) != 0; };
@@ -86,7 +86,7 @@ void order(std::u32string& text) {
   }
 }
 
-// A byte that is not UTF-8 is mapped outside the range of scalars.
+// Maps a byte that is not UTF-8 outside the range of scalars.
 constexpr char32_t foreignByte = 0x200000;
 
 std::string decomposed(std::string_view text) {
@@ -115,7 +115,7 @@ std::string decomposed(std::string_view text) {
 }  // namespace
 
 std::string foldedName(std::string_view name) {
-  // Lower-casing composes one letter anew, so its result is decomposed again.
+  // Lower-casing composes one letter again, so its result is decomposed once more.
   return decomposed(lowerCased(decomposed(name)));
 }
 

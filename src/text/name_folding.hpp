@@ -1,4 +1,4 @@
-// Names compared ignoring case and composition.
+// Comparing names without regard to case and composition.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace quillonic::text {
 
-// Equal for names that differ only in case (by Unicode's simple mapping) and in whether accented letters are
-// one scalar or a letter and its marks. Bytes that are not UTF-8 stay.
+// Equal for names that differ only in case (by Unicode's simple mapping) or in composition (an accented
+// letter as one scalar, or as a letter and its marks). Keeps bytes that are not UTF-8.
 std::string foldedName(std::string_view name);
 
 }  // namespace quillonic::text

@@ -6,10 +6,10 @@
 namespace quillonic::number_text {
 namespace {
 
-// With `places` as many digits after the point, without it as many as the number needs.
+// With `places`, that many digits after the point; without, as many as the number needs.
 template <class Number, class... Places> std::string fixedText(Number number, Places... places) {
   if (std::isnan(number)) return "nan";
-  // The longest is the smallest denormal number: 324 places and the digits that tell it apart.
+  // The longest number is the smallest denormal: 324 places and the digits that distinguish it.
   std::array<char, 400> buffer;
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
                                     std::chars_format::fixed, places...);

@@ -13,20 +13,19 @@
 namespace quillonic::number_text {
 
 // The shortest decimal that reads back to the same value, without an exponent and with a digit after the
-// point: "400.0", "0.25". Otherwise "inf", "-inf" or "nan".
+// point: "400.0", "0.25". Or "inf", "-inf" or "nan".
 std::string shortest(double number);
 std::string shortest(float number);
 
-// With exactly this many digits, 1 to 50, after the point, rounded to the nearest: "90.0". Otherwise "inf",
-// "-inf" or "nan".
+// Exactly this many digits, 1 to 50, after the point, rounded to nearest: "90.0". Or "inf", "-inf" or "nan".
 std::string rounded(double number, int places);
 
-// With zeros before it until it has this many characters, a sign among them: "05", "-5".
+// Adds leading zeros up to this many characters, the sign included: "05", "-5".
 std::string padded(std::int64_t number, std::size_t width);
 
-// The number that the whole text is: decimal digits after an optional "-"; a floating-point number may have
-// a fraction and an exponent, or be "inf" or "nan". Nothing for blanks, a "+", an empty text, or what does
-// not fit.
+// Reads the whole text as a number: decimal digits after an optional "-"; a floating-point number may have a
+// fraction and an exponent, or be "inf" or "nan". Nothing for spaces, a "+", an empty text, or a number that
+// does not fit.
 template <class Number>
 requires std::integral<Number> || std::floating_point<Number> std::optional<Number> read(
     std::string_view text)

@@ -1,4 +1,4 @@
-// Texts taken apart, and their bytes written as escapes and read back.
+// Splitting texts, and escaping bytes in them.
 #pragma once
 
 #include <charconv>
@@ -46,7 +46,7 @@ constexpr bool hasPiece(std::string_view text, char separator, std::string_view 
   return false;
 }
 
-// What follows a key such as "NAME=" in the first line that starts with it.
+// The text after a key such as "NAME=" in the first line that starts with it.
 constexpr std::optional<std::string_view> valueInLines(std::string_view text, std::string_view key) noexcept {
   for (auto pieces = lines(text); const auto line = pieces.next();) {
     if (line->starts_with(key)) return line->substr(key.size());
@@ -54,8 +54,7 @@ constexpr std::optional<std::string_view> valueInLines(std::string_view text, st
   return std::nullopt;
 }
 
-// Puts back the bytes that were written as a mark and a number of digits: "\040" with mark "\", 3 digits and
-// base 8.
+// Restores bytes written as a mark and a number of digits: "\040" with mark "\", 3 digits and base 8.
 inline std::string unescaped(std::string_view text, std::string_view mark, std::size_t digits, int base) {
   std::string result;
   result.reserve(text.size());

@@ -16,15 +16,15 @@ constexpr bool isWhiteSpace(char32_t scalar) noexcept {
          scalar == 0x202F || scalar == 0x205F || scalar == 0x3000;
 }
 
-// How many bytes of white space the text begins with, 0 when it begins with something else.
+// The number of leading bytes of white space.
 std::size_t leadingWhiteSpace(std::string_view text) noexcept {
   if (text.empty()) return 0;
   const auto [scalar, length, valid] = utf8::decode(text);
   return valid && isWhiteSpace(scalar) ? length : 0;
 }
 
-// The same for the text's end. White space takes at most three bytes, and a byte that begins a scalar is
-// never the middle of another one, so looking back from the end finds what reading from the start would.
+// The number of trailing bytes of white space. White space takes at most three bytes, and a byte that begins
+// a scalar is never inside another one, so looking back from the end finds what reading from the start would.
 std::size_t trailingWhiteSpace(std::string_view text) noexcept {
   std::size_t length = std::min<std::size_t>(1, text.size());
   while (length < std::min<std::size_t>(3, text.size()) && utf8::isContinuation(text[text.size() - length])) {
@@ -33,7 +33,7 @@ std::size_t trailingWhiteSpace(std::string_view text) noexcept {
   return leadingWhiteSpace(text.substr(text.size() - length)) == length ? length : 0;
 }
 
-// Upper-case scalars from `first` to `last`, `step` apart, each `distance` away from its lower-case form.
+// Upper-case scalars from `first` to `last`, `step` apart, each `distance` from its lower-case form.
 struct LowerCaseRange {
   char32_t first;
   char32_t last;

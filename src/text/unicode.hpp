@@ -1,4 +1,4 @@
-// Text as the command lines need it: lower-cased and trimmed by Unicode's rules, without a locale.
+// Lower-casing and trimming by Unicode's rules, without a locale.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace quillonic::text {
 
-// Without the white space and line breaks at both ends: every scalar with the property White_Space.
+// Removes leading and trailing white space and line breaks: every scalar with the property White_Space.
 std::string_view trimmed(std::string_view text) noexcept;
 
-// By Unicode's simple mapping, except that U+0130 gives "i" and U+0307. Bytes that are not UTF-8 stay as they
-// are. Lower-casing neither makes nor removes white space or a hyphen, so it may be done before or after
+// Lower-cases by Unicode's simple mapping, except that U+0130 gives "i" and U+0307. Keeps bytes that are not
+// UTF-8. Lower-casing neither adds nor removes white space or a hyphen, so it may come before or after
 // trimming.
 std::string lowerCased(std::string_view text);
 

@@ -1,4 +1,4 @@
-// UTF-8, one scalar at a time. Bytes that are not UTF-8 are told apart and never repaired: a file name is
+// UTF-8, one scalar at a time. Bytes that are not UTF-8 are reported and never repaired: a file name is
 // bytes.
 #pragma once
 
@@ -12,7 +12,7 @@ namespace quillonic::utf8 {
 inline constexpr char32_t noScalar = 0xFFFFFFFF;
 
 struct Decoded {
-  char32_t scalar;     // `noScalar` when not valid
+  char32_t scalar;     // `noScalar` when invalid
   std::size_t length;  // bytes taken, 1 for a byte that begins no scalar
   bool valid;
 };

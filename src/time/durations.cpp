@@ -12,7 +12,8 @@ namespace {
 
 using number_text::padded;
 
-// The two forms pad a negative number differently, on purpose: "-05" has two digits, "-5" two characters.
+// Pads negative numbers to two digits here, but to two characters in the other form, on purpose: "-05" and
+// "-5".
 std::string withTwoDigits(std::int64_t number) {
   return number < 0 ? padded(-number, 2).insert(0, 1, '-') : padded(number, 2);
 }

@@ -8,20 +8,20 @@
 namespace quillonic {
 namespace {
 
-// A text divided at its first three separators.
+// A text split at its first three separators.
 struct Fields {
   std::string_view hours;
   std::string_view minutes;
   std::string_view seconds;
   std::string frames;  // without the separators that follow
   bool isDropFrame = false;
-  // Whether ";" is the first or the second separator, which only a lenient reading allows.
+  // Whether the first or second separator is ";", which only a lenient reading allows.
   bool hasEarlyDropSeparator = false;
 };
 
 Fields split(std::string_view rest) {
   Fields fields;
-  // Takes a field off the rest, and tells whether ";" ends it.
+  // Takes the next field; returns whether ";" ends it.
   const auto take = [&](std::string_view& field) {
     field = rest.substr(0, rest.find_first_of(":;"));
     rest.remove_prefix(field.size());

@@ -5,7 +5,7 @@
 namespace quillonic {
 namespace {
 
-// The first character as it stands: one scalar, or one byte that is not UTF-8.
+// The first character: one scalar, or one byte that is not UTF-8.
 std::string_view firstCharacter(std::string_view text) noexcept {
   return text.substr(0, utf8::decode(text).length);
 }
@@ -19,7 +19,7 @@ bool holds(std::string_view characters, std::string_view wanted) noexcept {
   return false;
 }
 
-// Removes from both ends what stands in a set of characters.
+// Removes leading and trailing characters that are in a set.
 std::string_view stripped(std::string_view text, std::string_view characters) noexcept {
   while (!text.empty() && holds(characters, firstCharacter(text))) {
     text.remove_prefix(firstCharacter(text).size());

@@ -5,7 +5,7 @@ namespace quillonic {
 CLIExitCodeError::CLIExitCodeError(int exitStatus, const std::string& message)
     : std::runtime_error(message), exitStatus_(exitStatus) {}
 
-// Here and not in the header, so that the type is thrown and caught as one across library borders.
+// Not in the header, so that the exception has one type across library borders.
 CLIExitCodeError::CLIExitCodeError(const CLIExitCodeError&) = default;
 CLIExitCodeError& CLIExitCodeError::operator=(const CLIExitCodeError&) = default;
 CLIExitCodeError::~CLIExitCodeError() = default;

@@ -17,11 +17,11 @@ namespace {
 
 using Value = std::optional<std::string_view>;
 
-// Flags are compared without regard to case. They are not trimmed: a path that begins with a space and a
-// hyphen must not become a flag.
+// Flags are compared ignoring case. They are not trimmed: a path with a leading space and hyphen must not
+// become a flag.
 constexpr auto flagForm = CLISanitizationOptions::lowercase;
 
-// Takes flags and values in, one at a time; `take` says whether the value was of use.
+// Takes flags and values, one at a time; `take` returns whether it used the value.
 class Intake {
  public:
   bool take(MediaAnalysisCLIFlag flag, Value value) {
@@ -133,7 +133,7 @@ class Intake {
   bool asksForImages_ = false;
 };
 
-// A flag that the tool knows, and the form in which the sanitizer reports it.
+// A flag that the tool knows, and its form in the sanitizer's reports.
 struct KnownFlag {
   std::string text;
   std::variant<MediaAnalysisCLIFlag, MediaAnalysisImageCLIFlags, CLICustodialFlag> flag;
@@ -158,7 +158,7 @@ MediaAnalysisCLIArguments MediaAnalysisCLIArguments::read(ArgumentWords cliArgs)
   sanitizer.enumerateSanitizedCLIEntries(
       cliArgs, [](std::string_view /*flag*/) { return CLISanitizationOptions{}; },
       [&](std::string_view flag, Value value) {
-        // The sanitizer calls a flag valid that holds a known one, so the same rule says which one it is.
+        // The sanitizer calls a flag valid when it contains a known one, so the same rule finds which one.
         const auto occurs = [&](const KnownFlag& candidate) {
           return flag.find(candidate.text) != std::string_view::npos;
         };

@@ -15,8 +15,8 @@ CLIArgumentSanitizer::CLIArgumentSanitizer(std::vector<std::string> validCommand
   }
 }
 
-// Calls `visit` for each flag with its sanitized text, whether it is valid, its position, and the position
-// after its last value. Words before the first flag are not visited.
+// Calls `visit` for each flag with its sanitized text, its validity, its position, and the position after its
+// last value. Skips words before the first flag.
 template <class Visit> void CLIArgumentSanitizer::walk(ArgumentWords cliArgs, Visit visit) const {
   const auto options = options_.value_or(CLISanitizationOptions{});
   const auto isFlag = [&](std::size_t position) {

@@ -17,7 +17,7 @@ constexpr std::string_view lookupKey = "flagValueLookup";
 constexpr std::string_view orderKey = "orderedFlags";
 constexpr std::string_view invalidKey = "invalidKeyValueLookup";
 
-// A word is a flag when it begins with a hyphen once it is trimmed; lower-casing does not change that.
+// A word is a flag when its trimmed form begins with a hyphen; lower-casing does not change that.
 constexpr bool isFlag(std::string_view trimmed) noexcept {
   return trimmed.starts_with('-');
 }
@@ -42,7 +42,7 @@ std::optional<NumberedFile> numberedFile(TextDictionary::const_iterator entry) n
   return NumberedFile{*group, *position, entry};
 }
 
-// In the order of groups and positions; two spellings of one place ("-in_1_0", "-in_01_0") in key order.
+// By group and position; two spellings of one place ("-in_1_0", "-in_01_0") stay in key order.
 void sort(std::vector<NumberedFile>& files) {
   std::ranges::stable_sort(files, {},
                            [](const NumberedFile& file) { return std::pair(file.group, file.position); });
@@ -62,7 +62,7 @@ std::string prefixOf(std::int64_t group) {
   return std::string(VAVInputPrefixFlag).append("_").append(std::to_string(group)).append("_");
 }
 
-// The same for one group. Looks at other groups only where their numbers have leading zeros.
+// The files of one group. Looks at other groups only if their numbers have leading zeros.
 std::vector<NumberedFile> numberedFiles(const TextDictionary& lookup, std::int64_t group) {
   std::vector<NumberedFile> files;
   const auto add = [&](auto entry, auto end) {
@@ -93,7 +93,7 @@ CodedRecord coded(const TextDictionary& lookup) {
   return record;
 }
 
-// Of equal keys the first counts, as everywhere in a record.
+// The first of equal keys counts, as in every record.
 TextDictionary decoded(const CodedRecord& record) {
   TextDictionary lookup;
   for (const auto& [key, value] : record.members()) lookup.emplace(key, value.require<std::string>(key));
@@ -206,7 +206,7 @@ std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
 
 void TranscodeCliArguments::enumerateInputFileGroups(
     FunctionRef<void(std::span<const std::string_view> files, std::int64_t group)> didFindGroup) const {
-  // A copy, since the block may change the model.
+  // A copy, because the block may change the model.
   const auto groups = inputFileGroups().value_or(InputFileGroups{});
   for (const auto& [group, files] : groups) {
     didFindGroup(std::vector<std::string_view>(files.begin(), files.end()), group);
@@ -268,7 +268,7 @@ std::optional<TimecodeSource> TranscodeCliArguments::timecodeSource() const noex
 }
 
 void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> source) {
-  // What can run out of memory comes first.
+  // Begins with what may run out of memory.
   if (source && *source != TimecodeSource::custom) {
     flagValueLookup_.insert_or_assign(std::string(cliFlag(*source)), "");
   } else if (source && timecode().value_or("").empty()) {

@@ -1,5 +1,5 @@
-// What follows from the transcoder's known flags: which flags are valid, and which take a path. All flags here are
-// lower-cased and trimmed.
+// Properties of the transcoder's known flags: which flags are valid, and which take a path. All flags here
+// are lower-cased and trimmed.
 #pragma once
 
 #include <quillonic/transcode_cli/vocabulary_table.hpp>
@@ -46,9 +46,11 @@ constexpr bool beginsWithKnownFlag(std::string_view text) noexcept {
          std::ranges::any_of(byLetter.of(text[1]), [&](auto flag) { return text.starts_with(flag); });
 }
 
-// Whether a known flag occurs within the flag. Each begins with a hyphen.
+// Only where a hyphen is can a known flag begin.
 static_assert(std::ranges::all_of(detail::knownCommandFlags,
                                   [](auto flag) { return flag.starts_with('-'); }));
+
+// Whether the flag contains a known flag.
 constexpr bool isValid(std::string_view flag) noexcept {
   for (auto at = flag.find('-'); at != std::string_view::npos; at = flag.find('-', at + 1)) {
     if (beginsWithKnownFlag(flag.substr(at))) return true;
@@ -56,7 +58,7 @@ constexpr bool isValid(std::string_view flag) noexcept {
   return false;
 }
 
-// Whether the flag's value keeps the case of its letters.
+// Whether the flag's value keeps its letter case.
 constexpr bool takesPath(std::string_view flag) noexcept {
   return flag.starts_with(VAVInputPrefixFlag.rawValue()) ||
          std::ranges::find(detail::pathFlags, flag) != detail::pathFlags.end();

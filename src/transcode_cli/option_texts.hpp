@@ -1,4 +1,4 @@
-// The texts of option values: how a value stands on a command line, and which value a text is.
+// Option values as texts on a command line, written and read.
 #pragma once
 
 #include <quillonic/platform/color.hpp>
@@ -20,7 +20,7 @@
 
 namespace quillonic::option_texts {
 
-// Texts that are the value, taken to the byte.
+// Values that are texts, unchanged.
 template <class Value>
 concept Verbatim = std::same_as<Value, std::string> || std::same_as<Value, std::string_view> ||
     std::same_as<Value, std::filesystem::path>;
@@ -28,7 +28,7 @@ concept Verbatim = std::same_as<Value, std::string> || std::same_as<Value, std::
 template <class Value>
 concept Number = std::same_as<Value, double> || std::same_as<Value, std::int64_t>;
 
-// A word that begins with a hyphen is a flag, so no negative number can stand on a command line.
+// A word with a leading hyphen is a flag, so a command line cannot have negative numbers.
 template <Number Value> bool isWritable(Value number) noexcept {
   return number >= 0 && std::isfinite(static_cast<double>(number));
 }
@@ -46,7 +46,7 @@ inline std::optional<FrameSize> frameSize(std::string_view text) noexcept {
   return width && height ? std::optional(FrameSize{*width, *height}) : std::nullopt;
 }
 
-// Without regard to case, because parsing has lower-cased what it read.
+// Ignores case, because parsing lower-cases values.
 template <class Value> std::optional<Value> listed(std::string_view text) {
   const auto wanted = text::lowerCased(text);
   const auto found = std::ranges::find(allCases<Value>(), wanted,
@@ -54,7 +54,7 @@ template <class Value> std::optional<Value> listed(std::string_view text) {
   return found != allCases<Value>().end() ? std::optional(*found) : std::nullopt;
 }
 
-// The value that the text of a flag is.
+// Reads the text of a flag as a value.
 template <class Value> std::optional<Value> read(std::string_view text) {
   if constexpr (Verbatim<Value>) {
     return Value(text);
@@ -71,12 +71,12 @@ template <class Value> std::optional<Value> read(std::string_view text) {
   }
 }
 
-// The text of a value; nothing for a value that has none.
+// Writes a value; nothing for a value without a text.
 
 template <Number Value> std::optional<std::string> written(Value number) {
   if (!isWritable(number)) return std::nullopt;
   if constexpr (std::same_as<Value, double>) {
-    return number_text::shortest(number + 0.0);  // Takes the sign off a negative zero.
+    return number_text::shortest(number + 0.0);  // Removes the sign of a negative zero.
   } else {
     return std::to_string(number);
   }

@@ -33,7 +33,7 @@ struct PresetRow {
 constexpr PresetRow cloud{"cloud", VAVVantiroCloudPresetValue, cloudArguments};
 constexpr PresetRow proRes4444XQ{"ProRes 4444 XQ", VAVVantiroProRes4444XQPresetValue, proRes4444XQArguments};
 
-// What a number that no preset bears answers: no description, no name, no flags.
+// For an unlisted preset: no description, no name, no flags.
 constexpr VAVTranscodePresetValue unnamed{""};
 constexpr PresetRow none{"", unnamed, {}};
 

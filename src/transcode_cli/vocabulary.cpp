@@ -71,7 +71,7 @@ std::optional<FileExtension> VAVTranscodeArgumentFileFormatValue::preferredFileE
 std::span<const FileExtension> VAVTranscodeArgumentVideoCodecValue::permittedExtensions() const {
   const Codec* codec = codecWithText(rawValue());
   if (codec && codec->family != CodecFamily::proRes) return codec->permittedExtensions;
-  // A host decides which codecs are ProRes, those of a newer tool included; they share their files.
+  // A host decides which codecs are ProRes, including those of a newer tool; they share their extensions.
   const bool isProRes = proResFormats().ask(
       [&](const std::vector<CodecValue>& group) { return std::ranges::find(group, *this) != group.end(); });
   return isProRes ? codecWithText(VAVProRes422)->permittedExtensions : std::span<const FileExtension>{};

@@ -10,7 +10,7 @@
 namespace quillonic {
 namespace {
 
-// Volumes/CARD/A.MXF as a desktop writes it, as a file and as what a program keeps.
+// Volumes/CARD/A.MXF as a desktop writes it, as a file and as plain bookmark data.
 const auto exampleFile = contentOf(ALIAS_FILES "/example");
 const auto exampleBookmark = contentOf(ALIAS_FILES "/example_bookmark");
 constexpr std::size_t header = 56;
@@ -76,8 +76,8 @@ TEST(AliasFile, RejectsNamesThatAreNotPlain) {
   EXPECT_EQ(AliasFile::fromBytes(tooMany.bytes()), std::nullopt);
 }
 
-// Whatever is damaged, reading ends with a value or with none, and what is read can be written. The bytes
-// have nothing behind them, so that a read behind their end is seen.
+// Whatever is damaged, reading ends with a value or with none, and what is read can be written. The bytes end
+// with their block, so that reading past their end is detected.
 bool isRead(const std::vector<char>& bytes, bool writes) {
   const auto alias = AliasFile::fromBytes({bytes.data(), bytes.size()});
   if (alias && writes) {
@@ -107,7 +107,7 @@ TEST(AliasFile, TakesAnyDamage) {
   for (int round = 0; round < 10000; ++round) {
     auto bytes = full;
     for (auto n = 1 + random() % 4; n > 0; --n) {
-      // Offsets within the file and such as wrap round.
+      // Offsets within the file, and some that wrap around.
       put(bytes, random() % (bytes.size() / 4) * 4, static_cast<std::uint32_t>(random() % 0x440) - 0x40);
     }
     isRead({bytes.begin(), bytes.end()}, round % 8 == 0);

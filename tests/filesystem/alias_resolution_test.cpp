@@ -54,7 +54,7 @@ TEST(AliasCreation, RecordsWhatAResolverNeeds) {
             folder / "moved" / target.lexically_relative(folder.path()));
 }
 
-// A lease makes others wait, or fail where they do not want to.
+// A lease makes others wait, or fail if they do not want to.
 int leased = -1;
 TEST(AliasResolution, WaitsForAnotherProcessToGiveUpItsLease) {
   const TemporaryFolder folder;
@@ -71,7 +71,7 @@ TEST(AliasResolution, WaitsForAnotherProcessToGiveUpItsLease) {
   if (!isLeased) GTEST_SKIP() << "no leases here";
 }
 
-// What a Mac recorded about a volume of its own.
+// What a Mac recorded about its own volume.
 AliasFile macAlias(std::optional<std::int64_t> up = {}, std::optional<std::int64_t> down = {}) {
   return {.pathComponents = {"Volumes", "CARD", "Cafe\u0301", "A.MXF"},
           .relativeDirsUp = up,
@@ -83,14 +83,14 @@ AliasFile macAlias(std::optional<std::int64_t> up = {}, std::optional<std::int64
 
 TEST(AliasResolution, LooksForTheLongestEndOfThePathUpwards) {
   const TemporaryFolder folder;
-  // The alias bears its target's name, and yet it is not its own target.
+  // The alias has its target's name, and yet it is not its own target.
   const auto alias = folder.file("copy/Project/A.MXF", macAlias().bytes());
   EXPECT_EQ(errorOf(resolved, alias), Errors::aliasTargetNotFound);
-  // First ignoring case, one scalar for letter and accent; byte for byte wins over likeness.
+  // First ignoring case, and with one scalar for letter and accent; then a byte-for-byte match wins.
   const std::pair<const char*, const char*> alikes[] = {
       {"\u03a3\u03a3.mov", "\u03c3\u03c2.Mov"},
       {"\u1112\u1161\u11ab\u1100\u1173.mov", "\ud55c\uadf8.mov"},
-      {"f\xfcr.mov", "F\xfcR.mov"},  // no UTF-8
+      {"f\xfcr.mov", "F\xfcR.mov"},  // not UTF-8
   };
   for (const auto& [item, recorded] : alikes) {
     const auto written = folder.file(item);
@@ -167,7 +167,7 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
     mountedAt(byIdentifier);
     recorded.volumeUUID = "FFFF-FFFF";
     expectTarget(folder / "x/A.MXF");
-    // Nor is a clip of that volume taken because it lies where the recorded one lay from the alias.
+    // Nor does it take a clip of that volume at the recorded place relative to the alias.
     const auto onOther = byIdentifier / "alias";
     for (const auto* name : {"Cafe\u0301/A.MXF", "CAFE\u0301/a.mxf"}) {
       std::filesystem::remove_all(byIdentifier / "Cafe\u0301");
@@ -178,13 +178,13 @@ TEST(AliasResolution, FindsAVolumeThatIsMountedElsewhere) {
         EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byName / file) << name;
       }
     }
-    // An identifier of another form tells nothing.
+    // An identifier in another form says nothing.
     recorded.volumeUUID = "0A81F3B1-51D9-3335-B3E3-169C3640360D";
     EXPECT_EQ(resolved(folder.file(onOther, recorded.bytes())), byIdentifier / "CAFE\u0301/a.mxf");
   });
 }
 
-// Whoever looks below an automounter's folder waits for its program, which does not answer here.
+// A look-up below an automounter's folder waits for its program, which does not answer here.
 TEST(AliasResolution, WakesNoAutomounterThroughALink) {
   const TemporaryFolder folder;
   runPrivately([&] {
@@ -208,7 +208,7 @@ TEST(AliasResolution, ReportsWhatIsWrong) {
   EXPECT_EQ(errorOf(resolved, folder / "missing"), std::errc::no_such_file_or_directory);
   for (const auto& other : {folder.file("plain"), folder.link("link", "damaged"), folder.path()})
     EXPECT_EQ(errorOf(resolved, other), Errors::notAnAliasFile);
-  // Nothing is taken out of a pipe.
+  // A pipe is not read.
   const std::string mark("book\0\0\0\0mark\0\0\0\0", 16);
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
   std::fstream pipe(folder / "pipe");
@@ -216,7 +216,7 @@ TEST(AliasResolution, ReportsWhatIsWrong) {
   EXPECT_EQ(errorOf(resolved, folder / "pipe"), Errors::notAnAliasFile);
   std::string left(16, '\0');
   EXPECT_EQ(pipe.read(left.data(), 16) ? left : "", mark);
-  // Names that all but fit, over and over: the search for their every end is given up.
+  // Names that almost fit, over and over: the search for every tail is given up.
   AliasFile endless{.pathComponents = std::vector<std::string>(500, "ABC")};
   endless.pathComponents.emplace_back("nope");
   std::string nested;

@@ -13,8 +13,7 @@ namespace {
 
 using std::filesystem::path;
 
-// Does what a scripting service does with a script's text: hands the command between the double quotes to a
-// shell.
+// Runs a script's text as a scripting service does: passes the command between the double quotes to a shell.
 class ShellRunner final : public ScriptRunner {
  public:
   ScriptForm form() const noexcept override { return ScriptForm::text; }
@@ -50,7 +49,7 @@ const std::vector<std::string> unquotable{
 constexpr auto refused = "error: QLC_FME_RIWEP-Failed to elevate permissions to remove FILE\n";
 constexpr auto failed = "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: ";
 
-// Tries to remove a file, and returns what was logged, with FILE for its path.
+// Tries to remove a file; returns what was logged, with FILE in place of its path.
 std::string logOfRemoving(const path& file, bool isRemoved) {
   const RecordedLog log;
   EXPECT_EQ(FileManager().removePathWithElevatedPermissions(file.native()), isRemoved) << file;
@@ -60,7 +59,7 @@ std::string logOfRemoving(const path& file, bool isRemoved) {
   return text;
 }
 
-// Every name is removed as a name, or refused; nothing else in the folder changes.
+// Every name is removed as a name, or rejected; nothing else in the folder changes.
 void tryHostileNames(const TemporaryFolder& folder, const std::vector<std::string>& names,
                      bool areRemovable) {
   std::filesystem::current_path(folder.path());
@@ -135,7 +134,7 @@ TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {
   });
 }
 
-// Puts programs of the test's own in the place of those that raise rights, and becomes a user without any.
+// Replaces the programs that raise rights by the test's own, and becomes a user without rights.
 void replaceLaunchers(const TemporaryFolder& folder, const std::string& pkexec, const std::string& sudo) {
   const auto layer = folder.folder("layer");
   mountAt(layer, "layer", "tmpfs", 0, "mode=755");
@@ -158,7 +157,7 @@ TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
   struct Row {
     std::string pkexec;
     std::string sudo;
-    // What is logged; nothing where the file is removed.
+    // What is logged; nothing if the file is removed.
     std::string log;
   };
   const Row rows[] = {

@@ -14,7 +14,7 @@ using Key = FileAttributeKey;
 using Date = Date;
 using namespace std::chrono_literals;
 
-// Programs that are already in use store and exchange these texts.
+// Shipped programs store and exchange these texts.
 TEST(FileAttributeKey, HasItsFixedText) {
   std::string texts;
   for (const auto& key : allCases<Key>().first(15)) texts.append(key.rawValue()).append(" ");
@@ -39,7 +39,7 @@ TEST(FileAttributes, CompareLikeMaps) {
     }
     return FileAttributes(entries);
   };
-  // Nothing is never an empty list.
+  // A missing list is never an empty one.
   const auto textsOf = [](const std::optional<FileAttributes::KeyList>& keys) {
     EXPECT_TRUE(!keys || !keys->empty());
     return keys ? Texts(keys->begin(), keys->end()) : Texts();

@@ -82,7 +82,7 @@ TEST(ConsistentFilePathsAdjustedForCollision, ShareOneStem) {
   EXPECT_EQ(across({}), ByExtension{});
 }
 
-// Writing again and again to a free name never meets what is there.
+// Repeated writing to a free name never overwrites anything.
 TEST(FileManagerNaming, NeverGivesANameThatAnEntryBears) {
   const TemporaryFolder folder;
   const FileManager files;
@@ -116,8 +116,7 @@ TEST(FileManagerNaming, EndsInAFolderThatCannotBeSearched) {
     EXPECT_EQ(files.filePathAdjustedForCollision(clip), clip);
     EXPECT_EQ(log.lines().size(), 1U);
     EXPECT_EQ(files.getUniqueDrives(Paths{clip}), files.getUniqueDrives(Paths{folder.path()}));
-    // Nobody can raise its rights, or nobody is there to be asked; what cannot be seen is not taken as
-    // removed.
+    // Nobody can raise the rights, or nobody can be asked; what cannot be seen does not count as removed.
     EXPECT_FALSE(files.removePathWithElevatedPermissions(clip.native()));
     EXPECT_EQ(log.lines().size(), 2U);
   });

@@ -22,8 +22,8 @@ TEST(LegalNames, DropWhatAVolumeDoesNotTake) {
   }
 }
 
-// Whatever the set, it parts a text in two: what one cleaning keeps, the other drops, and a set and its
-// complement swap them.
+// Any set splits a text in two: what one cleaning keeps, the other drops, and a set and its complement swap
+// them.
 TEST(LegalNames, PartATextByItsScalars) {
   using namespace std::string_view_literals;
   const std::string_view pieces[] = {"a",       "/",          "~",    "\0"sv, "\u00E9",
@@ -42,7 +42,7 @@ TEST(LegalNames, PartATextByItsScalars) {
     const auto dropped = removingDisallowedCharacters(name, set);
     ASSERT_TRUE(isUtf8(kept));
     ASSERT_EQ(removingAllExcept(listed, set) == listed, isUtf8(listed));
-    // Loose bytes may become a character, which then goes too.
+    // Loose bytes may become a character, which is then removed too.
     if (isUtf8(name)) {
       ASSERT_EQ(kept.size() + dropped.size(), name.size());
     }

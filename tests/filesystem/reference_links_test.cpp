@@ -49,7 +49,7 @@ TEST(ReferenceLinks, AreTold) {
   std::filesystem::create_hard_link(folder.file("twin"), folder / "other twin");
   createAliasForFilePath(folder.file("plain"), folder / "alias");
   std::filesystem::create_hard_link(folder / "alias", folder / "alias twin");
-  // Begins like an alias file and is none that could be resolved, but what it is is told by how it begins.
+  // Begins like an alias file but cannot be resolved; its first bytes alone decide its kind.
   folder.file("damaged", aliasBegin);
   resize_file(folder.file("great", aliasBegin), AliasFile::greatestSize);
   resize_file(folder.file("too great", aliasBegin), AliasFile::greatestSize + 1);
@@ -91,8 +91,8 @@ TEST(ReferenceLinks, OfTheSymbolicKindHaveTheSystemsTarget) {
     std::filesystem::remove(link);
     std::filesystem::create_symlink(text, link);
     ASSERT_EQ(symbolicLinkIsRelative(link), isRelative);
-    // Where the system finds nothing there is none; where it cannot even tell which place is meant, its
-    // answer is passed on.
+    // Where the system finds nothing, there is no target; where it cannot tell which place is meant, its
+    // error is passed on.
     struct stat item {};
     if (stat(link.c_str(), &item) != 0) {
       const std::error_code error(errno, std::generic_category());
@@ -105,7 +105,7 @@ TEST(ReferenceLinks, OfTheSymbolicKindHaveTheSystemsTarget) {
     ++leading;
     const auto target = standardizedDestinationOfSymbolicLink(link);
     ASSERT_TRUE(std::filesystem::equivalent(target, link)) << link << " " << text << " " << target;
-    // One item has one spelling: its folders are no links.
+    // One item has one spelling: its folders are not links.
     ASSERT_EQ(target.parent_path(), canonical(target.parent_path())) << text;
     ASSERT_EQ(dereferencedFilePathURL(ReferenceLinkType::softSymbolicReference, link), target);
     ASSERT_EQ(followed(link), std::filesystem::is_symlink(target) ? followed(target) : target) << text;
@@ -114,7 +114,7 @@ TEST(ReferenceLinks, OfTheSymbolicKindHaveTheSystemsTarget) {
   EXPECT_GT(leading, 300);
   EXPECT_GT(refused, 300);
 
-  // A place where nothing is has a name, and a link to a link is one step only.
+  // A place without an item has a name, and a link to a link is only one step.
   const auto dangling = folder.link("dangling", "missing/./x/");
   EXPECT_EQ(standardizedDestinationOfSymbolicLink(dangling), folder / "missing/x");
   EXPECT_EQ(deeplyDereferencedFilePath(dangling), std::nullopt);
@@ -176,7 +176,7 @@ TEST(ReferenceLinks, IntoAClosedFolderFail) {
     EXPECT_EQ(standardizedDestinationOfSymbolicLink(link), closed / "file");
     EXPECT_EQ(expandedAttributesOfItem(closed / "file"), std::nullopt);
     EXPECT_EQ(expandedAttributesOfItem(link)->value<path>(Key::referencedFileSystemURL), closed / "file");
-    // What may not be opened may be an alias or not: its kind is not told, the rest is.
+    // An item that may not be opened may be an alias or not: its kind is unknown, the rest is known.
     EXPECT_EQ(referenceLinkTypeOfItem(secret), std::nullopt);
     EXPECT_EQ(expandedAttributesOfItem(secret)->find(Key::referenceLinkType), nullptr);
     EXPECT_EQ(expandedAttributesOfItem(secret)->value<int>(Key::NSFileSize), 100);
@@ -184,7 +184,7 @@ TEST(ReferenceLinks, IntoAClosedFolderFail) {
     const auto count = [&](const path&, const path&, bool&) { ++pairs; };
     EXPECT_FALSE(enumerateLinkFileDereferencePairs(folder.path(), count));
     EXPECT_EQ(pairs, 2);
-    // The system's own words, in the language that the process has set.
+    // The system's message, in the language of the process.
     const auto denied = " with error " + std::generic_category().message(EACCES);
     EXPECT_THAT(log.lines(), testing::Contains("warning: RLTOI-Failed to discover the link type of file '" +
                                                secret.native() + "'" + denied));
@@ -254,7 +254,7 @@ TEST(ExpandedAttributes, TellWhereALinkLeads) {
                 alias.native() + "' with error alias target not found\n");
 }
 
-// Access times of the far past, which reading would move.
+// Access times in the far past, which reading would change.
 TEST(LinksOnACard, AreReadWithoutATrace) {
   const TemporaryFolder folder;
   createAliasForFilePath(folder.file("card/clips/clip.mov", std::string(100, 'x')), folder / "card/alias");
@@ -318,7 +318,7 @@ TEST(LinkFileDereferencePairs, AreFoundBelowAFolderAndNotBehindLinks) {
   EXPECT_EQ(pairsIn(folder / "missing", 1), "");
 }
 
-// A tree that no path reaches the bottom of: two folders and a link in each.
+// A tree deeper than any path: two folders and a link in each.
 TEST(LinkFileDereferencePairs, AreFoundAtAnyDepth) {
   const TemporaryFolder folder;
   constexpr int depth = 100;
@@ -362,7 +362,7 @@ std::vector<std::string> drivesOf(const path& item) {
   return FileManager().getUniqueDrives({&item, 1});
 }
 
-// The answers are what happens when links are made.
+// The answers match what happens when links are created.
 TEST(LinkSupport, IsWhatTheVolumeHolds) {
   const TemporaryFolder folder;
   const auto expectTruth = [&](const path& place) {
@@ -375,7 +375,7 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
     EXPECT_EQ(fileSystemSupportsHardLinks(file), !hard) << place;
   };
   expectTruth(folder.path());
-  // A link counts for the volume that holds it; what is missing for the one where it will be made.
+  // A link counts for the volume that holds it; a missing item for the volume where it will be created.
   const auto toProc = folder.link("to proc", "/proc");
   for (const auto& here : {toProc, folder / "new", folder / "new/folder//x", folder.link("dangling", "new")})
     EXPECT_TRUE(fileSystemSupportsHardLinks(here)) << here;
@@ -390,7 +390,7 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
   }
 
   runPrivately([&] {
-    // A name in a folder of mount points is that of a pulled volume, unless the folder is a volume itself.
+    // A name in a folder of mount points is a pulled volume, unless the folder is itself a volume.
     const bool isMounted = drivesOf("/mnt") == std::vector<std::string>{"/mnt"};
     const path missing[] = {"/mnt/quillonic", "/mnt/quillonic/clips/clip.mov"};
     for (const auto& item : missing) {

@@ -14,7 +14,7 @@ std::vector<std::string> drivesOf(const path& item) {
   return FileManager().getUniqueDrives({&item, 1});
 }
 
-// Takes each item followed by its root, empty for an item on no volume.
+// Takes each item and its root, which is empty for an item on no volume.
 void expectRoots(const std::vector<path>& rows) {
   for (std::size_t i = 0; i < rows.size(); i += 2) {
     const auto& root = rows[i + 1].native();
@@ -80,7 +80,7 @@ void compareMounts(const TemporaryFolder& folder) {
     std::printf("no overlay can be mounted here: not compared\n");
   }
 
-  // A drive that is pulled.
+  // A pulled drive.
   ASSERT_EQ(umount2(bound.c_str(), MNT_DETACH), 0);
   expectRoots({bound / "deep/clip.mov", "", bound, disk});
 }

@@ -1,4 +1,4 @@
-// What holds for all settings alike.
+// What holds for all settings.
 #include <quillonic/media.hpp>
 #include <quillonic/platform.hpp>
 
@@ -27,7 +27,7 @@ using Audio = Cloud_ConversionOptions::AudioTranscodeOptions;
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-// Stored over any earlier value, a value reads back as itself.
+// A value stored over any earlier one reads back as itself.
 template <class Options, class T> void expectRoundTrip(const T& value) {
   Options stored;
   if constexpr (std::same_as<Options, Video>) stored = {.width = 7, .height = 9, .scale = 3, .dataRate = 5};
@@ -77,7 +77,7 @@ TEST(Settings, StoredNumbersWithoutAMeaningAreAbsent) {
                fromProto<VideoResolution>(stored));
 }
 
-// Numbers of any size are written in digits alone.
+// Numbers of any size are written with digits alone.
 TEST(Settings, TextsHoldAnyNumberWithoutAnExponent) {
   EXPECT_EQ(FrameRate::custom(1e22).description(), "Custom: 10000000000000000000000.0 fps");
   EXPECT_EQ(VideoDimension::custom(1e-7, 0.1).description(), "Custom: 0.0000001 x 0.1");

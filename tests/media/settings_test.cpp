@@ -1,4 +1,4 @@
-// What each setting reads, holds and shows.
+// What each setting reads, stores and shows.
 #include <quillonic/media.hpp>
 
 #include <cmath>
@@ -33,7 +33,7 @@ static_assert(fromRawValue<VideoExtension>("mp4") == VideoExtension::mp4);
 static_assert(!fromRawValue<VideoExtension>("MP4") && !fromRawValue<VideoExtension>("mxf"));
 static_assert(standardDimensions(VideoResolution::fourK) == VideoSize{4096, 2160});
 
-// Description, picker's description and tag; once where all three are the same.
+// Description, picker description and tag; once if all three are the same.
 template <class Setting> std::string textsOf(const Setting& setting) {
   const std::string tag(setting.tag());
   if (setting.description() == tag && setting.pickerDescription() == tag) return tag;
@@ -59,7 +59,7 @@ TEST(FrameRate, HasAValueAndItsTexts) {
 }
 
 TEST(FrameRate, SendsAllOtherNumbersToTheSystemLog) {
-  // The process chooses where its system log goes; here also to standard error, where a test can see it.
+  // The process chooses where its system log goes; here also to standard error, for the test to see.
   openlog("tool", LOG_PERROR, LOG_USER);
   const double numbers[] = {-1, -leastDouble, nan, -infinity, -1.5e15};
   const auto texts = split("-1.0 -0.000 nan -inf -1500000000000000.0");
@@ -161,7 +161,7 @@ TEST(SampleRate, ReadsHertzAndWritesKilohertz) {
   EXPECT_EQ(SampleRate::custom(least).description(), "-9223372036854775808 Hz");
 }
 
-// The only test that asks for the list, so that the default set here is the one at its first use.
+// The only test that requests the list, so that the default set here is the one at its first use.
 TEST(SampleRate, TheSharedListKeepsTheDefaultOfItsFirstUse) {
   EXPECT_EQ(SampleRate::defaultCustomHz(), 48000);
   SampleRate::setDefaultCustomHz(32000);

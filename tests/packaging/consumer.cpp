@@ -1,4 +1,4 @@
-// A program of a host's: it reads words, changes options, writes words, and sees the library's types as its own.
+// A host program: it reads words, changes options, writes words, and shares the library's types.
 #include <quillonic/filesystem.hpp>
 #include <quillonic/support.hpp>
 #include <quillonic/time.hpp>
@@ -14,7 +14,7 @@ using namespace quillonic;
 
 namespace {
 
-// Whether the library throws what this program catches by its exact type.
+// Whether this program catches what the library throws by its exact type.
 bool catchesWhatTheLibraryThrows() {
   try {
     decode<TimecodeComponents>(CodedValue(std::string("no timecode")));
@@ -24,7 +24,7 @@ bool catchesWhatTheLibraryThrows() {
   return false;
 }
 
-// Whether an error that this program throws keeps its type on the way through the library.
+// Whether an error thrown by this program keeps its type on its way through the library.
 bool throwsThroughTheLibrary() {
   try {
     TranscodeCliArguments().enumerateListValues("[1 2]", [](std::string_view) { throw CLIExitCodeError(3); });
@@ -40,7 +40,7 @@ bool seesThroughBases() {
          !dynamic_cast<QueueBasedAtomicSwitch*>(base.get());
 }
 
-// The library stores the kind of an item as a value of a type that this program has to recognise.
+// The library stores an item's kind as a value of a type that this program must recognise.
 bool readsTypesThatTheLibraryStored() {
   const auto attributes = expandedAttributesOfItem("/");
   return attributes && attributes->value<FileType>(FileAttributeKey::NSFileType) == FileType::directory;

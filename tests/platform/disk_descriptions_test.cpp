@@ -13,7 +13,7 @@ using std::filesystem::path;
 using Description = DiskDescriptionDictionary;
 
 TEST(DiskDescriptions, KnowNetworkVolumesByTheirKind) {
-  // Whether it is of the network, the kind and the source.
+  // Whether it is a network volume, the kind and the source.
   std::istringstream rows(
       "0 ext4 /dev/nfs  0 tmpfs nfs  0 nfsd nfsd  0 fuse /dev/sdb1  0 fuseblk /dev/sdb1  0 fuse.mergerfs a:b "
       "0 virtiofs share  1 nfs s:/x  1 nfs4 s:/x  1 cifs //s/x  1 smb3 //s/x  1 fuse.sshfs u@s: "
@@ -30,7 +30,7 @@ TEST(DiskDescriptions, KnowNetworkVolumesByTheirKind) {
   EXPECT_EQ(count, 16);
 }
 
-// A tree of devices as the system shows it: names by number, and below them what each device tells.
+// A device tree as the system shows it: names by number, and the properties of each device below.
 TEST(DiskDescriptions, ReadTheDeviceBehindAVolume) {
   const TemporaryFolder tree;
   const auto tell = [&](const path& file, const std::string& value) { tree.file(file, value + "\n"); };

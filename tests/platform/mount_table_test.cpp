@@ -62,7 +62,7 @@ TEST(MountTable, LogsWhenItCannotBeRead) {
   });
 }
 
-// Identifiers that the system does not know stand for a system that does not report them.
+// Identifiers that the system does not know simulate a system that reports none.
 TEST(MountTable, FallsBackOnTheResolvedPath) {
   const auto table = MountTable::fromText(
       "4000000001 0 8:1 / / rw - ext4 a rw\n"

@@ -46,7 +46,7 @@ TEST(AnyValue, ReadsAndComparesNumbersByExactValue) {
   const auto add = [&](auto number) { numbers.push_back({number, static_cast<long double>(number)}); };
   for (const double edge : {0x1p64, -0x1p64, 0x1p63, -0x1p63, 0.5, -0.0, 1e300, 0.1}) add(edge);
   for (int i = 0; i < 200; ++i) {
-    // Next to a power of two, where widths end, or anywhere.
+    // Near a power of two, where widths end, or anywhere.
     const auto power = std::uint64_t{1} << (random() % 64);
     const auto bits = i % 2 == 0 ? power + random() % 3 - 1 : random() >> (random() % 64);
     add(bits);

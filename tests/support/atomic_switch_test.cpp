@@ -44,8 +44,8 @@ TEST_F(AtomicSwitches, ShowAWriteToEveryReadThatBeginsAfterIt) {
   }
 }
 
-// Two modifications that overlap: the inner one's write is overwritten by the outer one's. What was
-// modified is written back also where the modification throws.
+// Two overlapping modifications: the outer one overwrites the inner one's write. A modification is written
+// back even if it throws.
 TEST_F(AtomicSwitches, LoseAToggleBetweenTheReadAndTheWriteOfAnother) {
   for (auto* shared : all_) {
     shared->modifyIsOn([&](bool& value) {
@@ -98,7 +98,7 @@ TEST(OrderedSharedMutex, LosesNobodyAndKeepsWritersAlone) {
   EXPECT_EQ(halves[0], 6000);
 }
 
-// Threads that come while the mutex is held, each once the one before sleeps. Capital letters are writers.
+// Threads arrive while the mutex is held, each once the one before sleeps. Capital letters are writers.
 void serveInOrder(OrderedSharedMutex& mutex, auto held) {
   const std::string arrivals = "AbCdEFg";
   std::string served;
@@ -122,7 +122,7 @@ void serveInOrder(OrderedSharedMutex& mutex, auto held) {
   EXPECT_EQ(served, arrivals);
 }
 
-// A writer that finds readers inside goes ahead of those that come later, so no stream of readers keeps it out.
+// A writer that finds readers inside precedes later ones, so that no stream of readers keeps it out.
 TEST(OrderedSharedMutex, ServesThreadsInOrderOfArrivalAndReadersTogether) {
   OrderedSharedMutex mutex;
   serveInOrder(mutex, std::unique_lock(mutex));

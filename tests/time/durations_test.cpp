@@ -33,7 +33,7 @@ TEST(NumberUtility, TakesSecondsApartTowardZero) {
   }
 }
 
-// The minutes of a negative length are left out, which the log tells.
+// The minutes of a negative length are dropped, with a log message.
 TEST(TimeInterval, FormatsSecondsWithTwoCharacters) {
   const auto infinity = std::numeric_limits<double>::infinity();
   const std::tuple<double, std::string_view, std::size_t> rows[] = {

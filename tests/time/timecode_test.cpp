@@ -59,7 +59,7 @@ TEST(TimecodeComponents, TheFormIsCheckedAsFarAsDemanded) {
   }
 }
 
-// Sizes of all orders, so that every length of number is met.
+// Numbers of all orders of magnitude, to cover every length.
 TEST(TimecodeComponents, PositiveNumbersSurviveTextAndCode) {
   std::mt19937_64 random(4);
   const auto number = [&] { return static_cast<std::int64_t>(random() >> (1 + random() % 63)); };
@@ -77,7 +77,7 @@ TEST(TimecodeComponents, PositiveNumbersSurviveTextAndCode) {
   }
 }
 
-// The text, what a lenient split finds, and what the text is written as once it is sanitised.
+// The text, the result of a lenient split, and the sanitised text.
 TEST(TimecodeComponents, SplitsAndSanitisesAnyText) {
   const auto none = std::nullopt;
   const std::tuple<std::string_view, TimecodeComponents::Decomposed, std::string_view> rows[] = {

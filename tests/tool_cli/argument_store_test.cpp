@@ -21,7 +21,7 @@ class OtherSyntax : public Store {
   std::string_view listValueSeparator() const override { return ",\u00b7"; }
 };
 
-// The values, each behind a bar.
+// The values, each after a bar.
 std::string values(const CliArgumentStore& store, std::string_view list) {
   std::string found;
   store.enumerateListValues(list, [&](std::string_view value) { found.append("|").append(value); });
@@ -43,7 +43,7 @@ TEST(CliArgumentStore, BuildsAListWithoutAClosingMarkAndTakesItApart) {
   EXPECT_EQ(values(Store(), "["), "|");
   EXPECT_EQ(values(Store(), "[[a[b [["), "|a[b|");
   EXPECT_EQ(values(Store(), " a  \xff "), "||a||\xff|");
-  // Separators are characters: a byte that two of them share does not divide.
+  // Separators are characters: a byte that two of them share does not separate.
   EXPECT_EQ(values(OtherSyntax(), "\u00aba\u00b7b,\u00b8<"), "|a|b|\u00b8");
 }
 

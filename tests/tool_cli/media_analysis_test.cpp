@@ -80,7 +80,7 @@ TEST(MediaAnalysisOptions, WriteTheirWordsInTheFixedOrder) {
               "-parentAppNumber|9223372036854775807|-parentPid|4711");
 }
 
-// Whatever a parent asks for arrives as the same records, in any order of their words.
+// Whatever a parent requests arrives as the same records, in any order of their words.
 TEST(MediaAnalysisArguments, ComeBackEqual) {
   std::mt19937 random(5);
   const auto text = [&] {
@@ -112,7 +112,7 @@ TEST(MediaAnalysisArguments, ComeBackEqual) {
   }
 }
 
-// The words, the errors named, and what is set aside as "flag value", or "flag" alone where no value stood.
+// The words, the names of the errors, and what is set aside as "flag value", or "flag" without a value.
 TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
   const auto aside = [](const auto& one) { return one.flag + (one.value ? " " + *one.value : ""); };
   const std::string needed = "-pathToAnalyze|a|-workDirectory|w|-resultsFilePath|r";
@@ -149,7 +149,7 @@ TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
   EXPECT_TRUE(std::isnan(read.image->snapshotLocations.front()));
 }
 
-// The parent's side is this test, and the tool's side another process.
+// This test is the parent; the tool is another process.
 TEST(MediaAnalysisTool, DoesWhatItsParentAsksFor) {
   const TemporaryFolder folder;
   const auto media = (folder / "it's \"take 3\" \u00e9\xff .mov").native();

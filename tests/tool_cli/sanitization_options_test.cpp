@@ -24,8 +24,8 @@ TEST(CLISanitizationOptions, AppliesWhatIsInTheSet) {
   EXPECT_EQ(CLISanitizationOptions(7).sanitize(" A "), "a");
 }
 
-// Every scalar there is: lower-cased as in the C library's table of the same Unicode version, and trimmed
-// where it is white space.
+// Every scalar: lower-cased like in the C library's table of the same Unicode version, and trimmed if it is
+// white space.
 TEST(CLISanitizationOptions, KnowsEveryScalar) {
   const std::u32string white =
       U"\t\n\v\f\r \u0085\u00a0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200a\u2028"

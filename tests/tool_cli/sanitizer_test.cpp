@@ -66,7 +66,7 @@ TEST(CLIArgumentSanitizer, SplitsTheWordsAndLosesNone) {
   EXPECT_EQ(joined(rest, '|'), "stray|-vn||-out|/A b|/c");
 }
 
-// The raw values in order, a "=" after those that take a value.
+// The raw values in order, with "=" after those that take a value.
 template <ClosedFlagEnumeration Flag> std::string flags() {
   return joined(allCases<Flag>(), ' ', [](Flag flag) {
     EXPECT_EQ(cliFlag(flag), "-" + std::string(rawValue(flag)));

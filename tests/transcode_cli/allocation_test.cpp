@@ -1,4 +1,4 @@
-// What the main trip leaves when memory runs out. Counts every `operator new` of this program, the library's included.
+// The main path without memory. Counts every `operator new` of this program, including the library's.
 
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
@@ -17,11 +17,11 @@ namespace {
 constexpr auto unlimited = std::numeric_limits<std::int64_t>::max();
 std::atomic<std::size_t> allocations = 0;
 std::atomic<std::size_t> releases = 0;
-// How many more there are until memory has run out.
+// How many more allocations succeed.
 std::atomic<std::int64_t> allocationsLeft = unlimited;
 }  // namespace
 
-// Not inlined, or the compiler takes the pair of malloc and free for a mistake.
+// Not inlined, or the compiler reports the pair of malloc and free as a mistake.
 [[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   if (--allocationsLeft < 0) return nullptr;
   ++allocations;
@@ -63,7 +63,7 @@ const std::vector<std::string> words{"-vcodec",
                                      "-wmt_text",
                                      "a text that fits no small buffer"};
 
-// So long that tables grow and sorting needs room.
+// Long enough for tables to grow and for sorting to need space.
 const std::vector<std::string> manyWords = [] {
   std::vector<std::string> made;
   for (int i = 0; i < 150; ++i) {
@@ -75,7 +75,7 @@ const std::vector<std::string> manyWords = [] {
 
 struct Operation {
   const char* name;
-  // Whether it changes several options, of which some may have changed when it fails.
+  // Whether it changes several options, so that a failure may leave some of them changed.
   bool isStepwise;
   void (*run)(Model& model);
 };
@@ -146,9 +146,9 @@ const Operation operations[] = {
      }},
 };
 
-// Each operation with memory for one allocation more, until it has enough.
+// Each operation with memory for one more allocation, until it has enough.
 TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
-  // What the library keeps from its first message on is no leak.
+  // What the library keeps after its first message is not a leak.
   { const RecordedLog first; }
   std::size_t failures = 0;
   for (const auto& operation : operations) {

@@ -74,7 +74,7 @@ TEST(TranscodeCliArguments, WritesFlagsInTheOrderInWhichTheyFirstStood) {
   model.setArgumentFlagValue("-vcodec", std::nullopt);
   model.setArgumentFlagValue("-abr", "1");
   EXPECT_EQ(wordsOf(model), "-vn|x|-an||-abr|1");
-  // A flag that comes back takes its old place.
+  // A repeated flag takes its old place.
   model.setArgumentFlagValue("-vcodec", "h265");
   EXPECT_EQ(model.cliString(), "-vnx-vcodech265-an-abr1");
 }

@@ -29,15 +29,15 @@ Model read(std::string_view words) {
   return Model(split(words));
 }
 
-// A model that holds a text which no parsing has touched.
+// A model with a text that parsing has not changed.
 Model with(std::string_view flag, std::string_view value) {
   Model model;
   model.setArgumentFlagValue(flag, value);
   return model;
 }
 
-// Sets one option in an empty model, reads it back there and in a child that was started with the words, and
-// takes it away again.
+// Sets one option in an empty model, reads it there and in a child started with the words, and removes it
+// again.
 class EveryOption : public testing::Test {
  protected:
   template <class Result, class Parameter, class Value>
@@ -135,7 +135,7 @@ class EveryOption : public testing::Test {
 
 TEST_F(EveryOption, BelongsToAFlagAndEveryFlagToAnOption) {
   for (const auto flag : Model::allKnownCommandFlags()) {
-    // Each ignored track has a flag of its own.
+    // Each ignored track has its own flag.
     EXPECT_NE(all_.hasArgumentFlag(flag), flag == VAVAudioIgnoreTracksPrefixFlag) << flag;
   }
 }
@@ -159,7 +159,7 @@ TEST_F(EveryOption, TravelsInTheDetailRecordOfItsSubject) {
   EXPECT_EQ(wordsOf(target), "");
 }
 
-// None of these texts is a value of any of the kinds.
+// None of these texts is a value of any kind.
 TEST(TranscodeOptions, ValuesReadAsAWholeOrNotAtAll) {
   for (const auto& text : split("|x|24x|2 4|+24|-24|1,5|0x1F|inf|nan|1e999|.|24/1|960x|x540|9x5x1|960 x "
                                 "540|960x-540|960.0x540|red|"
@@ -213,7 +213,7 @@ TEST(TranscodeOptions, ANumberThatCannotTravelRemovesTheFlagAndWarns) {
   EXPECT_EQ(model.argumentFlagValue("-vr"), "0.0");
 }
 
-// Out of 255 where the colour has an RGB form; else the flag goes and the log tells the colour.
+// Out of 255 if the colour has an RGB form; else the flag is removed and the log shows the colour.
 TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
   const std::pair<Color, std::string> rows[] = {
       {Color::rgb(0.5, 0.5, 0.5), "127,127,127"},
@@ -302,8 +302,8 @@ TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
   EXPECT_EQ(wordsOf(model), "-an  -in_2_0 a -in_2_1 b -vn ");
 }
 
-// Whatever a model holds, readable or not: a record that goes back unchanged changes nothing, and one field
-// that changes changes no flag of another.
+// Whatever a model has, readable or not: writing back an unchanged record changes nothing, and changing one
+// field changes no other flag.
 TEST(TranscodeDetails, ARecordThatGoesBackUnchangedKeepsEveryText) {
   std::mt19937 random(3);
   const auto pick = [&](const auto& list) { return std::string(list[random() % list.size()]); };

@@ -1,4 +1,4 @@
-// The command line over a real process boundary: the example programs, and a child that echoes its words.
+// The command line across a real process boundary: the example programs, and a child that echoes its words.
 
 #include <quillonic/transcode_cli.hpp>
 
@@ -73,7 +73,7 @@ TEST(OffloadApp, StartsTheToolWhichReadsEverySettingBack) {
   EXPECT_EQ(contentOf(folder / "review.mov"), joined);
   EXPECT_EQ(contentOf(folder / "review.progress"), "0%\n25%\n50%\n75%\n100%\n");
 
-  // A second run finds free names, and its output of a single file is a copy of it.
+  // A second run finds free names, and with a single file its output is a copy of that file.
   words.resize(4);
   EXPECT_THAT(runChild(examples / "offload_app", words).output,
               testing::HasSubstr("first source: partial\n"));

@@ -27,7 +27,7 @@ std::string flagsWithKinds(std::integer_sequence<std::uint8_t, i...> /*families*
   return joined(std::array{joined(TranscodeFlag<TranscodeFlagFamily{i}>::allCases(), ' ', text)...});
 }
 
-// Written out once more, because a change of these texts or of their order breaks shipped programs.
+// Written out again, because changing these texts or their order breaks shipped programs.
 TEST(TranscodeVocabulary, ListsFlagsAndValuesInTheirFixedOrder) {
   const std::pair<std::string, std::string> lists[] = {
       {flagsWithKinds(std::make_integer_sequence<std::uint8_t, 8>()),
@@ -56,7 +56,7 @@ TEST(TranscodeVocabulary, ListsFlagsAndValuesInTheirFixedOrder) {
       {joined(VAVArriCurves), "bt1886 dci pq hlg logc3 logc4 linear"},
       {joined(VAVArriLookResolutions), "ignore first"},
       {joined(VAVGpuPlatforms), "opencl metal default"},
-      // Names without a place in a list.
+      // Names that are in no list.
       {joined(std::vector<std::string_view>{VAVTimecodeBurnAnchorFlag, VAVCliWatermarkFileBurnAnchorsFlag,
                                             VAVCopySourceValue}),
        "-tc_burn_anchor -wmf_burn_anchors copy"}};

@@ -1,5 +1,5 @@
-// A child that gives back what it received: every word, then every input file and the output file of the
-// model that it made of the words, each ended by a NUL.
+// A child that returns what it received: every word, then every input file and the output file of the model
+// made from the words, each with a trailing NUL.
 
 #include <quillonic/transcode_cli.hpp>
 

@@ -1,4 +1,4 @@
-/// Making alias files.
+/// Creating alias files.
 ///
 ///     createAliasForFilePath("/project/media/clip.mov", "/project/clip alias");
 #pragma once
@@ -9,11 +9,10 @@
 
 namespace quillonic {
 
-/// Writes an alias file for an existing item, in the form that desktop Macs write and read. Does not follow a
-/// link that is the item. Throws a `std::system_error` when the item is missing, and when something, even a
-/// dangling link, is at the location already: nothing is ever replaced. An alias file that cannot be written
-/// whole is removed again. Records the identifier and the label of the item's volume where the system lists
-/// them.
+/// Writes an alias file for an existing item, in the format that desktop Macs read and write. Does not follow
+/// a final link. Throws a `std::system_error` when the item is missing, or when the location is taken, even
+/// by a dangling link: nothing is ever replaced. Removes an alias file that cannot be written whole. Records
+/// the identifier and label of the item's volume if the system lists them.
 QUILLONIC_EXPORT void createAliasForFilePath(const std::filesystem::path& path,
                                              const std::filesystem::path& atLocation);
 

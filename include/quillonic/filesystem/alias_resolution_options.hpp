@@ -7,13 +7,13 @@
 
 namespace quillonic {
 
-/// A set of restrictions. On Linux all of them hold whether they are set or not: a resolution asks
-/// nobody, mounts nothing and wakes no automounter.
+/// A set of restrictions. On Linux all of them always hold: a resolution asks nobody, mounts nothing and
+/// wakes no automounter.
 class AliasResolutionOptions : public OptionSet<AliasResolutionOptions, std::uint64_t> {
  public:
   using OptionSet::OptionSet;
 
-  /// Never asks the user, for a volume or a password for example.
+  /// Never asks the user, for example for a volume or a password.
   static const AliasResolutionOptions withoutUI;
   /// Never mounts the target's volume.
   static const AliasResolutionOptions withoutMounting;

@@ -19,26 +19,26 @@
 
 namespace quillonic {
 
-/// Carries the attributes of one file in two equivalent forms, the dictionary and the typed accessors. A
-/// record derives from `AttributeBasedStore` or `AccessorBasedStore`, supplies one form and gets the other;
-/// one that supplies neither does not compile.
+/// The attributes of one file in two equivalent forms: a dictionary and typed accessors. A record derives
+/// from `AttributeBasedStore` or `AccessorBasedStore`, supplies one form and gets the other; a record that
+/// supplies neither does not compile.
 class QUILLONIC_EXPORT FileSystemAttributesStore {
  public:
   virtual ~FileSystemAttributesStore();
 
-  /// All that is known of the item, by key.
+  /// All known attributes of the item, by key.
   virtual FileAttributes attributes() const = 0;
 
   /// The item's name.
   virtual std::optional<std::string> name() const = 0;
   /// The item's size in bytes.
   virtual std::optional<std::uint64_t> fileSize() const = 0;
-  /// When the item was made.
+  /// When the item was created.
   virtual std::optional<Date> dateCreated() const = 0;
   /// When the item's contents last changed.
   virtual std::optional<Date> dateModified() const = 0;
 
-  /// The attributes that two stores are compared on: name, size, creation date and modification date.
+  /// The attributes that are compared between two stores: name, size, creation date and modification date.
   static std::span<const FileAttributeKey> attributeKeys() noexcept;
 
  protected:
@@ -47,8 +47,8 @@ class QUILLONIC_EXPORT FileSystemAttributesStore {
   FileSystemAttributesStore& operator=(const FileSystemAttributesStore&) = default;
 };
 
-/// A store that supplies `attributes`. Each accessor reads its key there; a value that is absent or of
-/// another kind reads as nothing.
+/// A store that supplies `attributes`. Each accessor reads its key; a value that is absent or of another kind
+/// reads as nothing.
 class QUILLONIC_EXPORT AttributeBasedStore : public FileSystemAttributesStore {
  public:
   ~AttributeBasedStore() override;
@@ -64,7 +64,7 @@ class QUILLONIC_EXPORT AttributeBasedStore : public FileSystemAttributesStore {
   AttributeBasedStore& operator=(const AttributeBasedStore&) = default;
 };
 
-/// A store that supplies the four accessors. Its `attributes` hold those that are present.
+/// A store that supplies the four accessors. Its `attributes` are those that are present.
 class QUILLONIC_EXPORT AccessorBasedStore : public FileSystemAttributesStore {
  public:
   ~AccessorBasedStore() override;

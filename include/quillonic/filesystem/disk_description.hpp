@@ -1,4 +1,4 @@
-/// What the description of a disk says about the volume on it.
+/// What a disk's description says about its volume.
 ///
 ///     const auto dictionary = diskDescriptionOfVolume("/media/CARD");   // platform/disk_descriptions.hpp
 ///     if (dictionary && DiskDescription(*dictionary).indicatesVolumeIsNetworkDevice()) ...
@@ -17,7 +17,7 @@
 
 namespace quillonic {
 
-/// Any map, or list of pairs, from keys of any type that an `AnyValue` can hold to values.
+/// A map, or a list of pairs, from keys of any type that converts to `AnyValue` to values.
 template <class T>
 concept DescriptionDictionary = std::ranges::forward_range<const T> &&
     requires(std::ranges::range_reference_t<const T> entry) {
@@ -29,7 +29,7 @@ concept DescriptionDictionary = std::ranges::forward_range<const T> &&
 /// unexpected kind both read as absent or false. Keys are texts; entries under other keys are only logged.
 class QUILLONIC_EXPORT DiskDescription {
  public:
-  /// Refers to the dictionary; copies nothing. A temporary one does not compile.
+  /// Refers to the dictionary without a copy. A temporary one does not compile.
   template <DescriptionDictionary Dictionary>
   explicit DiskDescription(const Dictionary& dictionary) noexcept
       : dictionary_(&dictionary), enumerate_([](const void* entries, EntryBlock block) {
@@ -41,7 +41,7 @@ class QUILLONIC_EXPORT DiskDescription {
         }) {}
   template <DescriptionDictionary Dictionary> explicit DiskDescription(const Dictionary&&) = delete;
 
-  /// Where the volume is mounted: the path under "DAVolumePath".
+  /// The mount point: the path under "DAVolumePath".
   std::optional<std::filesystem::path> storedDAVolumePath() const;
   /// The kind of file system: the text under "DAVolumeKind".
   std::optional<std::string> storedVolumeKindDescription() const;
@@ -51,14 +51,14 @@ class QUILLONIC_EXPORT DiskDescription {
   bool indicatesVolumeIsDiskImage() const;
 
   /// True for a device whose "DADeviceModel" contains "sony" or "axs", in any case, and whose
-  /// "DAMediaWritable" is true. Logs how it was decided and, for such a device, every entry. That writable
-  /// media are logged as non-writable, and the reverse, is a fixed contract.
+  /// "DAMediaWritable" is true. Logs the decision and, for such a device, every entry. Logging writable media
+  /// as non-writable, and the reverse, is a fixed contract.
   bool indicatesVolumeIsSonyDrive() const;
 
  private:
   using EntryBlock = FunctionRef<void(const AnyValue& key, const AnyValue& value, bool& stop)>;
 
-  // A copy of the value: a dictionary may make its values up as it is read.
+  // Copies the value, because a dictionary may compute its values when read.
   AnyValue valueOf(std::string_view key) const;
 
   const void* dictionary_;

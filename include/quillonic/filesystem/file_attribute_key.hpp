@@ -5,15 +5,14 @@
 
 namespace quillonic {
 
-/// A key of an attribute dictionary: one of those listed here, or any other text. The text is what is stored
-/// and serialised.
+/// A key of an attribute dictionary: a listed one or any other text. The text is stored and serialised.
 class FileAttributeKey : public TextBacked<FileAttributeKey> {
  public:
   using TextBacked::TextBacked;
 
   /// The item's name, a text of any bytes.
   static const FileAttributeKey filePathName;
-  /// The kind of the item as a resource, a `FileType`. The text of this key differs from its name, a fixed
+  /// The kind of the item as a resource, a `FileType`. The key's text differs from its name, a fixed
   /// contract.
   static const FileAttributeKey fileResourceType;
   /// Whether the item is a symbolic link or an alias file.
@@ -32,7 +31,7 @@ class FileAttributeKey : public TextBacked<FileAttributeKey> {
   static const FileAttributeKey isRelativeSymbolicReference;
   /// The type that an index of metadata reports. Set by hosts.
   static const FileAttributeKey spotlightFileType;
-  /// The uniform type identifier. Set by hosts. The text of this key differs from its name, a fixed contract.
+  /// The uniform type identifier. Set by hosts. The key's text differs from its name, a fixed contract.
   static const FileAttributeKey utType;
   /// The entity tag of an object in cloud storage. Set by hosts.
   static const FileAttributeKey s3Etag;
@@ -43,25 +42,25 @@ class FileAttributeKey : public TextBacked<FileAttributeKey> {
   /// Whether the stored size is an estimate. Set by hosts.
   static const FileAttributeKey fileSizeIsEstimated;
 
-  /// The size in bytes, unsigned 64 bits; of a symbolic link the length of its target's text.
+  /// The size in bytes, unsigned 64 bits; for a symbolic link, the length of its target's text.
   static const FileAttributeKey NSFileSize;
   /// The kind of the item, a `FileType`.
   static const FileAttributeKey NSFileType;
-  /// When the item was made, a date; absent where the file system does not record it.
+  /// When the item was created, a date; absent if the file system does not record it.
   static const FileAttributeKey NSFileCreationDate;
   /// When the contents last changed, a date.
   static const FileAttributeKey NSFileModificationDate;
   /// The permission bits, from 0 to 07777.
   static const FileAttributeKey NSFilePosixPermissions;
-  /// The number of the owner.
+  /// The owner's number.
   static const FileAttributeKey NSFileOwnerAccountID;
-  /// The number of the group.
+  /// The group's number.
   static const FileAttributeKey NSFileGroupOwnerAccountID;
-  /// How many names the item has.
+  /// The number of the item's names (hard links).
   static const FileAttributeKey NSFileReferenceCount;
   /// The number of the device that holds the item.
   static const FileAttributeKey NSFileSystemNumber;
-  /// The number of the item on its device, the inode.
+  /// The inode: the number of the item on its device.
   static const FileAttributeKey NSFileSystemFileNumber;
 };
 

@@ -10,7 +10,7 @@
 
 namespace quillonic {
 
-/// The replication layer's own errors. The platform's errors pass through it unchanged. The messages are
+/// The replication layer's own errors; the platform's errors pass through it unchanged. The messages are
 /// fixed: lower case, without a full stop.
 enum class IOError {
   /// "invalid path type"
@@ -39,13 +39,13 @@ enum class IOError {
   unavailableVerificationResources,
 };
 
-/// Why a link's details are unknown although the system reports no error.
+/// Why a link's details are unknown when the system reports no error.
 enum class FilePathAttributeGenerationError {
-  /// The file does not begin as alias files do, or is too great.
+  /// The file does not begin like an alias file, or is too large.
   notAnAliasFile = 1,
-  /// The file begins like an alias file but is damaged.
+  /// The file begins like an alias file but is damaged, or its target takes too many look-ups.
   malformedAliasFile,
-  /// No place that the alias file records has an item.
+  /// No item exists at any place that the alias file records.
   aliasTargetNotFound,
   /// A symbolic link names no place.
   symbolicLinkTargetNotFound,

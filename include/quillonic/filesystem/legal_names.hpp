@@ -1,14 +1,14 @@
-/// File names reduced to the characters that a tape or a desktop volume accepts.
+/// File names reduced to the characters that tapes or desktop volumes accept.
 ///
 ///     std::string name = removingInvalidLtfsCharacters("a:b/c*d?");                // "a:b/cd"
 ///     name = removingDisallowedMacOSFilesystemCharacters("a:b/c*d?");              // "abc*d?"
 ///     name = removingDisallowedCharacters("1+1", CharacterSet::of("+"));           // "11"
 ///
-/// A character here is a Unicode scalar: of a letter written with a combining mark only the mark may go.
-/// Nothing is replaced, everything else keeps its order, and nothing may be left of a name. Bytes that are
-/// not UTF-8 are in no listed set of characters: LTFS cleaning, which keeps a list, drops them, and desktop
-/// cleaning, which drops a list, keeps them. Where such bytes become a character because what stood between
-/// them goes, that character is judged too: cleaning a cleaned text changes nothing.
+/// A character here is a Unicode scalar: of a letter with a combining mark, only the mark may be removed.
+/// Nothing is replaced, the order stays, and a name may become empty. Bytes that are not UTF-8 are in no
+/// listed set of characters: LTFS cleaning, which keeps listed characters, drops them, and desktop cleaning,
+/// which drops listed characters, keeps them. If a removal joins such bytes into a character, that character
+/// is judged too: cleaning a cleaned text changes nothing.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -21,7 +21,7 @@
 
 namespace quillonic {
 
-/// The printable ASCII characters that a name on an LTFS tape must not hold.
+/// The printable ASCII characters that are illegal in a name on an LTFS tape.
 inline constexpr std::string_view standardIllegalLtfsCharacters = "*?<>\"|\\";
 
 namespace detail {
@@ -37,18 +37,19 @@ inline constexpr auto legalLtfsCharacters = [] {
 
 }  // namespace detail
 
-/// The 88 characters that a name on an LTFS tape may hold, in ascending order: printable ASCII without the
-/// illegal ones. Colon and slash are among them.
+/// The 88 characters that are legal in a name on an LTFS tape, in ascending order: printable ASCII, including
+/// colon and slash, without the illegal ones.
 inline constexpr std::string_view legalLtfsCharacters(detail::legalLtfsCharacters.data(),
                                                       detail::legalLtfsCharacters.size());
-/// The same as a set, and everything else: control characters, all of Unicode beyond "~", the illegal ones.
+/// The set of these characters.
 inline constexpr CharacterSet validLtfsCharacters = CharacterSet::of(legalLtfsCharacters);
-/// What LTFS cleaning drops: all that `validLtfsCharacters` lacks.
+/// What LTFS cleaning drops: everything else, that is control characters, the illegal ones and all of Unicode
+/// after "~".
 inline constexpr CharacterSet invalidLtfsCharacters = validLtfsCharacters.inverted();
 
-/// The characters that separate folders on a desktop volume, in one or the other of its forms of a path.
+/// The folder separators of a desktop volume, in its two forms of paths.
 inline constexpr std::string_view disallowedMacOSFilesystemCharacters = "/:";
-/// The same as a set.
+/// The set of these characters.
 inline constexpr CharacterSet disallowedMacOSCharacters =
     CharacterSet::of(disallowedMacOSFilesystemCharacters);
 
@@ -58,9 +59,9 @@ QUILLONIC_EXPORT std::string removingDisallowedCharacters(std::string_view text,
 /// The characters of the text that are in a set.
 QUILLONIC_EXPORT std::string removingAllExcept(std::string_view text,
                                                const CharacterSet& allowedCharactersSet);
-/// The text without what a name on an LTFS tape must not hold. Colon and slash stay.
+/// The text without characters that are illegal on an LTFS tape. Colon and slash stay.
 QUILLONIC_EXPORT std::string removingInvalidLtfsCharacters(std::string_view text);
-/// The text without slash and colon; all else stays, control characters too.
+/// The text without slash and colon; everything else stays, even control characters.
 QUILLONIC_EXPORT std::string removingDisallowedMacOSFilesystemCharacters(std::string_view text);
 
 }  // namespace quillonic

@@ -11,10 +11,10 @@
 
 namespace quillonic {
 
-/// The outcome of comparing two items. The library compares attributes; hosts decide which outcome that is.
+/// The result of comparing two items. The library compares attributes; hosts choose the result.
 enum class MatchLevel : std::uint8_t { full, partial, unmatched };
 
-/// The outcomes from the best to the worst.
+/// The results from best to worst.
 template <> struct CaseTable<MatchLevel> {
   static constexpr auto rows = std::to_array<CaseRow<MatchLevel>>({
       {MatchLevel::full, "full"},

@@ -1,4 +1,4 @@
-/// Kinds of links, and what replication can put in their place.
+/// Kinds of links, and what replication can replace them with.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -15,19 +15,19 @@ enum class QUILLONIC_EXPORT ReferenceLinkType : std::int64_t {
   notAReferenceLink,
   /// A symbolic link.
   softSymbolicReference,
-  /// An item that has further names. Each of its names is a hard link, the first one too.
+  /// An item with several names. Each of its names is a hard link, including the first.
   hardSymbolicReference,
   /// A desktop's alias file: a regular file that refers to another item.
   aliasReference,
 };
 
-/// One case of an enumeration of numbers, with its text for logs.
+/// One case of an enumeration with numbers, and its text for logs.
 template <class Enumeration> struct LoggedCaseRow : CaseRow<Enumeration, std::int64_t> {
-  /// What logs show: a fixed text, never translated.
+  /// The text in logs: fixed, never translated.
   std::string_view loggingDescription;
 };
 
-/// The kinds in the order of their numbers.
+/// The kinds in order of their numbers.
 template <> struct CaseTable<ReferenceLinkType> {
   static constexpr auto rows = std::to_array<LoggedCaseRow<ReferenceLinkType>>({
       {{ReferenceLinkType::notAReferenceLink, 0}, "not a link"},
@@ -37,20 +37,19 @@ template <> struct CaseTable<ReferenceLinkType> {
   });
 };
 
-/// What replication puts at the destination for a link. The library names the choices; hosts choose.
+/// What replication creates at the destination for a link. The library names the choices; hosts choose.
 enum class ReplicatedReferenceLinkResolution : std::int64_t {
-  /// A link at the destination to the source item itself.
+  /// A link to the source item itself.
   relinkToOriginalSource,
-  /// A link at the destination to the replicated copy of the link's target.
+  /// A link to the replicated copy of the link's target.
   relinkToReplicatedSource,
-  /// A copy of the item that the link refers to, as an ordinary item.
+  /// A copy of the link's target, as an ordinary item.
   copyOriginalSource,
-  /// A copy of the link file itself, unchanged.
+  /// An unchanged copy of the link file itself.
   copyOriginalLinkFile,
 };
 
-/// The choices in the order of their numbers. The first one's text is shorter than its name, a fixed
-/// contract.
+/// The choices in order of their numbers. The first one's text is shorter than its name, a fixed contract.
 template <> struct CaseTable<ReplicatedReferenceLinkResolution> {
   static constexpr auto rows = std::to_array<LoggedCaseRow<ReplicatedReferenceLinkResolution>>({
       {{ReplicatedReferenceLinkResolution::relinkToOriginalSource, 0}, "relinkToSource"},
@@ -60,11 +59,11 @@ template <> struct CaseTable<ReplicatedReferenceLinkResolution> {
   });
 };
 
-/// The choice when the caller sets none: links stay links, and the copy needs nothing of the source.
+/// The default choice: links stay links, and the copy does not depend on the source.
 inline constexpr auto defaultReplicatedReferenceLinkResolution =
     ReplicatedReferenceLinkResolution::relinkToReplicatedSource;
 
-/// The text that logs show for a case; empty for an unlisted value.
+/// The text of a case for logs; empty for an unlisted value.
 template <ClosedEnumeration E>
 requires requires {
   CaseTable<E>::rows[0].loggingDescription;
@@ -76,7 +75,7 @@ constexpr std::string_view loggingDescription(E value) noexcept {
   return {};
 }
 
-/// The text for logs of attributes.
+/// The text in logs of attributes.
 constexpr std::string_view description(ReferenceLinkType type) noexcept {
   return loggingDescription(type);
 }

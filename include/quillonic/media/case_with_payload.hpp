@@ -1,4 +1,4 @@
-/// Base of values with a closed set of cases, of which one or two carry a number.
+/// Base of values with a closed set of cases, one or two of which carry a number.
 #pragma once
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace quillonic {
 ///       ...
 ///
 /// Values are equal when case and number are. So a custom value never equals a fixed case, -0.0 equals 0.0,
-/// and a value that carries NaN equals nothing, not even itself.
+/// and a value with NaN equals nothing, not even itself.
 template <class KindType, class PayloadType> class CaseWithPayload {
  public:
   /// The enumeration of the cases, payload cases included.
@@ -26,18 +26,18 @@ template <class KindType, class PayloadType> class CaseWithPayload {
   /// The number or pair of numbers that a payload case carries.
   using Payload = PayloadType;
 
-  /// The case, whatever number it carries.
+  /// The case, whatever its number.
   constexpr Kind kind() const noexcept { return kind_; }
 
   friend constexpr bool operator==(const CaseWithPayload&, const CaseWithPayload&) = default;
 
  protected:
-  /// A fixed case; its payload is zero and nothing reads it.
+  /// A fixed case; its payload is zero and unused.
   constexpr explicit CaseWithPayload(Kind kind) noexcept : CaseWithPayload(kind, {}) {}
   /// A case with a number, kept as given.
   constexpr CaseWithPayload(Kind kind, Payload payload) noexcept : kind_(kind), payload_(payload) {}
 
-  /// The number of a payload case; zero for a fixed case, which takes its number from its table.
+  /// The number of a payload case; zero for a fixed case, whose number is in its table.
   constexpr const Payload& payload() const noexcept { return payload_; }
 
  private:

@@ -1,4 +1,4 @@
-/// Channel layouts of audio.
+/// Audio channel layouts.
 ///
 ///     static_assert(ChannelLayout::fromChannelCount(6) == ChannelLayout::hexagonal);
 ///     ChannelLayout::custom(12).description();                               // "12 Channels"
@@ -51,10 +51,10 @@ inline constexpr auto channelLayoutRows = std::to_array<ChannelLayoutRow>({
 
 }  // namespace detail
 
-/// The layout of audio channels, told by their number.
+/// The layout of audio channels, identified by their number.
 class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
  public:
-  /// As many channels as the source has.
+  /// The channels of the source.
   static const ChannelLayout matchSource;
   /// One channel.
   static const ChannelLayout mono;
@@ -68,15 +68,15 @@ class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
   static const ChannelLayout hexagonal;
   /// Eight channels.
   static const ChannelLayout octagonal;
-  /// Any number of channels, taken as it is.
+  /// Any number of channels, kept as given.
   static constexpr ChannelLayout custom(std::int64_t channelCount) noexcept {
     return {Kind::custom, channelCount};
   }
 
-  /// The number of channels that a picker proposes.
+  /// The number of channels proposed by a picker.
   static constexpr std::int64_t defaultCustomChannelCount = 12;
 
-  /// The case of a stored number: the fixed case with exactly this count, else a custom one, even below 0.
+  /// The case for a stored number: the fixed case with exactly this count, else a custom one, even below 0.
   static constexpr ChannelLayout fromChannelCount(std::int64_t channelCount) noexcept;
 
   /// 0 for `matchSource`.
@@ -86,9 +86,9 @@ class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
 
   /// For people, in the user's language: "Stereo", "3 Channels"; also "1 Channels", a fixed text.
   QUILLONIC_EXPORT std::string description() const;
-  /// As `description`, but any custom number is "Custom".
+  /// Like `description`, but "Custom" for any custom number.
   QUILLONIC_EXPORT std::string pickerDescription() const;
-  /// The text by which a program tells the cases apart: the English description, or "custom".
+  /// The text that identifies the case in programs: the English description, or "custom".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
   /// `matchSource`, `wellDefinedCases`, then a custom layout of `defaultCustomChannelCount` channels. All
@@ -102,12 +102,12 @@ class ChannelLayout : public CaseWithPayload<ChannelLayoutKind, std::int64_t> {
     return allCommonCases();
   }
 
-  /// The stored layout; as `fromChannelCount`.
+  /// The stored layout; see `fromChannelCount`.
   static constexpr ChannelLayout fromProto(
       const Cloud_ConversionOptions::AudioTranscodeOptions& audio) noexcept {
     return fromChannelCount(audio.channelCount);
   }
-  /// Stores the number of channels. A custom layout with the number of a fixed case reads back as that case.
+  /// Stores the number of channels. A custom layout with a fixed case's number reads back as that case.
   constexpr void storeIn(Cloud_ConversionOptions::AudioTranscodeOptions& audio) const noexcept {
     audio.channelCount = channelCount();
   }

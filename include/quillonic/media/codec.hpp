@@ -1,4 +1,4 @@
-/// The video codecs: one row per codec, which every list and limit of a codec is read from.
+/// The video codecs: one row per codec, from which all its lists and limits are read.
 ///
 ///     static_assert(codecWithText("h265")->type == Cloud_ConversionOptions::CodecType::h265);
 ///     static_assert(!codecLimits(Cloud_ConversionOptions::CodecType::dnxhd).anyFrameRate);
@@ -23,27 +23,27 @@ struct CodecLimits {
   std::int64_t greatestDepth = 0;
   /// Whether an mp4 file can hold it. A mov file holds every codec.
   bool livesInMp4 = false;
-  /// Whether it takes every frame rate, rather than the few of the broadcast standards.
+  /// Whether it takes every frame rate, or only a few broadcast rates.
   bool anyFrameRate = false;
-  /// Whether it takes every frame size, rather than those of high definition.
+  /// Whether it takes every frame size, or only those of high definition.
   bool anyFrameSize = false;
-  /// Whether its data rate can be chosen, rather than following from size, frame rate and quality class.
+  /// Whether its data rate can be chosen, or follows from size, frame rate and quality class.
   bool restrictableDataRate = false;
 };
 
-/// The groups that codecs are offered in.
+/// The groups in which codecs are offered.
 enum class CodecFamily : std::uint8_t { none, avidDNx, web, proRes };
 
 /// One video codec.
 struct Codec {
-  /// The number that stored presets carry.
+  /// The number in stored presets.
   Cloud_ConversionOptions::CodecType type;
-  /// The text that follows "-vcodec" on the transcoder's command line.
+  /// The text after "-vcodec" on the transcoder's command line.
   std::string_view text;
-  /// The group that the codec belongs to unless a host sets others.
+  /// The group of the codec, unless a host sets others.
   CodecFamily family;
   /// The extensions of the files that the transcoder writes, the preferred one first. The codec's standard
-  /// may allow more containers, or others: see `limits`.
+  /// may allow other containers: see `limits`.
   std::span<const FileExtension> permittedExtensions;
   /// What the codec accepts.
   CodecLimits limits;
@@ -88,17 +88,17 @@ inline constexpr auto codecs = [] {
   });
 }();
 
-// Nothing is ruled out for a codec that this version does not know: a newer tool may well accept it.
+// An unknown codec has no limits, because a newer tool may accept anything.
 inline constexpr CodecLimits unknownCodecLimits{8, 16, true, true, true, true};
 
 }  // namespace detail
 
-/// Every known codec, in the order of the stored numbers. The span stays valid for the life of the program.
+/// Every known codec, in order of the stored numbers. The span stays valid for the life of the program.
 constexpr std::span<const Codec> allCodecs() noexcept {
   return detail::codecs;
 }
 
-/// The codec with this stored number; null for any other number, 0 included.
+/// The codec with this stored number; null for an unlisted number, including 0.
 constexpr const Codec* codecWithType(Cloud_ConversionOptions::CodecType type) noexcept {
   return detail::rowWhere(detail::codecs, &Codec::type, type);
 }
@@ -108,7 +108,7 @@ constexpr const Codec* codecWithText(std::string_view text) noexcept {
   return detail::rowWhere(detail::codecs, &Codec::text, text);
 }
 
-/// What the codec accepts. An unlisted number, 0 included, rules nothing out.
+/// What the codec accepts. An unlisted number, including 0, has no limits.
 constexpr const CodecLimits& codecLimits(Cloud_ConversionOptions::CodecType type) noexcept {
   const auto* codec = codecWithType(type);
   return codec ? codec->limits : detail::unknownCodecLimits;

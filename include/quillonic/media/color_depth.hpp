@@ -1,4 +1,4 @@
-/// Colour depths of a video.
+/// Video colour depths.
 ///
 ///     static_assert(rawValue(ColorDepth::bpp10) == 10);
 ///     static_assert(fromRawValue<ColorDepth>(10) == ColorDepth::bpp10);
@@ -22,7 +22,7 @@
 
 namespace quillonic {
 
-/// Bits per pixel component, which are the raw value.
+/// Bits per pixel component, which is the raw value.
 enum class ColorDepth : std::int64_t { bpp8 = 8, bpp10 = 10, bpp12 = 12, bpp16 = 16 };
 
 /// One depth, its number and its text.
@@ -41,7 +41,7 @@ template <> struct CaseTable<ColorDepth> {
   });
 };
 
-/// The text by which a program tells the depths apart, "10 bpp"; empty for an unlisted value.
+/// The text that identifies the depth in programs, "10 bpp"; empty for an unlisted value.
 constexpr std::string_view tag(ColorDepth depth) noexcept {
   const auto* row = detail::rowOf(depth);
   return row ? row->text : std::string_view{};
@@ -49,7 +49,7 @@ constexpr std::string_view tag(ColorDepth depth) noexcept {
 
 /// The tag in the user's language.
 QUILLONIC_EXPORT std::string description(ColorDepth depth);
-/// The tag in the user's language, as in `description`.
+/// The tag in the user's language, like `description`.
 QUILLONIC_EXPORT std::string pickerDescription(ColorDepth depth);
 
 /// The depths that a codec accepts, ascending.

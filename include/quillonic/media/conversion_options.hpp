@@ -1,4 +1,4 @@
-/// The conversion options as stored presets carry them.
+/// The conversion options in stored presets.
 ///
 ///     Cloud_ConversionOptions preset;
 ///     preset.codecType = Cloud_ConversionOptions::CodecType::h264;
@@ -10,11 +10,10 @@
 
 namespace quillonic {
 
-/// A stored transcode preset: what the applications save, without a rule of its own. The stored form numbers
-/// its choices; a number that this version does not know is carried on unchanged, and a number of 0 means
-/// that nothing was chosen.
+/// A stored transcode preset: what the applications save, without any rules. Choices are stored as numbers;
+/// unlisted numbers are kept unchanged, and 0 means that nothing was chosen.
 struct Cloud_ConversionOptions {
-  /// The video codec, by its stored number. Any other number is a valid value and survives.
+  /// The video codec, by its stored number. Unlisted numbers are valid and kept.
   enum class CodecType : std::int32_t {
     dnxhd = 1,
     h264 = 2,
@@ -29,23 +28,22 @@ struct Cloud_ConversionOptions {
     proRes422Proxy = 11,
   };
 
-  /// The part that describes the video.
+  /// The video settings.
   struct VideoTranscodeOptions {
-    /// The colour space, by its stored number. Only the spaces that the transcoder can be asked for have a
-    /// name here; any other number is a valid value and survives.
+    /// The colour space, by its stored number. Only the spaces that the transcoder offers have names here;
+    /// unlisted numbers are valid and kept.
     enum class ColorSpace : std::int32_t { rec2020 = 2, rec709 = 3, sRgb = 4, smpteC = 7, ebu3213 = 8 };
 
-    /// The container of the output, by its stored number. Any other number is a valid value and survives.
+    /// The output container, by its stored number. Unlisted numbers are valid and kept.
     enum class Container : std::int32_t { mov = 1, mp4 = 2 };
 
-    /// Pixels; 0 when the frame is scaled or left as it is.
+    /// Pixels; 0 when the frame is scaled or unchanged.
     double width = 0;
     /// Pixels, like the width.
     double height = 0;
-    /// The factor that both sides of the frame are multiplied by; 0 when the size is given in pixels or left
-    /// as it is.
+    /// The factor for both sides of the frame; 0 when the size is given in pixels or unchanged.
     double scale = 0;
-    /// Frames per second; 0 keeps the rate of the source, and 0.5 halves it.
+    /// Frames per second; 0 keeps the source's rate, and 0.5 halves it.
     double frameRate = 0;
     /// Megabits per second; 0 leaves the choice to the encoder.
     double dataRate = 0;
@@ -59,11 +57,11 @@ struct Cloud_ConversionOptions {
     friend constexpr bool operator==(const VideoTranscodeOptions&, const VideoTranscodeOptions&) = default;
   };
 
-  /// The part that describes the audio.
+  /// The audio settings.
   struct AudioTranscodeOptions {
-    /// Hertz; 0 keeps the rate of the source.
+    /// Hertz; 0 keeps the source's rate.
     std::int64_t sampleRate = 0;
-    /// The number of channels; 0 keeps the layout of the source.
+    /// The number of channels; 0 keeps the source's layout.
     std::int64_t channelCount = 0;
 
     friend constexpr bool operator==(const AudioTranscodeOptions&, const AudioTranscodeOptions&) = default;
@@ -71,9 +69,9 @@ struct Cloud_ConversionOptions {
 
   /// 0 when none was chosen.
   CodecType codecType{};
-  /// What was chosen for the video; a new one keeps the source's size and rate.
+  /// Chosen for the video; by default the source's size and rate.
   VideoTranscodeOptions videoOptions;
-  /// What was chosen for the audio; a new one keeps the source's rate and layout.
+  /// Chosen for the audio; by default the source's rate and layout.
   AudioTranscodeOptions audioOptions;
 
   friend constexpr bool operator==(const Cloud_ConversionOptions&, const Cloud_ConversionOptions&) = default;

@@ -1,4 +1,4 @@
-/// What a setting that is an enumeration answers by its type, as other settings do by a static function.
+/// Functions by type for settings that are enumerations; other settings have them as static functions.
 ///
 ///     for (VideoExtension extension : allowed<VideoExtension>(preset.codecType)) { ... }
 ///     std::optional<ColorDepth> depth = fromProto<ColorDepth>(preset.videoOptions);
@@ -15,7 +15,7 @@ namespace quillonic {
 template <class Setting>
 constexpr std::span<const Setting> allowed(Cloud_ConversionOptions::CodecType codec) noexcept = delete;
 
-/// The stored setting; nothing when no case has the stored number.
+/// The stored setting; nothing for an unlisted number.
 template <class Setting>
 constexpr std::optional<Setting> fromProto(
     const Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept = delete;

@@ -8,7 +8,7 @@
 
 namespace quillonic {
 
-/// An extension without its full stop, which is its `rawValue`. New ones follow the last.
+/// An extension without its full stop, which is its `rawValue`. New ones are added at the end.
 enum class FileExtension : std::uint8_t { mov, mp4, wav, mxf, mjpeg };
 
 /// The extensions and their texts.

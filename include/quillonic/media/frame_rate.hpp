@@ -1,4 +1,4 @@
-/// Frame rates of a video.
+/// Video frame rates.
 ///
 ///     static_assert(FrameRate::fps25.value() == 25.0);
 ///     static_assert(FrameRate::fromRawValue(12.0) == FrameRate::custom(12.0));
@@ -50,7 +50,7 @@ inline constexpr auto frameRateRows = std::to_array<FrameRateRow>({
     {FrameRateKind::custom, 0.0, "custom"},
     {FrameRateKind::match, 0.0, "Match"},
     {FrameRateKind::halfstep, 0.5, "Half Step"},
-    // Not 23.976: stored presets carry this number, so it must stay what it is.
+    // Not 23.976: stored presets have this number, so it must not change.
     {FrameRateKind::fps23_98, 23.967, "23.97 fps"},
     {FrameRateKind::fps24, 24.0, "24 fps"},
     {FrameRateKind::fps25, 25.0, "25 fps"},
@@ -88,55 +88,55 @@ class FrameRate : public CaseWithPayload<FrameRateKind, double> {
   static const FrameRate fps59_94;
   /// 60 frames per second.
   static const FrameRate fps60;
-  /// Any rate, taken as it is. 0, a negative rate and NaN mean a rate that is not typed yet.
+  /// Any rate, kept as given. 0, a negative rate and NaN mean that no rate has been typed yet.
   static constexpr FrameRate custom(double value) noexcept { return {Kind::custom, value}; }
 
-  /// The rate that a picker proposes.
+  /// The rate proposed by a picker.
   static constexpr double defaultCustomFrameRate = 1.0;
 
-  /// The case of a stored number: the fixed case with exactly this value (0 and -0.0 are `match`), else a
-  /// custom rate for a number above 0, infinity included. Any other number gives nothing and writes one line
-  /// to the system log, as does NaN.
+  /// The case for a stored number: the fixed case with exactly this value (0 and -0.0 are `match`), else a
+  /// custom rate for a number above 0, including infinity. For any other number, including NaN, gives nothing
+  /// and writes one line to the system log.
   static constexpr std::optional<FrameRate> fromRawValue(double rawValue);
 
   /// Frames per second; 0 for `match`, and the factor 0.5 for `halfstep`.
   constexpr double value() const noexcept { return kind() == Kind::custom ? payload() : row().value; }
-  /// What stored presets carry: the value.
+  /// The value, which stored presets have.
   constexpr double frameRateForProto() const noexcept { return value(); }
 
-  /// For people, in the user's language: "25 fps", "Custom: 12.0 fps". Just "Custom" for a custom rate that
+  /// For people, in the user's language: "25 fps", "Custom: 12.0 fps"; only "Custom" for a custom rate that
   /// is not above 0.
   QUILLONIC_EXPORT std::string description() const;
-  /// As `description`, but any custom rate is "Custom".
+  /// Like `description`, but "Custom" for any custom rate.
   QUILLONIC_EXPORT std::string pickerDescription() const;
-  /// The text by which a program tells the cases apart: the English description, or "custom".
+  /// The text that identifies the case in programs: the English description, or "custom".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
-  /// Every case, the custom one last and with the rate 0. All spans stay valid for the life of the program.
+  /// Every case, with the custom rate 0 last. All spans stay valid for the life of the program.
   static constexpr std::span<const FrameRate> allCases() noexcept;
-  /// The cases without a number of their own.
+  /// The fixed cases.
   static constexpr std::span<const FrameRate> wellDefinedCases() noexcept;
   /// The cases that follow the source: `match` and `halfstep`.
   static constexpr std::span<const FrameRate> scaleOptions() noexcept;
   /// The fixed rates and the custom rate 0.
   static constexpr std::span<const FrameRate> exactFrameRateOptions() noexcept;
 
-  /// The members of a list that are in `exactFrameRateOptions`, in the list's order. Of the custom rates only
-  /// 0 is.
+  /// The members of a list that are in `exactFrameRateOptions`, in list order. The only custom rate among
+  /// them is 0.
   static constexpr std::vector<FrameRate> filterExactFrameRateOptions(std::span<const FrameRate> from);
-  /// The members of a list that are in `scaleOptions`, in the list's order.
+  /// The members of a list that are in `scaleOptions`, in list order.
   static constexpr std::vector<FrameRate> filterScaleOptions(std::span<const FrameRate> from);
 
   /// The members of `allCases` that a codec accepts, in that order. A codec with a closed list of rates takes
   /// `match`, because the source may have one of them, but neither half a rate nor a custom one.
   static constexpr std::span<const FrameRate> allowed(Cloud_ConversionOptions::CodecType codec) noexcept;
 
-  /// The stored rate; as `fromRawValue`.
+  /// The stored rate; see `fromRawValue`.
   static constexpr std::optional<FrameRate> fromProto(
       const Cloud_ConversionOptions::VideoTranscodeOptions& video) {
     return fromRawValue(video.frameRate);
   }
-  /// Stores the rate. A custom rate with the value of a fixed case reads back as that case.
+  /// Stores the rate. A custom rate with a fixed case's value reads back as that case.
   constexpr void storeIn(Cloud_ConversionOptions::VideoTranscodeOptions& video) const noexcept {
     video.frameRate = frameRateForProto();
   }

@@ -1,4 +1,4 @@
-/// Sample rates of audio.
+/// Audio sample rates.
 ///
 ///     static_assert(SampleRate::hz48000.hertz() == 48000);
 ///     SampleRate::fromHertz(22050).description();                            // "22.05 kHz"
@@ -39,7 +39,7 @@ inline constexpr auto sampleRateRows = std::to_array<SampleRateRow>({
 
 }  // namespace detail
 
-/// Samples of audio per second.
+/// Audio samples per second.
 class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
  public:
   /// The rate of the source.
@@ -50,37 +50,37 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
   static const SampleRate hz48000;
   /// 96000 hertz.
   static const SampleRate hz96000;
-  /// Any rate in hertz, taken as it is.
+  /// Any rate in hertz, kept as given.
   static constexpr SampleRate custom(std::int64_t hertz) noexcept { return {Kind::custom, hertz}; }
 
-  /// The rate in hertz that a picker proposes: 48000 until a host sets another.
+  /// The rate in hertz proposed by a picker: 48000 unless a host sets another.
   QUILLONIC_EXPORT static std::int64_t defaultCustomHz() noexcept;
-  /// Sets any number for the whole process, also while other threads read it. Lists handed out before keep
-  /// the earlier one.
+  /// Sets any number for the whole process; safe while other threads read it. Existing lists keep the earlier
+  /// number.
   QUILLONIC_EXPORT static void setDefaultCustomHz(std::int64_t hertz) noexcept;
 
-  /// The case of a stored number: `matchSource` below 1, else the fixed case with exactly this rate, else
-  /// custom.
+  /// The case for a stored number: `matchSource` below 1, else the fixed case with exactly this rate, else a
+  /// custom one.
   static constexpr SampleRate fromHertz(std::int64_t hertz) noexcept;
 
   /// Hertz; 0 for `matchSource`.
   constexpr std::int64_t hertz() const noexcept { return isCustom() ? payload() : row().hertz; }
 
-  /// Whether the rate carries a number of its own, even that of a fixed case.
+  /// Whether the rate is custom, even with the number of a fixed case.
   constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
 
-  /// For people, in the user's language: "48 kHz", "22.05 kHz", "1000 Hz". A custom rate is in kilohertz from
+  /// For people, in the user's language: "48 kHz", "22.05 kHz", "1000 Hz". Custom rates are in kilohertz from
   /// 1001 on.
   QUILLONIC_EXPORT std::string description() const;
-  /// As `description`, but any custom rate is "Custom".
+  /// Like `description`, but "Custom" for any custom rate.
   QUILLONIC_EXPORT std::string pickerDescription() const;
-  /// The text by which a program tells the cases apart: the English description, or "custom".
+  /// The text that identifies the case in programs: the English description, or "custom".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
-  /// The cases without a number of their own, `matchSource` first.
+  /// The fixed cases, `matchSource` first.
   static constexpr std::span<const SampleRate> wellDefinedCases() noexcept;
 
-  /// `wellDefinedCases`, then a custom rate of the `defaultCustomHz` at the first call. The list is built
+  /// `wellDefinedCases`, then a custom rate with the `defaultCustomHz` of the first call. The list is built
   /// once and lives as long as the program, so a later default does not change it.
   QUILLONIC_EXPORT static std::span<const SampleRate> allCommonCases();
 
@@ -89,12 +89,12 @@ class SampleRate : public CaseWithPayload<SampleRateKind, std::int64_t> {
     return allCommonCases();
   }
 
-  /// The stored rate; as `fromHertz`.
+  /// The stored rate; see `fromHertz`.
   static constexpr SampleRate fromProto(
       const Cloud_ConversionOptions::AudioTranscodeOptions& audio) noexcept {
     return fromHertz(audio.sampleRate);
   }
-  /// Stores the rate. A custom rate below 1, or that of a fixed case, reads back as the fixed case.
+  /// Stores the rate. A custom rate below 1, or with a fixed case's number, reads back as the fixed case.
   constexpr void storeIn(Cloud_ConversionOptions::AudioTranscodeOptions& audio) const noexcept {
     audio.sampleRate = hertz();
   }

@@ -1,4 +1,4 @@
-/// Frame sizes of a video: a scale of the source, a common size, or any other.
+/// Video frame sizes: a scale of the source, a common size, or any other.
 ///
 ///     static_assert(VideoDimension::tenEightyP.size() == VideoSize{1920, 1080});
 ///     static_assert(VideoDimension::half.isScaleOption());
@@ -58,7 +58,7 @@ inline constexpr auto videoDimensionRows = std::to_array<VideoDimensionRow>({
     {VideoDimensionKind::quarter, {0.25, 0.25}, "Quarter"},
     {VideoDimensionKind::eighth, {0.125, 0.125}, "Eighth"},
     {VideoDimensionKind::sixteenth, {0.0625, 0.0625}, "Sixteenth"},
-    // Neither the 220 lines nor the missing spaces are a slip: presets and pickers rely on both.
+    // Both the 220 lines and the missing spaces are intended: presets and pickers rely on them.
     {VideoDimensionKind::twoTwentyP, {320, 220}, "QVGA (320x220)"},
     {VideoDimensionKind::twoSeventyP, {480, 270}, "270p (480 x 270)"},
     {VideoDimensionKind::fourEightyP, {640, 480}, "VGA (640 x 480)"},
@@ -72,18 +72,18 @@ QUILLONIC_EXPORT void reportUnfitDimension(double width, double height);
 
 }  // namespace detail
 
-/// The size of the frame.
+/// A frame size.
 class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
  public:
   /// The size of the source.
   static const VideoDimension match;
-  /// Each side of the source times 1/2.
+  /// Half of each side of the source.
   static const VideoDimension half;
-  /// Each side of the source times 1/4.
+  /// A quarter of each side.
   static const VideoDimension quarter;
-  /// Each side of the source times 1/8.
+  /// An eighth of each side.
   static const VideoDimension eighth;
-  /// Each side of the source times 1/16.
+  /// A sixteenth of each side.
   static const VideoDimension sixteenth;
   /// 320 x 220, unlike the 320 x 230 of `VideoResolution::qvga`: a fixed contract with stored presets.
   static const VideoDimension twoTwentyP;
@@ -99,56 +99,57 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
   static const VideoDimension tenEightyP;
   /// 3840 x 2160.
   static const VideoDimension fourK;
-  /// Any size in pixels, taken as it is. Sides of 0, negative sides and NaN mean a size that is not typed
+  /// Any size in pixels, kept as given. Sides of 0, negative sides and NaN mean that no size has been typed
   /// yet.
   static constexpr VideoDimension custom(double width, double height) noexcept {
     return {Kind::custom, {width, height}};
   }
-  /// The source's size times any factor, taken as it is.
+  /// The source's size times any factor, kept as given.
   static constexpr VideoDimension scaled(double factor) noexcept { return {Kind::scaled, {factor, factor}}; }
 
-  /// The factor that a picker proposes.
+  /// The factor proposed by a picker.
   static constexpr double customScaleDefaultValue = 0.9;
 
   /// Pixels; the factor in both fields for `scaled` and the scale cases; 0 x 0 for `match`.
   constexpr VideoSize size() const noexcept { return isCustom() || isCustomScale() ? payload() : row().size; }
-  /// The frame of a preview in pixels: the size, or 1920 x 1080 when that depends on the source.
+  /// The preview frame in pixels: the size, or 1920 x 1080 when it depends on the source.
   constexpr VideoSize previewSize() const noexcept {
     return isScaleOption() ? VideoSize{1920, 1080} : size();
   }
 
-  /// Whether the size is typed in pixels, even that of a fixed case.
+  /// Whether the size is custom, even with the pixels of a fixed case.
   constexpr bool isCustom() const noexcept { return kind() == Kind::custom; }
-  /// Whether the size is a typed factor, even that of a fixed case.
+  /// Whether the factor is custom, even with that of a fixed case.
   constexpr bool isCustomScale() const noexcept { return kind() == Kind::scaled; }
-  /// Whether the size depends on the source: `scaled` with any factor, and the scale cases including `match`.
+  /// Whether the size depends on the source: `scaled`, and the scale cases including `match`.
   constexpr bool isScaleOption() const noexcept {
     return kind() >= Kind::scaled && kind() <= Kind::sixteenth;
   }
 
-  /// For people, in the user's language: "Half", "Custom: 90.0%", "Custom: 400.0 x 300.0". A custom size with
-  /// a side that is not above 0 is "Custom Dimensions"; the percentage is rounded to one place.
+  /// For people, in the user's language: "Half", "Custom: 90.0%", "Custom: 400.0 x 300.0". The percentage is
+  /// rounded to one place. "Custom Dimensions" when a side of a custom size is not above 0.
   QUILLONIC_EXPORT std::string description() const;
-  /// As `description`, but any custom size is "Custom Dimensions" and any custom factor "Custom Scale".
+  /// Like `description`, but "Custom Dimensions" for any custom size and "Custom Scale" for any custom
+  /// factor.
   QUILLONIC_EXPORT std::string pickerDescription() const;
-  /// The text by which a program tells the cases apart: the English description, "custom" or "scaled".
+  /// The text that identifies the case in programs: the English description, "custom" or "scaled".
   constexpr std::string_view tag() const noexcept { return row().text; }
 
   /// The scale options, then the exact ones. All spans stay valid for the life of the program.
   static constexpr std::span<const VideoDimension> allCases() noexcept;
-  /// The cases without numbers of their own.
+  /// The fixed cases.
   static constexpr std::span<const VideoDimension> wellDefinedCases() noexcept;
   /// `match`, the fixed factors, and a scale of `customScaleDefaultValue`.
   static constexpr std::span<const VideoDimension> scaleOptions() noexcept;
   /// The fixed sizes, and a custom one of 400 x 400.
   static constexpr std::span<const VideoDimension> exactDimensionsOptions() noexcept;
 
-  /// The members of a list that are in `exactDimensionsOptions`, in the list's order. Of the custom sizes
-  /// only 400 x 400 is.
+  /// The members of a list that are in `exactDimensionsOptions`, in list order. The only custom size among
+  /// them is 400 x 400.
   static constexpr std::vector<VideoDimension> filterExactDimensionsOptions(
       std::span<const VideoDimension> from);
-  /// The members of a list that are in `scaleOptions`, in the list's order. Of the custom factors only 0.9
-  /// is.
+  /// The members of a list that are in `scaleOptions`, in list order. The only custom factor among them is
+  /// 0.9.
   static constexpr std::vector<VideoDimension> filterScaleOptions(std::span<const VideoDimension> from);
 
   /// The members of `allCases` that a codec accepts, in that order. A codec with a closed list of sizes takes
@@ -160,13 +161,13 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
   /// The allowed sizes that `filterScaleOptions` keeps.
   static constexpr std::vector<VideoDimension> allowedScaledOptions(Cloud_ConversionOptions::CodecType codec);
 
-  /// The case of the stored numbers. Width and height above 0 count before a scale: the fixed case with
-  /// exactly that `size` (0.5 x 0.5 is `half`), else a custom size. A scale above 0 without width and height
-  /// is the fixed case with that factor, else `scaled`. All zeros are `match`. Anything else, such as a width
+  /// The case for the stored numbers. Width and height above 0 take precedence: the fixed case with exactly
+  /// that `size` (0.5 x 0.5 is `half`), else a custom size. A scale above 0 without width and height gives
+  /// the fixed case with that factor, else `scaled`. All zeros give `match`. Anything else, such as a width
   /// without a height, a negative number or NaN, prints one line to standard output and gives `match`.
   static constexpr VideoDimension fromProto(const Cloud_ConversionOptions::VideoTranscodeOptions& video);
   /// Stores pixels as width and height, a factor as the scale, and 0 in the unused fields. A custom size or
-  /// factor with the numbers of a fixed case reads back as that case.
+  /// factor with a fixed case's numbers reads back as that case.
   constexpr void storeIn(Cloud_ConversionOptions::VideoTranscodeOptions& video) const noexcept {
     const auto pixels = isScaleOption() ? VideoSize{} : size();
     video.width = pixels.width;
@@ -282,7 +283,7 @@ constexpr VideoDimension VideoDimension::fromProto(
     return match;
   }
   const auto size = inPixels ? VideoSize{video.width, video.height} : VideoSize{video.scale, video.scale};
-  // A stored scale is never taken for a size in pixels, because no fixed size is square.
+  // A stored scale is never mistaken for a size in pixels, because no fixed size is square.
   if (const auto* fixed = detail::rowWhere(wellDefinedCases(), &VideoDimension::size, size)) return *fixed;
   return inPixels ? custom(size.width, size.height) : scaled(size.width);
 }

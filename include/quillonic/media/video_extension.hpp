@@ -1,4 +1,4 @@
-/// Containers of a video file.
+/// Video containers.
 ///
 ///     static_assert(rawValue(VideoExtension::mov) == "mov");
 ///     for (VideoExtension extension : allowed<VideoExtension>(preset.codecType)) { ... }
@@ -18,10 +18,10 @@
 
 namespace quillonic {
 
-/// The extension of the file, which names its container.
+/// The file extension, which names the container.
 enum class VideoExtension : std::uint8_t { mov, mp4 };
 
-/// One container: its file-name extension, whose text is also its own, and its stored number.
+/// One container: its file-name extension, which is also its text, and its stored number.
 struct VideoExtensionRow : CaseRow<VideoExtension> {
   /// Takes the text from the file-name extension.
   consteval VideoExtensionRow(VideoExtension extension, FileExtension file,

@@ -18,7 +18,7 @@
 
 namespace quillonic {
 
-/// A class of frame sizes with one name.
+/// A named class of frame sizes.
 enum class VideoResolution : std::uint8_t {
   qvga,
   vga,
@@ -41,7 +41,7 @@ struct VideoResolutionRow : CaseRow<VideoResolution> {
 
 namespace detail {
 
-// Unlike the 320 x 220 of the dimension of that name; both are fixed.
+// Not the 320 x 220 of the dimension with that name; both are fixed.
 inline constexpr VideoSize qvgaSizes[] = {{320, 230}};
 inline constexpr VideoSize vgaSizes[] = {{640, 480}};
 inline constexpr VideoSize qHDSizes[] = {{960, 540}};
@@ -94,8 +94,8 @@ constexpr std::string_view tag(VideoResolution resolution) noexcept {
   return rawValue(resolution);
 }
 
-/// The sizes in pixels with this name, the standard one first; none for an unlisted value. The span stays
-/// valid for the life of the program.
+/// The sizes in pixels of a class, the standard one first; none for an unlisted value. The span stays valid
+/// for the life of the program.
 constexpr std::span<const VideoSize> validDimensions(VideoResolution resolution) noexcept {
   const auto* row = detail::rowOf(resolution);
   return row ? row->validDimensions : std::span<const VideoSize>{};
@@ -107,14 +107,14 @@ constexpr VideoSize standardDimensions(VideoResolution resolution) noexcept {
   return sizes.empty() ? VideoSize{} : sizes.front();
 }
 
-/// The first case with exactly this size; nothing when none has it.
+/// The first case with exactly this size; nothing when there is none.
 template <class Resolution>
 constexpr std::optional<Resolution> fromDimensions(VideoSize dimensions) noexcept = delete;
 
-/// The first case with a size of exactly this width; nothing when none has it.
+/// The first case with a size of exactly this width; nothing when there is none.
 template <class Resolution> constexpr std::optional<Resolution> fromWidth(double width) noexcept = delete;
 
-/// The first resolution with exactly this size; nothing when none has it.
+/// The first resolution with exactly this size; nothing when there is none.
 template <> constexpr std::optional<VideoResolution> fromDimensions(VideoSize dimensions) noexcept {
   for (const auto& row : CaseTable<VideoResolution>::rows) {
     if (std::ranges::find(row.validDimensions, dimensions) != row.validDimensions.end()) return row.value;
@@ -122,8 +122,8 @@ template <> constexpr std::optional<VideoResolution> fromDimensions(VideoSize di
   return std::nullopt;
 }
 
-/// The first resolution with a size of exactly this width, so 1920 is `fullHd` although 2K has such a size
-/// too; nothing when none has it.
+/// The first resolution with a size of exactly this width; nothing when there is none. 1920 gives `fullHd`,
+/// although 2K has such a size too.
 template <> constexpr std::optional<VideoResolution> fromWidth(double width) noexcept {
   for (const auto& row : CaseTable<VideoResolution>::rows) {
     const auto& sizes = row.validDimensions;
@@ -132,14 +132,14 @@ template <> constexpr std::optional<VideoResolution> fromWidth(double width) noe
   return std::nullopt;
 }
 
-/// The first resolution with the stored width and height; nothing when none has them.
+/// The first resolution with the stored width and height; nothing when there is none.
 template <>
 constexpr std::optional<VideoResolution> fromProto(
     const Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept {
   return fromDimensions<VideoResolution>({video.width, video.height});
 }
 
-/// Stores the standard dimensions in place of any other size or scale.
+/// Stores the standard size and clears the scale.
 constexpr void storeIn(VideoResolution resolution,
                        Cloud_ConversionOptions::VideoTranscodeOptions& video) noexcept {
   const auto size = standardDimensions(resolution);

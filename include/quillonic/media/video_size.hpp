@@ -1,4 +1,4 @@
-/// The two sides of a frame.
+/// The width and height of a frame.
 #pragma once
 
 #include <cstddef>
@@ -8,9 +8,9 @@ namespace quillonic {
 
 /// A width and a height, in pixels unless stated otherwise.
 struct VideoSize {
-  /// The horizontal side, or the factor for it; any number is kept.
+  /// The width, or its factor; any number is kept.
   double width = 0;
-  /// The vertical side, or the factor for it; any number is kept.
+  /// The height, or its factor; any number is kept.
   double height = 0;
 
   friend constexpr bool operator==(const VideoSize&, const VideoSize&) = default;

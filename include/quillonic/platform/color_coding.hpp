@@ -1,5 +1,5 @@
-/// How colours are encoded: a record of one member, whose key is the form and whose value is the list of components
-/// in their order, or the name of a pattern.
+/// How colours are encoded: a record with one member, whose key is the form and whose value is the list of
+/// components in order, or the name of a pattern.
 ///
 ///     encode(Color::grey(0.5));    // {"grey": [0.5, 1.0]}
 #pragma once
@@ -14,7 +14,7 @@ namespace quillonic {
 
 template <> struct QUILLONIC_EXPORT Coding<Color> {
   static CodedValue encode(const Color& color);
-  /// Throws a `DecodingError` where the form is unknown, has more or fewer components than it should, or is not the
+  /// Throws a `DecodingError` when the form is unknown, has the wrong number of components, or is not the
   /// only member.
   static Color decode(const CodedValue& coded, std::string_view key);
 };

@@ -1,5 +1,5 @@
-/// The few questions that the file manager asks about the file system, so that a host or a test can answer
-/// them instead of the operating system.
+/// The questions that the file manager asks about the file system. A host or a test can answer them instead
+/// of the operating system.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -19,7 +19,7 @@ enum class ItemPresence : std::uint8_t {
   absent,
   /// An entry has the name: a file, a folder, or a link, whether its target exists or not.
   present,
-  /// It cannot be found out, for example because a folder on the way may not be searched.
+  /// Unknown, for example because a folder in the path may not be searched.
   unknown,
 };
 
@@ -32,7 +32,7 @@ class QUILLONIC_EXPORT PlatformFileSystem {
   virtual ~PlatformFileSystem();
 
   /// Whether an entry exists at a path; does not follow a final link. The path has no trailing slash; a
-  /// relative one counts from the working folder. Takes a text that callers build in place, once per
+  /// relative one counts from the working folder. Takes a text, which callers build in place for each
   /// candidate name.
   virtual ItemPresence presenceOfItem(const std::string& path) const = 0;
 
@@ -42,14 +42,14 @@ class QUILLONIC_EXPORT PlatformFileSystem {
       FunctionRef<void(const std::filesystem::path& item, const std::filesystem::path* volumeRoot)>;
 
   /// Calls the block once per item, in order. A link counts for the volume that holds the link itself. An
-  /// item whose last component alone is missing has the root of its folder; one whose folder is missing has
-  /// no root.
+  /// item of which only the last component is missing has the root of its folder; an item in a missing folder
+  /// has none.
   virtual void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
                                     VolumeRootBlock block) const = 0;
 
-  /// The one that asks the operating system: one call per existence question, and for volume roots one
-  /// reading of the mount table and one call per item that exists. A path that is too long,
-  /// has a NUL or passes through something that is no folder is absent, since no entry can have it.
+  /// Asks the operating system: one call per existence question; for volume roots one reading of the mount
+  /// table and one call per existing item. A path that is too long, has a NUL or passes through something
+  /// that is not a folder is absent, since no entry can have it.
   static std::shared_ptr<const PlatformFileSystem> system();
 };
 

@@ -8,7 +8,7 @@
 
 namespace quillonic {
 
-/// The kinds of items that a file system knows. An alias file is a regular file; see `ReferenceLinkType`.
+/// The kinds of items in a file system. An alias file is a regular file; see `ReferenceLinkType`.
 enum class QUILLONIC_EXPORT FileType : std::uint8_t {
   regular,
   directory,
@@ -20,7 +20,7 @@ enum class QUILLONIC_EXPORT FileType : std::uint8_t {
   unknown,
 };
 
-/// The kinds and the texts by which logs name them.
+/// The kinds and their texts for logs.
 template <> struct CaseTable<FileType> {
   static constexpr auto rows = std::to_array<CaseRow<FileType>>({
       {FileType::regular, "regular"},

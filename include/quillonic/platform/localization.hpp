@@ -1,5 +1,4 @@
-/// The localisation service. A host hands the library its look-up once; until then display texts stay in
-/// English.
+/// The localisation service. A host sets its look-up once; until then display texts are in English.
 ///
 ///     class HostTexts : public quillonic::Localizer { ... };
 ///     quillonic::Localization::setLocalizer(std::make_shared<const HostTexts>());
@@ -14,8 +13,8 @@
 
 namespace quillonic {
 
-/// Looks display texts up in the user's language. Any thread may call it at any time, so an implementation
-/// keeps itself safe.
+/// Looks up display texts in the user's language. Any thread may call it at any time: implementations must be
+/// thread-safe.
 class QUILLONIC_EXPORT Localizer {
  public:
   Localizer() = default;
@@ -23,23 +22,23 @@ class QUILLONIC_EXPORT Localizer {
   Localizer& operator=(const Localizer&) = delete;
   virtual ~Localizer();
 
-  /// The translation of an English display text, or the text itself where there is none. A text with numbers
-  /// arrives with "{}" in the place of each ("Custom: {} fps"), and the translation keeps these marks in
-  /// their order: no table could hold a line per number.
+  /// The translation of an English display text, or the text itself when there is none. A text with numbers
+  /// has "{}" in place of each ("Custom: {} fps"), because no table could hold a line per number; the
+  /// translation keeps these marks in order.
   virtual std::string localized(std::string_view text) const = 0;
 };
 
-/// Where the library looks display texts up. Tags, identifiers and raw values are never looked up, so that a
-/// program can compare and store them.
+/// Where the library looks up display texts. Tags, identifiers and raw values are never looked up, so that
+/// programs can compare and store them.
 class QUILLONIC_EXPORT Localization {
  public:
   Localization() = delete;
 
-  /// Replaces the look-up; null brings the English texts back. May be called while other threads read texts.
+  /// Replaces the look-up; null restores the English texts. May be called while other threads read texts.
   static void setLocalizer(std::shared_ptr<const Localizer> localizer);
 
-  /// The text in the user's language with the values in the places of its "{}" marks. A value for which the
-  /// translation has no mark is left out, and a mark without a value stays.
+  /// The text in the user's language, with the values in place of its "{}" marks. A value without a mark is
+  /// dropped; a mark without a value stays.
   static std::string localized(std::string_view text, std::initializer_list<std::string_view> values = {});
 };
 

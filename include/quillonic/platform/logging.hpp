@@ -1,5 +1,4 @@
-/// The logging service. A host hands the library its own logger once; until then messages go to standard
-/// error.
+/// The logging service. A host sets its own logger once; until then messages go to standard error.
 ///
 ///     class HostLogger : public quillonic::Loggable { ... };
 ///     quillonic::VantiroLogging::setDefaultLogger(std::make_shared<HostLogger>());
@@ -12,8 +11,8 @@
 
 namespace quillonic {
 
-/// Receives log messages. Any thread may call any operation at any time, so an implementation keeps itself
-/// safe. A message may hold any bytes, line breaks included, and lives until the call returns.
+/// Receives log messages. Any thread may call any operation at any time: implementations must be thread-safe.
+/// A message may have any bytes, line breaks included, and lives until the call returns.
 class QUILLONIC_EXPORT Loggable {
  public:
   Loggable() = default;
@@ -21,28 +20,28 @@ class QUILLONIC_EXPORT Loggable {
   Loggable& operator=(const Loggable&) = delete;
   virtual ~Loggable();
 
-  /// Receives what only a developer looks for.
+  /// Receives details for developers.
   virtual void logDebug(std::string_view message) = 0;
-  /// Receives what happened as it should.
+  /// Receives expected events.
   virtual void logInfo(std::string_view message) = 0;
-  /// Receives what was passed over or put right, such as a value that was left out.
+  /// Receives what was skipped or corrected, such as a value that was left out.
   virtual void logWarning(std::string_view message) = 0;
-  /// Receives what failed, also where the caller gets no more than an absent result.
+  /// Receives failures, also where the caller only gets an absent result.
   virtual void logError(std::string_view message) = 0;
 };
 
-/// Where the library finds its logger.
+/// Holds the library's logger.
 class QUILLONIC_EXPORT VantiroLogging {
  public:
   VantiroLogging() = delete;
 
-  /// The logger in use, never null. The built-in one writes one line per message to standard error, the level
-  /// before the message, with line breaks and other control characters of the message as "\n" or "\x1b", so
-  /// that a message is one line whatever file names it holds.
+  /// The logger in use, never null. The built-in logger writes one line per message to standard error, the
+  /// level before the message. It escapes line breaks and other control characters as "\n" or "\x1b", so that
+  /// each message is one line whatever file names it has.
   static std::shared_ptr<Loggable> defaultLogger();
 
-  /// Replaces the logger; null brings the built-in one back. May be called while other threads log: a call
-  /// that has begun ends with the logger it began with.
+  /// Replaces the logger; null restores the built-in one. May be called while other threads log: a running
+  /// call finishes with the logger it began with.
   static void setDefaultLogger(std::shared_ptr<Loggable> logger);
 };
 

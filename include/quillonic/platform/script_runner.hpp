@@ -1,4 +1,4 @@
-/// Runs a command with administrator rights. A host with its own way to ask for credentials replaces the
+/// Runs a command with administrator rights. A host that asks for credentials in its own way replaces the
 /// built-in runner:
 ///
 ///     class HostRunner : public quillonic::ScriptRunner { ... };
@@ -17,16 +17,16 @@
 
 namespace quillonic {
 
-/// The form in which a runner takes what it runs.
+/// How a runner takes a command.
 enum class ScriptForm : std::uint8_t {
-  /// As a script's source, ``do shell script "/bin/rm '/a/b';" with administrator privileges``.
+  /// The source of a script: ``do shell script "/bin/rm '/a/b';" with administrator privileges``.
   text,
-  /// As a program and its arguments, which no shell reads: "/bin/rm", "--", "/a/b".
+  /// A program and its arguments, without a shell: "/bin/rm", "--", "/a/b".
   argumentList,
 };
 
-/// Runs one command with raised rights and waits for its end. A runner implements the operation of its form.
-/// Any thread may call it.
+/// Runs one command with raised rights and waits until it ends. A runner implements the operation for its
+/// form. Any thread may call it.
 class QUILLONIC_EXPORT ScriptRunner {
  public:
   ScriptRunner() = default;
@@ -34,23 +34,23 @@ class QUILLONIC_EXPORT ScriptRunner {
   ScriptRunner& operator=(const ScriptRunner&) = delete;
   virtual ~ScriptRunner();
 
-  /// Chooses between the two operations below.
+  /// Selects one of the two operations below.
   virtual ScriptForm form() const noexcept = 0;
 
-  /// Runs a script. Gives what went wrong, by key; an empty dictionary when the command has done its work;
-  /// nothing when the script could not be created, so that nothing ran. Unless overridden it creates nothing.
+  /// Runs a script. Returns what went wrong, by key; an empty dictionary when the command succeeded; nothing
+  /// when the script could not be created and so nothing ran. By default it creates nothing.
   virtual std::optional<TextDictionary> runText(std::string_view source);
-  /// Runs a program, the first word, with the other words as its arguments. The result is that of `runText`.
+  /// Runs a program, the first word, with the other words as arguments. Returns what `runText` does.
   virtual std::optional<TextDictionary> runArguments(std::span<const std::string> words);
 
-  /// The runner in use, never null. The built-in one takes an argument list. In a process that is root
-  /// already it starts the program directly; in any other it asks for the rights through `pkexec`, or where
-  /// that has nobody to ask, through `sudo` if that needs no password. It never uses a terminal. On failure
-  /// it gives "exit status" (or "signal") with the number, and "output" with at most 64 KiB of what the
-  /// program printed. Where there is no way to raise the rights it creates nothing.
+  /// The runner in use, never null. The built-in runner takes an argument list. If the process is root, it
+  /// starts the program directly; otherwise it asks for the rights through `pkexec`, or if nobody can be
+  /// asked there, through `sudo` if that needs no password. It never uses a terminal. On failure it gives
+  /// "exit status" (or "signal") with the number, and "output" with at most 64 KiB of the program's output.
+  /// When the rights cannot be raised, it creates nothing.
   static std::shared_ptr<ScriptRunner> defaultRunner();
 
-  /// Replaces the runner; null brings the built-in one back. May be called while other threads run scripts.
+  /// Replaces the runner; null restores the built-in one. May be called while other threads run scripts.
   static void setDefaultRunner(std::shared_ptr<ScriptRunner> runner);
 };
 

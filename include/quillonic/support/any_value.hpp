@@ -2,7 +2,7 @@
 ///
 ///     std::map<std::string, AnyValue> attributes{{"size", 4096}, {"name", "clip.mov"}};
 ///     auto size = attributes["size"].as<std::uint64_t>();       // 4096
-///     auto none = attributes["size"].as<std::string_view>();    // nothing: a number is no text
+///     auto none = attributes["size"].as<std::string_view>();    // nothing: a number is not a text
 ///     bool same = attributes["size"] == AnyValue(4096.0);       // true
 #pragma once
 
@@ -30,7 +30,7 @@ namespace detail {
 
 template <class T, class... Others> inline constexpr bool isOneOf = (std::same_as<T, Others> || ...);
 
-// Characters are neither numbers nor texts, and a Boolean is no number.
+// A character is neither a number nor a text, and a Boolean is not a number.
 template <class T>
 concept IntegerOfAnyWidth = std::integral<T> && sizeof(T) <= sizeof(std::int64_t) &&
                             !isOneOf<T, bool, char, wchar_t, char8_t, char16_t, char32_t>;
@@ -45,7 +45,7 @@ inline constexpr bool isTimePoint<std::chrono::time_point<Clock, Duration>> = tr
 template <class T>
 concept TimePoint = isTimePoint<T> && std::convertible_to<T, Date>;
 
-// A type that this header knows nothing of. Pointers are left out: what they point to may die first.
+// A type unknown to this header. No pointers: what they point to may die first.
 template <class T>
 concept HostType =
     (std::is_class_v<T> || std::is_enum_v<T> ||
@@ -62,7 +62,7 @@ template <class T> std::string descriptionOf(const T& value) {
   }
 }
 
-// The box in which a value of a host's own type is kept.
+// Holds a value of a host's own type.
 class QUILLONIC_EXPORT HostValue {
  public:
   HostValue() = default;
@@ -71,7 +71,7 @@ class QUILLONIC_EXPORT HostValue {
   virtual ~HostValue();
 
   virtual const std::type_info& type() const noexcept = 0;
-  // Both are of the same type.
+  // `other` has the same type.
   virtual bool equals(const HostValue& other) const = 0;
   virtual std::string description() const = 0;
 };
@@ -94,21 +94,21 @@ template <class T> class HostValueOf final : public HostValue {
 
 }  // namespace detail
 
-/// Holds nothing, a Boolean, a number, a text, a path, a date, or a value of a host's own type that can be
-/// copied and has `==`. A number is read and compared by its value, whatever the width it was stored with;
-/// everything else is read as the type it was stored as and equals its own kind only: a text is no path, and
-/// a Boolean is no number. Copies of a host's value share it; nobody can change it.
+/// Holds nothing, a Boolean, a number, a text, a path, a date, or a value of a host type that can be copied
+/// and has `==`. Numbers are read and compared by value, whatever the stored width. Every other value reads
+/// as the type it was stored as and equals only its own kind: a text is not a path, a Boolean is not a
+/// number. Copies share a host's value, which never changes.
 class QUILLONIC_EXPORT AnyValue {
  public:
-  /// Holds nothing: reads as no type, and equals only another one that holds nothing.
+  /// Holds nothing: reads as no type and equals only another empty value.
   AnyValue() noexcept = default;
 
-  // A value stands for itself wherever a dictionary is filled.
+  // Implicit, so that dictionaries can be filled with plain values.
   // NOLINTBEGIN(google-explicit-constructor)
-  /// A Boolean, which is no number. Nothing but `bool` itself becomes one.
+  /// A Boolean, not a number. Only `bool` itself converts.
   template <std::same_as<bool> Boolean> AnyValue(Boolean value) noexcept : value_(value) {}
 
-  /// An integer of up to 64 bits, signed or not, or a floating-point number; never rounded.
+  /// An integer of up to 64 bits, signed or unsigned, or a floating-point number; never rounded.
   template <detail::NumberOfAnyWidth Number>
   AnyValue(Number value) : value_(std::in_place_type<Kept<Number>>, value) {
     if constexpr (std::unsigned_integral<Kept<Number>>) {
@@ -117,23 +117,23 @@ class QUILLONIC_EXPORT AnyValue {
     }
   }
 
-  /// A text is any bytes.
+  /// A text of any bytes.
   AnyValue(std::string value) noexcept : value_(std::move(value)) {}
-  /// Keeps a copy of the text.
+  /// Copies the text.
   AnyValue(std::string_view value) : value_(std::string(value)) {}
-  /// Up to the terminating NUL; a null pointer gives a value that holds nothing.
+  /// Reads up to the terminating NUL; a null pointer gives an empty value.
   AnyValue(const char* value) {
     if (value) value_ = std::string(value);
   }
 
-  /// A path, which is no text: it reads back as a path only.
+  /// A path; reads back only as a path.
   AnyValue(std::filesystem::path value) : value_(std::move(value)) {}
 
-  /// A date of any precision down to the nanosecond. One that a count of nanoseconds in 64 bits cannot reach,
-  /// before 1677 or after 2262, becomes the nearest that it can.
+  /// A date of any precision down to the nanosecond. A date outside the range of 64-bit nanoseconds (1677 to
+  /// 2262) becomes the nearest one in it.
   template <detail::TimePoint T> AnyValue(T value) noexcept : value_(clamped(value)) {}
 
-  /// A value of a host's own type.
+  /// A value of a host type.
   template <class T>
   requires detail::HostType<std::remove_cvref_t<T>>
   // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): constrained to other types
@@ -141,9 +141,9 @@ class QUILLONIC_EXPORT AnyValue {
       : value_(std::make_shared<const detail::HostValueOf<std::remove_cvref_t<T>>>(std::forward<T>(value))) {}
   // NOLINTEND(google-explicit-constructor)
 
-  /// The value as `T`, or nothing when it is of another kind. A number reads as every number type that holds
-  /// it exactly: 4096.0 as an `int`, 300 not as an 8-bit one, 2^53 + 1 not as a `double`. A text reads as
-  /// `std::string` or, without a copy, as a `std::string_view` that lives as long as this value.
+  /// The value as `T`; nothing when it is of another kind. A number reads as every number type that holds it
+  /// exactly: 4096.0 as an `int`, but 300 not as an 8-bit integer and 2^53 + 1 not as a `double`. A text
+  /// reads as `std::string` or, without a copy, as a `std::string_view` that lives as long as this value.
   template <class T> std::optional<T> as() const {
     static_assert(isReadable<T>, "no value can be read as this type");
     if constexpr (detail::IntegerOfAnyWidth<T>) {
@@ -170,20 +170,19 @@ class QUILLONIC_EXPORT AnyValue {
   /// Whether the value holds nothing.
   bool empty() const noexcept { return value_.index() == 0; }
 
-  /// The value as a text for people, the same in every locale: "true", "1.5", a text or a path as it is, a
-  /// date as "2024-05-06T07:08:09.5Z". A host's value gives what its `description` or else its `rawValue`
-  /// says, where such a function is found beside its type.
+  /// The value as a text for people, the same in every locale: "true", "1.5", a text or path unchanged, a
+  /// date as "2024-05-06T07:08:09.5Z". A host's value gives its `description`, or else its `rawValue`, where
+  /// argument-dependent look-up finds one.
   std::string description() const;
 
-  /// Equal by value. Numbers compare exactly, without rounding; a NaN equals a NaN, so that every value
-  /// equals its copies. A member, so that comparing containers of values never turns the containers into
-  /// values.
+  /// Compares by value. Numbers compare exactly, without rounding; NaN equals NaN, so that every value equals
+  /// its copies. A member, so that comparing containers of values never converts the containers to values.
   bool operator==(const AnyValue& other) const;
 
  private:
   using Host = std::shared_ptr<const detail::HostValue>;
 
-  // The widest type of a number's kind.
+  // The widest type for a kind of number.
   template <class Number>
   using Kept =
       std::conditional_t<std::floating_point<Number>, double,
@@ -216,8 +215,8 @@ class QUILLONIC_EXPORT AnyValue {
   std::optional<double> asDouble() const noexcept;
   std::optional<float> asFloat() const noexcept;
 
-  // An integer is unsigned only when it is too great for a signed one, so that equal ones lie alike. A host's
-  // value is null where it was moved away.
+  // Unsigned only for integers too large for a signed one, so that equal integers have one form. A moved-from
+  // host value is null.
   std::variant<std::monostate, bool, std::int64_t, std::uint64_t, double, std::string, std::filesystem::path,
                Date, Host>
       value_;

@@ -18,10 +18,10 @@ namespace quillonic {
 
 class OrderedSharedMutex;
 
-/// A Boolean that any thread may read and write at any time. When `setIsOn` has returned, every read that
-/// begins later sees the new value. Shared by reference and never copied. Callers must not destroy it before every
-/// call on it has returned, and a read that sees another thread's write does not say that the write has returned: let
-/// each thread hold a `std::shared_ptr`.
+/// A Boolean that any thread may read and write at any time. Once `setIsOn` has returned, every later read
+/// sees the new value. Share it by reference; it cannot be copied. Callers must not destroy it before every
+/// call on it has returned. Seeing another thread's write does not mean that the write has returned: let each
+/// thread hold a `std::shared_ptr`.
 class QUILLONIC_EXPORT AtomicSwitch {
  public:
   AtomicSwitch() = default;
@@ -29,16 +29,15 @@ class QUILLONIC_EXPORT AtomicSwitch {
   AtomicSwitch& operator=(const AtomicSwitch&) = delete;
   virtual ~AtomicSwitch();
 
-  /// The value of the last write that has returned, or of one that runs meanwhile.
+  /// The value of the last finished write, or of one still running.
   virtual bool isOn() const = 0;
   /// Writes the value; every read that begins after the return sees it.
   virtual void setIsOn(bool isOn) = 0;
 
-  /// Reads the value, hands a copy to `modification` to change, and writes it back, also when the
-  /// modification ends by an exception, which then passes on. Nothing is held between the read and the write,
-  /// on purpose: what another thread wrote in between is overwritten, and the modification may use the switch
-  /// itself, although what it writes there is overwritten too. What it returns is dropped. Callers that need to
-  /// test and set in one step take a lock of their own.
+  /// Reads the value, passes a copy to `modification`, and writes it back, even when the modification throws;
+  /// the exception then passes on. Holds nothing between the read and the write, on purpose: writes by other
+  /// threads, and by the modification itself, in between are overwritten. Drops what the modification
+  /// returns. Callers that need to test and set in one step take their own lock.
   template <class Modification> void modifyIsOn(Modification&& modification) {
     bool value = isOn();
     try {
@@ -50,16 +49,15 @@ class QUILLONIC_EXPORT AtomicSwitch {
     setIsOn(value);
   }
 
-  /// Writes the opposite of what it reads, in two steps like every modification: of two threads that toggle
-  /// at once, one may be lost.
+  /// Writes the opposite of what it reads, in two steps like every modification: when two threads toggle at
+  /// once, one toggle may be lost.
   void toggle();
 };
 
-/// The cheapest switch, for hot paths: a mutex is held for the single load or store. Threads that wait for it
-/// come in any order.
+/// The cheapest switch, for hot paths. Each access holds a mutex for one load or store. The lock is not fair.
 class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
  public:
-  /// A switch that starts with a value. Nothing is allocated.
+  /// Starts with a value. Allocates nothing.
   explicit UnfairLockBasedAtomicSwitch(bool isOn) noexcept;
   ~UnfairLockBasedAtomicSwitch() override;
 
@@ -71,25 +69,25 @@ class QUILLONIC_EXPORT UnfairLockBasedAtomicSwitch final : public AtomicSwitch {
   bool isOn_;
 };
 
-/// A switch whose reads and writes run one at a time in strict order of arrival, each on the calling thread. Where busy
-/// threads outnumber the processors, every access may wait until the one before it is given a processor again.
+/// Runs reads and writes one at a time, in order of arrival, on the calling thread. When busy threads
+/// outnumber the processors, each access may wait until the previous one gets a processor again.
 class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
  public:
-  /// A switch with a serial queue of a given quality of service that targets no other queue.
+  /// A serial queue with a quality of service and no target queue.
   QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS qos);
-  /// A switch with a serial queue of unspecified quality that targets the global queue of a class. A bare `{}` is a
-  /// class, too: name `DispatchQoS` for a queue without a target.
+  /// A serial queue of unspecified quality that targets the global queue of a class. A bare `{}` is a class,
+  /// too: write `DispatchQoS` for a queue without a target.
   QueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS::QoSClass targetQos);
   ~QueueBasedAtomicSwitch() override;
 
   bool isOn() const noexcept override;
   void setIsOn(bool isOn) noexcept override;
 
-  /// The queue's label as it was given, for logs; it may be empty.
+  /// The label as given, for logs; may be empty.
   const std::string& label() const noexcept { return label_; }
-  /// The queue's quality of service; unspecified for one that was made with a target.
+  /// The quality of service; unspecified for a queue made with a target.
   DispatchQoS qos() const noexcept { return qos_; }
-  /// Absent when the queue targets none.
+  /// Absent when the queue has no target.
   std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return targetQos_; }
 
  private:
@@ -100,20 +98,20 @@ class QUILLONIC_EXPORT QueueBasedAtomicSwitch final : public AtomicSwitch {
   bool isOn_;
 };
 
-/// A switch whose reads run together and whose writes run alone. A write waits for the reads that run, and
-/// reads that come later wait for it, so that neither starves. Waiting costs as in the other queue-based switch.
+/// Runs reads together and writes alone. A write waits for the running reads, and later reads wait for the
+/// write, so that neither starves. Waiting costs as much as in `QueueBasedAtomicSwitch`.
 class QUILLONIC_EXPORT ConcurrentQueueBasedAtomicSwitch final : public AtomicSwitch {
  public:
-  /// A switch with a concurrent queue of unspecified quality that targets the global queue of a class.
+  /// A concurrent queue of unspecified quality that targets the global queue of a class.
   ConcurrentQueueBasedAtomicSwitch(bool startingState, std::string label, DispatchQoS::QoSClass qos);
   ~ConcurrentQueueBasedAtomicSwitch() override;
 
   bool isOn() const noexcept override;
   void setIsOn(bool isOn) noexcept override;
 
-  /// The queue's label as it was given, for logs; it may be empty.
+  /// The label as given, for logs; may be empty.
   const std::string& label() const noexcept { return label_; }
-  /// Always unspecified: the class that was given is that of the target.
+  /// Always unspecified: the given class is that of the target.
   DispatchQoS qos() const noexcept { return DispatchQoS::unspecified; }
   /// Never absent.
   std::optional<DispatchQoS::QoSClass> targetQos() const noexcept { return targetQos_; }

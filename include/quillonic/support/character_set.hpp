@@ -14,14 +14,14 @@
 
 namespace quillonic {
 
-/// The scalars of a text, or all but those.
+/// The scalars of a text, or all others.
 class QUILLONIC_EXPORT CharacterSet {
  public:
-  /// Holds nothing.
+  /// The empty set.
   constexpr CharacterSet() noexcept = default;
 
-  /// The scalars of a text in UTF-8, in any order and number. Bytes that are not UTF-8 add nothing. At
-  /// compile time for a text in ASCII.
+  /// The scalars of a UTF-8 text, in any order; repeats do no harm. Bytes that are not UTF-8 add nothing.
+  /// Works at compile time for ASCII.
   static constexpr CharacterSet of(std::string_view text) {
     CharacterSet set;
     bool isAscii = true;
@@ -37,7 +37,7 @@ class QUILLONIC_EXPORT CharacterSet {
     return set;
   }
 
-  /// Whether a scalar is in the set: one look-up for ASCII, logarithmic time beyond.
+  /// Whether a scalar is in the set: one look-up for ASCII, logarithmic time for others.
   constexpr bool contains(char32_t scalar) const noexcept {
     const bool isListed = scalar < ascii_.size()
                               ? ascii_[scalar]
@@ -45,8 +45,8 @@ class QUILLONIC_EXPORT CharacterSet {
     return isListed != isInverted_;
   }
 
-  /// Every scalar that this set does not hold. A byte that is not UTF-8 is in no set made of scalars, and so
-  /// it is in every inverted one.
+  /// Every scalar that is not in this set. A byte that is not UTF-8 is in no set made from scalars, and so in
+  /// every inverted one.
   constexpr CharacterSet inverted() const {
     CharacterSet set = *this;
     set.isInverted_ = !isInverted_;
@@ -58,9 +58,9 @@ class QUILLONIC_EXPORT CharacterSet {
  private:
   void addBeyondAscii(std::string_view text);
 
-  // A constant can hold a table, but no list that is allocated.
+  // A constant can hold a table, but not an allocated list.
   std::array<bool, 0x80> ascii_{};
-  // Ascending, each once; absent where the text has none.
+  // Ascending and unique; absent when the text has none.
   std::optional<std::u32string> beyondAscii_;
   bool isInverted_ = false;
 };

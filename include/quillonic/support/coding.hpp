@@ -26,18 +26,18 @@ namespace quillonic {
 class CodedValue;
 struct CodedMember;
 
-/// Whether the whole text is UTF-8, which archives may ask for; the texts of coded values are any bytes.
+/// Whether the whole text is UTF-8, as some archives demand. The texts of coded values are any bytes.
 QUILLONIC_EXPORT bool isUtf8(std::string_view text) noexcept;
 
-/// Reports a coded value that cannot be decoded.
+/// A coded value cannot be decoded.
 class QUILLONIC_EXPORT DecodingError : public std::runtime_error {
  public:
-  /// `key` is the key whose value is missing or wrong, empty when the whole value is; `reason` completes the
-  /// sentence "cannot decode 'key': ...".
+  /// `key` is the key whose value is missing or wrong, or empty when the whole value is; `reason` completes
+  /// the sentence "cannot decode 'key': ...".
   DecodingError(std::string_view key, std::string_view reason);
-  /// Copies key and message, as when an exception is passed between threads.
+  /// Copies key and message, for exceptions that pass between threads.
   DecodingError(const DecodingError&);
-  /// Takes the key and message of the other.
+  /// Copies key and message.
   DecodingError& operator=(const DecodingError&);
   ~DecodingError() override;
 
@@ -51,23 +51,23 @@ class QUILLONIC_EXPORT DecodingError : public std::runtime_error {
 /// A list of coded values.
 using CodedList = std::vector<CodedValue>;
 
-/// Coded values by key, in the order in which they were added.
+/// Coded values by key, in the order they were added.
 class QUILLONIC_EXPORT CodedRecord {
  public:
-  /// Adds a member after the others. Callers must keep keys unique: of two equal ones `find` gives the first.
+  /// Adds a member after the others. Callers must keep keys unique: `find` gives the first of equal keys.
   void add(std::string_view key, CodedValue value);
 
   /// The value of a key, or null. Valid until the record changes.
   const CodedValue* find(std::string_view key) const noexcept;
 
   /// The value of a key as `T`, an alternative of `CodedValue`. Throws a `DecodingError` that names the key
-  /// when it is missing or holds something else.
+  /// when it is missing or has another type.
   template <class T> QUILLONIC_HIDDEN const T& require(std::string_view key) const;
 
-  /// As `require`, but null when the key is missing.
+  /// Like `require`, but null when the key is missing.
   template <class T> QUILLONIC_HIDDEN const T* optional(std::string_view key) const;
 
-  /// All members in the order in which they were added. Valid until the record changes.
+  /// All members, in the order they were added. Valid until the record changes.
   const std::vector<CodedMember>& members() const noexcept { return members_; }
 
   friend QUILLONIC_EXPORT bool operator==(const CodedRecord&, const CodedRecord&);
@@ -76,37 +76,37 @@ class QUILLONIC_EXPORT CodedRecord {
   std::vector<CodedMember> members_;
 };
 
-/// What a coded value may hold: a Boolean, a 64-bit integer, a floating-point number, a text (any bytes), a
+/// What a coded value can hold: a Boolean, a 64-bit integer, a floating-point number, a text (any bytes), a
 /// list or a record.
 template <class T>
 concept CodedAlternative =
     std::same_as<T, bool> || std::same_as<T, std::int64_t> || std::same_as<T, double> ||
     std::same_as<T, std::string> || std::same_as<T, CodedList> || std::same_as<T, CodedRecord>;
 
-/// Nothing, or one of the alternatives.
+/// A coded value: nothing, or one of the alternatives.
 class CodedValue {
  public:
-  /// What a value can hold, the first alternative being nothing. Archives visit it.
+  /// What a value can hold; the first alternative is nothing. Archives visit it.
   using Alternatives =
       std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
 
   CodedValue() = default;
-  /// Takes exactly one of the alternatives; nothing converts on the way.
+  /// Takes exactly one of the alternatives, without conversion.
   template <class T>
   requires CodedAlternative<std::remove_cvref_t<T>>
   // NOLINTNEXTLINE(google-explicit-constructor): a value reads as its coded form
   CodedValue(T&& value) : value_(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
 
-  /// The value as `T`, or null when it holds something else.
+  /// The value as `T`, or null when it has another type.
   template <CodedAlternative T> const T* as() const noexcept { return std::get_if<T>(&value_); }
 
-  /// The value as `T`; throws a `DecodingError` that names `key` when it holds something else.
+  /// The value as `T`; throws a `DecodingError` that names `key` when it has another type.
   template <CodedAlternative T> const T& require(std::string_view key = {}) const {
     if (const T* value = as<T>()) return *value;
     throw DecodingError(key, "the value has another type");
   }
 
-  /// The value for `std::visit`, as an archive needs it.
+  /// The value for `std::visit`.
   const Alternatives& alternatives() const noexcept { return value_; }
 
   friend QUILLONIC_EXPORT bool operator==(const CodedValue&, const CodedValue&);
@@ -117,9 +117,9 @@ class CodedValue {
 
 /// One key of a record and its value.
 struct CodedMember {
-  /// Any bytes, the empty text included.
+  /// Any bytes; may be empty.
   std::string key;
-  /// What the record holds under the key.
+  /// The value under the key.
   CodedValue value;
 
   friend bool operator==(const CodedMember&, const CodedMember&) = default;
@@ -135,18 +135,18 @@ template <class T> const T& CodedRecord::require(std::string_view key) const {
   throw DecodingError(key, "the key is missing");
 }
 
-/// How a type is encoded and decoded. Here for Booleans, 64-bit integers, floating-point numbers, texts,
-/// paths, lists, enumerations with texts, records with a table of fields, and every type with its own
-/// `encode()` and `from(coded)`; a host can specialise it for others. `decode` throws a `DecodingError` when
+/// How a type is encoded and decoded. Defined here for Booleans, 64-bit integers, floating-point numbers,
+/// texts, paths, lists, enumerations with texts, records with a table of fields, and every type with its own
+/// `encode()` and `from(coded)`; hosts can specialise it for others. `decode` throws a `DecodingError` when
 /// the coded form does not fit; `key` is the key of the value, which the error names when the value itself is
 /// wrong.
 template <class T> struct Coding;
 
-/// A field of a record and the key that it is encoded under.
+/// A field of a record and the key it is encoded under.
 template <class Record, class Value> struct Field {
-  /// The key in the coded record; a literal, so that it outlives the table.
+  /// The key in the coded record: a literal, so that it outlives the table.
   std::string_view key;
-  /// Where the record keeps the value. A `std::optional` without a value is not encoded.
+  /// The member that holds the value. A `std::optional` without a value is not encoded.
   Value Record::*member;
 };
 
@@ -154,11 +154,11 @@ template <class Record, class Value> struct Field {
 template <class Record, class Value> Field(std::string_view, Value Record::*) -> Field<Record, Value>;
 
 /// The fields of a plain record, as a tuple `fields` of `Field`; specialised once next to each encoded
-/// record. A field without a value has no key. A missing key leaves its field as in a new record, so the form
-/// of an earlier version can be read; keys without a field are ignored.
+/// record. An absent value has no key. A missing key leaves its field as in a new record, so that earlier
+/// forms can be read; keys without a field are ignored.
 template <class Record> struct FieldTable;
 
-/// A record that has a table of its fields.
+/// A record with a table of its fields.
 template <class T>
 concept RecordOfFields = std::default_initializable<T> && requires {
   FieldTable<T>::fields;
@@ -176,7 +176,7 @@ template <CodedAlternative T> struct Coding<T> {
   static T decode(const CodedValue& coded, std::string_view key) { return coded.require<T>(key); }
 };
 
-/// An archive may have turned 24.0 into 24, so an integer that a floating-point number holds exactly is one.
+/// Archives may turn 24.0 into 24, so integers that a double holds exactly are accepted.
 template <> struct Coding<double> {
   static CodedValue encode(double value) { return value; }
   static double decode(const CodedValue& coded, std::string_view key) {
@@ -188,7 +188,7 @@ template <> struct Coding<double> {
   }
 };
 
-/// The bytes of the path as they are.
+/// Encodes the bytes of the path unchanged.
 template <> struct Coding<std::filesystem::path> {
   static CodedValue encode(const std::filesystem::path& value) { return value.native(); }
   static std::filesystem::path decode(const CodedValue& coded, std::string_view key) {
@@ -267,14 +267,14 @@ concept Codable = requires(const T& value, const CodedValue& coded) {
   { Coding<T>::decode(coded, std::string_view{}) } -> std::same_as<T>;
 };
 
-/// The coded form of a value of a type that has a `Coding`.
+/// Encodes a value.
 template <class T> CodedValue encode(const T& value) {
   static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::encode(value);
 }
 
-/// Reads a value back. Throws `DecodingError` when the coded form does not fit, including a text that no case
-/// of a closed enumeration has.
+/// Decodes a value. Throws a `DecodingError` when the coded form does not fit, including a text that is no
+/// case of a closed enumeration.
 template <class T> T decode(const CodedValue& coded) {
   static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::decode(coded, {});

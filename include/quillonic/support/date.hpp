@@ -7,7 +7,7 @@
 
 namespace quillonic {
 
-/// An instant between the years 1677 and 2262, counted in nanoseconds from 1970 in UTC, without leap seconds.
+/// A point in time in nanoseconds since 1970 in UTC, without leap seconds, between the years 1677 and 2262.
 using Date = std::chrono::sys_time<std::chrono::nanoseconds>;
 
 }  // namespace quillonic

@@ -8,10 +8,10 @@
 
 namespace quillonic {
 
-/// A quality of service: a class of urgency, and a place within the class. The library only keeps and reports
-/// it: it has no threads whose scheduling could follow it.
+/// A quality of service: a class of urgency, and a place within the class. The library only stores and
+/// reports it, since it has no threads to schedule.
 struct DispatchQoS {
-  /// The classes, from no statement at all up to work that a person watches.
+  /// The classes, from none at all to work that a person watches.
   enum class QoSClass : std::uint8_t {
     unspecified,
     background,
@@ -23,16 +23,16 @@ struct DispatchQoS {
 
   /// How urgent the work is.
   QoSClass qosClass = QoSClass::unspecified;
-  /// 0 is the most urgent place within the class, -15 the least; kept as given.
+  /// From 0, the most urgent place within the class, to -15, the least; kept as given.
   int relativePriority = 0;
 
-  /// No statement about urgency.
+  /// Says nothing about urgency.
   static const DispatchQoS unspecified;
   /// Work that nobody waits for.
   static const DispatchQoS background;
   /// Long work whose progress a person may look at.
   static const DispatchQoS utility;
-  /// Ordinary work. Ends in an underscore because the language keeps the bare word to itself.
+  /// Ordinary work. The underscore is there because `default` is a keyword.
   static const DispatchQoS default_;
   /// Work that a person has asked for and waits for.
   static const DispatchQoS userInitiated;
@@ -49,7 +49,7 @@ inline constexpr DispatchQoS DispatchQoS::default_{QoSClass::default_};
 inline constexpr DispatchQoS DispatchQoS::userInitiated{QoSClass::userInitiated};
 inline constexpr DispatchQoS DispatchQoS::userInteractive{QoSClass::userInteractive};
 
-/// The classes in the order of their urgency, with the texts by which logs name them.
+/// The classes by ascending urgency, with their texts for logs.
 template <> struct CaseTable<DispatchQoS::QoSClass> {
   static constexpr auto rows = std::to_array<CaseRow<DispatchQoS::QoSClass>>({
       {DispatchQoS::QoSClass::unspecified, "unspecified"},

@@ -1,11 +1,11 @@
-/// Enumerations with a text per case, and the few names that all of them answer.
+/// Enumerations with a text per case, and the few functions that all of them have.
 ///
 ///     static_assert(rawValue(FileExtension::mov) == "mov");
 ///     static_assert(fromRawValue<FileExtension>("mov") == FileExtension::mov);
 ///     for (FileExtension extension : allCases<FileExtension>()) { ... }
 ///
 /// A closed enumeration is an `enum class` with one table of its texts; an open one is a class over a text
-/// (see text_backed.hpp). Generic code asks both the same way.
+/// (see text_backed.hpp). Generic code uses both in the same way.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -20,19 +20,19 @@
 
 namespace quillonic {
 
-/// The table of an enumeration's cases, specialised once next to each enumeration. A closed enumeration
-/// supplies `rows`, an array of `CaseRow` in case order; an open one supplies `cases`, its listed values.
+/// The table of an enumeration's cases, specialised once next to each enumeration. A closed enumeration has
+/// `rows`, an array of `CaseRow` in case order; an open one has `cases`, its listed values.
 template <class Enumeration> struct CaseTable;
 
 /// One case of a closed enumeration and its raw value, a text or a number.
 template <class Enumeration, class RawValue = std::string_view> struct CaseRow {
-  /// The case that the row is for.
+  /// The case of the row.
   Enumeration value;
   /// What is stored and compared; unique within the table.
   RawValue rawValue;
 };
 
-/// An `enum class` that has a table of its cases.
+/// An `enum class` with a table of its cases.
 template <class T>
 concept ClosedEnumeration = std::is_enum_v<T> && requires {
   CaseTable<T>::rows.size();
@@ -47,7 +47,7 @@ QUILLONIC_HIDDEN inline constexpr auto casesOf = [] {
   return cases;
 }();
 
-// The first row that holds `value` in `member`, a field or a getter of the row; null when none does.
+// The first row whose `member`, a field or getter, equals `value`; or null.
 template <class Rows, class Member, class Value>
 constexpr auto rowWhere(const Rows& rows, Member member, const Value& value) noexcept
     -> decltype(std::data(rows)) {
@@ -74,7 +74,7 @@ template <ClosedEnumeration E> struct RawValueOf<E> {
 
 }  // namespace detail
 
-/// Every case, in the enumeration's own order. The span stays valid for the life of the program.
+/// Every case, in case order. The span stays valid for the life of the program.
 template <class E> constexpr std::span<const E> allCases() noexcept {
   if constexpr (ClosedEnumeration<E>) {
     return detail::casesOf<E>;
@@ -83,14 +83,14 @@ template <class E> constexpr std::span<const E> allCases() noexcept {
   }
 }
 
-/// The raw value of a case; the empty text, or 0, for an unlisted value.
+/// The raw value of a case; the empty text or 0 for an unlisted value.
 template <ClosedEnumeration E> constexpr typename detail::RawValueOf<E>::Type rawValue(E value) noexcept {
   const auto* row = detail::rowOf(value);
   return row ? row->rawValue : typename detail::RawValueOf<E>::Type{};
 }
 
-/// The value with exactly this raw value, case included. A closed enumeration gives nothing for one outside
-/// its table; an open one wraps any text.
+/// The value with exactly this raw value, case included. A closed enumeration gives nothing for an unlisted
+/// raw value; an open one wraps any text.
 template <class E> constexpr std::optional<E> fromRawValue(typename detail::RawValueOf<E>::Type raw) {
   if constexpr (ClosedEnumeration<E>) {
     using Row = std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>;
@@ -101,14 +101,14 @@ template <class E> constexpr std::optional<E> fromRawValue(typename detail::RawV
   }
 }
 
-/// A value that is equal and hashed by its text.
+/// A value that compares and hashes by its text.
 template <class T>
 concept RawHashCase = std::equality_comparable<T> && requires(const T& value) {
   { rawValue(value) } -> std::convertible_to<std::string_view>;
   { fromRawValue<T>(std::string_view{}) } -> std::same_as<std::optional<T>>;
 };
 
-/// A value that is encoded and decoded as its bare text (see coding.hpp).
+/// A value that encodes as its bare text (see coding.hpp).
 template <class T>
 concept CodableRawHashCase = RawHashCase<T>;
 

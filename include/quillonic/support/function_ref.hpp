@@ -1,4 +1,4 @@
-/// A reference to a callable, for blocks that are called and not kept.
+/// A reference to a callable, for blocks that are called but not stored.
 #pragma once
 
 #include <concepts>
@@ -11,12 +11,12 @@ namespace quillonic {
 
 template <class Signature> class FunctionRef;
 
-/// Refers to any callable of the signature for the length of a call. Never allocates, never owns: an
-/// operation that takes one calls it before it returns and keeps nothing of it.
+/// Refers to any callable of the signature for the length of a call. Never allocates and never owns: an
+/// operation that takes one calls it before it returns and stores nothing.
 template <class Result, class... Arguments> class FunctionRef<Result(Arguments...)> {
  public:
-  /// Binds a function, a lambda or a function object, which must outlive the reference: a temporary lives until
-  /// the end of the call that it is an argument of.
+  /// Binds a function, a lambda or a function object. The callable must outlive the reference; a temporary
+  /// lives until the end of the call it is an argument of.
   template <class Callable>
   requires(!std::same_as<std::remove_cvref_t<Callable>, FunctionRef> &&
            std::is_invocable_r_v<Result, Callable&, Arguments...>)
@@ -47,7 +47,7 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
     }
   }
 
-  /// Calls the callable and gives its result; its exceptions pass through.
+  /// Calls the callable and returns its result; exceptions pass through.
   Result operator()(Arguments... arguments) const {
     return call_(target_, std::forward<Arguments>(arguments)...);
   }

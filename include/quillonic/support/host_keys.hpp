@@ -8,22 +8,22 @@
 
 namespace quillonic {
 
-/// The notifications that a host can observe at its default notification centre.
+/// Notifications that a host can observe at its default notification centre.
 namespace notification_names {
 
 /// An upload to cloud storage has ended.
 inline constexpr std::string_view cloudResourceUploaded = "cloudResourceUploaded";
-/// A drive's reading or writing speed was measured anew.
+/// A drive's read or write speed was measured again.
 inline constexpr std::string_view driveSpeedUpdate = "driveSpeedUpdate";
 /// A drive is being dismounted.
 inline constexpr std::string_view driveDismount = "driveDismount";
-/// What the user interface shows of the main activity has become stale.
+/// The user interface's view of the main activity is out of date.
 inline constexpr std::string_view kUINeedsUpdateForMainActivity = "kUINeedsUpdateForMainActivity";
-/// The main activity has progressed; sent to every observer of it.
+/// The main activity has progressed; sent to all its observers.
 inline constexpr std::string_view kMainActivityUpdateBroadcast = "kMainActivityUpdateBroadcast";
-/// An observer wants the state of all active jobs to be sent.
+/// An observer asks for the state of all active jobs.
 inline constexpr std::string_view kNeedsUpdateForAllActiveJobs = "kNeedsUpdateForAllActiveJobs";
-/// The state of all active jobs, as it was asked for.
+/// The state of all active jobs, in answer to that request.
 inline constexpr std::string_view kAllActiveJobsUpdate = "kAllActiveJobsUpdate";
 /// A job has become active.
 inline constexpr std::string_view kNewActiveJob = "kNewActiveJob";
@@ -32,18 +32,18 @@ inline constexpr std::string_view kRemovedActiveJob = "kRemovedActiveJob";
 
 }  // namespace notification_names
 
-/// The keys of the settings that host applications keep in their user defaults. The library only names them.
+/// Keys of the settings that host applications keep in their user defaults. The library only names them.
 namespace user_default_keys {
 
-/// Read before a transcode starts: whether it may use graphics acceleration.
+/// Whether a transcode may use graphics acceleration; read before it starts.
 inline constexpr std::string_view kUseGPUAcceleration = "kUseGPUAcceleration";
-/// Read when transcodes are scheduled: how many may run at once.
+/// How many transcodes may run at once; read when they are scheduled.
 inline constexpr std::string_view kExplicitNumberOfConcurrentTranscodes =
     "kExplicitNumberOfConcurrentTranscodes";
-/// Read when a transcode has failed: whether it is attempted again without asking.
+/// Whether a failed transcode is attempted again without asking; read after the failure.
 inline constexpr std::string_view kPermitAutoReattemptOfFailedTranscodes =
     "kPermitAutoReattemptOfFailedTranscodes";
-/// Read when a transcode has failed: how many times it is attempted again at most.
+/// How often a failed transcode is attempted again at most; read after the failure.
 inline constexpr std::string_view kNumberOfReattemptsPerFailedTranscode =
     "kNumberOfReattemptsPerFailedTranscode";
 

@@ -1,4 +1,4 @@
-/// Base of the sets of options.
+/// Base of option sets.
 ///
 ///     class Restrictions : public OptionSet<Restrictions, std::uint64_t> {
 ///      public:
@@ -12,7 +12,7 @@
 
 namespace quillonic {
 
-/// A set of options, one for each bit of a number. Bits that name no option are kept and do nothing.
+/// A set of options, one per bit. Bits without an option are kept and have no effect.
 template <class Options, std::integral RawValue> class OptionSet {
  public:
   /// The empty set.
@@ -20,9 +20,9 @@ template <class Options, std::integral RawValue> class OptionSet {
   /// The options whose bits are set.
   constexpr explicit OptionSet(RawValue rawValue) noexcept : rawValue_(rawValue) {}
 
-  /// All bits, even those that name no option.
+  /// All bits, even those without an option.
   constexpr RawValue rawValue() const noexcept { return rawValue_; }
-  /// Whether every option of the other set is in this one.
+  /// Whether this set has every option of the other.
   constexpr bool contains(Options other) const noexcept {
     return (rawValue_ & other.rawValue()) == other.rawValue();
   }

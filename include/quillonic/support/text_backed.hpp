@@ -19,12 +19,12 @@
 
 namespace quillonic {
 
-/// A string literal. Only a literal converts to it, at compile time, so the text it names never dies.
+/// A string literal. Only literals convert to it, at compile time, so its text never dies.
 class TextLiteral {
  public:
-  /// The characters up to the terminating NUL, which is left out.
+  /// Takes the characters before the terminating NUL.
   template <std::size_t size>
-  // NOLINTNEXTLINE(google-explicit-constructor): a literal stands for itself
+  // NOLINTNEXTLINE(google-explicit-constructor): a literal converts to its text
   consteval TextLiteral(const char (&literal)[size]) : text_(literal, size - 1) {}
 
   /// The literal, valid for the life of the program.
@@ -35,10 +35,10 @@ class TextLiteral {
 };
 
 /// Base of the open enumerations. A listed constant refers to its literal; a text wrapped at run time is
-/// owned. Values compare and hash by text, and convert to it as `std::string_view`.
+/// owned. Values compare and hash by text, and convert to `std::string_view`.
 template <class Self> class TextBacked {
  public:
-  /// A value over a literal: `constexpr`, never allocates.
+  /// Wraps a literal: `constexpr`, never allocates.
   constexpr explicit TextBacked(TextLiteral literal) noexcept : text_(literal.text()) {}
 
   /// Wraps a copy of any text, listed or not.
@@ -48,22 +48,22 @@ template <class Self> class TextBacked {
   constexpr explicit TextBacked(Text&& text)
       : text_(std::in_place_type<std::string>, std::forward<Text>(text)) {}
 
-  /// The value's text, valid as long as the value.
+  /// The text, valid as long as the value.
   constexpr std::string_view rawValue() const noexcept {
     return text_.index() == 0 ? std::get<0>(text_) : std::string_view(std::get<1>(text_));
   }
 
-  /// The text, wherever one is wanted, such as in a look-up in a dictionary of flags.
+  /// Converts to the text, for example to look up a flag in a dictionary.
   // NOLINTNEXTLINE(google-explicit-constructor): the value is its text
   constexpr operator std::string_view() const noexcept { return rawValue(); }
 
-  /// Wraps any text; never absent, since the enumeration is open.
+  /// Wraps any text; never absent, because the enumeration is open.
   static constexpr std::optional<Self> fromRawValue(std::string_view text) { return Self(text); }
 
-  /// The listed values, in their fixed order. The span stays valid for the life of the program.
+  /// The listed values in their fixed order. The span stays valid for the life of the program.
   static constexpr std::span<const Self> allCases() noexcept { return CaseTable<Self>::cases; }
 
-  /// The listed value with exactly this text, case included; nothing for any other text.
+  /// The listed value with exactly this text, case included; nothing for other texts.
   static constexpr std::optional<Self> fromStringValue(std::string_view text) {
     const auto* value = detail::rowWhere(allCases(), &TextBacked::rawValue, text);
     return value ? std::optional(*value) : std::nullopt;
@@ -72,7 +72,7 @@ template <class Self> class TextBacked {
   friend constexpr bool operator==(const Self& a, const Self& b) noexcept {
     return a.rawValue() == b.rawValue();
   }
-  /// Values are ordered by their texts, also beside a text: a constant finds its entry in a `TextDictionary`.
+  /// Orders by text, also against a plain text, so that a constant finds its entry in a `TextDictionary`.
   friend constexpr std::strong_ordering operator<=>(const Self& a, const Self& b) noexcept {
     return a.rawValue() <=> b.rawValue();
   }
@@ -85,8 +85,8 @@ template <class Self> class TextBacked {
   std::variant<std::string_view, std::string> text_;
 };
 
-/// The listed values of an open enumeration. They are literals and own nothing, so they are never destroyed:
-/// under sanitisers, not every compiler accepts their destruction as a constant expression.
+/// The listed values of an open enumeration. Literals own nothing, so they are never destroyed: under
+/// sanitisers, not every compiler accepts their destruction as a constant expression.
 template <class Value, std::size_t count> class CaseList {
  public:
   /// Copies one value or more.
@@ -97,7 +97,7 @@ template <class Value, std::size_t count> class CaseList {
   // NOLINTNEXTLINE(modernize-use-equals-default): the default is deleted
   constexpr ~CaseList() {}
 
-  /// All values in their order, valid as long as the list.
+  /// All values in order, valid as long as the list.
   // NOLINTNEXTLINE(google-explicit-constructor): a list reads as its values
   constexpr operator std::span<const Value>() const noexcept { return values_; }
 
@@ -107,7 +107,7 @@ template <class Value, std::size_t count> class CaseList {
   };
 };
 
-/// Deduces type and number in `CaseList{first, ...}`.
+/// Deduces the type and the count in `CaseList{first, ...}`.
 template <class First, class... Rest>
 CaseList(const First&, const Rest&...) -> CaseList<First, 1 + sizeof...(Rest)>;
 

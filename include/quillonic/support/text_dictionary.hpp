@@ -1,4 +1,4 @@
-/// Dictionaries from text to text.
+/// Dictionaries of texts.
 ///
 ///     TextDictionary lookup{{"-vcodec", "h264"}};
 ///     lookup.emplace(VAVNoVideoFlag, "");                           // a constant is a text
@@ -11,7 +11,7 @@
 
 namespace quillonic {
 
-/// Texts by text, in ascending byte order of the keys, so that the same content reads the same in every process.
+/// Texts by text, in ascending byte order of the keys, so that equal contents read alike in every process.
 using TextDictionary = std::map<std::string, std::string, std::less<>>;
 
 }  // namespace quillonic

@@ -24,43 +24,42 @@ class QUILLONIC_EXPORT TimeInterval {
   static constexpr double day = 24 * hour;
   /// Exactly 31 days: a fixed length, not calendar arithmetic.
   static constexpr double month = 31 * day;
-  /// Exactly 365 days, likewise.
+  /// Exactly 365 days: a fixed length, too.
   static constexpr double year = 365 * day;
 
-  /// "HH:MM:SS" of a number of seconds, its fraction dropped: 3725.9 gives "01:02:05". Hours go beyond 24 and
-  /// 99. Infinity and what is not a number give "00:00:00".
+  /// Formats seconds as "HH:MM:SS", without their fraction: 3725.9 gives "01:02:05". Hours exceed 24 and 99.
+  /// Infinity and NaN give "00:00:00".
   ///
-  /// Negative lengths are not written in full, a fixed form: above -60 the seconds bear the sign without
-  /// padding ("00:00:-5"); from -60 on the whole minutes are left out too ("00:00:-30" for -90) and a debug
-  /// message says so.
+  /// Negative lengths have a short fixed form: above -60, the sign before unpadded seconds ("00:00:-5"); from
+  /// -60 on, the whole minutes are dropped too ("00:00:-30" for -90), with a debug message.
   ///
-  /// A number outside of 64 bits is a mistake of the caller's that no text can stand for: the reason is
-  /// logged as an error and the program is aborted.
+  /// Callers must not pass a number beyond 64 bits: no text can show it, so the reason is logged as an error
+  /// and the program aborts.
   static std::string formattedString(double seconds);
 };
 
-/// Seconds taken apart, and their text.
+/// Splits seconds into fields, and formats them.
 class QUILLONIC_EXPORT NumberUtility {
  public:
   NumberUtility() = delete;
 
-  /// Hours, and minutes and seconds below 60. None of them is above zero for negative seconds.
+  /// Hours, and minutes and seconds below 60. For negative seconds, none is above zero.
   struct HoursMinutesSeconds {
     /// Whole hours; not limited to a day.
     std::int64_t h = 0;
-    /// Whole minutes besides, -59 to 59.
+    /// Remaining whole minutes, -59 to 59.
     std::int64_t m = 0;
-    /// Seconds besides, -59 to 59.
+    /// Remaining seconds, -59 to 59.
     std::int64_t s = 0;
 
     friend bool operator==(const HoursMinutesSeconds&, const HoursMinutesSeconds&) = default;
   };
 
-  /// Takes any number of seconds apart, each field truncated toward zero: -3661 gives -1, -1, -1.
+  /// Splits any number of seconds, truncating each field toward zero: -3661 gives -1, -1, -1.
   static HoursMinutesSeconds secondsToHoursMinutesSeconds(std::int64_t seconds) noexcept;
 
-  /// "HH:MM:SS", each with two digits at least and, where it is negative, its sign before them: -5 gives
-  /// "00:00:-05". Hours are not limited.
+  /// Formats seconds as "HH:MM:SS", each field with at least two digits and, if negative, a leading sign: -5
+  /// gives "00:00:-05". Hours are not limited.
   static std::string secondsToStandardDurationText(std::int64_t seconds);
 };
 

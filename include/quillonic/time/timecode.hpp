@@ -18,23 +18,23 @@
 
 namespace quillonic {
 
-/// A timecode. It knows no frame rate and counts nothing: drop frame is only the separator before the frames.
-/// Any number may stand in any field.
+/// A timecode. It has no frame rate and counts nothing: drop frame only means the separator before the
+/// frames. Any field can have any number.
 struct QUILLONIC_EXPORT TimecodeComponents {
   /// Not limited to a day.
   std::int64_t hours = 0;
-  /// 0 to 60 in a timecode that was read strictly.
+  /// 0 to 60 in a strictly read timecode.
   std::int64_t minutes = 0;
-  /// 0 to 60 in a timecode that was read strictly.
+  /// 0 to 60 in a strictly read timecode.
   std::int64_t seconds = 0;
-  /// Not limited: the frame rate is not known here.
+  /// Not limited, since the frame rate is unknown.
   std::int64_t frames = 0;
-  /// Whether ";" stands before the frames.
+  /// Whether ";" comes before the frames.
   bool isDropFrame = false;
 
-  /// What stands before the frames of a drop-frame timecode.
+  /// The separator before the frames of a drop-frame timecode.
   QUILLONIC_HIDDEN static constexpr std::string_view dropFrameSeparator = ";";
-  /// What stands between all other fields.
+  /// The separator between all other fields.
   QUILLONIC_HIDDEN static constexpr std::string_view nonDropSeparator = ":";
 
   /// Zero.
@@ -46,31 +46,31 @@ struct QUILLONIC_EXPORT TimecodeComponents {
   /// The text of zero in drop frame.
   QUILLONIC_HIDDEN static constexpr std::string_view defaultDropFrameTimecode = "00:00:00;00";
 
-  /// Reads a timecode strictly: `timecodeHasProperForm` with both demands. Nothing for any other text.
+  /// Reads a timecode strictly: `timecodeHasProperForm` with both conditions. Nothing for any other text.
   static std::optional<TimecodeComponents> fromTimecode(std::string_view timecode) noexcept;
 
-  /// Whether a text is a timecode: four numbers of ASCII digits, divided by ":", where ";" may stand before
-  /// the last. Each must fit 64 bits with its sign.
+  /// Whether a text is a timecode: four numbers of ASCII digits, separated by ":"; the last separator may be
+  /// ";". Each number must fit 64 bits with a sign.
   ///
-  /// `forceProperComponentLength` demands two digits or more of each number, `forceComponentBounds` at most
-  /// 60 minutes and 60 seconds; 60 itself passes, and hours and frames have no bound. Separators behind the
-  /// third are passed over and the digits behind them belong to the frames, so that "01:02:03:04:05" has 405
-  /// frames. All of this is a fixed contract with the tools.
+  /// `forceProperComponentLength` requires at least two digits per number. `forceComponentBounds` requires at
+  /// most 60 minutes and 60 seconds; 60 itself passes, and hours and frames have no bound. Separators after
+  /// the third are skipped, and the digits after them belong to the frames: "01:02:03:04:05" has 405 frames.
+  /// All of this is a fixed contract with the tools.
   ///
-  /// `componentsClosure` is called once with what was read, and only when the answer is true.
+  /// Calls `componentsClosure` once with the result, only when the answer is true.
   static bool timecodeHasProperForm(
       std::string_view timecode, bool forceProperComponentLength, bool forceComponentBounds,
       std::optional<FunctionRef<void(const TimecodeComponents&)>> componentsClosure = std::nullopt);
 
-  /// What a lenient split finds: a field that is empty or not a number of 64 bits is absent.
+  /// The result of a lenient split. A field that is empty or not a 64-bit number is absent.
   struct Decomposed {
-    /// What stands before the first separator.
+    /// The field before the first separator.
     std::optional<std::int64_t> hours;
-    /// What stands behind the first separator.
+    /// The field after the first separator.
     std::optional<std::int64_t> minutes;
-    /// What stands behind the second separator.
+    /// The field after the second separator.
     std::optional<std::int64_t> seconds;
-    /// What stands behind the third separator, later separators left out.
+    /// The field after the third separator, without later separators.
     std::optional<std::int64_t> frames;
     /// Whether the third separator is ";".
     bool isDropFrame = false;
@@ -78,21 +78,20 @@ struct QUILLONIC_EXPORT TimecodeComponents {
     friend bool operator==(const Decomposed&, const Decomposed&) = default;
   };
 
-  /// Splits any text at the first three of its separators, of which each may be ":" or ";"; later ones are
-  /// passed over. A field is decimal digits behind an optional "+" or "-", without blanks.
+  /// Splits any text at its first three separators, each ":" or ";", and skips later ones. A field is decimal
+  /// digits after an optional "+" or "-", without spaces.
   static Decomposed decomposeTimecodeString(std::string_view timecode) noexcept;
 
-  /// Makes a timecode of any text: the strict reading, or else the lenient split with zero for what is
-  /// absent.
+  /// Makes a timecode from any text: read strictly, or else split leniently with zero for absent fields.
   static TimecodeComponents sanitizedTimecode(std::string_view fromString) noexcept;
 
-  /// "HH:MM:SS:FF", or "HH:MM:SS;FF" in drop frame. Each number of 9 or less has a "0" before it, a negative
-  /// one too, so that -1 reads "0-1"; a fixed form. Larger numbers are written in full.
+  /// Formats "HH:MM:SS:FF", or "HH:MM:SS;FF" in drop frame. Each number up to 9 has a leading "0", even a
+  /// negative one, so that -1 gives "0-1": a fixed form. Larger numbers are written in full.
   std::string timecodeString() const;
 
   /// A record with "hours", "minutes", "seconds", "frames" and "isDropFrame".
   CodedValue encode() const;
-  /// Reads back what `encode` gave. Throws a `DecodingError` that names the key that is missing or mistyped.
+  /// Reads what `encode` wrote. Throws a `DecodingError` that names the missing or mistyped key.
   static TimecodeComponents from(const CodedValue& coded);
 
   friend bool operator==(const TimecodeComponents&, const TimecodeComponents&) = default;

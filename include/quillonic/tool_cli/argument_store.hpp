@@ -1,4 +1,4 @@
-/// What any record of command-line settings can do: write itself as words, as one text, and as lists.
+/// Writes any record of command-line settings as words, as one text, and as lists.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -15,30 +15,28 @@
 namespace quillonic {
 
 /// Mix-in for a record of command-line settings. A record supplies its ordered texts and its dictionary, and
-/// may change the list syntax. Writing changes nothing, also where memory runs out, which alone makes it throw.
+/// may change the list syntax. Writing changes nothing and throws only when memory runs out.
 class QUILLONIC_EXPORT CliArgumentStore {
  public:
   virtual ~CliArgumentStore();
 
-  /// The texts that `cliString` is built from, in order.
+  /// The texts of `cliString`, in order.
   virtual std::vector<std::string> orderedCLITexts() const = 0;
   /// The settings by flag; a flag without a value has the empty text.
   virtual TextDictionary argumentLookup() const = 0;
-  /// The characters that open a list; any of them is removed from the ends of a list that is read.
+  /// The characters that open a list. Reading removes any of them from both ends.
   virtual std::string_view listPrefix() const;
-  /// What stands between two values of a list that is written; any of its characters divides one that is
+  /// The text between two values of a written list. Any of its characters separates values when a list is
   /// read.
   virtual std::string_view listValueSeparator() const;
 
-  /// The ordered texts one after another with nothing between them: no blank, no quoting. This is a fixed
-  /// form, kept even though it cannot be taken apart again.
+  /// Joins the ordered texts without spaces or quotes: a fixed form, although it cannot be split again.
   virtual std::string cliString() const;
 
-  /// Every flag and its value as two words, in key order. A flag without a value is followed by an empty
-  /// word.
+  /// Every flag and its value as two words, in key order. A flag without a value has an empty word.
   virtual std::vector<std::string> commandLineArguments() const;
 
-  /// Writes several values as one: "[a b c". There is no closing mark. No values give the empty text.
+  /// Writes several values as one: "[a b c", without a closing mark. No values give the empty text.
   template <std::ranges::forward_range Values>
   requires std::convertible_to<std::ranges::range_reference_t<Values>, std::string_view> std::string
   buildCLIList(const Values& fromValues)
@@ -52,12 +50,12 @@ class QUILLONIC_EXPORT CliArgumentStore {
     return list;
   }
 
-  /// The same for values written in braces.
+  /// Writes values listed in braces.
   std::string buildCLIList(std::initializer_list<std::string_view> fromValues) const {
     return buildCLIList<std::initializer_list<std::string_view>>(fromValues);
   }
 
-  /// Calls `block` with each value of a list, in order; the views lie in `list`. Two separators in a row
+  /// Calls `block` with each value of a list, in order; the views refer to `list`. Two separators in a row
   /// enclose an empty value, and an empty text is one empty value.
   void enumerateListValues(std::string_view list, FunctionRef<void(std::string_view value)> block) const;
 

@@ -1,4 +1,4 @@
-/// The words of a command line, seen without a copy.
+/// A view of the words of a command line.
 ///
 ///     int main(int argc, char** argv) {
 ///       TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv));
@@ -17,9 +17,8 @@
 
 namespace quillonic {
 
-/// A view of an argument list: the words that follow a tool's name. The words belong to the caller and must
-/// stay for as long as the view is used; every operation of this library that takes one is done with it on
-/// return.
+/// A view of an argument list: the words after a tool's name. The words belong to the caller and must outlive
+/// the view. Operations of this library use a view only until they return.
 class ArgumentWords {
   template <class Word>
   static constexpr bool isText = std::same_as<Word, std::string> || std::same_as<Word, std::string_view> ||
@@ -30,20 +29,20 @@ class ArgumentWords {
  public:
   constexpr ArgumentWords() noexcept = default;
 
-  /// Any list of words side by side: a vector, array or span of `std::string`, `std::string_view` or NUL-ended
-  /// texts. Never name a view of a list that is itself temporary.
+  /// Any contiguous list of words: a vector, array or span of `std::string`, `std::string_view` or
+  /// NUL-terminated texts. Callers must not store a view of a temporary list.
   // NOLINTBEGIN(google-explicit-constructor): a list of words reads as itself
   template <std::ranges::contiguous_range Words>
   requires(!std::same_as<std::remove_cvref_t<Words>, ArgumentWords> && std::ranges::sized_range<Words> &&
            isText<std::ranges::range_value_t<Words>>) constexpr ArgumentWords(Words&& words) noexcept
       : words_(View<std::ranges::range_value_t<Words>>(std::ranges::data(words), std::ranges::size(words))) {}
-  /// Words written in braces where a view is an argument; they live until the call returns.
+  /// Words listed in braces as an argument; they live until the call returns.
   constexpr ArgumentWords(std::initializer_list<std::string_view> words) noexcept
       : words_(std::span<const std::string_view>(words.begin(), words.size())) {}
   // NOLINTEND(google-explicit-constructor)
 
-  /// The words behind the program's name, as `main` receives them. A null `argv` or an empty list gives no
-  /// words.
+  /// The words after the program's name, as `main` receives them. No words for a null `argv` or an empty
+  /// list.
   static constexpr ArgumentWords fromMain(int argc, const char* const* argv) noexcept {
     if (argc < 2 || !argv) return {};
     return std::span<const char* const>(argv + 1, static_cast<std::size_t>(argc) - 1);

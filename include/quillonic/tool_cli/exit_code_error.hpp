@@ -1,4 +1,4 @@
-/// The error with which a tool ends.
+/// The error that ends a tool.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -8,18 +8,19 @@
 
 namespace quillonic {
 
-/// Raised by a tool that must end with a given exit status. Which statuses there are is the tool's choice.
+/// Thrown by a tool that must end with a given exit status. Each tool defines its own statuses.
 class QUILLONIC_EXPORT CLIExitCodeError : public std::runtime_error {
  public:
-  /// `exitStatus` is kept as given; a system passes on its low eight bits only. `message` is for people.
+  /// `exitStatus` is kept as given, but the system passes on only its low eight bits. `message` is for
+  /// people.
   explicit CLIExitCodeError(int exitStatus, const std::string& message = "the tool must end");
-  /// Exceptions are copied when they are caught by value and passed between threads.
+  /// Copies status and message, for exceptions caught by value or passed between threads.
   CLIExitCodeError(const CLIExitCodeError&);
-  /// Takes over status and message of the other.
+  /// Copies status and message.
   CLIExitCodeError& operator=(const CLIExitCodeError&);
   ~CLIExitCodeError() override;
 
-  /// The status for `main` to return, as it was given.
+  /// The status to return from `main`, as given.
   int exitStatus() const noexcept { return exitStatus_; }
 
  private:

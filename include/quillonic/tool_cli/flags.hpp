@@ -1,4 +1,4 @@
-/// What flags of all tools have in common, and the flags that a parent adds to each child's command line.
+/// What the flags of all tools have in common, and the flags that a parent adds to each child's command line.
 ///
 ///     std::vector<std::string> list = settings.commandLineArguments();
 ///     list.emplace_back(cliFlag(CLICustodialFlag::parentPid));
@@ -26,7 +26,7 @@ concept CliFlag = RawHashCase<T> && requires(const T& flag) {
   { allCases<T>() } -> std::same_as<std::span<const T>>;
 };
 
-/// Every flag's text passed through the options, in case order: the `validCommandFlags` of a sanitizer.
+/// Every flag's text with the options applied, in case order: the `validCommandFlags` of a sanitizer.
 template <CliFlag Flag> std::vector<std::string> sanitizeAllCLIFlags(CLISanitizationOptions options) {
   std::vector<std::string> texts;
   for (const Flag& flag : allCases<Flag>()) texts.push_back(options.sanitize(cliFlag(flag)));

@@ -1,5 +1,5 @@
-/// The command line of the media-analysis tool: its flags, the records that a parent fills in and their
-/// words, and how the tool reads these back.
+/// The command line of the media-analysis tool: its flags, the records that a parent writes as words, and how
+/// the tool reads them.
 #pragma once
 
 #include <quillonic/tool_cli/media_analysis_arguments.hpp>

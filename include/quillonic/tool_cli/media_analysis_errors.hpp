@@ -1,4 +1,4 @@
-/// What the media-analysis tool can find wrong with its arguments.
+/// What can be wrong with the arguments of the media-analysis tool.
 ///
 ///     throw std::system_error(MediaAnalysisCLIError::workDirectoryNotSupplied);
 #pragma once
@@ -24,7 +24,7 @@ enum class MediaAnalysisCLIError : std::uint8_t {
   workDirectoryDoesNotExist,
   /// The list has no file for the results.
   resultsFilePathNotSupplied,
-  /// The file for the results exists, and the tool does not replace it.
+  /// The file for the results exists, and the tool does not overwrite it.
   resultsFileAlreadyExists,
   /// The file for the results cannot be created.
   resultsFilePathNotCreated,
@@ -54,10 +54,10 @@ template <> struct CaseTable<MediaAnalysisCLIImageError> {
   });
 };
 
-/// The error as a code of its own category. The message is the name of the case; the tool has the texts for
+/// The error as a code of its own category. The message is the name of the case; the tool has texts for
 /// people.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIError error) noexcept;
-/// The error of an image analysis as a code of a second category.
+/// The image-analysis error as a code of a second category.
 QUILLONIC_EXPORT std::error_code make_error_code(MediaAnalysisCLIImageError error) noexcept;
 
 }  // namespace quillonic

@@ -20,7 +20,7 @@ namespace quillonic {
 
 /// The flags of any analysis.
 enum class MediaAnalysisCLIFlag : std::uint8_t {
-  /// A media file or folder to analyse; the flag is repeated for each.
+  /// A media file or folder to analyse; repeated for each.
   pathToAnalyze,
   /// The parent's own name for this analysis.
   analysisId,
@@ -28,7 +28,7 @@ enum class MediaAnalysisCLIFlag : std::uint8_t {
   workDirectory,
   /// The file that receives the results.
   resultsFilePath,
-  /// A switch that asks for the slower, deeper analysis.
+  /// Switch: requests the slower, deeper analysis.
   deepAnalysis,
 };
 
@@ -47,15 +47,15 @@ static_assert(CliFlag<MediaAnalysisCLIFlag> && CodableRawHashCase<MediaAnalysisC
 
 /// The flags of an image analysis, which takes still frames. The tool defines the units of the numbers.
 enum class MediaAnalysisImageCLIFlags : std::uint8_t {
-  /// How much the written images are compressed.
+  /// The compression of the written images.
   compressionFactor,
-  /// The position of a still frame; the flag is repeated for each.
+  /// The position of a still frame; repeated for each.
   snapshotLocation,
   /// The largest width of a still frame.
   maxImageWidth,
   /// The height of a still frame.
   imageHeight,
-  /// A switch that permits the file manager's own preview images as a source.
+  /// Switch: allows the file manager's own preview images as a source.
   allowFinderImages,
 };
 
@@ -72,7 +72,7 @@ template <> struct CaseTable<MediaAnalysisImageCLIFlags> {
 
 static_assert(CliFlag<MediaAnalysisImageCLIFlags> && CodableRawHashCase<MediaAnalysisImageCLIFlags>);
 
-/// The flag in lower case, as a sanitizer reports it.
+/// The lower-cased flag, as a sanitizer reports it.
 inline std::string sanitizedFlag(MediaAnalysisImageCLIFlags flag) {
   return CLISanitizationOptions::lowercase.sanitize(cliFlag(flag));
 }
@@ -83,7 +83,7 @@ template <CliFlag Flag> std::vector<std::string> sanitizeAll(CLISanitizationOpti
 }
 
 /// All locations as one text, each after its flag and a space: "-snapshotLocation 0.25-snapshotLocation 0.5".
-/// The missing space between two of them is a fixed contract. Numbers are their shortest decimals without an
+/// The missing space between them is a fixed contract. Numbers are their shortest decimals without an
 /// exponent; no locations give the empty text.
 QUILLONIC_EXPORT std::string snapShotLocationsCLIValue(std::span<const float> locations);
 

@@ -6,9 +6,9 @@
 ///     std::vector<std::string> words = basic.orderedCLITexts();
 ///     std::ranges::copy(custodial.orderedCLITexts(), std::back_inserter(words));   // the child's arguments
 ///
-/// The words of several records follow one another in any order; `MediaAnalysisCLIArguments` reads them back.
-/// It takes a value that begins with "-" for a flag, and the value is lost: write a path as an absolute one.
-/// A number below 0 is lost too.
+/// The words of several records may come in any order; `MediaAnalysisCLIArguments` reads them. It takes a
+/// value with a leading "-" for a flag, so the value is lost: write absolute paths. Negative numbers are lost
+/// too.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -23,25 +23,25 @@
 
 namespace quillonic {
 
-/// Base of the records: writes one as words and as a dictionary, both from one list of its flags.
+/// Base of the records: writes words and a dictionary from one list of flags.
 class QUILLONIC_EXPORT MediaAnalysisCLIRecord : public CliArgumentStore {
  public:
-  /// The child's argument list in its fixed order: each flag before its value, a flag with several values
-  /// before each of them, a switch that is on alone. Numbers are their shortest decimals without an exponent
-  /// ("1920.0"). `cliString` runs these words together.
+  /// The child's argument list in a fixed order: each flag before its value, a flag with several values
+  /// before each of them, a switch alone if it is on. Numbers are their shortest decimals without an exponent
+  /// ("1920.0"). `cliString` joins these words.
   std::vector<std::string> orderedCLITexts() const final;
 
-  /// The same flags with their values, to look at: start a tool with `orderedCLITexts`. A flag that can have
-  /// several values holds them as one list, "[a b" or "[a", so a space within a path divides it; without
-  /// values it has no entry. A switch that is on has the empty text.
+  /// The flags and their values, for inspection: start a tool with `orderedCLITexts`. A flag that allows
+  /// several values has them as one list, "[a b" or "[a", in which a space within a path separates too;
+  /// without values it has no entry. A switch that is on has the empty text.
   TextDictionary argumentLookup() const final;
 
  protected:
-  /// A flag that the record writes, with its values as texts.
+  /// A flag that the record writes, and its values as texts.
   struct FlagEntry {
     /// The flag with its hyphen, a literal.
     std::string_view flag;
-    /// None for a switch that is on, and for a list without values, which is not written at all.
+    /// Empty for a switch that is on, and for a list without values, which is not written.
     std::vector<std::string> values;
     /// Whether the flag is repeated for each value.
     bool isList = false;
@@ -52,7 +52,7 @@ class QUILLONIC_EXPORT MediaAnalysisCLIRecord : public CliArgumentStore {
 };
 
 /// What any analysis needs: "-pathToAnalyze" for each path, "-workDirectory", "-resultsFilePath",
-/// "-analysisId" when present, "-deepAnalysis" when on. Empty texts are values like any other.
+/// "-analysisId" if present, "-deepAnalysis" if on. Empty texts are ordinary values.
 struct QUILLONIC_EXPORT BasicMediaAnalysisCLIOptions final : MediaAnalysisCLIRecord {
   /// Media files or folders, in the caller's order.
   std::vector<std::string> pathsToAnalyze;
@@ -62,7 +62,7 @@ struct QUILLONIC_EXPORT BasicMediaAnalysisCLIOptions final : MediaAnalysisCLIRec
   std::string resultsFilePath;
   /// The parent's own name for this analysis.
   std::optional<std::string> analysisId;
-  /// Asks for the slower, deeper analysis.
+  /// Requests the slower, deeper analysis.
   bool deepAnalysis = false;
 
   /// Compares field by field.
@@ -73,8 +73,8 @@ struct QUILLONIC_EXPORT BasicMediaAnalysisCLIOptions final : MediaAnalysisCLIRec
 };
 
 /// What an image analysis needs in addition: "-snapshotLocation" for each location, "-maxImageWidth",
-/// "-imageHeight" and "-compressionFactor" when present, "-allowFinderImages" when on. The tool defines the
-/// units of the numbers.
+/// "-imageHeight" and "-compressionFactor" if present, "-allowFinderImages" if on. The tool defines the units
+/// of the numbers.
 struct QUILLONIC_EXPORT DistributedMediaAnalysisImageOptions final : MediaAnalysisCLIRecord {
   /// The positions of the still frames, in the caller's order.
   std::vector<float> snapshotLocations;
@@ -82,19 +82,19 @@ struct QUILLONIC_EXPORT DistributedMediaAnalysisImageOptions final : MediaAnalys
   float maxImageWidth = 0;
   /// The height of a still frame; absent when only the width limits it.
   std::optional<float> imageHeight;
-  /// How much the written images are compressed; absent leaves it to the tool.
+  /// The compression of the written images; absent lets the tool choose.
   std::optional<float> compressionFactor;
-  /// Permits the file manager's own preview images as a source.
+  /// Allows the file manager's own preview images as a source.
   bool allowFinderImages = false;
 
-  /// Compares field by field; a record that holds NaN equals nothing.
+  /// Compares field by field; a record with NaN equals nothing.
   bool operator==(const DistributedMediaAnalysisImageOptions& other) const;
 
  private:
   std::vector<FlagEntry> flagEntries() const override;
 };
 
-/// The process that started the tool: "-parentPid", then "-parentAppNumber" when present.
+/// The process that starts the tool: "-parentPid", then "-parentAppNumber" if present.
 struct QUILLONIC_EXPORT MediaAnalysisCLICustodialOptions final : MediaAnalysisCLIRecord {
   /// The process identifier of the parent application.
   std::int32_t parentProcessId = 0;
@@ -108,7 +108,7 @@ struct QUILLONIC_EXPORT MediaAnalysisCLICustodialOptions final : MediaAnalysisCL
   std::vector<FlagEntry> flagEntries() const override;
 };
 
-/// Makes the records. Every argument is kept as given.
+/// Makes the records, with every argument kept as given.
 class QUILLONIC_EXPORT MediaAnalysisCLIArgumentFactory {
  public:
   /// What any analysis needs; the paths need not exist.
@@ -118,18 +118,18 @@ class QUILLONIC_EXPORT MediaAnalysisCLIArgumentFactory {
                                                         std::optional<std::string> analysisId,
                                                         bool deepAnalysis);
 
-  /// Still frames of a largest width; the height is absent.
+  /// Still frames with a largest width; the height is absent.
   static DistributedMediaAnalysisImageOptions buildImageOptions(std::vector<float> snapshotLocations,
                                                                 float maxImageWidth,
                                                                 std::optional<float> compressionFactor,
                                                                 bool allowFinderImages);
-  /// Still frames of a width and a height. The width is the record's `maxImageWidth`, under the same flag.
+  /// Still frames with a width, stored as `maxImageWidth` under the same flag, and a height.
   static DistributedMediaAnalysisImageOptions buildImageOptions(std::vector<float> snapshotLocations,
                                                                 float imageWidth, float imageHeight,
                                                                 std::optional<float> compressionFactor,
                                                                 bool allowFinderImages);
 
-  /// The parent's part without its application number, which is the record's `parentAppNumber`.
+  /// The parent's record without its application number; set `parentAppNumber` separately.
   static MediaAnalysisCLICustodialOptions custodialOptions(std::int32_t forParentProcessId);
 };
 

@@ -1,4 +1,4 @@
-/// How flag texts and values are normalised before they are compared.
+/// How flags and values are normalised before they are compared.
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -10,17 +10,17 @@
 
 namespace quillonic {
 
-/// A set of normalisations. The empty set leaves a text as it is.
+/// A set of normalisations. The empty set leaves a text unchanged.
 class QUILLONIC_EXPORT CLISanitizationOptions : public OptionSet<CLISanitizationOptions, std::int64_t> {
  public:
   using OptionSet::OptionSet;
 
-  /// Lower-cases by Unicode's simple mapping, whatever the locale. Bytes that are not UTF-8 stay.
+  /// Lower-cases by Unicode's simple mapping, in every locale. Keeps bytes that are not UTF-8.
   QUILLONIC_HIDDEN static const CLISanitizationOptions lowercase;
-  /// Removes Unicode white space and line breaks from both ends.
+  /// Removes leading and trailing Unicode white space and line breaks.
   QUILLONIC_HIDDEN static const CLISanitizationOptions trimWhiteSpace;
 
-  /// The text with the options applied, lower-casing before trimming.
+  /// Applies the options to the text, lower-casing before trimming.
   std::string sanitize(std::string_view text) const;
 };
 

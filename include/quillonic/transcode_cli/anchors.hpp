@@ -1,5 +1,4 @@
-/// The anchors of a crop, a burnt-in timecode and an image watermark: one type each, told apart by their
-/// flag.
+/// The anchors of a crop, a burnt-in timecode and an image watermark: one type for each flag.
 ///
 ///     auto anchor = WatermarkBurnAnchor::fromRawValue("c");      // nothing for a text that is no anchor
 ///     anchor->cliFlag();                                         // "-wmf_anchor"
@@ -15,7 +14,7 @@
 
 namespace quillonic {
 
-/// An overlay anchor that belongs to one flag.
+/// An overlay anchor of one flag.
 template <class T>
 concept TranscodeAnchor = CLIArgumentOption<T> && requires(T& value) {
   { value.anchorArgument } -> std::same_as<VAVTranscodeArgumentOverlayAnchorValue&>;
@@ -24,18 +23,18 @@ concept TranscodeAnchor = CLIArgumentOption<T> && requires(T& value) {
 /// An anchor of one flag.
 template <const auto& flag> class OverlayAnchor : public ValueOfFlag<flag> {
  public:
-  /// Takes any anchor value, listed or not.
+  /// Takes any anchor value, listed or unlisted.
   // NOLINTNEXTLINE(google-explicit-constructor): an anchor is the place it names
   constexpr OverlayAnchor(VAVTranscodeArgumentOverlayAnchorValue anchor) noexcept
       : anchorArgument(std::move(anchor)) {}
 
-  /// The anchor with exactly this text; nothing for a text that is not one of the nine.
+  /// The anchor with exactly this text; nothing for any text other than the nine.
   static constexpr std::optional<OverlayAnchor> fromRawValue(std::string_view text) {
     const auto anchor = VAVTranscodeArgumentOverlayAnchorValue::fromStringValue(text);
     return anchor ? std::optional<OverlayAnchor>(*anchor) : std::nullopt;
   }
 
-  /// The text of the anchor, valid until the anchor changes.
+  /// The anchor's text, valid until the anchor changes.
   constexpr std::string_view rawValue() const noexcept { return anchorArgument.rawValue(); }
 
   friend constexpr std::string_view rawValue(const OverlayAnchor& anchor) noexcept {

@@ -1,4 +1,4 @@
-/// Several detail records that are applied to a model together.
+/// Several detail records, applied to a model together.
 ///
 ///     TranscodeDetailModifier review{{video, timecode, watermark}};
 ///     for (auto& settings : queue) review.apply(*settings);
@@ -18,12 +18,12 @@ using TranscodeDetail = std::variant<TranscodeVideoDetail, TranscodeAudioDetail,
                                      TranscodeWatermarkDetail, TranscodeWatermarkImageFileDetail,
                                      TranscodeWatermarkTextDetail, TranscodeInputFileGroup>;
 
-/// A change of several details, which can be kept and applied to any number of models.
+/// A change of several details, which can be stored and applied to any number of models.
 struct QUILLONIC_EXPORT TranscodeDetailModifier {
-  /// The records in the order in which they are applied. Where two speak of one option the later one wins.
+  /// The records in order of application. A later one overrides an earlier one.
   std::vector<TranscodeDetail> details;
 
-  /// Calls `update` of the model with each record. Where memory runs out, what was applied so far stays.
+  /// Calls the model's `update` with each record. When memory runs out, earlier changes stay.
   void apply(TranscodeCliArguments& arguments) const;
 
   friend bool operator==(const TranscodeDetailModifier&, const TranscodeDetailModifier&) = default;

@@ -1,5 +1,4 @@
-/// The detail records that are made of others or of more than flags; the plain ones stand in
-/// details_table.hpp.
+/// The detail records made of other records or of more than flags; the plain ones are in details_table.hpp.
 #pragma once
 
 #include <quillonic/support/coding.hpp>
@@ -34,7 +33,7 @@ template <> struct FieldTable<TranscodeWatermarkDetail> {
 struct TranscodeInputFileGroup {
   /// The number of the group.
   std::int64_t group = 0;
-  /// The files in the order of their positions.
+  /// The files in order of their positions.
   std::vector<std::string> files;
 
   friend bool operator==(const TranscodeInputFileGroup&, const TranscodeInputFileGroup&) = default;

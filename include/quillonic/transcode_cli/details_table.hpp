@@ -29,11 +29,11 @@ struct TranscodeVideoDetail {
   std::optional<double> videoFrameRate{};
   /// The frame size in pixels, as in "960x540".
   std::optional<FrameSize> videoDimensions{};
-  /// How a picture of another aspect ratio is fitted.
+  /// How to fit a picture of another aspect ratio.
   std::optional<VAVTranscodeArgumentAspectRatioValue> videoAspectScaling{};
   /// The part of the picture that a crop keeps.
   std::optional<VideoCropAnchor> videoAspectCropAnchor{};
-  /// The video's bit rate in megabits per second, as the cloud preset's 3 is.
+  /// The video's bit rate in megabits per second; the cloud preset has 3.
   std::optional<double> videoBitRate{};
   /// Bits per colour component.
   std::optional<std::int64_t> videoBitDepth{};
@@ -79,7 +79,7 @@ struct TranscodeAudioDetail {
   bool noAudio = false;
   /// Copies the source's audio.
   bool copyAudio = false;
-  /// The audio tracks to leave out, each under a flag that begins so, as in "-ac_omit_0".
+  /// The audio tracks to leave out, each in a flag with this prefix, such as "-ac_omit_0".
   std::vector<std::int64_t> ignoredAudioTracks{};
   /// Writes discrete channels.
   bool discreteAudio = false;
@@ -163,7 +163,7 @@ struct TranscodeWatermarkImageFileDetail {
   std::optional<WatermarkBurnAnchor> watermarkFileBurnAnchor{};
   /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract.
   std::optional<std::filesystem::path> watermarkFileBurnFilePath{};
-  /// What both sides of the image are multiplied by.
+  /// The factor for both sides of the image.
   std::optional<double> watermarkFileBurnScale{};
 
   friend bool operator==(const TranscodeWatermarkImageFileDetail&, const TranscodeWatermarkImageFileDetail&) = default;

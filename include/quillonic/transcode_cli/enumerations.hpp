@@ -17,7 +17,7 @@
 
 namespace quillonic {
 
-/// A fixed value of some flag: `cliFlag` is the text of that flag, not the value's own text.
+/// A fixed value of some flag: `cliFlag` is the flag's text, not the value's.
 template <class T>
 concept CLIArgumentOption = !CliFlag<T> && requires(const T& value) {
   { cliFlag(value) } -> std::convertible_to<std::string_view>;
@@ -53,7 +53,7 @@ concept WatermarkFileCLIArgumentOption = CLIArgumentOption<T> && requires(const 
   { tcFlag(value) } -> std::convertible_to<VAVTranscodeWatermarkFileArgumentFlag>;
 };
 
-/// Base of the values of one flag: each tells that flag, under the name for the flag's family.
+/// Base of the values of one flag: names the flag, through the member for its family.
 template <const auto& flag> class ValueOfFlag {
   template <class... Flags> static constexpr bool isA = (std::same_as<decltype(flag), const Flags&> || ...);
 
@@ -116,9 +116,9 @@ class VAVTranscodeArgumentFileFormatValue : public TextBacked<VAVTranscodeArgume
  public:
   using TextBacked::TextBacked;
 
-  /// The extensions of files in the format, the preferred one first; none for an unlisted text.
+  /// The extensions of files in the format, the preferred one first; none for an unlisted format.
   QUILLONIC_EXPORT std::span<const FileExtension> validExtensions() const noexcept;
-  /// The first of `validExtensions`; nothing when there are none.
+  /// The first of `validExtensions`; nothing when there is none.
   QUILLONIC_EXPORT std::optional<FileExtension> preferredFileExtension() const noexcept;
 };
 
@@ -133,24 +133,24 @@ class VAVTranscodeArgumentVideoCodecValue : public TextBacked<VAVTranscodeArgume
   /// group.
   QUILLONIC_EXPORT std::span<const FileExtension> permittedExtensions() const;
 
-  /// The codecs of the DNx family: "dnxhd" until a host sets others for the whole process. This group and the
-  /// two below can be set while other threads read them; a list that was read does not change.
+  /// The DNx codecs: "dnxhd" until a host sets others for the whole process. Setting this group and the two
+  /// below is safe while other threads read them; returned lists do not change.
   QUILLONIC_EXPORT static std::vector<VAVTranscodeArgumentVideoCodecValue> allAvidDNxFormats();
   QUILLONIC_EXPORT static void setAllAvidDNxFormats(std::vector<VAVTranscodeArgumentVideoCodecValue> formats);
-  /// The codecs for playing in a browser: "h264", "h265" and "mjpeg" until a host sets others.
+  /// The codecs for playback in a browser: "h264", "h265" and "mjpeg" until a host sets others.
   QUILLONIC_EXPORT static std::vector<VAVTranscodeArgumentVideoCodecValue> allWebFormats();
   QUILLONIC_EXPORT static void setAllWebFormats(std::vector<VAVTranscodeArgumentVideoCodecValue> formats);
-  /// The codecs of the ProRes family: the six listed ones until a host sets others.
+  /// The ProRes codecs: the six listed ones until a host sets others.
   QUILLONIC_EXPORT static std::vector<VAVTranscodeArgumentVideoCodecValue> allProResFormats();
   QUILLONIC_EXPORT static void setAllProResFormats(std::vector<VAVTranscodeArgumentVideoCodecValue> formats);
 };
 
-/// Places in the frame. They belong to several flags, so they have no flag of their own.
+/// Places in the frame. Several flags take them, so they have no flag of their own.
 class VAVTranscodeArgumentOverlayAnchorValue : public TextBacked<VAVTranscodeArgumentOverlayAnchorValue> {
  public:
   using TextBacked::TextBacked;
 
-  /// The value's own text: the anchor types carry the flag.
+  /// The value's own text; the anchor types have the flag.
   constexpr std::string_view cliFlag() const noexcept { return rawValue(); }
 };
 
@@ -160,7 +160,7 @@ class VAVTranscodeArgumentColorSpaceValue : public TextBacked<VAVTranscodeArgume
  public:
   using TextBacked::TextBacked;
 
-  /// The value for a stored colour space; nothing for a space that the transcoder cannot be asked for.
+  /// The value for a stored colour space; nothing for a space that the transcoder does not offer.
   QUILLONIC_EXPORT static std::optional<VAVTranscodeArgumentColorSpaceValue> fromColorSpace(
       Cloud_ConversionOptions::VideoTranscodeOptions::ColorSpace colorSpace);
 };

@@ -1,4 +1,4 @@
-/// The types of the transcoder's flags, and what each flag tells of itself. The flags are constants in
+/// The types of the transcoder's flags, and the properties of each flag. The flags are constants in
 /// flags_table.hpp; vocabulary.hpp includes both.
 ///
 ///     static_assert(VAVVideoFormatFlag.valueKind() == FlagValueKind::listed);
@@ -16,7 +16,7 @@
 
 namespace quillonic {
 
-/// What follows a flag on the command line; its raw value is a short English name for printed help.
+/// What follows a flag on the command line. The raw value is a short English name for help texts.
 enum class FlagValueKind : std::uint8_t {
   /// Nothing: the flag is a switch.
   none,
@@ -80,20 +80,20 @@ template <TranscodeFlagFamily family> class TranscodeFlag : public TextBacked<Tr
  public:
   using TextBacked<TranscodeFlag>::TextBacked;
 
-  /// The flag as written on a command line: its own text.
+  /// The flag as written on a command line, which is its text.
   constexpr std::string_view cliFlag() const noexcept { return this->rawValue(); }
 
-  /// What follows the flag. A wrapped text without a constant takes a text, but no command takes anything.
+  /// What follows the flag: nothing for any command, a text for any other flag without a constant.
   constexpr FlagValueKind valueKind() const noexcept {
     if constexpr (family == TranscodeFlagFamily::command) return FlagValueKind::none;
     const auto* row = this->row();
     return row ? row->valueKind : FlagValueKind::text;
   }
 
-  /// Whether a value follows the flag: every kind but `none`.
+  /// Whether a value follows the flag: true for every kind but `none`.
   constexpr bool acceptsArguments() const noexcept { return valueKind() != FlagValueKind::none; }
 
-  /// An English sentence for help texts; empty for a wrapped text without a constant.
+  /// An English sentence for help texts; empty for a text without a constant.
   constexpr std::string_view meaning() const noexcept {
     const auto* row = this->row();
     return row ? row->meaning : std::string_view{};
@@ -110,7 +110,7 @@ template <TranscodeFlagFamily family> class TranscodeFlag : public TextBacked<Tr
   }
 };
 
-/// Stand-alone commands: each prints something and the tool ends.
+/// Stand-alone commands: each prints something and ends the tool.
 using VAVTranscodeCliCommand = TranscodeFlag<TranscodeFlagFamily::command>;
 /// General flags: files, file format, preset.
 using VAVTranscodeArgumentFlag = TranscodeFlag<TranscodeFlagFamily::general>;

@@ -1,4 +1,4 @@
-/// The transcoder's flags as constants, the ordered list of each family, and what each flag takes and does.
+/// The transcoder's flags as constants, the ordered list of each family, and what each takes and means.
 /// Made by scripts/generate-vocabulary from src/transcode_cli/vocabulary.txt; change that file, not this one.
 #pragma once
 
@@ -22,7 +22,7 @@ inline constexpr VAVTranscodeCliCommand VAVCliVersionFlag{"-version"};
 inline constexpr VAVTranscodeCliCommand VAVCliAcknowledgementFlag{"-acknowledge"};
 /// Prints the presets.
 inline constexpr VAVTranscodeCliCommand VAVCliPresetsFlag{"-presets"};
-/// Prints the ways of fitting a picture into a frame.
+/// Prints the ways to fit a picture into a frame.
 inline constexpr VAVTranscodeCliCommand VAVCliAspectRatioScalingsFlag{"-aspect_scalings"};
 /// Prints the anchors for cropping.
 inline constexpr VAVTranscodeCliCommand VAVCliCropAnchorsFlag{"-crop_anchors"};
@@ -61,7 +61,7 @@ struct CaseTable<VAVTranscodeCliCommand> {
       {"-version", FlagValueKind::none, "Prints the tool's version."},
       {"-acknowledge", FlagValueKind::none, "Prints acknowledgements."},
       {"-presets", FlagValueKind::none, "Prints the presets."},
-      {"-aspect_scalings", FlagValueKind::none, "Prints the ways of fitting a picture into a frame."},
+      {"-aspect_scalings", FlagValueKind::none, "Prints the ways to fit a picture into a frame."},
       {"-crop_anchors", FlagValueKind::none, "Prints the anchors for cropping."},
       {"-color_spaces", FlagValueKind::none, "Prints the colour spaces."},
       {"-audio_channel_layouts", FlagValueKind::none, "Prints the channel layouts."},
@@ -77,7 +77,7 @@ inline constexpr VAVTranscodeArgumentFlag VAVInputPrefixFlag{"-in"};
 inline constexpr VAVTranscodeArgumentFlag VAVOutputFileFlag{"-out"};
 /// The file that receives the progress. Takes a path.
 inline constexpr VAVTranscodeArgumentFlag VAVProgressFileFlag{"-progress_file"};
-/// A text put before each progress line. Takes a text.
+/// A prefix for each progress line. Takes a text.
 inline constexpr VAVTranscodeArgumentFlag VAVProgressOutputPrefixFlag{"-progress_prefix"};
 /// Replaces an existing output file.
 inline constexpr VAVTranscodeArgumentFlag VAVOverwriteExistingFlag{"-overwrite"};
@@ -85,7 +85,7 @@ inline constexpr VAVTranscodeArgumentFlag VAVOverwriteExistingFlag{"-overwrite"}
 inline constexpr VAVTranscodeArgumentFlag VAVFileFormatFlag{"-file_format"};
 /// The file of a colour look-up table. Takes a path.
 inline constexpr VAVTranscodeArgumentFlag VAVColorLutFileFlag{"-clut"};
-/// Lays the output out for playing over a network.
+/// Arranges the output for playback over a network.
 inline constexpr VAVTranscodeArgumentFlag VAVPrepareForWebFlag{"-web"};
 /// A preset built into the tool. Takes a `VAVTranscodePresetValue`.
 inline constexpr VAVTranscodeArgumentFlag VAVPresetFlag{"-preset"};
@@ -112,11 +112,11 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
        "An input file; also the prefix of the numbered input files, as in \"-in_0_0\"."},
       {"-out", FlagValueKind::path, "The output file."},
       {"-progress_file", FlagValueKind::path, "The file that receives the progress."},
-      {"-progress_prefix", FlagValueKind::text, "A text put before each progress line."},
+      {"-progress_prefix", FlagValueKind::text, "A prefix for each progress line."},
       {"-overwrite", FlagValueKind::none, "Replaces an existing output file."},
       {"-file_format", FlagValueKind::listed, "The container format."},
       {"-clut", FlagValueKind::path, "The file of a colour look-up table."},
-      {"-web", FlagValueKind::none, "Lays the output out for playing over a network."},
+      {"-web", FlagValueKind::none, "Arranges the output for playback over a network."},
       {"-preset", FlagValueKind::listed, "A preset built into the tool."},
       {"-work_dir", FlagValueKind::path, "The folder for temporary files."},
   }};
@@ -130,11 +130,11 @@ inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoFormatFlag{"-vcodec"};
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoFrameRateFlag{"-vr"};
 /// The frame size in pixels, as in "960x540". Takes a frame size.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoDimensionsFlag{"-dims"};
-/// How a picture of another aspect ratio is fitted. Takes a `VAVTranscodeArgumentAspectRatioValue`.
+/// How to fit a picture of another aspect ratio. Takes a `VAVTranscodeArgumentAspectRatioValue`.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectScalingFlag{"-aspect_scaling"};
 /// The part of the picture that a crop keeps. Takes a `VideoCropAnchor`.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectCropAnchorFlag{"-crop_anchor"};
-/// The video's bit rate in megabits per second, as the cloud preset's 3 is. Takes a decimal number.
+/// The video's bit rate in megabits per second; the cloud preset has 3. Takes a decimal number.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitRateFlag{"-vbr"};
 /// Bits per colour component. Takes an integer.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitDepthFlag{"-vbd"};
@@ -175,10 +175,10 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
       {"-vcodec", FlagValueKind::listed, "The video codec."},
       {"-vr", FlagValueKind::decimal, "Frames per second."},
       {"-dims", FlagValueKind::size, "The frame size in pixels, as in \"960x540\"."},
-      {"-aspect_scaling", FlagValueKind::listed, "How a picture of another aspect ratio is fitted."},
+      {"-aspect_scaling", FlagValueKind::listed, "How to fit a picture of another aspect ratio."},
       {"-crop_anchor", FlagValueKind::listed, "The part of the picture that a crop keeps."},
       {"-vbr", FlagValueKind::decimal,
-       "The video's bit rate in megabits per second, as the cloud preset's 3 is."},
+       "The video's bit rate in megabits per second; the cloud preset has 3."},
       {"-vbd", FlagValueKind::integer, "Bits per colour component."},
       {"-c_space", FlagValueKind::listed, "The colour space."},
       {"-key_frames", FlagValueKind::integer, "Frames from one key frame to the next."},
@@ -193,7 +193,7 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
 inline constexpr VAVTranscodeAudioArgumentFlag VAVNoAudioFlag{"-an"};
 /// Copies the source's audio.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVCopyAudioFlag{"-acopy"};
-/// The audio tracks to leave out, each under a flag that begins so, as in "-ac_omit_0". Takes an integer.
+/// The audio tracks to leave out, each in a flag with this prefix, such as "-ac_omit_0". Takes an integer.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioIgnoreTracksPrefixFlag{"-ac_omit"};
 /// Writes discrete channels.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVDiscreteAudioFlag{"-adiscrete"};
@@ -226,7 +226,7 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
       {"-an", FlagValueKind::none, "Leaves the audio out."},
       {"-acopy", FlagValueKind::none, "Copies the source's audio."},
       {"-ac_omit", FlagValueKind::integer,
-       "The audio tracks to leave out, each under a flag that begins so, as in \"-ac_omit_0\"."},
+       "The audio tracks to leave out, each in a flag with this prefix, such as \"-ac_omit_0\"."},
       {"-adiscrete", FlagValueKind::none, "Writes discrete channels."},
       {"-acodec", FlagValueKind::listed, "The audio codec."},
       {"-abpc", FlagValueKind::integer, "Bits per sample of each channel."},
@@ -298,7 +298,7 @@ inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnAncho
 /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract. Takes a
 /// path.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnFilePathFlag{"-wmf_path"};
-/// What both sides of the image are multiplied by. Takes a decimal number.
+/// The factor for both sides of the image. Takes a decimal number.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnScaleFlag{"-wmf_scale"};
 
 /// The listed cases of `VAVTranscodeWatermarkFileArgumentFlag`.
@@ -313,7 +313,7 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
       {"-wmf_anchor", FlagValueKind::listed, "Where the image is placed."},
       {"-wmf_path", FlagValueKind::path,
        "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
-      {"-wmf_scale", FlagValueKind::decimal, "What both sides of the image are multiplied by."},
+      {"-wmf_scale", FlagValueKind::decimal, "The factor for both sides of the image."},
   }};
 };
 
@@ -357,7 +357,7 @@ inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookColorSpacePrimaryFl
 inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookColorSpaceWhitePointFlag{"-arri_wp"};
 /// The transfer curve. Takes one of `VAVArriCurves`.
 inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookColorSpaceCurveFlag{"-arri_curve"};
-/// What happens to an invalid look. Takes one of `VAVArriLookResolutions`.
+/// What to do with an invalid look. Takes one of `VAVArriLookResolutions`.
 inline constexpr VAVTranscodeArriLookArgumentFlag VAVArriLookInvalidLookResolutionFlag{"-arri_inv_res"};
 
 /// The listed cases of `VAVTranscodeArriLookArgumentFlag`.
@@ -373,13 +373,13 @@ struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
       {"-arri_cs", FlagValueKind::text, "The colour primaries."},
       {"-arri_wp", FlagValueKind::text, "The white point."},
       {"-arri_curve", FlagValueKind::text, "The transfer curve."},
-      {"-arri_inv_res", FlagValueKind::text, "What happens to an invalid look."},
+      {"-arri_inv_res", FlagValueKind::text, "What to do with an invalid look."},
   }};
 };
 
 namespace detail {
 
-// The texts of all listed flags, family after family.
+// The texts of all listed flags, by family.
 inline constexpr std::array<std::string_view, 68> knownCommandFlags{
     std::string_view("-h"),
     std::string_view("-codecs"),
@@ -451,7 +451,7 @@ inline constexpr std::array<std::string_view, 68> knownCommandFlags{
     std::string_view("-arri_inv_res"),
 };
 
-// The flags whose value is a path and keeps its letters' case.
+// The flags whose value is a path and keeps its letter case.
 inline constexpr std::array<std::string_view, 5> pathFlags{
     std::string_view("-in"),
     std::string_view("-out"),

@@ -1,4 +1,4 @@
-/// The size of a frame.
+/// Frame sizes.
 #pragma once
 
 #include <quillonic/support/coding.hpp>
@@ -8,7 +8,7 @@
 
 namespace quillonic {
 
-/// A width and a height in pixels, "960x540" on a command line.
+/// A width and a height in pixels, written "960x540" on a command line.
 struct FrameSize {
   /// Pixels; a negative number cannot be written.
   std::int64_t width = 0;

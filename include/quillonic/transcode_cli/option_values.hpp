@@ -11,26 +11,26 @@
 
 namespace quillonic {
 
-/// The values under a model's flags, as the typed options see them.
+/// The values of a model's flags, as seen by the typed options.
 ///
-/// A switch is on when its flag is there, whatever stands behind it. Every other option is absent when its
-/// flag is not there, or when the value does not read as what the option is. Setting no value removes the
-/// flag, and so does switching a switch off.
+/// A switch is on when its flag is present, whatever the value. Any other option is absent when its flag is
+/// missing or its value cannot be read as the option's type. Setting no value, or turning a switch off,
+/// removes the flag.
 ///
-/// - Numbers are zero or more and finite. The whole value has to read once it is trimmed of white space, in
-///   every locale alike and without a "+". They are written as the shortest decimal that reads back, a
-///   decimal number with at least one digit after its point. What is only read keeps its text: "24" stays
-///   "24". A word that begins with "-" would be the next flag, so a negative number cannot travel on a
-///   command line: setting one, or one that is not finite, removes the flag and logs a warning.
-/// - A frame size is two integers of that kind around an "x".
-/// - Fixed values and anchors are read without regard to case, because parsing lower-cases values. Only the
-///   listed ones are read; any can be set, and is stored as it is.
-/// - Texts and paths are read and stored as they are, neither trimmed nor lower-cased.
-/// - A colour is three decimal numbers divided by commas, 255 being full. It reads as an opaque RGB colour.
-///   Components are truncated toward zero when they are written. One below 1 is a fraction of 255, and an RGB
-///   colour's component of 1 or more is taken to be out of 255 already, so that the RGB colour 1, 1, 1 is
-///   written "1,1,1": a fixed contract. Those of greys and inks are fractions always. A colour without an RGB
-///   form, or with a component that no 64-bit integer holds, removes the flag and logs a warning.
+/// - Numbers are finite and not negative. The whole value, trimmed of white space, must be a number, in every
+/// locale alike and without a "+". A number is written as the shortest decimal that reads back, a decimal one
+/// with at least one digit after the point. Reading alone changes no text: "24" stays "24". A word with a
+/// leading "-" would be the next flag, so setting a negative or non-finite number removes the flag and logs a
+/// warning.
+/// - A frame size is two such integers separated by an "x".
+/// - Fixed values and anchors are read ignoring case, because parsing lower-cases values. Only listed values
+/// are read; any value can be set and is stored unchanged.
+/// - Texts and paths are read and stored unchanged, neither trimmed nor lower-cased.
+/// - A colour is three decimal numbers separated by commas; 255 is full. It reads as an opaque RGB colour.
+/// Written components are truncated toward zero. A component below 1 is a fraction of 255; an RGB component
+/// of 1 or more counts as a value out of 255, so that the RGB colour 1, 1, 1 is written "1,1,1": a fixed
+/// contract. Components of greys and inks are always fractions. A colour without an RGB form, or with a
+/// component outside 64-bit integers, removes the flag and logs a warning.
 class QUILLONIC_EXPORT TranscodeOptionValues {
  protected:
   TranscodeOptionValues() = default;
@@ -38,25 +38,25 @@ class QUILLONIC_EXPORT TranscodeOptionValues {
   TranscodeOptionValues& operator=(TranscodeOptionValues&&) noexcept = default;
   ~TranscodeOptionValues() = default;
 
-  /// Whether the flag is there, whatever its value.
+  /// Whether the flag is present, whatever its value.
   bool isOn(std::string_view flag) const noexcept;
   /// Stores the flag with the empty text, or removes it.
   void setOn(std::string_view flag, bool value);
-  /// A switch that the separator of the timecode follows.
+  /// Sets or removes a switch and changes the separator of the timecode to match.
   void setDropFrame(std::string_view flag, bool value);
 
-  /// The flag's value as `Value`; nothing when the flag is absent or its value does not read.
+  /// The flag's value as `Value`; nothing when the flag is absent or its value cannot be read.
   template <class Value> QUILLONIC_HIDDEN std::optional<Value> read(std::string_view flag) const;
-  /// Stores the value's text; without a value, and for one that cannot be written, removes the flag.
+  /// Stores the value's text. Removes the flag for no value, or one that cannot be written.
   template <class Value>
   QUILLONIC_HIDDEN void write(std::string_view flag, const std::optional<Value>& value);
 
-  /// Numbers of which each has a flag of its own behind a common prefix.
+  /// Numbers that have one flag each, with a common prefix.
   std::vector<std::int64_t> readTracks(std::string_view prefix) const;
-  /// Replaces all flags that begin with the prefix by one for each number.
+  /// Replaces all flags with the prefix by one per number.
   void writeTracks(std::string_view prefix, const std::vector<std::int64_t>& tracks);
 
-  /// Every valid flag of the model with its value.
+  /// Every valid flag of the model and its value.
   TextDictionary flagValueLookup_;
 };
 

@@ -1,4 +1,4 @@
-/// The typed options of a transcode: a property for every flag that can be valid.
+/// The typed options of a transcode: a property for every valid flag.
 /// Made by scripts/generate-vocabulary from src/transcode_cli/vocabulary.txt; change that file, not this one.
 ///
 ///     settings.setVideoFrameRate(23.976);                                   // "-vr" "23.976"
@@ -26,8 +26,8 @@
 
 namespace quillonic {
 
-/// Reads and writes the values of a model's flags by their meaning; `TranscodeOptionValues` tells how. A
-/// setter stores the flag with the value. No value, and false for a switch, removes the flag.
+/// Typed access to the values of a model's flags; see `TranscodeOptionValues` for their forms. A setter
+/// stores the flag with its value; no value, or false for a switch, removes the flag.
 class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
  public:
   /// Whether "-h" is set, which prints how the tool is used.
@@ -48,7 +48,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Whether "-presets" is set, which prints the presets.
   bool cliPresets() const;
   void setCliPresets(bool value);
-  /// Whether "-aspect_scalings" is set, which prints the ways of fitting a picture into a frame.
+  /// Whether "-aspect_scalings" is set, which prints the ways to fit a picture into a frame.
   bool cliAspectRatioScalings() const;
   void setCliAspectRatioScalings(bool value);
   /// Whether "-crop_anchors" is set, which prints the anchors for cropping.
@@ -76,7 +76,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// The file that receives the progress.
   std::optional<std::filesystem::path> progressFile() const;
   void setProgressFile(const std::optional<std::filesystem::path>& value);
-  /// A text put before each progress line.
+  /// A prefix for each progress line.
   std::optional<std::string> progressOutputPrefix() const;
   void setProgressOutputPrefix(std::optional<std::string_view> value);
   /// Whether "-overwrite" is set, which replaces an existing output file.
@@ -88,7 +88,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// The file of a colour look-up table.
   std::optional<std::filesystem::path> colorLutFile() const;
   void setColorLutFile(const std::optional<std::filesystem::path>& value);
-  /// Whether "-web" is set, which lays the output out for playing over a network.
+  /// Whether "-web" is set, which arranges the output for playback over a network.
   bool prepareForWeb() const;
   void setPrepareForWeb(bool value);
   /// A preset built into the tool.
@@ -110,13 +110,13 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// The frame size in pixels, as in "960x540".
   std::optional<FrameSize> videoDimensions() const;
   void setVideoDimensions(std::optional<FrameSize> value);
-  /// How a picture of another aspect ratio is fitted.
+  /// How to fit a picture of another aspect ratio.
   std::optional<VAVTranscodeArgumentAspectRatioValue> videoAspectScaling() const;
   void setVideoAspectScaling(const std::optional<VAVTranscodeArgumentAspectRatioValue>& value);
   /// The part of the picture that a crop keeps.
   std::optional<VideoCropAnchor> videoAspectCropAnchor() const;
   void setVideoAspectCropAnchor(const std::optional<VideoCropAnchor>& value);
-  /// The video's bit rate in megabits per second, as the cloud preset's 3 is.
+  /// The video's bit rate in megabits per second; the cloud preset has 3.
   std::optional<double> videoBitRate() const;
   void setVideoBitRate(std::optional<double> value);
   /// Bits per colour component.
@@ -147,11 +147,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Whether "-acopy" is set, which copies the source's audio.
   bool copyAudio() const;
   void setCopyAudio(bool value);
-  /// The audio tracks to leave out, each under a flag that begins so, as in "-ac_omit_0". Ascending, each
-  /// track once; values that are not integers of zero or more are left out.
+  /// The audio tracks to leave out, each in a flag with this prefix, such as "-ac_omit_0". Ascending, each
+  /// track once; values that are not integers of at least 0 are skipped.
   std::vector<std::int64_t> ignoredAudioTracks() const;
-  /// Replaces all flags that begin with "-ac_omit" by one per track, numbered from 0. A track given twice
-  /// counts once; a negative one is left out with a warning.
+  /// Replaces all flags that begin with "-ac_omit" by one per track, numbered from 0. A repeated track counts
+  /// once; a negative one is skipped with a warning.
   void setIgnoredAudioTracks(const std::vector<std::int64_t>& value);
   /// Whether "-adiscrete" is set, which writes discrete channels.
   bool discreteAudio() const;
@@ -204,8 +204,8 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setTimecodeFrameRate(std::optional<double> value);
   /// Whether "-tc_drop" is set, which counts in drop frame.
   bool timecodeIsDropFrame() const;
-  /// Sets or removes "-tc_drop". A `timecode` that reads strictly gets the separator of the switch; any other
-  /// text stays as it is.
+  /// Sets or removes "-tc_drop". A `timecode` that reads strictly gets the switch's separator; any other text
+  /// stays unchanged.
   void setTimecodeIsDropFrame(bool value);
 
   /// Where the image is placed.
@@ -214,7 +214,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract.
   std::optional<std::filesystem::path> watermarkFileBurnFilePath() const;
   void setWatermarkFileBurnFilePath(const std::optional<std::filesystem::path>& value);
-  /// What both sides of the image are multiplied by.
+  /// The factor for both sides of the image.
   std::optional<double> watermarkFileBurnScale() const;
   void setWatermarkFileBurnScale(std::optional<double> value);
 
@@ -246,35 +246,35 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// The transfer curve.
   std::optional<std::string> arriLookColorSpaceCurve() const;
   void setArriLookColorSpaceCurve(std::optional<std::string_view> value);
-  /// What happens to an invalid look.
+  /// What to do with an invalid look.
   std::optional<std::string> arriLookInvalidLookResolution() const;
   void setArriLookInvalidLookResolution(std::optional<std::string_view> value);
 
   /// The settings of the video.
   TranscodeVideoDetail videoDetail() const;
-  /// Sets each field that differs from `videoDetail()`, in the record's order and as its own setter does. So
-  /// an unchanged option keeps its text, even one that does not read.
+  /// Sets each field that differs from `videoDetail()` with its own setter, in record order. So an unchanged
+  /// option keeps its text, even one that cannot be read.
   void update(const TranscodeVideoDetail& fromVideoDetail);
   /// The settings of the audio.
   TranscodeAudioDetail audioDetail() const;
-  /// Sets each field that differs from `audioDetail()`, in the record's order and as its own setter does. So
-  /// an unchanged option keeps its text, even one that does not read.
+  /// Sets each field that differs from `audioDetail()` with its own setter, in record order. So an unchanged
+  /// option keeps its text, even one that cannot be read.
   void update(const TranscodeAudioDetail& fromAudioDetail);
   /// The settings of the timecode, its track and its burn-in.
   TranscodeTimecodeDetail timecodeDetail() const;
-  /// Sets each field that differs from `timecodeDetail()`, in the record's order and as its own setter does.
-  /// So an unchanged option keeps its text, even one that does not read. A timecode that changes gets the
-  /// separator of the record's switch.
+  /// Sets each field that differs from `timecodeDetail()` with its own setter, in record order. So an
+  /// unchanged option keeps its text, even one that cannot be read. A changed timecode gets the separator of
+  /// the record's switch.
   void update(const TranscodeTimecodeDetail& fromTimecodeDetail);
   /// The settings of the image watermark.
   TranscodeWatermarkImageFileDetail watermarkImageFileDetail() const;
-  /// Sets each field that differs from `watermarkImageFileDetail()`, in the record's order and as its own
-  /// setter does. So an unchanged option keeps its text, even one that does not read.
+  /// Sets each field that differs from `watermarkImageFileDetail()` with its own setter, in record order. So
+  /// an unchanged option keeps its text, even one that cannot be read.
   void update(const TranscodeWatermarkImageFileDetail& fromWatermarkImageFileDetail);
   /// The settings of the text watermark.
   TranscodeWatermarkTextDetail watermarkTextDetail() const;
-  /// Sets each field that differs from `watermarkTextDetail()`, in the record's order and as its own setter
-  /// does. So an unchanged option keeps its text, even one that does not read.
+  /// Sets each field that differs from `watermarkTextDetail()` with its own setter, in record order. So an
+  /// unchanged option keeps its text, even one that cannot be read.
   void update(const TranscodeWatermarkTextDetail& fromWatermarkTextDetail);
 
  protected:

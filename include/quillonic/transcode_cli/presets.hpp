@@ -1,4 +1,4 @@
-/// The presets that are built into the transcoder.
+/// The transcoder's built-in presets.
 ///
 ///     TextDictionary lookup = presetArguments(TranscodeCliPreset::vantiroCloud);
 ///     lookup.emplace(VAVOutputFileFlag, "/media/review.mov");
@@ -20,7 +20,7 @@ namespace quillonic {
 /// The built-in presets.
 enum class TranscodeCliPreset : std::uint8_t { vantiroCloud, proRes4444XQ };
 
-/// The presets in order, by the names of their cases.
+/// The presets in order, with the names of their cases.
 template <> struct CaseTable<TranscodeCliPreset> {
   static constexpr auto rows = std::to_array<CaseRow<TranscodeCliPreset>>({
       {TranscodeCliPreset::vantiroCloud, "vantiroCloud"},
@@ -31,11 +31,11 @@ template <> struct CaseTable<TranscodeCliPreset> {
 /// The preset's name for people: "cloud" or "ProRes 4444 XQ".
 QUILLONIC_EXPORT std::string_view description(TranscodeCliPreset preset) noexcept;
 
-/// The preset's name on a command line, the value of "-preset".
+/// The preset's name on a command line: the value of "-preset".
 QUILLONIC_EXPORT const VAVTranscodePresetValue& presetCliValue(TranscodeCliPreset preset) noexcept;
 
-/// The preset's flags and values in their order: flag, value, flag, value. A switch is followed by an empty
-/// text. The span stays valid for the life of the program.
+/// The preset's flags and values in order: flag, value, flag, value. A switch has an empty text. The span
+/// stays valid for the life of the program.
 QUILLONIC_EXPORT std::span<const std::string_view> orderedArgumentsAsList(TranscodeCliPreset preset) noexcept;
 
 /// The preset's values by flag.

@@ -10,7 +10,7 @@
 
 namespace quillonic {
 
-/// A source of the timecode; each has a flag of its own.
+/// A source of the timecode; each has its own flag.
 enum class TimecodeSource : std::uint8_t {
   /// The timecode of the source file.
   match,
@@ -22,7 +22,7 @@ enum class TimecodeSource : std::uint8_t {
 
 /// A source, its text and its flag.
 struct TimecodeSourceRow : CaseRow<TimecodeSource> {
-  /// The flag that asks for the source.
+  /// The flag that selects the source.
   const VAVTranscodeTimecodeArgumentFlag& tcFlag;
 };
 
@@ -35,13 +35,13 @@ template <> struct CaseTable<TimecodeSource> {
   });
 };
 
-/// The flag that asks for the source; the flag of `custom` for an unlisted value.
+/// The flag that selects the source; that of `custom` for an unlisted value.
 constexpr const VAVTranscodeTimecodeArgumentFlag& tcFlag(TimecodeSource source) noexcept {
   const auto* row = detail::rowOf(source);
   return row ? row->tcFlag : VAVTimecodeCustomFlag;
 }
 
-/// The text of that flag.
+/// The flag's text.
 constexpr std::string_view cliFlag(TimecodeSource source) noexcept {
   return tcFlag(source).cliFlag();
 }

@@ -1,5 +1,4 @@
-/// The transcoder's vocabulary: every flag and every fixed value as a constant, and what each tells of
-/// itself.
+/// The transcoder's vocabulary: every flag and fixed value as a constant with its properties.
 ///
 ///     VAVVideoFormatFlag.cliFlag();                      // "-vcodec"
 ///     VAVNoVideoFlag.acceptsArguments();                 // false
@@ -7,8 +6,8 @@
 ///     VAVQuickTimeFileFormat.preferredFileExtension();   // FileExtension::mov
 ///     VAVTranscodeArgumentFileFormatValue::fromStringValue("qt");   // VAVQuickTimeFileFormat
 ///
-/// The constants cost nothing at start-up. Any other text can be wrapped in the same types, so a value of a
-/// newer tool is kept.
+/// The constants cost nothing at start-up. The same types can wrap any other text, so that values of a newer
+/// tool are kept.
 #pragma once
 
 #include <quillonic/transcode_cli/enumerations.hpp>

@@ -266,12 +266,12 @@ inline constexpr std::array<std::string_view, 7> VAVArriCurves{
     VAVArriCurveLinear,
 };
 
-/// It is ignored.
+/// Ignores it.
 inline constexpr std::string_view VAVArriLookResolutionIgnore{"ignore"};
-/// The first one is taken.
+/// Takes the first one.
 inline constexpr std::string_view VAVArriLookResolutionFirst{"first"};
 
-/// What happens to an invalid ARRI look.
+/// What to do with an invalid ARRI look.
 inline constexpr std::array<std::string_view, 2> VAVArriLookResolutions{
     VAVArriLookResolutionIgnore,
     VAVArriLookResolutionFirst,
@@ -291,7 +291,7 @@ inline constexpr std::array<std::string_view, 3> VAVGpuPlatforms{
     VAVGpuPlatformDefaultPlatformFlag,
 };
 
-/// Copies the source. For the tool and its callers; nothing in this library reads it.
+/// Copies the source. For the tool and its callers; this library does not read it.
 inline constexpr std::string_view VAVCopySourceValue{"copy"};
 
 
