@@ -1,9 +1,9 @@
 #include <quillonic/filesystem/alias_file.hpp>
 
-#include <chrono>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "temporary_folder.hpp"
 
@@ -43,30 +43,6 @@ TEST(AliasFile, ReadsBothFormsAsOtherWritersLeaveThem) {
   EXPECT_EQ(AliasFile::fromBytes(unknownKey)->creationOptions, std::nullopt);
 }
 
-AliasFile fullAlias() {
-  return {.pathComponents = {"Volumes", "CARD e\u0301", std::string(255, 'x'), "\xff"},
-          .targetProperties = AliasFile::Properties{AliasFile::regularFile, 0x21F},
-          .targetCreationDate = AnyValue::Date(std::chrono::milliseconds(1700000000500)),
-          .relativeDirsUp = 1,
-          .relativeDirsDown = 2,
-          .volumePath = "/Volumes/CARD e\u0301",
-          .volumeName = "CARD e\u0301",
-          .volumeUUID = "0A81F3B1-51D9-3335-B3E3-169C3640360D",
-          .volumeProperties = AliasFile::Properties{AliasFile::local | AliasFile::external, 0x100013EF},
-          .componentsBelowHome = INT64_MIN,
-          .userName = "",
-          .userID = 501,
-          .creationOptions = 1024,
-          .displayName = "A.MXF"};
-}
-
-TEST(AliasFile, ReadsWhatItWrote) {
-  for (const auto& alias : {fullAlias(), AliasFile{}, AliasFile{.pathComponents = {"a"}}}) {
-    for (const auto madeAt : {AnyValue::Date::min(), AnyValue::Date::max()})
-      EXPECT_EQ(AliasFile::fromBytes(alias.bytes(madeAt)), alias);
-  }
-}
-
 TEST(AliasFile, RejectsNamesThatAreNotPlain) {
   for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("a/b"),
                                   std::string("a\0b", 3), std::string(1025, 'a')}) {
@@ -78,40 +54,27 @@ TEST(AliasFile, RejectsNamesThatAreNotPlain) {
 
 // Whatever is damaged, reading ends with a value or with none, and what is read can be written. The bytes
 // have nothing behind them, so that a read behind their end is seen.
-bool isRead(const std::vector<char>& bytes, bool writes) {
-  const auto alias = AliasFile::fromBytes({bytes.data(), bytes.size()});
-  if (alias && writes) {
-    EXPECT_EQ(AliasFile::fromBytes(alias->bytes())->pathComponents, alias->pathComponents);
-  }
-  return alias.has_value();
-}
-
 TEST(AliasFile, TakesAnyDamage) {
-  for (const auto& whole : {exampleFile, exampleBookmark}) {
-    std::size_t values = 0;
-    std::vector<char> damaged(whole.begin(), whole.end());
-    for (std::size_t at = 0; at < whole.size(); ++at) {
-      EXPECT_FALSE(isRead({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(at)}, true)) << at;
-      for (int value = 0; value < 256; ++value) {
-        damaged[at] = static_cast<char>(value);
-        values += isRead(damaged, value % 51 == 0) ? 1U : 0U;
-      }
-      damaged[at] = whole[at];
-    }
-    EXPECT_GT(values, whole.size());
-  }
-  const auto circle = changed(changed(exampleFile, table + 12, table - header), table + 16, 0);
-  EXPECT_FALSE(isRead({circle.begin(), circle.end()}, false));
   std::mt19937 random(3);
-  const auto full = fullAlias().bytes();
-  for (int round = 0; round < 10000; ++round) {
-    auto bytes = full;
-    for (auto n = 1 + random() % 4; n > 0; --n) {
-      // Offsets within the file and such as wrap round.
-      put(bytes, random() % (bytes.size() / 4) * 4, static_cast<std::uint32_t>(random() % 0x440) - 0x40);
+  std::size_t values = 0;
+  for (const auto& whole : {exampleFile, exampleBookmark, contentOf(ALIAS_FILES "/every_value")}) {
+    const auto alias = AliasFile::fromBytes(whole).value();
+    for (const auto madeAt : {AnyValue::Date::min(), AnyValue::Date::max()})
+      EXPECT_EQ(AliasFile::fromBytes(alias.bytes(madeAt)), alias);
+    for (int round = 0; round < 10000; ++round) {
+      auto bytes = whole;
+      for (auto n = 1 + random() % 4; n > 0; --n) {
+        // Offsets within the file and such as wrap round.
+        put(bytes, random() % (bytes.size() / 4) * 4, static_cast<std::uint32_t>(random() % 0x440) - 0x40);
+      }
+      const std::vector<char> block(bytes.begin(), bytes.end());
+      const auto read = AliasFile::fromBytes({block.data(), block.size()});
+      if (!read) continue;
+      ++values;
+      ASSERT_EQ(AliasFile::fromBytes(read->bytes()), read);
     }
-    isRead({bytes.begin(), bytes.end()}, round % 8 == 0);
   }
+  EXPECT_GT(values, 10000U);
 }
 
 }  // namespace
