@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <limits>
-#include <random>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -302,43 +301,13 @@ TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
   EXPECT_EQ(wordsOf(model), "-an  -in_2_0 a -in_2_1 b -vn ");
 }
 
-// Whatever a model holds, readable or not: a record that goes back unchanged changes nothing, and one field
-// that changes changes no flag of another.
-TEST(TranscodeDetails, ARecordThatGoesBackUnchangedKeepsEveryText) {
-  std::mt19937 random(3);
-  const auto pick = [&](const auto& list) { return std::string(list[random() % list.size()]); };
-  const auto values =
-      split("|24|024|1e2|x|255,255,255|1,2|SRGB|tl|mp4|960x540|01:00:00;00|\xff|-3|9223372036854775808", '|');
-  for (int round = 0; round < 2000; ++round) {
-    TextDictionary lookup{{"-ac_omit_1", pick(values)}, {"-tc_burn_anchor", pick(values)}, {"-in_0_1", "a"}};
-    for (int i = 0; i < 20; ++i) lookup[pick(Model::allKnownCommandFlags())] = pick(values);
-    auto model = Model::fromArgumentLookup(lookup);
-    const auto before = model.flagValueLookup();
-    const TranscodeDetailModifier unchanged{{model.videoDetail(), model.audioDetail(), model.timecodeDetail(),
-                                             model.watermarkDetail(), *model.inputFileGroup(0)}};
-    unchanged.apply(model);
-    ASSERT_EQ(model.flagValueLookup(), before);
-
-    auto detail = model.timecodeDetail();
-    detail.timecodeAddTrack = !detail.timecodeAddTrack;
-    model.update(detail);
-    auto expected = before;
-    if (!expected.emplace(VAVTimecodeAddTrackFlag, "").second) expected.erase("-tc_track");
-    ASSERT_EQ(model.flagValueLookup(), expected);
-  }
-}
-
 TEST(TranscodeDetails, ATimecodeIsSetWithTheSeparatorOfItsRecord) {
   for (const auto words : {"", "-tc_drop", "-tc_custom 01:00:00:00", "-tc_custom 02:00:00;00 -tc_drop"}) {
-    for (const bool drop : {false, true}) {
-      auto model = read(words);
-      TranscodeTimecodeDetail detail;
-      detail.timecode = drop ? "01:00:00:00" : "01:00:00;00";
-      detail.timecodeIsDropFrame = drop;
-      for (int times = 0; times < 2; ++times) {
-        model.update(detail);
-        EXPECT_EQ(model.timecode(), drop ? "01:00:00;00" : "01:00:00:00") << words;
-      }
+    auto model = read(words);
+    for (const bool drop : {false, false, true, true, false}) {
+      model.update(TranscodeTimecodeDetail{.timecode = drop ? "01:00:00:00" : "01:00:00;00",
+                                           .timecodeIsDropFrame = drop});
+      EXPECT_EQ(model.timecode(), drop ? "01:00:00;00" : "01:00:00:00") << words;
     }
   }
 }
@@ -356,14 +325,10 @@ TEST(TranscodeDetails, AnInputFileGroupIsReplacedAlone) {
 template <class Anchor> void expectAnchor(std::string_view flag) {
   EXPECT_EQ(Anchor::cliFlag(), flag);
   for (const auto& place : allCases<VAVTranscodeArgumentOverlayAnchorValue>()) {
-    const auto anchor = Anchor::fromRawValue(place.rawValue());
-    ASSERT_EQ(anchor, Anchor(place));
-    EXPECT_EQ(anchor->anchorArgument, place);
-    EXPECT_EQ(cliFlag(*anchor), flag);
-    EXPECT_EQ(decode<Anchor>(encode(*anchor)), anchor);
+    EXPECT_EQ(Anchor::fromRawValue(place.rawValue()), Anchor(place));
+    EXPECT_EQ(Anchor(place).anchorArgument, place);
   }
   for (const auto* text : {"", "middle", "C", "tl "}) EXPECT_EQ(Anchor::fromRawValue(text), std::nullopt);
-  EXPECT_THROW(decode<Anchor>(std::string("middle")), DecodingError);
 }
 
 TEST(TranscodeAnchors, AreTheNinePlacesUnderAFlagOfTheirOwn) {

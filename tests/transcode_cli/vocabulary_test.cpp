@@ -68,16 +68,13 @@ TEST(TranscodeVocabulary, ListsFlagsAndValuesInTheirFixedOrder) {
             std::regex_replace(lists[0].first, std::regex("=[a-z]+"), ""));
 }
 
-TEST(TranscodeVocabulary, FlagsTellWhatTheyTakeAndDo) {
+TEST(TranscodeVocabulary, FlagsTellWhatTheyTakeAndDoAndValuesNameTheirFlag) {
   EXPECT_EQ(VAVVideoFrameRateFlag.meaning(), "Frames per second.");
   EXPECT_TRUE(VAVTimecodeBurnAnchorFlag.acceptsArguments());
   const std::string unknown = "-unknown";
   EXPECT_TRUE(VAVTranscodeVideoArgumentFlag(unknown).acceptsArguments());
   EXPECT_EQ(VAVTranscodeVideoArgumentFlag(unknown).meaning(), "");
   EXPECT_FALSE(acceptsArguments(VAVTranscodeCliCommand(unknown)));
-}
-
-TEST(TranscodeVocabulary, ValuesNameTheirFlag) {
   EXPECT_EQ(VAVMp4Format.fileFlag(), VAVFileFormatFlag);
   EXPECT_EQ(videoFlag(VAVMpeg4Codec), VAVVideoFormatFlag);
   EXPECT_EQ(cliFlag(VAVAacAudioFormatValue), "-acodec");
@@ -154,13 +151,13 @@ TEST(TranscodeCliPreset, HoldsTheBuiltInPresets) {
             "-asr 48000 -acl stereo");
   EXPECT_EQ(joined(orderedArgumentsAsList(proRes4444XQ)),
             "-file_format qt -vcodec prores4444xq -acodec lpcm");
-  const auto read = [](auto preset) {
-    return TranscodeCliArguments(orderedArgumentsAsList(preset)).flagValueLookup();
+  const auto holds = [](auto preset, const auto& arguments, const auto& value) {
+    EXPECT_EQ(TranscodeCliArguments(orderedArgumentsAsList(preset)).flagValueLookup(), arguments);
+    EXPECT_EQ(presetCliValue(preset), value);
   };
-  EXPECT_EQ(read(vantiroCloud), TranscodeCliArguments::vantiroCloudPresetArguments());
-  EXPECT_EQ(read(proRes4444XQ), TranscodeCliArguments::vantiroProRes4444XQPresetArguments());
-  EXPECT_EQ(presetCliValue(vantiroCloud), VAVVantiroCloudPresetValue);
-  EXPECT_EQ(presetCliValue(proRes4444XQ), VAVVantiroProRes4444XQPresetValue);
+  holds(vantiroCloud, TranscodeCliArguments::vantiroCloudPresetArguments(), VAVVantiroCloudPresetValue);
+  holds(proRes4444XQ, TranscodeCliArguments::vantiroProRes4444XQPresetArguments(),
+        VAVVantiroProRes4444XQPresetValue);
 }
 
 }  // namespace
