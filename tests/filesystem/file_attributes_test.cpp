@@ -7,6 +7,8 @@
 #include <map>
 #include <random>
 
+#include "texts.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -16,13 +18,11 @@ using namespace std::chrono_literals;
 
 // Programs that are already in use store and exchange these texts.
 TEST(FileAttributeKey, HasItsFixedText) {
-  std::string texts;
-  for (const auto& key : allCases<Key>().first(15)) texts.append(key.rawValue()).append(" ");
   EXPECT_EQ(
-      texts,
+      joined(allCases<Key>().first(15)),
       "filePathName urlFileResourceType isLinkFilePath isDirectoryPath aggregateDirectorySize "
       "directoryStructureAttributes referenceLinkType referencedFileSystemURL isRelativeSymbolicReference "
-      "spotlightFileType utFileType s3Etag isRemoteFileURL mimeType fileSizeIsEstimated ");
+      "spotlightFileType utFileType s3Etag isRemoteFileURL mimeType fileSizeIsEstimated");
 }
 
 // Dictionaries made and compared at random agree with maps.
@@ -65,17 +65,8 @@ TEST(FileAttributes, CompareLikeMaps) {
     EXPECT_EQ(textsOf(attributes.objcAttributesIntersection(other)), equal);
 
     // Both walks stop after a few calls.
-    const auto calls = std::min(common.size(), std::size_t{1 + random() % 3});
-    common.resize(calls);
+    const auto calls = std::min(compared.size(), std::size_t{1 + random() % 3});
     compared.resize(calls);
-    Texts walked;
-    attributes.correlatedEnumerateCommonKeyValueEntries(
-        other, [&](const Key& key, const AnyValue* mine, const AnyValue* its, bool& stop) {
-          walked.emplace_back(key);
-          EXPECT_TRUE(*mine == map.at(walked.back()) && *its == otherMap.at(walked.back()));
-          stop = walked.size() == calls;
-        });
-    EXPECT_EQ(walked, common);
     Texts seen;
     auto changing = attributes;
     const auto see = [&](const Key& key, const char* sign, bool& stop) {
@@ -83,6 +74,13 @@ TEST(FileAttributes, CompareLikeMaps) {
       seen.push_back(std::string(key) + sign);
       stop = seen.size() == calls;
     };
+    attributes.correlatedEnumerateCommonKeyValueEntries(
+        other, [&](const Key& key, const AnyValue* mine, const AnyValue* its, bool& stop) {
+          EXPECT_TRUE(*mine == map.at(std::string(key)) && *its == otherMap.at(std::string(key)));
+          see(key, *mine == *its ? "=" : "!", stop);
+        });
+    EXPECT_EQ(std::exchange(seen, {}), compared);
+    changing = attributes;
     changing.compare(
         other, [&](const Key& key, const AnyValue&, bool& stop) { see(key, "=", stop); },
         [&](const Key& key, const AnyValue&, const AnyValue&, bool& stop) { see(key, "!", stop); });
@@ -132,10 +130,9 @@ TEST(FileSystemAttributesStore, SaysTheSameOnBothSides) {
   const Record wrong({{Key::filePathName, 7}, {Key::NSFileSize, -1}});
   EXPECT_FALSE(wrong.name() || wrong.fileSize());
 
-  const auto keys = FileSystemAttributesStore::attributeKeys();
-  EXPECT_EQ(std::vector(keys.begin(), keys.end()),
-            (std::vector{Key::filePathName, Key::NSFileSize, Key::NSFileCreationDate,
-                         Key::NSFileModificationDate}));
+  EXPECT_EQ(joined(FileSystemAttributesStore::attributeKeys()),
+            joined(std::vector{Key::filePathName, Key::NSFileSize, Key::NSFileCreationDate,
+                               Key::NSFileModificationDate}));
   EXPECT_EQ(TypedRecord().attributes(), (FileAttributes{{Key::filePathName, "clip.mov"},
                                                         {Key::NSFileSize, 1ULL << 63U},
                                                         {Key::NSFileModificationDate, Date(7ns)}}));

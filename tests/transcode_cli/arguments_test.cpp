@@ -1,9 +1,6 @@
 #include <quillonic/transcode_cli.hpp>
 
-#include <algorithm>
 #include <gtest/gtest.h>
-#include <random>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -33,32 +30,6 @@ TEST(TranscodeCliArguments, ReadsWordsAndDictionariesAlike) {
   for (const auto& read : {Model::fromArgumentLookup(lookup), Model::from(lookup)}) {
     EXPECT_EQ(wordsOf(read), "-out|/A|-vbr|2|no-vn|x");
     EXPECT_EQ(read.unknownFlags(), (Words{"", "plain"}));
-  }
-}
-
-TEST(TranscodeCliArguments, KeepsTheOrderWhateverIsSetAndRemoved) {
-  const auto known = Model::allKnownCommandFlags();
-  Words flags(known.begin(), known.end());
-  std::mt19937 random(11);
-  for (int round = 0; round < 100; ++round) {
-    std::ranges::shuffle(flags, random);
-    const Words line(flags.begin(), flags.begin() + static_cast<std::ptrdiff_t>(random() % flags.size()));
-    Model model(line, true);
-    std::set<std::string> set(line.begin(), line.end());
-    for (int change = 0; change < 10; ++change) {
-      const auto& flag = flags[random() % flags.size()];
-      const bool isSet = random() % 2 == 0;
-      model.setArgumentFlagValue(flag, isSet ? std::optional<std::string_view>("") : std::nullopt);
-      set.erase(flag);
-      if (isSet) set.insert(flag);
-      auto rest = set;
-      Words expected;
-      for (const auto& first : line) {
-        if (rest.erase(first) > 0) expected.push_back(first + "|");
-      }
-      for (const auto& other : rest) expected.push_back(other + "|");
-      ASSERT_EQ(wordsOf(model), joined(expected, '|'));
-    }
   }
 }
 

@@ -261,18 +261,14 @@ TEST(TranscodeOptions, TheTimecodeFollowsTheDropFrameSwitch) {
 
 TEST(TranscodeOptions, TheTimecodeHasOneSource) {
   using enum TimecodeSource;
-  struct Row {
-    std::string words;
-    std::optional<TimecodeSource> before;
-    std::optional<TimecodeSource> set;
-    std::string expected;
-  };
-  const Row rows[] = {{"-tc_match -tc_custom x", match, creationDate, "-tc_creation "},
-                      {"-tc_creation -tc_custom x", creationDate, custom, "-tc_custom x"},
-                      {"-tc_match -tc_creation", match, match, "-tc_match "},
-                      {"-tc_match -tc_creation -tc_custom x -vn", match, std::nullopt, "-vn "},
-                      {"-tc_match", match, custom, "-tc_custom 00:00:00:00"},
-                      {"-tc_drop", std::nullopt, custom, "-tc_custom 00:00:00;00 -tc_drop "}};
+  // The words, their source, the source that is set, and the words then.
+  const std::tuple<std::string, std::optional<TimecodeSource>, std::optional<TimecodeSource>, std::string>
+      rows[] = {{"-tc_match -tc_custom x", match, creationDate, "-tc_creation "},
+                {"-tc_creation -tc_custom x", creationDate, custom, "-tc_custom x"},
+                {"-tc_match -tc_creation", match, match, "-tc_match "},
+                {"-tc_match -tc_creation -tc_custom x -vn", match, std::nullopt, "-vn "},
+                {"-tc_match", match, custom, "-tc_custom 00:00:00:00"},
+                {"-tc_drop", std::nullopt, custom, "-tc_custom 00:00:00;00 -tc_drop "}};
   for (const auto& [words, before, set, expected] : rows) {
     auto model = read(words);
     EXPECT_EQ(model.timecodeSource(), before) << words;
