@@ -3,7 +3,6 @@
 #include <quillonic/platform.hpp>
 
 #include <array>
-#include <atomic>
 #include <bit>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -153,9 +152,8 @@ TEST(Settings, DisplayTextsAreLookedUpAndTagsAreNot) {
 }
 
 TEST(Settings, TheHostSetsItsPartWhileOthersRead) {
-  std::atomic<bool> done = false;
-  std::thread reader([&] {
-    while (!done) {
+  std::jthread reader([](const std::stop_token& done) {
+    while (!done.stop_requested()) {
       const auto hertz = SampleRate::defaultCustomHz();
       EXPECT_TRUE(hertz == 48000 || hertz == 32000) << hertz;
       const auto text = FrameRate::match.description();
@@ -166,8 +164,6 @@ TEST(Settings, TheHostSetsItsPartWhileOthersRead) {
     SampleRate::setDefaultCustomHz(round % 2 ? 48000 : 32000);
     Localization::setLocalizer(round % 2 ? nullptr : std::make_shared<const Marked>());
   }
-  done = true;
-  reader.join();
 }
 
 }  // namespace
