@@ -57,17 +57,18 @@ void checkCommon(const FileAttributes& attributes, const Map& map, const FileAtt
   require(textsOf(attributes.commonAttributeKeys(other)) == common, "common keys are those of both maps");
   require(textsOf(attributes.objcAttributesIntersection(other)) == equal, "equal entries are in both maps");
 
-  // Both walks stop after a few calls, and take what they compare although it changes on the way.
+  // Both walks stop after a few calls.
   const auto calls = std::min(compared.size(), most);
   compared.resize(calls);
   Texts seen;
   auto changing = attributes;
   const auto see = [&](const Key& key, const char* sign, bool& stop) {
+    // A block may change what is walked.
     changing = {};
     seen.push_back(std::string(key) + sign);
     stop = seen.size() == calls;
   };
-  attributes.correlatedEnumerateCommonKeyValueEntries(
+  changing.correlatedEnumerateCommonKeyValueEntries(
       other, [&](const Key& key, const AnyValue* mine, const AnyValue* its, bool& stop) {
         require(*mine == map.at(std::string(key)) && *its == otherMap.at(std::string(key)),
                 "a walk gives the values of both");

@@ -1,5 +1,6 @@
 #include <quillonic/filesystem/alias_file.hpp>
 
+#include <chrono>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -43,6 +44,24 @@ TEST(AliasFile, ReadsBothFormsAsOtherWritersLeaveThem) {
   EXPECT_EQ(AliasFile::fromBytes(unknownKey)->creationOptions, std::nullopt);
 }
 
+TEST(AliasFile, HoldsEveryValue) {
+  const AliasFile expected{.pathComponents = {"Volumes", "CARD", "A.MXF"},
+                           .targetProperties = AliasFile::Properties{AliasFile::regularFile, 0x21F},
+                           .targetCreationDate = AnyValue::Date(std::chrono::milliseconds(1700000000500)),
+                           .relativeDirsUp = 1,
+                           .relativeDirsDown = 1,
+                           .volumePath = "/Volumes/CARD",
+                           .volumeName = "CARD e\u0301",
+                           .volumeUUID = "0A81F3B1-51D9-3335-B3E3-169C3640360D",
+                           .volumeProperties = AliasFile::Properties{0x101, 0x21F},
+                           .componentsBelowHome = 2,
+                           .userName = "user",
+                           .userID = 501,
+                           .creationOptions = 1024,
+                           .displayName = "A.MXF"};
+  EXPECT_EQ(AliasFile::fromBytes(contentOf(ALIAS_FILES "/every_value")), expected);
+}
+
 TEST(AliasFile, RejectsNamesThatAreNotPlain) {
   for (const std::string& name : {std::string(), std::string("."), std::string(".."), std::string("a/b"),
                                   std::string("a\0b", 3), std::string(1025, 'a')}) {
@@ -61,6 +80,8 @@ TEST(AliasFile, TakesAnyDamage) {
     const auto alias = AliasFile::fromBytes(whole).value();
     for (const auto madeAt : {AnyValue::Date::min(), AnyValue::Date::max()})
       EXPECT_EQ(AliasFile::fromBytes(alias.bytes(madeAt)), alias);
+    for (std::size_t size = 0; size < whole.size(); ++size)
+      EXPECT_EQ(AliasFile::fromBytes(std::string_view(whole).substr(0, size)), std::nullopt) << size;
     for (int round = 0; round < 10000; ++round) {
       auto bytes = whole;
       for (auto n = 1 + random() % 4; n > 0; --n) {

@@ -30,8 +30,7 @@ TEST(AliasCreation, RecordsWhatAResolverNeeds) {
   createAliasForFilePath(folder.link("link", "media/card") / target.filename(), file);
   const auto alias = AliasFile::fromBytes(contentOf(file)).value();
   EXPECT_EQ(alias.pathComponents, std::vector<std::string>(std::next(target.begin()), target.end()));
-  EXPECT_EQ(alias.relativeDirsUp, 2);
-  EXPECT_EQ(alias.relativeDirsDown, 3);
+  EXPECT_TRUE(alias.relativeDirsUp == 2 && alias.relativeDirsDown == 3);
   EXPECT_EQ(alias.targetProperties->flags, AliasFile::regularFile);
   EXPECT_EQ(alias.volumeProperties,
             (AliasFile::Properties{AliasFile::local, AliasFile::local | AliasFile::readOnly}));

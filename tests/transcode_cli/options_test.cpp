@@ -171,8 +171,7 @@ TEST(TranscodeOptions, ValuesReadAsAWholeOrNotAtAll) {
     EXPECT_EQ(with("-c_space", text).videoColorSpace(), std::nullopt) << text;
     EXPECT_EQ(with("-crop_anchor", text).videoAspectCropAnchor(), std::nullopt) << text;
   }
-  EXPECT_EQ(with("-vbd", "9223372036854775808").videoBitDepth(), std::nullopt);
-  EXPECT_EQ(with("-vbd", "24.0").videoBitDepth(), std::nullopt);
+  for (const auto* text : {"9223372036854775808", "24.0"}) EXPECT_FALSE(with("-vbd", text).videoBitDepth());
   EXPECT_EQ(with("-vr", "2.4e1").videoFrameRate(), 24);
   EXPECT_EQ(with("-vbd", "\u3000 024\n").videoBitDepth(), 24);
   EXPECT_EQ(with("-vbd", "\u3000 024\n").argumentFlagValue("-vbd"), "\u3000 024\n")
@@ -277,20 +276,15 @@ TEST(TranscodeOptions, TheTimecodeHasOneSource) {
   EXPECT_EQ(decode<TimecodeSource>(std::string("creationDate")), creationDate);
 }
 
-TEST(TranscodeOptions, IgnoredTracksHaveAFlagEach) {
-  auto model = read("-ac_omit 7 -ac_omit_0 10 -ac_omit_1 7 -ac_omit_x 2 -ac_omit_2 all -abr 1");
+TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
+  auto model =
+      read("-vr 25 -an -in_2_0 old -ac_omit 7 -ac_omit_0 10 -ac_omit_1 7 -ac_omit_x 2 -ac_omit_2 all");
   EXPECT_EQ(model.ignoredAudioTracks(), (Tracks{2, 7, 10}));
   model.setIgnoredAudioTracks({3, 1, 3});
-  EXPECT_EQ(wordsOf(model), "-abr 1 -ac_omit_0 1 -ac_omit_1 3");
-}
-
-TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
-  const TranscodeDetailModifier modifier{{TranscodeVideoDetail{.videoFrameRate = 24},
-                                          TranscodeVideoDetail{.noVideo = true},
-                                          TranscodeInputFileGroup{2, {"a", "b"}}}};
-  auto model = read("-vr 25 -an");
-  modifier.apply(model);
-  EXPECT_EQ(wordsOf(model), "-an  -in_2_0 a -in_2_1 b -vn ");
+  TranscodeDetailModifier{{TranscodeVideoDetail{.videoFrameRate = 24}, TranscodeVideoDetail{.noVideo = true},
+                           TranscodeInputFileGroup{2, {"a", "b"}}}}
+      .apply(model);
+  EXPECT_EQ(wordsOf(model), "-ac_omit_0 1 -ac_omit_1 3 -an  -in_2_0 a -in_2_1 b -vn ");
 }
 
 TEST(TranscodeDetails, ATimecodeIsSetWithTheSeparatorOfItsRecord) {

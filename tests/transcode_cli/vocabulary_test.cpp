@@ -111,18 +111,18 @@ TEST(TranscodeVocabulary, TheHostChangesTheCodecGroupsWhileOthersRead) {
   EXPECT_EQ(joined(Codec::allWebFormats()), "h264 h265 mjpeg");
   EXPECT_EQ(joined(Codec::allAvidDNxFormats()), "dnxhd");
 
-  std::jthread writer([&](const std::stop_token& stop) {
-    while (!stop.stop_requested()) {
-      Codec::setAllProResFormats({Codec(std::string("a codec with a text of its own"))});
-      Codec::setAllProResFormats(proRes);
+  {
+    const std::jthread writer([&](const std::stop_token& done) {
+      while (!done.stop_requested()) {
+        Codec::setAllProResFormats({Codec(std::string("a codec with a text of its own"))});
+        Codec::setAllProResFormats(proRes);
+      }
+    });
+    for (int i = 0; i < 2000; ++i) {
+      ASSERT_NE(Codec::allProResFormats().size(), 0U);
+      ASSERT_LE(VAVProRes422.permittedExtensions().size(), 1U);
     }
-  });
-  for (int i = 0; i < 2000; ++i) {
-    ASSERT_NE(Codec::allProResFormats().size(), 0U);
-    ASSERT_LE(VAVProRes422.permittedExtensions().size(), 1U);
   }
-  writer.request_stop();
-  writer.join();
   Codec::setAllProResFormats({});
   EXPECT_EQ(joined(VAVProRes422.permittedExtensions()), "");
   Codec::setAllProResFormats(proRes);
