@@ -1,6 +1,4 @@
-// Any tree of coded values, one per line, decoded as every possible type. "{" begins a record, in which a
-// line with a key precedes each value; "[" begins a list; "}" or "]" ends either. "t" and "f" are Booleans,
-// "i5" an integer, "d0.5" a number, "sabc" a text; any other line is nothing.
+// Any tree of coded values, decoded as every type that can be.
 #include <quillonic/filesystem.hpp>
 #include <quillonic/media.hpp>
 #include <quillonic/platform/color_coding.hpp>
@@ -8,83 +6,23 @@
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
-#include <charconv>
-#include <cmath>
-#include <cstdint>
+#include <concepts>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
+#include "coded_tree.hpp"
 #include "target.hpp"
 
 namespace quillonic::fuzz {
 namespace {
 
-template <class Number> Number number(std::string_view text) {
-  Number value{};
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
-}
-
-// A value with NaN equals nothing.
-double equalToItself(double value) {
-  return std::isnan(value) ? 0 : value;
-}
-
-class Tree {
- public:
-  explicit Tree(std::string_view bytes) : lines_(lines(bytes)) {}
-
-  CodedValue value() {
-    const auto line = next();
-    if (line.empty()) return {};
-    const auto rest = line.substr(1);
-    switch (line.front()) {
-      case 't':
-        return true;
-      case 'f':
-        return false;
-      case 'i':
-        return number<std::int64_t>(rest);
-      case 'd':
-        return equalToItself(number<double>(rest));
-      case 's':
-        return std::string(rest);
-      case '[': {
-        CodedList list;
-        while (!ends()) list.push_back(value());
-        return list;
-      }
-      case '{': {
-        CodedRecord record;
-        while (!ends()) {
-          const auto key = next();
-          record.add(key, value());
-        }
-        return record;
-      }
-      default:
-        return {};
-    }
-  }
-
- private:
-  bool ends() {
-    if (at_ < lines_.size() && lines_[at_] != "]" && lines_[at_] != "}") return false;
-    ++at_;
-    return true;
-  }
-  std::string_view next() { return at_ < lines_.size() ? lines_[at_++] : std::string_view{}; }
-
-  std::vector<std::string_view> lines_;
-  std::size_t at_ = 0;
-};
-
 template <class T> void checkType(const CodedValue& coded) {
   try {
-    const auto again = encode(decode<T>(coded));
+    const auto value = decode<T>(coded);
+    const auto again = encode(value);
     require(encode(decode<T>(again)) == again, "what was decoded is coded and decoded to the same");
+    if constexpr (std::equality_comparable<T>) require(decode<T>(again) == value, "coding loses nothing");
   } catch (const DecodingError& error) {
     // A message ends at a NUL.
     const std::string_view key = error.key().c_str();
@@ -113,6 +51,11 @@ void checkModel(const CodedValue& coded) {
     model.update(model.timecodeDetail());
     model.update(model.watermarkDetail());
     require(model.commandLineArguments() == words, "updating with what is there changes nothing");
+    auto detail = model.timecodeDetail();
+    detail.timecodeAddTrack = !detail.timecodeAddTrack;
+    model.update(detail);
+    if (written.erase("-tc_track") == 0) written.emplace("-tc_track", "");
+    require(model.flagValueLookup() == written, "a field that changes changes no flag of another");
     const auto groups = model.inputFileGroups();
     model.setInputFileGroups(groups);
     require(model.inputFileGroups() == groups, "input files read back");
@@ -124,7 +67,7 @@ void checkModel(const CodedValue& coded) {
 }  // namespace
 
 void run(std::string_view bytes) {
-  const auto coded = Tree(bytes).value();
+  const auto coded = CodedTree(bytes).value();
   const CodedValue copy = coded;
   require(copy == coded, "a copy is equal");
   checkTypes<TranscodeCliArguments, TimecodeComponents, VideoCropAnchor, TimecodeBurnAnchor, TimecodeSource,

@@ -49,6 +49,9 @@ void run(std::string_view bytes) {
   require(isAscii || isUtf8(name) ? parts == name.size() : parts <= name.size(),
           "each character is in a set or not");
   require(isPartOf(outside, name) && isPartOf(inside, name), "filtering only removes");
+  require(isUtf8(inside), "what is in a set is characters");
+  require((removingAllExcept(listed, set) == listed) == isUtf8(listed),
+          "a set has all characters of its text");
   require(removingDisallowedCharacters(name, set.inverted()) == inside, "an inverted set removes the others");
   require(removingAllExcept(name, set.inverted()) == outside, "an inverted set keeps the others");
   require(removingAllExcept(inside, set) == inside, "what is in a set stays as it is");

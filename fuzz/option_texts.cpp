@@ -113,6 +113,9 @@ void checkColor(std::string_view given) {
   require(textOf(model, VAVTimecodeBurnFontRGB) == expected,
           "a colour is written as its integers out of 255");
   require(model.timecodeBurnFontColor().has_value(), "a colour that is written reads");
+  if (rgb->red >= 1 || rgb->green >= 1 || rgb->blue >= 1) return;
+  model.setTimecodeBurnFontColor(model.timecodeBurnFontColor());
+  require(textOf(model, VAVTimecodeBurnFontRGB) == expected, "a colour that was written is written the same");
 }
 
 void checkFixedValue(std::string_view given) {

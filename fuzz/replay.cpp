@@ -1,9 +1,10 @@
-// Runs a target without libFuzzer: over every file of its corpus, every prefix of each, and random mixtures
-// of their lines. The mixtures are the same in every run.
+// Runs a target without libFuzzer: over every file of a folder, over every beginning of each, and over 2,000 random
+// mixtures of their lines, or as many as the second word says. The mixtures are the same in every run.
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -67,10 +68,9 @@ class Mixer {
 
 int main(int argc, char** argv) {
   quillonic::fuzz::QuietLog::install();
+  if (argc < 2) return 1;
   std::vector<std::filesystem::path> files;
-  for (int i = 1; i < argc; ++i) {
-    std::ranges::copy(std::filesystem::directory_iterator(argv[i]), std::back_inserter(files));
-  }
+  std::ranges::copy(std::filesystem::directory_iterator(argv[1]), std::back_inserter(files));
   std::ranges::sort(files);
   Mixer mixer;
   for (const auto& file : files) {
@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
     for (std::size_t size = 0; size <= bytes.size(); ++size) runOn(std::string_view(bytes).substr(0, size));
     mixer.add(bytes);
   }
-  for (int round = 0; round < 2000; ++round) runOn(mixer.mixture());
+  for (int rounds = argc > 2 ? std::atoi(argv[2]) : 2000; rounds > 0; --rounds) runOn(mixer.mixture());
   std::printf("%zu files\n", files.size());
   return files.empty() ? 1 : 0;
 }

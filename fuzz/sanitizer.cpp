@@ -76,6 +76,10 @@ void run(std::string_view bytes) {
     for (const char c : *line++) number = (number * 10 + c) % 8;
   }
   const CLISanitizationOptions options(number);
+  // Each flag's values have options of their own.
+  const auto valueOptions = [&](std::string_view flag) {
+    return CLISanitizationOptions(number + static_cast<std::int64_t>(flag.size()));
+  };
   std::vector<std::string> valid;
   for (; line != all.end() && !line->empty(); ++line) valid.emplace_back(*line);
   if (line != all.end()) ++line;
@@ -102,7 +106,7 @@ void run(std::string_view bytes) {
   for (const auto& [flag, isValid, parts] : groups) {
     if (parts.size() == 1) expected.push_back({flag, std::nullopt, isValid});
     for (std::size_t i = 1; i < parts.size(); ++i) {
-      expected.push_back({flag, options.sanitize(parts[i]), isValid});
+      expected.push_back({flag, valueOptions(flag).sanitize(parts[i]), isValid});
     }
     auto& side = isValid ? split.valid : split.rest;
     side.insert(side.end(), parts.begin(), parts.end());
@@ -119,9 +123,9 @@ void run(std::string_view bytes) {
   const CLIArgumentSanitizer sanitizer(valid, options);
   sanitizer.enumerateSanitizedCLIEntries(
       words,
-      [&](std::string_view /*flag*/) {
+      [&](std::string_view flag) {
         ++asked;
-        return options;
+        return valueOptions(flag);
       },
       report(true), report(false));
   require(reports == expected, "the walk reports each flag with each of its values");

@@ -2,7 +2,10 @@
 #include <quillonic/time/durations.hpp>
 #include <quillonic/time/timecode.hpp>
 
+#include <array>
+#include <cinttypes>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -47,6 +50,10 @@ void checkWriting(const TimecodeComponents& components) {
   require(decode<TimecodeComponents>(encode(components)) == components, "coding keeps a timecode");
 
   if (hours < 0 || minutes < 0 || seconds < 0 || frames < 0) return;
+  std::array<char, 100> label{};
+  std::snprintf(label.data(), label.size(), "%02" PRId64 ":%02" PRId64 ":%02" PRId64 "%c%02" PRId64, hours,
+                minutes, seconds, isDropFrame ? ';' : ':', frames);
+  require(text == label.data(), "a timecode is written as the C library does");
   require(TimecodeComponents::sanitizedTimecode(text) == components, "a timecode reads back");
   const bool isInBounds = minutes <= 60 && seconds <= 60;
   require(TimecodeComponents::fromTimecode(text).has_value() == isInBounds,

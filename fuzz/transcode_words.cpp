@@ -181,6 +181,32 @@ void checkSetting(const std::vector<std::string_view>& words) {
   }
 }
 
+// The flags of a line keep their order, whatever is removed and comes back; others follow in the order of their texts.
+void checkOrder(const std::vector<std::string_view>& words, const std::vector<std::string_view>& changes) {
+  Model model(words, true);
+  const auto order = Expected(words).order;
+  std::set<std::string> flags(order.begin(), order.end());
+  auto all = changes;
+  all.insert(all.end(), words.begin(), words.end());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const auto flag = both.sanitize(all[i]);
+    if (!isKnown(flag)) continue;
+    const bool removes = flags.erase(flag) > 0 || i % 3 == 0;
+    if (!removes) flags.insert(flag);
+    model.setArgumentFlagValue(flag, removes ? std::nullopt : std::optional<std::string_view>(""));
+    auto rest = flags;
+    Words expected;
+    for (const auto& first : order) {
+      if (rest.erase(first) > 0) expected.push_back(first);
+    }
+    expected.insert(expected.end(), rest.begin(), rest.end());
+    const auto written = model.commandLineArguments();
+    Words found;
+    for (std::size_t at = 0; at < written.size(); at += 2) found.push_back(written[at]);
+    require(found == expected, "flags keep the order in which they first stood");
+  }
+}
+
 }  // namespace
 
 void run(std::string_view bytes) {
@@ -192,6 +218,8 @@ void run(std::string_view bytes) {
   checkInputFiles(words);
   checkDetails(words, otherWords);
   checkSetting(otherWords);
+  checkOrder(words, otherWords);
+  checkOrder(otherWords, words);
 }
 
 }  // namespace quillonic::fuzz

@@ -1,13 +1,10 @@
 // Runs a program as a child process, without a shell, and collects what it prints.
 #pragma once
 
-#include <cerrno>
-#include <fcntl.h>
+#include <cstdio>
 #include <filesystem>
-#include <spawn.h>
 #include <string>
 #include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
 #include <vector>
 
@@ -32,16 +29,15 @@ inline ChildResult runChild(const std::filesystem::path& program, std::vector<st
   for (auto& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
 
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  const int flags = O_WRONLY | O_CREAT | O_TRUNC;
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), flags, 0600);
-  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errors.c_str(), flags, 0600);
+  std::fflush(nullptr);
   ChildResult result;
-  const int error = posix_spawn(&result.process, name.c_str(), &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  if (error != 0) throw std::system_error(error, std::generic_category(), name);
-
+  result.process = fork();
+  if (result.process == 0) {
+    if (std::freopen(output.c_str(), "w", stdout) && std::freopen(errors.c_str(), "w", stderr)) {
+      execv(name.c_str(), argv.data());
+    }
+    _exit(127);
+  }
   int status = 0;
   if (waitpid(result.process, &status, 0) == result.process && WIFEXITED(status)) {
     result.exitStatus = WEXITSTATUS(status);

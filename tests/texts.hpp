@@ -3,6 +3,7 @@
 
 #include <quillonic/support/enumeration.hpp>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -30,13 +31,9 @@ std::string joined(const Items& items, char separator = ' ', TextOf textOf = {})
 // The pieces of a text, and none of an empty one.
 inline std::vector<std::string> split(std::string_view text, char separator = ' ') {
   std::vector<std::string> pieces;
-  if (!text.empty()) pieces.emplace_back();
-  for (const char c : text) {
-    if (c == separator) {
-      pieces.emplace_back();
-    } else {
-      pieces.back() += c;
-    }
+  for (std::size_t at = 0, end = 0; end < text.size(); at = end + 1) {
+    end = std::min(text.find(separator, at), text.size());
+    pieces.emplace_back(text.substr(at, end - at));
   }
   return pieces;
 }

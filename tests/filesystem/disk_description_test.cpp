@@ -25,24 +25,19 @@ TEST(DiskDescription, ReadsAnyDictionaryAndWrongKindsAsAbsent) {
   EXPECT_EQ(DiskDescription(mixed).storedDAVolumePath(), std::nullopt);
 
   // Whether it is a network device, and whether it is a disk image.
-  const std::pair<AnyValue, const char*> rows[] = {{true, "10"},
-                                                   {1, "10"},
-                                                   {0.5, "10"},
-                                                   {~0ULL, "10"},
-                                                   {false, "00"},
-                                                   {0, "00"},
-                                                   {"true", "00"},
-                                                   {AnyValue(), "00"},
-                                                   {"DISK IMAGE", "01"},
-                                                   {"disk-image", "00"},
-                                                   {"Some Disk Image Media", "01"}};
-  for (const auto& [value, expected] : rows) {
-    const Entries entries{{"DAVolumeNetwork", value}, {"DAMediaName", value}};
-    const DiskDescription read(entries);
-    EXPECT_EQ(std::to_string(read.indicatesVolumeIsNetworkDevice()) +
-                  std::to_string(read.indicatesVolumeIsDiskImage()),
-              expected)
-        << value.description();
+  const std::pair<const char*, std::vector<AnyValue>> rows[] = {
+      {"10", {true, 1, 0.5, ~0ULL}},
+      {"00", {false, 0, "true", AnyValue(), "disk-image"}},
+      {"01", {"DISK IMAGE", "Some Disk Image Media"}}};
+  for (const auto& [expected, values] : rows) {
+    for (const auto& value : values) {
+      const Entries entries{{"DAVolumeNetwork", value}, {"DAMediaName", value}};
+      const DiskDescription read(entries);
+      EXPECT_EQ(std::to_string(read.indicatesVolumeIsNetworkDevice()) +
+                    std::to_string(read.indicatesVolumeIsDiskImage()),
+                expected)
+          << value.description();
+    }
   }
 }
 

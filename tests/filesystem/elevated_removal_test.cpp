@@ -7,6 +7,7 @@
 #include "private_process.hpp"
 #include "recorded_log.hpp"
 #include "temporary_folder.hpp"
+#include "texts.hpp"
 
 namespace quillonic {
 namespace {
@@ -35,17 +36,13 @@ class ShellRunner final : public ScriptRunner {
   const char* fault = nullptr;
 };
 
-const std::vector<std::string> quotable{"plain.mov",
-                                        "-rf",
-                                        "--help",
-                                        " ",
-                                        "two  blanks; touch owned",
-                                        "$(touch owned) `touch owned` $HOME *",
-                                        "& touch owned &",
-                                        "\xFF\xC3\xA4"};
-const std::vector<std::string> unquotable{
-    "it's.mov",    "x'; touch owned; '", "x\" & (do shell script \"touch owned",
-    "back\\slash", "line\nbreak",        "\rtouch owned"};
+const auto quotable = split(
+    "plain.mov|-rf|--help| |two  blanks; touch owned|$(touch owned) `touch owned` $HOME *|& touch owned "
+    "&|\xFF\xC3\xA4",
+    '|');
+const auto unquotable = split(
+    "it's.mov|x'; touch owned; '|x\" & (do shell script \"touch owned|back\\slash|line\nbreak|\rtouch owned",
+    '|');
 constexpr auto refused = "error: QLC_FME_RIWEP-Failed to elevate permissions to remove FILE\n";
 constexpr auto failed = "error: QLC_FME_RIWEP-Failed to remove FILE with due to errors: ";
 
@@ -154,13 +151,8 @@ TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
   const std::string removes = "shift $(($# - 3)); exec \"$@\"";
   const std::string says = "echo \"${0##*/} $*\"; exit ";
   const std::string status = failed + std::string("key: exit status value: ");
-  struct Row {
-    std::string pkexec;
-    std::string sudo;
-    // What is logged; nothing if the file is removed.
-    std::string log;
-  };
-  const Row rows[] = {
+  // What the two programs do, and what is logged; nothing where the file is removed.
+  const std::tuple<std::string, std::string, std::string> rows[] = {
       {removes, says + "9", ""},
       {"", removes, ""},
       {says + "127", removes, ""},
@@ -169,15 +161,15 @@ TEST(ElevatedRemoval, RaisesTheRightsOfAnOrdinaryUser) {
       {says + "127", says + "1", status + "1 key: output value: sudo -n -- /bin/rm -- FILE\n"},
       {"", "kill -9 $$", failed + std::string("key: signal value: 9\n")},
       {"", "", refused}};
-  for (const auto& row : rows) {
+  for (const auto& [pkexec, sudo, log] : rows) {
     const TemporaryFolder folder;
     const auto file = folder.file("it's.mov");
-    runPrivately([&] {
-      replaceLaunchers(folder, row.pkexec, row.sudo);
-      EXPECT_EQ(logOfRemoving(file, row.log.empty()), row.log);
+    runPrivately([&, &pkexec = pkexec, &sudo = sudo, &log = log] {
+      replaceLaunchers(folder, pkexec, sudo);
+      EXPECT_EQ(logOfRemoving(file, log.empty()), log);
     });
     if (testing::Test::IsSkipped()) return;
-    EXPECT_EQ(std::filesystem::exists(file), !row.log.empty());
+    EXPECT_EQ(std::filesystem::exists(file), !log.empty());
   }
 }
 

@@ -1,11 +1,10 @@
 #include <quillonic/filesystem.hpp>
 #include <quillonic/support/coding.hpp>
 
-#include <algorithm>
 #include <chrono>
 #include <gtest/gtest.h>
-#include <map>
-#include <random>
+
+#include "texts.hpp"
 
 namespace quillonic {
 namespace {
@@ -16,91 +15,11 @@ using namespace std::chrono_literals;
 
 // Shipped programs store and exchange these texts.
 TEST(FileAttributeKey, HasItsFixedText) {
-  std::string texts;
-  for (const auto& key : allCases<Key>().first(15)) texts.append(key.rawValue()).append(" ");
   EXPECT_EQ(
-      texts,
+      joined(allCases<Key>().first(15)),
       "filePathName urlFileResourceType isLinkFilePath isDirectoryPath aggregateDirectorySize "
       "directoryStructureAttributes referenceLinkType referencedFileSystemURL isRelativeSymbolicReference "
-      "spotlightFileType utFileType s3Etag isRemoteFileURL mimeType fileSizeIsEstimated ");
-}
-
-// Dictionaries made and compared at random agree with maps.
-TEST(FileAttributes, CompareLikeMaps) {
-  using Map = std::map<std::string, AnyValue>;
-  using Texts = std::vector<std::string>;
-  std::mt19937 random(5);
-  const auto make = [&](Map& map) {
-    std::vector<FileAttributes::Entry> entries;
-    for (auto n = random() % 7; n > 0; --n) {
-      const AnyValue values[] = {AnyValue(), 1, 1.0, true, "1", Date(1s)};
-      entries.push_back({allCases<Key>()[random() % 6], values[random() % 6]});
-      map[std::string(entries.back().key)] = entries.back().value;
-    }
-    return FileAttributes(entries);
-  };
-  // A missing list is never an empty one.
-  const auto textsOf = [](const std::optional<FileAttributes::KeyList>& keys) {
-    EXPECT_TRUE(!keys || !keys->empty());
-    return keys ? Texts(keys->begin(), keys->end()) : Texts();
-  };
-  for (int round = 0; round < 2000 && !testing::Test::HasFailure(); ++round) {
-    Map map;
-    Map otherMap;
-    auto attributes = make(map);
-    const auto other = make(otherMap);
-    EXPECT_EQ(attributes == other, map == otherMap);
-
-    Texts common;
-    Texts equal;
-    Texts compared;
-    for (const auto& [key, value] : map) {
-      const auto found = otherMap.find(key);
-      if (found == otherMap.end()) continue;
-      common.push_back(key);
-      compared.push_back(key + (value == found->second ? "=" : "!"));
-      if (value == found->second && !value.empty()) equal.push_back(key);
-    }
-    EXPECT_EQ(textsOf(attributes.commonAttributeKeys(other)), common);
-    EXPECT_EQ(textsOf(attributes.objcAttributesIntersection(other)), equal);
-
-    // Both walks stop after a few calls.
-    const auto calls = std::min(common.size(), std::size_t{1 + random() % 3});
-    common.resize(calls);
-    compared.resize(calls);
-    Texts walked;
-    attributes.correlatedEnumerateCommonKeyValueEntries(
-        other, [&](const Key& key, const AnyValue* mine, const AnyValue* its, bool& stop) {
-          walked.emplace_back(key);
-          EXPECT_TRUE(*mine == map.at(walked.back()) && *its == otherMap.at(walked.back()));
-          stop = walked.size() == calls;
-        });
-    EXPECT_EQ(walked, common);
-    Texts seen;
-    auto changing = attributes;
-    const auto see = [&](const Key& key, const char* sign, bool& stop) {
-      changing = {};
-      seen.push_back(std::string(key) + sign);
-      stop = seen.size() == calls;
-    };
-    changing.compare(
-        other, [&](const Key& key, const AnyValue&, bool& stop) { see(key, "=", stop); },
-        [&](const Key& key, const AnyValue&, const AnyValue&, bool& stop) { see(key, "!", stop); });
-    EXPECT_EQ(seen, compared);
-
-    const auto keys = allCases<Key>().subspan(random() % 6, random() % 6);
-    const auto missing = attributes.missingEqualityAttributes(keys).value_or(FileAttributes::KeyList());
-    const auto restricted = attributes.intersection(keys);
-    EXPECT_EQ(missing.size() + restricted.size(), keys.size());
-    for (const auto& key : missing) EXPECT_FALSE(map.contains(std::string(key)));
-    for (const auto& [key, value] : restricted) EXPECT_EQ(map.at(std::string(key)), value);
-
-    const auto& key = allCases<Key>()[random() % 6];
-    EXPECT_EQ(attributes.remove(key), map.erase(std::string(key)) == 1);
-    attributes.set(key, "new");
-    EXPECT_EQ(attributes.value<std::string>(key), "new");
-    EXPECT_EQ(attributes.size(), map.size() + 1);
-  }
+      "spotlightFileType utFileType s3Etag isRemoteFileURL mimeType fileSizeIsEstimated");
 }
 
 class Record final : public AttributeBasedStore {
@@ -132,10 +51,9 @@ TEST(FileSystemAttributesStore, SaysTheSameOnBothSides) {
   const Record wrong({{Key::filePathName, 7}, {Key::NSFileSize, -1}});
   EXPECT_FALSE(wrong.name() || wrong.fileSize());
 
-  const auto keys = FileSystemAttributesStore::attributeKeys();
-  EXPECT_EQ(std::vector(keys.begin(), keys.end()),
-            (std::vector{Key::filePathName, Key::NSFileSize, Key::NSFileCreationDate,
-                         Key::NSFileModificationDate}));
+  EXPECT_EQ(joined(FileSystemAttributesStore::attributeKeys()),
+            joined(std::vector{Key::filePathName, Key::NSFileSize, Key::NSFileCreationDate,
+                               Key::NSFileModificationDate}));
   EXPECT_EQ(TypedRecord().attributes(), (FileAttributes{{Key::filePathName, "clip.mov"},
                                                         {Key::NSFileSize, 1ULL << 63U},
                                                         {Key::NSFileModificationDate, Date(7ns)}}));

@@ -13,6 +13,7 @@
 #include "private_process.hpp"
 #include "recorded_log.hpp"
 #include "temporary_folder.hpp"
+#include "texts.hpp"
 
 namespace quillonic {
 namespace {
@@ -25,14 +26,12 @@ path followed(const path& link) {
 }
 
 TEST(ReferenceLinkType, HasItsNumberAndText) {
-  std::string texts;
-  for (std::int64_t i = 0; i < 4; ++i) {
-    texts.append(loggingDescription(fromRawValue<ReferenceLinkType>(i).value())).append(" ");
-    texts.append(loggingDescription(fromRawValue<ReplicatedReferenceLinkResolution>(i).value())).append("\n");
-  }
-  EXPECT_EQ(texts,
-            "not a link relinkToSource\nsymbolic link relinkToReplicatedSource\n"
-            "hard link copyOriginalSource\nalias copyOriginalLinkFile\n");
+  const auto text = [](auto one) {
+    return std::string(loggingDescription(one)) + std::to_string(rawValue(one));
+  };
+  EXPECT_EQ(joined(allCases<ReferenceLinkType>(), ' ', text), "not a link0 symbolic link1 hard link2 alias3");
+  EXPECT_EQ(joined(allCases<ReplicatedReferenceLinkResolution>(), ' ', text),
+            "relinkToSource0 relinkToReplicatedSource1 copyOriginalSource2 copyOriginalLinkFile3");
   EXPECT_FALSE(fromRawValue<ReferenceLinkType>(4) || fromRawValue<ReplicatedReferenceLinkResolution>(-1));
   EXPECT_EQ(fromRawValue<MatchLevel>("Full"), std::nullopt);
   EXPECT_EQ(decode<MatchLevel>(encode(MatchLevel::partial)), MatchLevel::partial);
@@ -233,21 +232,20 @@ TEST(ExpandedAttributes, TellWhereALinkLeads) {
   const auto relative = folder.link("relative", "clip.mov");
   const auto absolute = folder.link("absolute", file);
   const RecordedLog log;
-  // Whether the link is relative, and its target.
-  using Details = std::pair<std::optional<bool>, std::optional<path>>;
-  const auto detailsOf = [](const path& link) {
+  const auto expectDetails = [](const path& link, std::optional<bool> isRelative,
+                                std::optional<path> target) {
     const auto attributes = *expandedAttributesOfItem(link);
     EXPECT_EQ(attributes.value<bool>(Key::isLinkFilePath), true) << link;
-    return Details(attributes.value<bool>(Key::isRelativeSymbolicReference),
-                   attributes.value<path>(Key::referencedFileSystemURL));
+    EXPECT_EQ(attributes.value<bool>(Key::isRelativeSymbolicReference), isRelative) << link;
+    EXPECT_EQ(attributes.value<path>(Key::referencedFileSystemURL), target) << link;
   };
-  EXPECT_EQ(detailsOf(alias), Details(std::nullopt, file));
-  EXPECT_EQ(detailsOf(relative), Details(true, file));
-  EXPECT_EQ(detailsOf(absolute), Details(false, file));
+  expectDetails(alias, std::nullopt, file);
+  expectDetails(relative, true, file);
+  expectDetails(absolute, false, file);
   EXPECT_EQ(log.text(), "");
   std::filesystem::remove(file);
-  EXPECT_EQ(detailsOf(relative), Details(true, file));
-  EXPECT_EQ(detailsOf(alias), Details());
+  expectDetails(relative, true, file);
+  expectDetails(alias, std::nullopt, std::nullopt);
   EXPECT_EQ(log.text(),
             "warning: Could not find resolved path for symbolic source node\n"
             "warning: Failed to resolve alias for file '" +
@@ -309,10 +307,10 @@ TEST(LinkFileDereferencePairs, AreFoundBelowAFolderAndNotBehindLinks) {
     EXPECT_EQ(pairsIn(folder / root, 100), first + "b/c/alias: tree/b/file\nb/c/loop: tree/b\n");
   }
   EXPECT_EQ(log.lines().size(), 2U);
-  for (const auto* link : {"entry/b/up", "entry/b/c/loop", "entry/b/c/alias"}) {
-    const auto target = expandedAttributesOfItem(folder / link)->value<path>(Key::referencedFileSystemURL);
-    EXPECT_TRUE(target.value().native().starts_with((folder / "tree/b").native())) << link;
-    EXPECT_EQ(dereferencedFilePathURL(filePathLinkType(folder / link), folder / link), target);
+  for (const auto& link : {folder / "entry/b/up", folder / "entry/b/c/loop", folder / "entry/b/c/alias"}) {
+    const auto target = dereferencedFilePathURL(filePathLinkType(link), link);
+    EXPECT_TRUE(target.native().starts_with((folder / "tree/b").native())) << link;
+    EXPECT_EQ(expandedAttributesOfItem(link)->value<path>(Key::referencedFileSystemURL), target);
   }
   EXPECT_EQ(pairsIn(folder / "tree", 3), first);
   EXPECT_EQ(pairsIn(folder / "missing", 1), "");
@@ -358,11 +356,7 @@ TEST(LinkFileDereferencePairs, AreNotThoseOfAFolderThatIsSwappedIn) {
   EXPECT_EQ(names, "first inner ");
 }
 
-std::vector<std::string> drivesOf(const path& item) {
-  return FileManager().getUniqueDrives({&item, 1});
-}
-
-// The answers match what happens when links are created.
+// The answers are what happens when links are made.
 TEST(LinkSupport, IsWhatTheVolumeHolds) {
   const TemporaryFolder folder;
   const auto expectTruth = [&](const path& place) {
@@ -390,8 +384,9 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
   }
 
   runPrivately([&] {
-    // A name in a folder of mount points is a pulled volume, unless the folder is itself a volume.
-    const bool isMounted = drivesOf("/mnt") == std::vector<std::string>{"/mnt"};
+    // A name in a folder of mount points is that of a pulled volume, unless the folder is a volume itself.
+    const bool isMounted =
+        FileManager().getUniqueDrives(std::array{path("/mnt")}) == std::vector<std::string>{"/mnt"};
     const path missing[] = {"/mnt/quillonic", "/mnt/quillonic/clips/clip.mov"};
     for (const auto& item : missing) {
       EXPECT_EQ(errorOf(fileSystemSupportsHardLinks, item) == std::errc::no_such_file_or_directory,

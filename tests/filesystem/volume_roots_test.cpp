@@ -14,11 +14,10 @@ std::vector<std::string> drivesOf(const path& item) {
   return FileManager().getUniqueDrives({&item, 1});
 }
 
-// Takes each item and its root, which is empty for an item on no volume.
-void expectRoots(const std::vector<path>& rows) {
-  for (std::size_t i = 0; i < rows.size(); i += 2) {
-    const auto& root = rows[i + 1].native();
-    EXPECT_EQ(drivesOf(rows[i]), std::vector<std::string>(root.empty() ? 0 : 1, root)) << rows[i];
+// Takes each item with its root, empty for an item on no volume.
+void expectRoots(const std::vector<std::pair<path, path>>& rows) {
+  for (const auto& [item, root] : rows) {
+    EXPECT_EQ(drivesOf(item), std::vector<std::string>(root.empty() ? 0 : 1, root)) << item;
   }
 }
 
@@ -38,51 +37,27 @@ void compareMounts(const TemporaryFolder& folder) {
   const auto link = folder.link("link", card);
 
   const auto dangling = folder.link("bound/dangling", "/proc/nowhere");
-  expectRoots({folder.path(),
-               disk,
-               file,
-               card,
-               bound / "deep",
-               bound,
-               boundFile,
-               boundFile,
-               stack,
-               stack,
-               "/proc/self/stat",
-               "/proc",
-               odd,
-               odd,
-               stack / "hidden",
-               stack,
-               within,
-               stack,
-               link,
-               disk,
-               link / "",
-               disk,
-               dangling,
-               bound,
-               link / "output.mov",
-               card,
-               link / "missing/output.mov",
-               ""});
+  expectRoots({{folder.path(), disk}, {file, card}, {bound / "deep", bound}, {boundFile, boundFile}});
+  expectRoots({{stack, stack}, {stack / "hidden", stack}, {within, stack}, {odd, odd}});
+  expectRoots({{link, disk}, {link / "", disk}, {dangling, bound}, {link / "output.mov", card}});
+  expectRoots({{link / "missing/output.mov", ""}, {"/proc/self/stat", "/proc"}});
   std::filesystem::current_path(bound);
-  expectRoots({"deep", bound, "..", disk, "output.mov", bound, "missing/missing", "", "", "",
-               std::string("/proc\0x", 7), ""});
+  expectRoots({{"deep", bound}, {"..", disk}, {"output.mov", bound}, {"missing/missing", ""}});
+  expectRoots({{"", ""}, {std::string("/proc\0x", 7), ""}});
   std::filesystem::current_path("/");
 
   // An overlay's files keep the device numbers of its layers.
   const auto merged = folder.folder("merged");
   const auto options = overlayOptions(card / "inner", stack);
   if (mount("overlay", merged.c_str(), "overlay", 0, options.c_str()) == 0) {
-    expectRoots({merged / "deep/file", merged, folder.file("merged/above"), merged});
+    expectRoots({{merged / "deep/file", merged}, {folder.file("merged/above"), merged}});
   } else {
     std::printf("no overlay can be mounted here: not compared\n");
   }
 
   // A pulled drive.
   ASSERT_EQ(umount2(bound.c_str(), MNT_DETACH), 0);
-  expectRoots({bound / "deep/clip.mov", "", bound, disk});
+  expectRoots({{bound / "deep/clip.mov", ""}, {bound, disk}});
 }
 
 TEST(VolumeRoots, AreThoseOfTheSystemsMounts) {

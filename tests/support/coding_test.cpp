@@ -1,20 +1,12 @@
 #include <quillonic/support/coding.hpp>
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
 
+#include "error_of.hpp"
+
 namespace quillonic {
 namespace {
-
-std::string keyOfFailure(const std::function<void()>& decoding) {
-  try {
-    decoding();
-  } catch (const DecodingError& error) {
-    return std::string(error.what()).find(error.key()) == std::string::npos ? "not told" : error.key();
-  }
-  return "no failure";
-}
 
 TEST(CodedRecord, KeepsTheOrderOfItsKeysAndNamesTheOneThatIsWrong) {
   CodedRecord record;
@@ -23,10 +15,10 @@ TEST(CodedRecord, KeepsTheOrderOfItsKeysAndNamesTheOneThatIsWrong) {
   EXPECT_EQ(record.members().front().key, "z");
   EXPECT_EQ(record.require<std::int64_t>("z"), 1);
   EXPECT_EQ(record.optional<std::string>("missing"), nullptr);
-  EXPECT_EQ(keyOfFailure([&] { record.require<std::string>("missing"); }), "missing");
-  EXPECT_EQ(keyOfFailure([&] { record.optional<std::string>("z"); }), "z");
-  EXPECT_EQ(keyOfFailure([&] { record.require<double>("z"); }), "z");
-  EXPECT_EQ(keyOfFailure([] { CodedValue().require<CodedRecord>(); }), "");
+  EXPECT_EQ(undecodedKey([&] { return record.require<std::string>("missing"); }), "missing");
+  EXPECT_EQ(undecodedKey([&] { return record.optional<std::string>("z"); }), "z");
+  EXPECT_EQ(undecodedKey([&] { return record.require<double>("z"); }), "z");
+  EXPECT_EQ(undecodedKey([] { return CodedValue().require<CodedRecord>(); }), "");
   const CodedValue value = record;
   EXPECT_EQ(value, CodedValue(record));
   record.add("more", CodedValue());

@@ -1,15 +1,11 @@
 #include <quillonic/time.hpp>
 
-#include <array>
-#include <cinttypes>
-#include <cstddef>
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <limits>
-#include <random>
 #include <string>
 #include <string_view>
 
+#include "error_of.hpp"
 #include "texts.hpp"
 
 namespace quillonic {
@@ -52,28 +48,7 @@ TEST(TimecodeComponents, TheFormIsCheckedAsFarAsDemanded) {
                                                                  {"0:99:0:0", false, true, false},
                                                                  {"0:0:0", false, false, false}};
   for (const auto& [text, length, bounds, isProper] : rows) {
-    int calls = 0;
-    const auto count = [&](const TimecodeComponents&) { ++calls; };
-    EXPECT_EQ(TimecodeComponents::timecodeHasProperForm(text, length, bounds, count), isProper) << text;
-    EXPECT_EQ(calls, isProper ? 1 : 0) << "the closure hears of proper texts only";
-  }
-}
-
-// Numbers of all orders of magnitude, to cover every length.
-TEST(TimecodeComponents, PositiveNumbersSurviveTextAndCode) {
-  std::mt19937_64 random(4);
-  const auto number = [&] { return static_cast<std::int64_t>(random() >> (1 + random() % 63)); };
-  for (int i = 0; i < 100000; ++i) {
-    const TimecodeComponents components{number(), number(), number(), number(), random() % 2 == 0};
-    const auto& [hours, minutes, seconds, frames, isDropFrame] = components;
-    std::array<char, 100> label{};
-    std::snprintf(label.data(), label.size(), "%02" PRId64 ":%02" PRId64 ":%02" PRId64 "%c%02" PRId64, hours,
-                  minutes, seconds, isDropFrame ? ';' : ':', frames);
-    ASSERT_EQ(components.timecodeString(), label.data());
-    ASSERT_EQ(TimecodeComponents::sanitizedTimecode(label.data()), components);
-    const bool isInBounds = minutes <= 60 && seconds <= 60;
-    ASSERT_EQ(TimecodeComponents::fromTimecode(label.data()).has_value(), isInBounds) << label.data();
-    ASSERT_EQ(decode<TimecodeComponents>(encode(components)), components);
+    EXPECT_EQ(TimecodeComponents::timecodeHasProperForm(text, length, bounds), isProper) << text;
   }
 }
 
@@ -106,19 +81,15 @@ TEST(TimecodeComponents, IsCodedUnderFixedKeysThatAreAllRequired) {
   const auto& members = coded.require<CodedRecord>().members();
   EXPECT_EQ(joined(members, ' ', [](auto& member) { return member.key; }),
             "hours minutes seconds frames isDropFrame");
-  for (std::size_t broken = 0; broken < 2 * members.size(); ++broken) {
-    const auto& key = members[broken / 2].key;
-    CodedRecord record;
+  for (const auto& [key, ignored] : members) {
+    CodedRecord without;
     for (const auto& member : members) {
-      if (member.key != key) record.add(member.key, member.value);
+      if (member.key != key) without.add(member.key, member.value);
     }
-    if (broken % 2 == 1) record.add(key, std::string("1"));
-    try {
-      decode<TimecodeComponents>(record);
-      ADD_FAILURE() << key;
-    } catch (const DecodingError& error) {
-      EXPECT_EQ(error.key(), key);
-    }
+    auto mistyped = without;
+    mistyped.add(key, std::string("1"));
+    EXPECT_EQ(undecodedKey([&] { return decode<TimecodeComponents>(without); }), key);
+    EXPECT_EQ(undecodedKey([&] { return decode<TimecodeComponents>(mistyped); }), key);
   }
 }
 

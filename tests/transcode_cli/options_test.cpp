@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <limits>
-#include <random>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -172,8 +171,7 @@ TEST(TranscodeOptions, ValuesReadAsAWholeOrNotAtAll) {
     EXPECT_EQ(with("-c_space", text).videoColorSpace(), std::nullopt) << text;
     EXPECT_EQ(with("-crop_anchor", text).videoAspectCropAnchor(), std::nullopt) << text;
   }
-  EXPECT_EQ(with("-vbd", "9223372036854775808").videoBitDepth(), std::nullopt);
-  EXPECT_EQ(with("-vbd", "24.0").videoBitDepth(), std::nullopt);
+  for (const auto* text : {"9223372036854775808", "24.0"}) EXPECT_FALSE(with("-vbd", text).videoBitDepth());
   EXPECT_EQ(with("-vr", "2.4e1").videoFrameRate(), 24);
   EXPECT_EQ(with("-vbd", "\u3000 024\n").videoBitDepth(), 24);
   EXPECT_EQ(with("-vbd", "\u3000 024\n").argumentFlagValue("-vbd"), "\u3000 024\n")
@@ -238,42 +236,34 @@ TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
     EXPECT_EQ(joined(log.lines()),
               hasRgb ? "" : "warning: QLC_TCLIA_USS-Could not get rgb components for color " + text);
   }
-  for (int step = 0; step < 255; ++step) {
-    const auto text = std::to_string(step) + ",0," + std::to_string(254 - step);
-    Model model;
-    model.setWatermarkTextBurnBoxColor(with("-wmt_font_rgb", text).watermarkTextBurnFontColor());
-    EXPECT_EQ(model.argumentFlagValue("-wmt_box_rgb"), text);
-  }
 }
 
 TEST(TranscodeOptions, TheTimecodeFollowsTheDropFrameSwitch) {
-  const std::tuple<std::string, bool, std::string> rows[] = {
-      {"01:02:03:04", true, "01:02:03;04 -tc_drop "},
-      {"01:02:03;04", false, "01:02:03:04"},
-      {"01:02:03:04:05", true, "01:02:03;405 -tc_drop "},
-      {"1:2:3:4", true, "1:2:3:4 -tc_drop "},
-      {"noon", false, "noon"}};
-  for (const auto& [timecode, isDropFrame, expected] : rows) {
-    auto model = read("-tc_custom " + timecode + " -tc_drop");
-    model.setTimecodeIsDropFrame(isDropFrame);
-    EXPECT_EQ(wordsOf(model), "-tc_custom " + expected);
+  // A timecode, and what it is with frames dropped and without.
+  const std::tuple<std::string, std::string, std::string> rows[] = {
+      {"01:02:03:04", "01:02:03;04", "01:02:03:04"},
+      {"01:02:03;04", "01:02:03;04", "01:02:03:04"},
+      {"01:02:03:04:05", "01:02:03;405", "01:02:03:405"},
+      {"1:2:3:4", "1:2:3:4", "1:2:3:4"}};
+  for (const auto& [timecode, dropped, plain] : rows) {
+    auto model = read("-tc_custom " + timecode);
+    model.setTimecodeIsDropFrame(true);
+    EXPECT_EQ(wordsOf(model), "-tc_custom " + dropped + " -tc_drop ");
+    model.setTimecodeIsDropFrame(false);
+    EXPECT_EQ(wordsOf(model), "-tc_custom " + plain);
   }
 }
 
 TEST(TranscodeOptions, TheTimecodeHasOneSource) {
   using enum TimecodeSource;
-  struct Row {
-    std::string words;
-    std::optional<TimecodeSource> before;
-    std::optional<TimecodeSource> set;
-    std::string expected;
-  };
-  const Row rows[] = {{"-tc_match -tc_custom x", match, creationDate, "-tc_creation "},
-                      {"-tc_creation -tc_custom x", creationDate, custom, "-tc_custom x"},
-                      {"-tc_match -tc_creation", match, match, "-tc_match "},
-                      {"-tc_match -tc_creation -tc_custom x -vn", match, std::nullopt, "-vn "},
-                      {"-tc_match", match, custom, "-tc_custom 00:00:00:00"},
-                      {"-tc_drop", std::nullopt, custom, "-tc_custom 00:00:00;00 -tc_drop "}};
+  // The words, their source, the source that is set, and the words then.
+  const std::tuple<std::string, std::optional<TimecodeSource>, std::optional<TimecodeSource>, std::string>
+      rows[] = {{"-tc_match -tc_custom x", match, creationDate, "-tc_creation "},
+                {"-tc_creation -tc_custom x", creationDate, custom, "-tc_custom x"},
+                {"-tc_match -tc_creation", match, match, "-tc_match "},
+                {"-tc_match -tc_creation -tc_custom x -vn", match, std::nullopt, "-vn "},
+                {"-tc_match", match, custom, "-tc_custom 00:00:00:00"},
+                {"-tc_drop", std::nullopt, custom, "-tc_custom 00:00:00;00 -tc_drop "}};
   for (const auto& [words, before, set, expected] : rows) {
     auto model = read(words);
     EXPECT_EQ(model.timecodeSource(), before) << words;
@@ -286,59 +276,24 @@ TEST(TranscodeOptions, TheTimecodeHasOneSource) {
   EXPECT_EQ(decode<TimecodeSource>(std::string("creationDate")), creationDate);
 }
 
-TEST(TranscodeOptions, IgnoredTracksHaveAFlagEach) {
-  auto model = read("-ac_omit 7 -ac_omit_0 10 -ac_omit_1 7 -ac_omit_x 2 -ac_omit_2 all -abr 1");
+TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
+  auto model =
+      read("-vr 25 -an -in_2_0 old -ac_omit 7 -ac_omit_0 10 -ac_omit_1 7 -ac_omit_x 2 -ac_omit_2 all");
   EXPECT_EQ(model.ignoredAudioTracks(), (Tracks{2, 7, 10}));
   model.setIgnoredAudioTracks({3, 1, 3});
-  EXPECT_EQ(wordsOf(model), "-abr 1 -ac_omit_0 1 -ac_omit_1 3");
-}
-
-TEST(TranscodeDetails, TheLaterRecordOfAModifierWins) {
-  const TranscodeDetailModifier modifier{{TranscodeVideoDetail{.videoFrameRate = 24},
-                                          TranscodeVideoDetail{.noVideo = true},
-                                          TranscodeInputFileGroup{2, {"a", "b"}}}};
-  auto model = read("-vr 25 -an");
-  modifier.apply(model);
-  EXPECT_EQ(wordsOf(model), "-an  -in_2_0 a -in_2_1 b -vn ");
-}
-
-// Whatever a model has, readable or not: writing back an unchanged record changes nothing, and changing one
-// field changes no other flag.
-TEST(TranscodeDetails, ARecordThatGoesBackUnchangedKeepsEveryText) {
-  std::mt19937 random(3);
-  const auto pick = [&](const auto& list) { return std::string(list[random() % list.size()]); };
-  const auto values =
-      split("|24|024|1e2|x|255,255,255|1,2|SRGB|tl|mp4|960x540|01:00:00;00|\xff|-3|9223372036854775808", '|');
-  for (int round = 0; round < 2000; ++round) {
-    TextDictionary lookup{{"-ac_omit_1", pick(values)}, {"-tc_burn_anchor", pick(values)}, {"-in_0_1", "a"}};
-    for (int i = 0; i < 20; ++i) lookup[pick(Model::allKnownCommandFlags())] = pick(values);
-    auto model = Model::fromArgumentLookup(lookup);
-    const auto before = model.flagValueLookup();
-    const TranscodeDetailModifier unchanged{{model.videoDetail(), model.audioDetail(), model.timecodeDetail(),
-                                             model.watermarkDetail(), *model.inputFileGroup(0)}};
-    unchanged.apply(model);
-    ASSERT_EQ(model.flagValueLookup(), before);
-
-    auto detail = model.timecodeDetail();
-    detail.timecodeAddTrack = !detail.timecodeAddTrack;
-    model.update(detail);
-    auto expected = before;
-    if (!expected.emplace(VAVTimecodeAddTrackFlag, "").second) expected.erase("-tc_track");
-    ASSERT_EQ(model.flagValueLookup(), expected);
-  }
+  TranscodeDetailModifier{{TranscodeVideoDetail{.videoFrameRate = 24}, TranscodeVideoDetail{.noVideo = true},
+                           TranscodeInputFileGroup{2, {"a", "b"}}}}
+      .apply(model);
+  EXPECT_EQ(wordsOf(model), "-ac_omit_0 1 -ac_omit_1 3 -an  -in_2_0 a -in_2_1 b -vn ");
 }
 
 TEST(TranscodeDetails, ATimecodeIsSetWithTheSeparatorOfItsRecord) {
   for (const auto words : {"", "-tc_drop", "-tc_custom 01:00:00:00", "-tc_custom 02:00:00;00 -tc_drop"}) {
-    for (const bool drop : {false, true}) {
-      auto model = read(words);
-      TranscodeTimecodeDetail detail;
-      detail.timecode = drop ? "01:00:00:00" : "01:00:00;00";
-      detail.timecodeIsDropFrame = drop;
-      for (int times = 0; times < 2; ++times) {
-        model.update(detail);
-        EXPECT_EQ(model.timecode(), drop ? "01:00:00;00" : "01:00:00:00") << words;
-      }
+    auto model = read(words);
+    for (const bool drop : {false, false, true, true, false}) {
+      model.update(TranscodeTimecodeDetail{.timecode = drop ? "01:00:00:00" : "01:00:00;00",
+                                           .timecodeIsDropFrame = drop});
+      EXPECT_EQ(model.timecode(), drop ? "01:00:00;00" : "01:00:00:00") << words;
     }
   }
 }
@@ -356,14 +311,10 @@ TEST(TranscodeDetails, AnInputFileGroupIsReplacedAlone) {
 template <class Anchor> void expectAnchor(std::string_view flag) {
   EXPECT_EQ(Anchor::cliFlag(), flag);
   for (const auto& place : allCases<VAVTranscodeArgumentOverlayAnchorValue>()) {
-    const auto anchor = Anchor::fromRawValue(place.rawValue());
-    ASSERT_EQ(anchor, Anchor(place));
-    EXPECT_EQ(anchor->anchorArgument, place);
-    EXPECT_EQ(cliFlag(*anchor), flag);
-    EXPECT_EQ(decode<Anchor>(encode(*anchor)), anchor);
+    EXPECT_EQ(Anchor::fromRawValue(place.rawValue()), Anchor(place));
+    EXPECT_EQ(Anchor(place).anchorArgument, place);
   }
   for (const auto* text : {"", "middle", "C", "tl "}) EXPECT_EQ(Anchor::fromRawValue(text), std::nullopt);
-  EXPECT_THROW(decode<Anchor>(std::string("middle")), DecodingError);
 }
 
 TEST(TranscodeAnchors, AreTheNinePlacesUnderAFlagOfTheirOwn) {

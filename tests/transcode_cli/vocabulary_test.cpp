@@ -68,16 +68,13 @@ TEST(TranscodeVocabulary, ListsFlagsAndValuesInTheirFixedOrder) {
             std::regex_replace(lists[0].first, std::regex("=[a-z]+"), ""));
 }
 
-TEST(TranscodeVocabulary, FlagsTellWhatTheyTakeAndDo) {
+TEST(TranscodeVocabulary, FlagsTellWhatTheyTakeAndDoAndValuesNameTheirFlag) {
   EXPECT_EQ(VAVVideoFrameRateFlag.meaning(), "Frames per second.");
   EXPECT_TRUE(VAVTimecodeBurnAnchorFlag.acceptsArguments());
   const std::string unknown = "-unknown";
   EXPECT_TRUE(VAVTranscodeVideoArgumentFlag(unknown).acceptsArguments());
   EXPECT_EQ(VAVTranscodeVideoArgumentFlag(unknown).meaning(), "");
   EXPECT_FALSE(acceptsArguments(VAVTranscodeCliCommand(unknown)));
-}
-
-TEST(TranscodeVocabulary, ValuesNameTheirFlag) {
   EXPECT_EQ(VAVMp4Format.fileFlag(), VAVFileFormatFlag);
   EXPECT_EQ(videoFlag(VAVMpeg4Codec), VAVVideoFormatFlag);
   EXPECT_EQ(cliFlag(VAVAacAudioFormatValue), "-acodec");
@@ -99,15 +96,13 @@ TEST(TranscodeVocabulary, WrapsAnyTextAndComparesByText) {
 }
 
 TEST(TranscodeVocabulary, FormatsAndCodecsNameTheirExtensions) {
-  const auto extensions = [](const Codec& codec) { return joined(codec.permittedExtensions()); };
   EXPECT_EQ(
       joined(FileFormat::allCases(), ';', [](auto& format) { return joined(format.validExtensions()); }),
       "mov mp4;mp4 mov;wav");
   EXPECT_EQ(VAVMp4Format.preferredFileExtension(), FileExtension::mp4);
   EXPECT_EQ(FileFormat(std::string("avi")).preferredFileExtension(), std::nullopt);
-  EXPECT_EQ(joined(Codec::allCases(), ';', extensions),
-            "mxf;mp4 mov;mov;mov mjpeg;mov;mov;mov;mov;mov;mov;mov");
-  EXPECT_EQ(extensions(Codec(std::string("other"))), "");
+  EXPECT_EQ(joined(VAVAvcH264Codec.permittedExtensions()), "mp4 mov");
+  EXPECT_EQ(joined(Codec(std::string("other")).permittedExtensions()), "");
 }
 
 TEST(TranscodeVocabulary, TheHostChangesTheCodecGroupsWhileOthersRead) {
@@ -116,18 +111,18 @@ TEST(TranscodeVocabulary, TheHostChangesTheCodecGroupsWhileOthersRead) {
   EXPECT_EQ(joined(Codec::allWebFormats()), "h264 h265 mjpeg");
   EXPECT_EQ(joined(Codec::allAvidDNxFormats()), "dnxhd");
 
-  std::jthread writer([&](const std::stop_token& stop) {
-    while (!stop.stop_requested()) {
-      Codec::setAllProResFormats({Codec(std::string("a codec with a text of its own"))});
-      Codec::setAllProResFormats(proRes);
+  {
+    const std::jthread writer([&](const std::stop_token& done) {
+      while (!done.stop_requested()) {
+        Codec::setAllProResFormats({Codec(std::string("a codec with a text of its own"))});
+        Codec::setAllProResFormats(proRes);
+      }
+    });
+    for (int i = 0; i < 2000; ++i) {
+      ASSERT_NE(Codec::allProResFormats().size(), 0U);
+      ASSERT_LE(VAVProRes422.permittedExtensions().size(), 1U);
     }
-  });
-  for (int i = 0; i < 2000; ++i) {
-    ASSERT_NE(Codec::allProResFormats().size(), 0U);
-    ASSERT_LE(VAVProRes422.permittedExtensions().size(), 1U);
   }
-  writer.request_stop();
-  writer.join();
   Codec::setAllProResFormats({});
   EXPECT_EQ(joined(VAVProRes422.permittedExtensions()), "");
   Codec::setAllProResFormats(proRes);
@@ -154,13 +149,13 @@ TEST(TranscodeCliPreset, HoldsTheBuiltInPresets) {
             "-asr 48000 -acl stereo");
   EXPECT_EQ(joined(orderedArgumentsAsList(proRes4444XQ)),
             "-file_format qt -vcodec prores4444xq -acodec lpcm");
-  const auto read = [](auto preset) {
-    return TranscodeCliArguments(orderedArgumentsAsList(preset)).flagValueLookup();
+  const auto holds = [](auto preset, const auto& arguments, const auto& value) {
+    EXPECT_EQ(TranscodeCliArguments(orderedArgumentsAsList(preset)).flagValueLookup(), arguments);
+    EXPECT_EQ(presetCliValue(preset), value);
   };
-  EXPECT_EQ(read(vantiroCloud), TranscodeCliArguments::vantiroCloudPresetArguments());
-  EXPECT_EQ(read(proRes4444XQ), TranscodeCliArguments::vantiroProRes4444XQPresetArguments());
-  EXPECT_EQ(presetCliValue(vantiroCloud), VAVVantiroCloudPresetValue);
-  EXPECT_EQ(presetCliValue(proRes4444XQ), VAVVantiroProRes4444XQPresetValue);
+  holds(vantiroCloud, TranscodeCliArguments::vantiroCloudPresetArguments(), VAVVantiroCloudPresetValue);
+  holds(proRes4444XQ, TranscodeCliArguments::vantiroProRes4444XQPresetArguments(),
+        VAVVantiroProRes4444XQPresetValue);
 }
 
 }  // namespace
