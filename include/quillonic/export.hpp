@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 /// Marks what the shared library exports; everything else stays hidden inside it. The static library exports nothing,
 /// so that a host's own shared library, into which it is linked, does not offer it to others by accident; who links
 /// the static library defines `QUILLONIC_STATIC` (the CMake and pkg-config packages do).
