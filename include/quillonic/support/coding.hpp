@@ -9,7 +9,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <filesystem>
 #include <limits>
 #include <optional>
 #include <stdexcept>
@@ -188,12 +187,18 @@ template <> struct Coding<double> {
   }
 };
 
+/// A location, as `std::filesystem::path` is one: its bytes, and itself made of them. Named by what it does, because
+/// including `<filesystem>` costs every user of this header more than all the rest of it.
+template <class T>
+concept CodablePath = std::same_as<typename T::string_type, std::string> && requires(const T& path) {
+  { path.native() } -> std::same_as<const std::string&>;
+  { path.lexically_normal() } -> std::same_as<T>;
+};
+
 /// The bytes of the path as they are.
-template <> struct Coding<std::filesystem::path> {
-  static CodedValue encode(const std::filesystem::path& value) { return value.native(); }
-  static std::filesystem::path decode(const CodedValue& coded, std::string_view key) {
-    return coded.require<std::string>(key);
-  }
+template <CodablePath T> struct Coding<T> {
+  static CodedValue encode(const T& value) { return value.native(); }
+  static T decode(const CodedValue& coded, std::string_view key) { return coded.require<std::string>(key); }
 };
 
 template <class T> struct Coding<std::vector<T>> {
