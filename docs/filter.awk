@@ -1,5 +1,27 @@
-# Prepares headers for Doxygen: the first comment is the file's; defaulted functions need no comment; neither
-# does a setter of a documented property, because it only sets the property.
+# What Doxygen reads of a header: the first comment is the file's own; what the compiler writes by itself needs no
+# comment; and a setter of a documented property needs none either, because it only sets the property.
+# And of a page: the public types that it names are links.
+BEGIN {
+  declared = "grep -rhoE '^(template <[^>]*> )?(class|struct|enum class|using|concept) (QUILLONIC_[A-Z]+ )?[A-Z][A-Za-z0-9_]+' include"
+  while ((declared | getline line) > 0) {
+    sub(/.* /, "", line)
+    types[line]
+  }
+}
+FILENAME ~ /\.md$/ {
+  rest = $0
+  $0 = ""
+  while (match(rest, /`[A-Z][A-Za-z0-9_]*(::[A-Za-z0-9_.]+(\(\))?)?`/)) {
+    name = substr(rest, RSTART + 1, RLENGTH - 2)
+    type = name
+    sub(/::.*/, "", type)
+    link = type in types ? "<code>\\ref quillonic::" type " \"" name "\"</code>" : "`" name "`"
+    $0 = $0 substr(rest, 1, RSTART - 1) link
+    rest = substr(rest, RSTART + RLENGTH)
+  }
+  print $0 rest
+  next
+}
 {
   if ($0 == "#pragma once") $0 = "/// \\file"
   if ($0 ~ /^ .*\(.*\).* = default;/) $0 = ""

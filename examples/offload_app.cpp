@@ -86,6 +86,7 @@ void showOutput(std::FILE* output) {
   std::free(line);
 }
 
+//! [run a child]
 // Runs a program without a shell, so that each word arrives unchanged. Returns its exit status.
 int runTool(std::string program, std::vector<std::string> words) {
   std::vector<char*> argv{program.data()};
@@ -111,6 +112,7 @@ int runTool(std::string program, std::vector<std::string> words) {
   check(waitpid(process, &status, 0) == process ? 0 : errno, "waitpid");
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
+//! [run a child]
 
 class Item : public AttributeBasedStore {
  public:

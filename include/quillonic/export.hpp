@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 /// Marks what the shared library exports; everything else stays hidden. The static library exports nothing,
 /// so that a host's own shared library does not export it by accident. Programs that link the static library
 /// define `QUILLONIC_STATIC` (the CMake and pkg-config packages do).

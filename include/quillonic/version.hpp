@@ -29,6 +29,7 @@
   QUILLONIC_DETAIL_TEXT(QUILLONIC_VERSION_MAJOR) \
   "." QUILLONIC_DETAIL_TEXT(QUILLONIC_VERSION_MINOR) "." QUILLONIC_DETAIL_TEXT(QUILLONIC_VERSION_PATCH)
 
+/// All that the library offers.
 namespace quillonic {
 
 /// The version of the headers that the calling code is compiled with.

@@ -1,6 +1,7 @@
 /// What the resolution of an alias file may do.
 #pragma once
 
+#include <quillonic/requirements.hpp>
 #include <quillonic/support/option_set.hpp>
 
 #include <cstdint>

@@ -14,7 +14,6 @@
 #include <quillonic/export.hpp>
 #include <quillonic/support/character_set.hpp>
 
-#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>

@@ -1,10 +1,10 @@
 /// Base of values with a closed set of cases, one or two of which carry a number.
 #pragma once
 
-#include <algorithm>
+#include <quillonic/requirements.hpp>
+
 #include <concepts>
 #include <cstddef>
-#include <iterator>
 #include <span>
 #include <vector>
 
@@ -58,11 +58,13 @@ concept PayloadCases = requires {
 namespace detail {
 
 // The members of a list that are in the options, in the list's order.
-template <PayloadCases T>
-constexpr std::vector<T> membersAmong(std::span<const T> list, std::span<const T> options) {
+template <PayloadCases T> std::vector<T> membersAmong(std::span<const T> list, std::span<const T> options) {
   std::vector<T> members;
-  std::ranges::copy_if(list, std::back_inserter(members),
-                       [=](const T& value) { return std::ranges::find(options, value) != options.end(); });
+  for (const T& value : list) {
+    bool isOption = false;
+    for (const T& option : options) isOption = isOption || option == value;
+    if (isOption) members.push_back(value);
+  }
   return members;
 }
 

@@ -11,7 +11,6 @@
 #include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/support/enumeration.hpp>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -56,8 +55,10 @@ QUILLONIC_EXPORT std::string pickerDescription(ColorDepth depth);
 template <> constexpr std::span<const ColorDepth> allowed(Cloud_ConversionOptions::CodecType codec) noexcept {
   const auto& limits = codecLimits(codec);
   const auto depths = allCases<ColorDepth>();
-  const auto first = std::ranges::lower_bound(depths, limits.leastDepth, {}, rawValue<ColorDepth>);
-  const auto last = std::ranges::upper_bound(depths, limits.greatestDepth, {}, rawValue<ColorDepth>);
+  auto first = depths.begin();
+  while (first != depths.end() && rawValue(*first) < limits.leastDepth) ++first;
+  auto last = first;
+  while (last != depths.end() && rawValue(*last) <= limits.greatestDepth) ++last;
   return {first, last};
 }
 

@@ -6,6 +6,8 @@
 ///     VideoDimension::tenEightyP.storeIn(preset.videoOptions);
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <cstdint>
 
 namespace quillonic {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <quillonic/media/conversion_options.hpp>
+#include <quillonic/requirements.hpp>
 
 #include <optional>
 #include <span>

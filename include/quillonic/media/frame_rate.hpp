@@ -123,9 +123,9 @@ class FrameRate : public CaseWithPayload<FrameRateKind, double> {
 
   /// The members of a list that are in `exactFrameRateOptions`, in list order. The only custom rate among
   /// them is 0.
-  static constexpr std::vector<FrameRate> filterExactFrameRateOptions(std::span<const FrameRate> from);
+  static std::vector<FrameRate> filterExactFrameRateOptions(std::span<const FrameRate> from);
   /// The members of a list that are in `scaleOptions`, in list order.
-  static constexpr std::vector<FrameRate> filterScaleOptions(std::span<const FrameRate> from);
+  static std::vector<FrameRate> filterScaleOptions(std::span<const FrameRate> from);
 
   /// The members of `allCases` that a codec accepts, in that order. A codec with a closed list of rates takes
   /// `match`, because the source may have one of them, but neither half a rate nor a custom one.
@@ -206,11 +206,11 @@ constexpr std::span<const FrameRate> FrameRate::exactFrameRateOptions() noexcept
   return allCases().subspan(scaleOptions().size());
 }
 
-constexpr std::vector<FrameRate> FrameRate::filterExactFrameRateOptions(std::span<const FrameRate> from) {
+inline std::vector<FrameRate> FrameRate::filterExactFrameRateOptions(std::span<const FrameRate> from) {
   return detail::membersAmong(from, exactFrameRateOptions());
 }
 
-constexpr std::vector<FrameRate> FrameRate::filterScaleOptions(std::span<const FrameRate> from) {
+inline std::vector<FrameRate> FrameRate::filterScaleOptions(std::span<const FrameRate> from) {
   return detail::membersAmong(from, scaleOptions());
 }
 

@@ -146,20 +146,20 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
 
   /// The members of a list that are in `exactDimensionsOptions`, in list order. The only custom size among
   /// them is 400 x 400.
-  static constexpr std::vector<VideoDimension> filterExactDimensionsOptions(
+  static std::vector<VideoDimension> filterExactDimensionsOptions(
       std::span<const VideoDimension> from);
   /// The members of a list that are in `scaleOptions`, in list order. The only custom factor among them is
   /// 0.9.
-  static constexpr std::vector<VideoDimension> filterScaleOptions(std::span<const VideoDimension> from);
+  static std::vector<VideoDimension> filterScaleOptions(std::span<const VideoDimension> from);
 
   /// The members of `allCases` that a codec accepts, in that order. A codec with a closed list of sizes takes
   /// `match`, because the source may have one of them, but neither another scale nor a custom size.
   static constexpr std::span<const VideoDimension> allAllowedOptions(
       Cloud_ConversionOptions::CodecType codec) noexcept;
   /// The allowed sizes that `filterExactDimensionsOptions` keeps.
-  static constexpr std::vector<VideoDimension> allowedExactOptions(Cloud_ConversionOptions::CodecType codec);
+  static std::vector<VideoDimension> allowedExactOptions(Cloud_ConversionOptions::CodecType codec);
   /// The allowed sizes that `filterScaleOptions` keeps.
-  static constexpr std::vector<VideoDimension> allowedScaledOptions(Cloud_ConversionOptions::CodecType codec);
+  static std::vector<VideoDimension> allowedScaledOptions(Cloud_ConversionOptions::CodecType codec);
 
   /// The case for the stored numbers. Width and height above 0 take precedence: the fixed case with exactly
   /// that `size` (0.5 x 0.5 is `half`), else a custom size. A scale above 0 without width and height gives
@@ -248,13 +248,12 @@ constexpr std::span<const VideoDimension> VideoDimension::exactDimensionsOptions
   return allCases().subspan(scaleOptions().size());
 }
 
-constexpr std::vector<VideoDimension> VideoDimension::filterExactDimensionsOptions(
+inline std::vector<VideoDimension> VideoDimension::filterExactDimensionsOptions(
     std::span<const VideoDimension> from) {
   return detail::membersAmong(from, exactDimensionsOptions());
 }
 
-constexpr std::vector<VideoDimension> VideoDimension::filterScaleOptions(
-    std::span<const VideoDimension> from) {
+inline std::vector<VideoDimension> VideoDimension::filterScaleOptions(std::span<const VideoDimension> from) {
   return detail::membersAmong(from, scaleOptions());
 }
 
@@ -264,12 +263,12 @@ constexpr std::span<const VideoDimension> VideoDimension::allAllowedOptions(
   return detail::highDefinitionDimensions;
 }
 
-constexpr std::vector<VideoDimension> VideoDimension::allowedExactOptions(
+inline std::vector<VideoDimension> VideoDimension::allowedExactOptions(
     Cloud_ConversionOptions::CodecType codec) {
   return filterExactDimensionsOptions(allAllowedOptions(codec));
 }
 
-constexpr std::vector<VideoDimension> VideoDimension::allowedScaledOptions(
+inline std::vector<VideoDimension> VideoDimension::allowedScaledOptions(
     Cloud_ConversionOptions::CodecType codec) {
   return filterScaleOptions(allAllowedOptions(codec));
 }

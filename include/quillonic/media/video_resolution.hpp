@@ -9,7 +9,6 @@
 #include <quillonic/media/video_size.hpp>
 #include <quillonic/support/enumeration.hpp>
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -117,7 +116,9 @@ template <class Resolution> constexpr std::optional<Resolution> fromWidth(double
 /// The first resolution with exactly this size; nothing when there is none.
 template <> constexpr std::optional<VideoResolution> fromDimensions(VideoSize dimensions) noexcept {
   for (const auto& row : CaseTable<VideoResolution>::rows) {
-    if (std::ranges::find(row.validDimensions, dimensions) != row.validDimensions.end()) return row.value;
+    for (const auto& size : row.validDimensions) {
+      if (size == dimensions) return row.value;
+    }
   }
   return std::nullopt;
 }
@@ -126,8 +127,9 @@ template <> constexpr std::optional<VideoResolution> fromDimensions(VideoSize di
 /// although 2K has such a size too.
 template <> constexpr std::optional<VideoResolution> fromWidth(double width) noexcept {
   for (const auto& row : CaseTable<VideoResolution>::rows) {
-    const auto& sizes = row.validDimensions;
-    if (std::ranges::find(sizes, width, &VideoSize::width) != sizes.end()) return row.value;
+    for (const auto& size : row.validDimensions) {
+      if (size.width == width) return row.value;
+    }
   }
   return std::nullopt;
 }

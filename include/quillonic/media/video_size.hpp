@@ -1,6 +1,8 @@
 /// The width and height of a frame.
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <cstddef>
 #include <string_view>
 

@@ -6,7 +6,6 @@
 #include <quillonic/support/any_value.hpp>
 
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>

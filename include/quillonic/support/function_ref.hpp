@@ -1,9 +1,9 @@
 /// A reference to a callable, for blocks that are called but not stored.
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <concepts>
-#include <functional>
-#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -19,6 +19,7 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
   /// lives until the end of the call it is an argument of.
   template <class Callable>
   requires(!std::same_as<std::remove_cvref_t<Callable>, FunctionRef> &&
+           !std::is_member_pointer_v<std::remove_cvref_t<Callable>> &&
            std::is_invocable_r_v<Result, Callable&, Arguments...>)
       // NOLINTNEXTLINE(google-explicit-constructor): binds like a reference
       FunctionRef(Callable&& callable)
@@ -35,13 +36,13 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
         }
       };
     } else {
-      target_.object = std::addressof(callable);
+      target_.object = __builtin_addressof(callable);
       call_ = [](Bound bound, Arguments... arguments) -> Result {
         auto& target = *static_cast<Target*>(const_cast<void*>(bound.object));
         if constexpr (std::is_void_v<Result>) {
-          std::invoke(target, std::forward<Arguments>(arguments)...);
+          target(std::forward<Arguments>(arguments)...);
         } else {
-          return std::invoke(target, std::forward<Arguments>(arguments)...);
+          return target(std::forward<Arguments>(arguments)...);
         }
       };
     }

@@ -4,6 +4,8 @@
 ///     bool permitted = defaults.boolean(user_default_keys::kUseGPUAcceleration);
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <string_view>
 
 namespace quillonic {

@@ -8,6 +8,8 @@
 ///     inline constexpr Restrictions Restrictions::withoutNetwork{1};
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <concepts>
 
 namespace quillonic {

@@ -5,7 +5,8 @@
 ///     if (lookup.contains(VAVNoVideoFlag)) { ... }                  // and is found without a copy
 #pragma once
 
-#include <functional>
+#include <quillonic/requirements.hpp>
+
 #include <map>
 #include <string>
 

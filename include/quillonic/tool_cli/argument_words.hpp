@@ -5,6 +5,8 @@
 ///     }
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <concepts>
 #include <cstddef>
 #include <initializer_list>

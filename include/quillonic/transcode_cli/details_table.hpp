@@ -37,7 +37,7 @@ struct TranscodeVideoDetail {
   std::optional<double> videoBitRate{};
   /// Bits per colour component.
   std::optional<std::int64_t> videoBitDepth{};
-  /// The colour space.
+  /// The colour space; whether the picture is converted to it or only tagged with it is the tool's choice.
   std::optional<VAVTranscodeArgumentColorSpaceValue> videoColorSpace{};
   /// Frames from one key frame to the next.
   std::optional<std::int64_t> videoKeyFrames{};
@@ -45,9 +45,9 @@ struct TranscodeVideoDetail {
   bool videoGPUDecoding = false;
   /// Encodes on the GPU.
   bool videoGPUEncoding = false;
-  /// The number of the decoder card.
+  /// The number of the decoder card, in the tool's own numbering.
   std::optional<std::int64_t> redRocketDevice{};
-  /// The codec's profile.
+  /// The codec's profile, by the tool's own name for it.
   std::optional<std::string> videoProfile{};
 
   friend bool operator==(const TranscodeVideoDetail&, const TranscodeVideoDetail&) = default;
@@ -79,9 +79,9 @@ struct TranscodeAudioDetail {
   bool noAudio = false;
   /// Copies the source's audio.
   bool copyAudio = false;
-  /// The audio tracks to leave out, each in a flag with this prefix, such as "-ac_omit_0".
+  /// The audio tracks to leave out, counted from 0, each under a flag that begins so, as in "-ac_omit_0".
   std::vector<std::int64_t> ignoredAudioTracks{};
-  /// Writes discrete channels.
+  /// Writes discrete output channels; what that makes of a channel layout is the tool's choice.
   bool discreteAudio = false;
   /// The audio codec.
   std::optional<VAVTranscodeArgumentAudioFormatValue> audioFormat{};
@@ -163,7 +163,7 @@ struct TranscodeWatermarkImageFileDetail {
   std::optional<WatermarkBurnAnchor> watermarkFileBurnAnchor{};
   /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract.
   std::optional<std::filesystem::path> watermarkFileBurnFilePath{};
-  /// The factor for both sides of the image.
+  /// What both sides of the image are multiplied by; 1 keeps its size.
   std::optional<double> watermarkFileBurnScale{};
 
   friend bool operator==(const TranscodeWatermarkImageFileDetail&, const TranscodeWatermarkImageFileDetail&) = default;

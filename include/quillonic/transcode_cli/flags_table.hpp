@@ -71,7 +71,8 @@ struct CaseTable<VAVTranscodeCliCommand> {
   }};
 };
 
-/// An input file; also the prefix of the numbered input files, as in "-in_0_0". Takes a path.
+/// An input file; also the prefix of numbered ones, as in "-in_0_2": group 0, position 2. Files are taken
+/// group by group, in each by position, both ascending. Takes a path.
 inline constexpr VAVTranscodeArgumentFlag VAVInputPrefixFlag{"-in"};
 /// The output file. Takes a path.
 inline constexpr VAVTranscodeArgumentFlag VAVOutputFileFlag{"-out"};
@@ -109,7 +110,7 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
   };
   static constexpr std::array<TranscodeFlagRow, 10> flags{{
       {"-in", FlagValueKind::path,
-       "An input file; also the prefix of the numbered input files, as in \"-in_0_0\"."},
+       "An input file; also the prefix of numbered ones, as in \"-in_0_2\": group 0, position 2. Files are taken group by group, in each by position, both ascending."},
       {"-out", FlagValueKind::path, "The output file."},
       {"-progress_file", FlagValueKind::path, "The file that receives the progress."},
       {"-progress_prefix", FlagValueKind::text, "A prefix for each progress line."},
@@ -138,7 +139,8 @@ inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoAspectCropAnchorFlag{"-cr
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitRateFlag{"-vbr"};
 /// Bits per colour component. Takes an integer.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoBitDepthFlag{"-vbd"};
-/// The colour space. Takes a `VAVTranscodeArgumentColorSpaceValue`.
+/// The colour space; whether the picture is converted to it or only tagged with it is the tool's choice.
+/// Takes a `VAVTranscodeArgumentColorSpaceValue`.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoColorSpaceFlag{"-c_space"};
 /// Frames from one key frame to the next. Takes an integer.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoKeyFramesFlag{"-key_frames"};
@@ -146,9 +148,9 @@ inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoKeyFramesFlag{"-key_frame
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoGPUDecodingFlag{"-gpu_decoding"};
 /// Encodes on the GPU.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoGPUEncodingFlag{"-gpu_encoding"};
-/// The number of the decoder card. Takes an integer.
+/// The number of the decoder card, in the tool's own numbering. Takes an integer.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVRedRocketDeviceFlag{"-red_rocket_device"};
-/// The codec's profile. Takes a text.
+/// The codec's profile, by the tool's own name for it. Takes a text.
 inline constexpr VAVTranscodeVideoArgumentFlag VAVVideoProfileFlag{"-vprofile"};
 
 /// The listed cases of `VAVTranscodeVideoArgumentFlag`.
@@ -180,12 +182,14 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
       {"-vbr", FlagValueKind::decimal,
        "The video's bit rate in megabits per second; the cloud preset has 3."},
       {"-vbd", FlagValueKind::integer, "Bits per colour component."},
-      {"-c_space", FlagValueKind::listed, "The colour space."},
+      {"-c_space", FlagValueKind::listed,
+       "The colour space; whether the picture is converted to it or only tagged with it is the tool's choice."},
       {"-key_frames", FlagValueKind::integer, "Frames from one key frame to the next."},
       {"-gpu_decoding", FlagValueKind::none, "Decodes on the GPU."},
       {"-gpu_encoding", FlagValueKind::none, "Encodes on the GPU."},
-      {"-red_rocket_device", FlagValueKind::integer, "The number of the decoder card."},
-      {"-vprofile", FlagValueKind::text, "The codec's profile."},
+      {"-red_rocket_device", FlagValueKind::integer,
+       "The number of the decoder card, in the tool's own numbering."},
+      {"-vprofile", FlagValueKind::text, "The codec's profile, by the tool's own name for it."},
   }};
 };
 
@@ -193,9 +197,10 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
 inline constexpr VAVTranscodeAudioArgumentFlag VAVNoAudioFlag{"-an"};
 /// Copies the source's audio.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVCopyAudioFlag{"-acopy"};
-/// The audio tracks to leave out, each in a flag with this prefix, such as "-ac_omit_0". Takes an integer.
+/// The audio tracks to leave out, counted from 0, each under a flag that begins so, as in "-ac_omit_0". Takes
+/// an integer.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioIgnoreTracksPrefixFlag{"-ac_omit"};
-/// Writes discrete channels.
+/// Writes discrete output channels; what that makes of a channel layout is the tool's choice.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVDiscreteAudioFlag{"-adiscrete"};
 /// The audio codec. Takes a `VAVTranscodeArgumentAudioFormatValue`.
 inline constexpr VAVTranscodeAudioArgumentFlag VAVAudioFormatFlag{"-acodec"};
@@ -226,8 +231,9 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
       {"-an", FlagValueKind::none, "Leaves the audio out."},
       {"-acopy", FlagValueKind::none, "Copies the source's audio."},
       {"-ac_omit", FlagValueKind::integer,
-       "The audio tracks to leave out, each in a flag with this prefix, such as \"-ac_omit_0\"."},
-      {"-adiscrete", FlagValueKind::none, "Writes discrete channels."},
+       "The audio tracks to leave out, counted from 0, each under a flag that begins so, as in \"-ac_omit_0\"."},
+      {"-adiscrete", FlagValueKind::none,
+       "Writes discrete output channels; what that makes of a channel layout is the tool's choice."},
       {"-acodec", FlagValueKind::listed, "The audio codec."},
       {"-abpc", FlagValueKind::integer, "Bits per sample of each channel."},
       {"-asr", FlagValueKind::integer, "Samples per second, in hertz."},
@@ -298,7 +304,7 @@ inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnAncho
 /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract. Takes a
 /// path.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnFilePathFlag{"-wmf_path"};
-/// The factor for both sides of the image. Takes a decimal number.
+/// What both sides of the image are multiplied by; 1 keeps its size. Takes a decimal number.
 inline constexpr VAVTranscodeWatermarkFileArgumentFlag VAVWatermarkFileBurnScaleFlag{"-wmf_scale"};
 
 /// The listed cases of `VAVTranscodeWatermarkFileArgumentFlag`.
@@ -313,7 +319,8 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
       {"-wmf_anchor", FlagValueKind::listed, "Where the image is placed."},
       {"-wmf_path", FlagValueKind::path,
        "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
-      {"-wmf_scale", FlagValueKind::decimal, "The factor for both sides of the image."},
+      {"-wmf_scale", FlagValueKind::decimal,
+       "What both sides of the image are multiplied by; 1 keeps its size."},
   }};
 };
 

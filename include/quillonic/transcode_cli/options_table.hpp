@@ -67,7 +67,8 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   bool cliGpuPlatforms() const;
   void setCliGpuPlatforms(bool value);
 
-  /// An input file; also the prefix of the numbered input files, as in "-in_0_0".
+  /// An input file; also the prefix of numbered ones, as in "-in_0_2": group 0, position 2. Files are taken
+  /// group by group, in each by position, both ascending.
   std::optional<std::filesystem::path> inputPrefix() const;
   void setInputPrefix(const std::optional<std::filesystem::path>& value);
   /// The output file.
@@ -122,7 +123,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Bits per colour component.
   std::optional<std::int64_t> videoBitDepth() const;
   void setVideoBitDepth(std::optional<std::int64_t> value);
-  /// The colour space.
+  /// The colour space; whether the picture is converted to it or only tagged with it is the tool's choice.
   std::optional<VAVTranscodeArgumentColorSpaceValue> videoColorSpace() const;
   void setVideoColorSpace(const std::optional<VAVTranscodeArgumentColorSpaceValue>& value);
   /// Frames from one key frame to the next.
@@ -134,10 +135,10 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Whether "-gpu_encoding" is set, which encodes on the GPU.
   bool videoGPUEncoding() const;
   void setVideoGPUEncoding(bool value);
-  /// The number of the decoder card.
+  /// The number of the decoder card, in the tool's own numbering.
   std::optional<std::int64_t> redRocketDevice() const;
   void setRedRocketDevice(std::optional<std::int64_t> value);
-  /// The codec's profile.
+  /// The codec's profile, by the tool's own name for it.
   std::optional<std::string> videoProfile() const;
   void setVideoProfile(std::optional<std::string_view> value);
 
@@ -147,13 +148,14 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Whether "-acopy" is set, which copies the source's audio.
   bool copyAudio() const;
   void setCopyAudio(bool value);
-  /// The audio tracks to leave out, each in a flag with this prefix, such as "-ac_omit_0". Ascending, each
-  /// track once; values that are not integers of at least 0 are skipped.
+  /// The audio tracks to leave out, counted from 0, each under a flag that begins so, as in "-ac_omit_0".
+  /// Ascending, each track once; values that are not integers of at least 0 are skipped.
   std::vector<std::int64_t> ignoredAudioTracks() const;
   /// Replaces all flags that begin with "-ac_omit" by one per track, numbered from 0. A repeated track counts
   /// once; a negative one is skipped with a warning.
   void setIgnoredAudioTracks(const std::vector<std::int64_t>& value);
-  /// Whether "-adiscrete" is set, which writes discrete channels.
+  /// Whether "-adiscrete" is set, which writes discrete output channels; what that makes of a channel layout
+  /// is the tool's choice.
   bool discreteAudio() const;
   void setDiscreteAudio(bool value);
   /// The audio codec.
@@ -214,7 +216,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract.
   std::optional<std::filesystem::path> watermarkFileBurnFilePath() const;
   void setWatermarkFileBurnFilePath(const std::optional<std::filesystem::path>& value);
-  /// The factor for both sides of the image.
+  /// What both sides of the image are multiplied by; 1 keeps its size.
   std::optional<double> watermarkFileBurnScale() const;
   void setWatermarkFileBurnScale(std::optional<double> value);
 
