@@ -11,18 +11,16 @@
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
+#include "support/never_destroyed.hpp"
 
 namespace quillonic {
 namespace {
 
 // Values that many dictionaries share.
 template <class Enumeration> const AnyValue& sharedValue(Enumeration value) {
-  static const auto values = [] {
-    std::vector<AnyValue> all;
-    for (const auto listed : allCases<Enumeration>()) all.emplace_back(listed);
-    return all;
-  }();
-  return values[static_cast<std::size_t>(value)];
+  static const NeverDestroyed<std::vector<AnyValue>> values(allCases<Enumeration>().begin(),
+                                                            allCases<Enumeration>().end());
+  return (*values)[static_cast<std::size_t>(value)];
 }
 
 struct LinkDetails {

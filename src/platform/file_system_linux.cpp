@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <sys/stat.h>
 
+#include "support/never_destroyed.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -36,8 +38,9 @@ class SystemFileSystem final : public PlatformFileSystem {
 PlatformFileSystem::~PlatformFileSystem() = default;
 
 std::shared_ptr<const PlatformFileSystem> PlatformFileSystem::system() {
-  static const auto shared = std::make_shared<const SystemFileSystem>();
-  return shared;
+  static const NeverDestroyed<std::shared_ptr<const PlatformFileSystem>> shared(
+      std::make_shared<const SystemFileSystem>());
+  return *shared;
 }
 
 }  // namespace quillonic
