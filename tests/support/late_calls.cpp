@@ -35,7 +35,8 @@ std::vector<std::string> answers() {
   for (const auto& [key, value] : attributes.value_or(FileAttributes()))
     said.push_back(std::string(key.rawValue()) + value.description());
   for (const std::error_code error :
-       {make_error_code(IOError::closedToIOActivity), make_error_code(FilePathAttributeGenerationError::notAnAliasFile),
+       {make_error_code(IOError::closedToIOActivity),
+        make_error_code(FilePathAttributeGenerationError::notAnAliasFile),
         make_error_code(MediaAnalysisCLIError{}), make_error_code(MediaAnalysisCLIImageError{})}) {
     said.push_back(error.category().name() + error.message());
   }
