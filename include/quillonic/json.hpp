@@ -32,7 +32,7 @@ namespace quillonic {
 
 /// How deep the arrays and objects of a JSON value may lie in each other, those of the table above included; what lies
 /// deeper is refused when it is read, so that no text from elsewhere exhausts the stack.
-inline constexpr std::size_t greatestJsonDepth = 500;
+inline constexpr std::size_t greatestJsonDepth = greatestCodedDepth;
 
 namespace detail {
 

@@ -1,5 +1,6 @@
 // What each setting reads, holds and shows.
 #include <quillonic/media.hpp>
+#include <quillonic/support/text_backed.hpp>
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -32,7 +33,8 @@ concept HasAllCases = requires {
   allCases<E>();
 };
 enum class Unlisted {};
-struct UnlistedText : TextBacked<UnlistedText> {
+class UnlistedText : public TextBacked<UnlistedText> {
+ public:
   using TextBacked::TextBacked;
 };
 static_assert(HasAllCases<FrameRate> && HasAllCases<FileExtension> && HasAllCases<VideoExtension>);
