@@ -7,6 +7,7 @@
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
+#include "platform/mount_holding.hpp"
 #include "platform/volume_names.hpp"
 #include "text/pieces.hpp"
 #include "text/unicode.hpp"
@@ -86,8 +87,7 @@ DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::p
 }
 
 std::optional<DiskDescriptionDictionary> diskDescriptionOfVolume(const fs::path& holding) {
-  const auto table = MountTable::current();
-  const auto* mount = table.holding(holding);
+  const auto mount = mountHolding(holding);
   return mount ? std::optional(diskDescriptionOfMount(*mount)) : std::nullopt;
 }
 

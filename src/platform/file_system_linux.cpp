@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <sys/stat.h>
 
+#include "platform/mount_holding.hpp"
 #include "support/never_destroyed.hpp"
 
 namespace quillonic {
@@ -25,6 +26,10 @@ class SystemFileSystem final : public PlatformFileSystem {
 
   void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
                             VolumeRootBlock block) const override {
+    if (items.size() == 1) {
+      const auto mount = mountHolding(items.front());
+      return block(items.front(), mount ? &mount->mountPoint : nullptr);
+    }
     const auto table = items.empty() ? MountTable() : MountTable::current();
     for (const auto& item : items) {
       const auto* mount = table.holding(item);

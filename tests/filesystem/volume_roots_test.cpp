@@ -1,5 +1,6 @@
 #include <quillonic/filesystem.hpp>
 
+#include <array>
 #include <gtest/gtest.h>
 
 #include "private_process.hpp"
@@ -18,7 +19,10 @@ std::vector<std::string> drivesOf(const path& item) {
 void expectRoots(const std::vector<path>& rows) {
   for (std::size_t i = 0; i < rows.size(); i += 2) {
     const auto& root = rows[i + 1].native();
-    EXPECT_EQ(drivesOf(rows[i]), std::vector<std::string>(root.empty() ? 0 : 1, root)) << rows[i];
+    const std::vector<std::string> drives(root.empty() ? 0 : 1, root);
+    EXPECT_EQ(drivesOf(rows[i]), drives) << rows[i];
+    // Several items are looked up in one reading of the whole table.
+    EXPECT_EQ(FileManager().getUniqueDrives(std::array{rows[i], rows[i]}), drives) << rows[i];
   }
 }
 
