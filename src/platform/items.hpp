@@ -27,6 +27,7 @@ struct Status {
   std::uint64_t size = 0;
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
+  // Without the short name that NTFS keeps beside the only other one.
   std::uint64_t names = 0;
   std::uint32_t permissions = 0;
   std::uint32_t owner = 0;
@@ -53,7 +54,7 @@ class Folder {
   int descriptor_;
 };
 
-// One system call; wakes no automounter. A relative path counts from the folder, or without one from the
+// One system call, and a second one for a file with two names; wakes no automounter. A relative path counts from the folder, or without one from the
 // working folder, here and below.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 
