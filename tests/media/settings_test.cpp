@@ -1,6 +1,5 @@
 // What each setting reads, holds and shows.
 #include <quillonic/media.hpp>
-#include <quillonic/support/text_backed.hpp>
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -33,12 +32,8 @@ concept HasAllCases = requires {
   allCases<E>();
 };
 enum class Unlisted {};
-class UnlistedText : public TextBacked<UnlistedText> {
- public:
-  using TextBacked::TextBacked;
-};
 static_assert(HasAllCases<FrameRate> && HasAllCases<FileExtension> && HasAllCases<VideoExtension>);
-static_assert(!HasAllCases<int> && !HasAllCases<Unlisted> && !HasAllCases<UnlistedText>);
+static_assert(!HasAllCases<int> && !HasAllCases<Unlisted>);
 static_assert(FrameRate::wellDefinedCases().size() == 10 && FrameRate::scaleOptions().size() == 2);
 static_assert(VideoDimension::wellDefinedCases().size() == 12 && VideoDimension::scaleOptions().size() == 6);
 static_assert(fromRawValue<VideoExtension>("mp4") == VideoExtension::mp4);

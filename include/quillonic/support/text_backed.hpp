@@ -61,8 +61,7 @@ template <class Self> class TextBacked {
   static constexpr std::optional<Self> fromRawValue(std::string_view text) { return Self(text); }
 
   /// The listed values, in their fixed order. The span stays valid for the life of the program.
-  static constexpr std::span<const Self> allCases() noexcept requires requires { CaseTable<Self>::cases; }
-  { return CaseTable<Self>::cases; }
+  static constexpr std::span<const Self> allCases() noexcept { return CaseTable<Self>::cases; }
 
   /// The listed value with exactly this text, case included; nothing for any other text.
   static constexpr std::optional<Self> fromStringValue(std::string_view text) {
