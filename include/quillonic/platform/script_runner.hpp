@@ -47,7 +47,8 @@ class QUILLONIC_EXPORT ScriptRunner {
   /// already it starts the program directly; in any other it asks for the rights through `pkexec`, or where
   /// that has nobody to ask, through `sudo` if that needs no password. It never uses a terminal. On failure
   /// it gives "exit status" (or "signal") with the number, and "output" with at most 64 KiB of what the
-  /// program printed. Where there is no way to raise the rights it creates nothing.
+  /// program printed. Where there is no way to raise the rights it creates nothing. A thread that is
+  /// cancelled meanwhile ends after the program has.
   static std::shared_ptr<ScriptRunner> defaultRunner();
 
   /// Replaces the runner; null brings the built-in one back. May be called while other threads run scripts.
