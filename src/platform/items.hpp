@@ -54,8 +54,8 @@ class Folder {
   int descriptor_;
 };
 
-// One system call, and a second one for a file with two names; wakes no automounter. A relative path counts from the folder, or without one from the
-// working folder, here and below.
+// One system call, and a second one for a file with two names; wakes no automounter. A relative path counts
+// from the folder, or without one from the working folder, here and below.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 
 // No error where an item is at a path with all its links followed; a trailing slash asks for a folder. One

@@ -94,8 +94,8 @@ bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
   return true;
 }
 
-// Whether the second of an item's two names is the short one that NTFS keeps for old programs. The volume tells
-// the short name only of an item with a single long one, whose count is 1 where both are the same.
+// Whether the second of an item's two names is the short one that NTFS keeps for old programs. The volume
+// tells the short name only of an item with a single long one, whose count is 1 where both are the same.
 bool hasShortName(const Folder* folder, const std::string& path) {
   const auto place = folder ? "/proc/self/fd/" + std::to_string(folder->descriptor()) + "/" : std::string();
   return ::lgetxattr((place + path).c_str(), "system.ntfs_dos_name", nullptr, 0) >= 0;

@@ -1,5 +1,5 @@
-// Calls the library after everything of static life that it made could have been destroyed: in an atexit handler
-// and in a destructor, both registered before the first call.
+// Calls the library after everything of static life that it made could have been destroyed: in an atexit
+// handler and in a destructor, both registered before the first call.
 
 #include <quillonic/filesystem.hpp>
 #include <quillonic/media.hpp>

@@ -22,8 +22,8 @@ namespace quillonic {
 /// its `referencedFileSystemURL` where its target names a location. The modification date is the only date
 /// that can be set on a copy; a copy has its own creation date. Takes one system call per item, two for a
 /// file with two names; for a symbolic link three, and one per folder of its target. Opens a regular file of
-/// 16 bytes to 64 MiB, and reads 16 bytes of it, to see whether it is an alias; its access time stays where the
-/// process owns the file or is root. On a network volume opening and reading ask the server.
+/// 16 bytes to 64 MiB, and reads 16 bytes of it, to see whether it is an alias; its access time stays where
+/// the process owns the file or is root. On a network volume opening and reading ask the server.
 QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);
 
 }  // namespace quillonic

@@ -49,7 +49,8 @@ class QUILLONIC_EXPORT PlatformFileSystem {
 
   /// The one that asks the operating system: one call per existence question, and for volume roots one
   /// reading of the mount table, for a single item up to its mount, and one call per item that exists. A path
-  /// that is too long, has a NUL or passes through something that is no folder is absent, since no entry can have it.
+  /// that is too long, has a NUL or passes through something that is no folder is absent, since no entry can
+  /// have it.
   static std::shared_ptr<const PlatformFileSystem> system();
 };
 

@@ -24,8 +24,8 @@ class OrderedSharedMutex;
 /// each thread hold a `std::shared_ptr`.
 ///
 /// A switch takes a lock, so a signal handler must not use it: the handler would wait forever where it
-/// interrupts a thread in the switch. Let it set a lock-free `std::atomic<bool>` or write to a pipe, and let a
-/// thread set the switch. In the child of a `fork` a switch may stay locked by a thread that is not there.
+/// interrupts a thread in the switch. Let it set a lock-free `std::atomic<bool>` or write to a pipe, and let
+/// a thread set the switch. In the child of a `fork` a switch may stay locked by a thread that is not there.
 class QUILLONIC_EXPORT AtomicSwitch {
  public:
   AtomicSwitch() = default;

@@ -96,8 +96,8 @@ class CodedValue {
       std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
 
   CodedValue() = default;
-  /// Takes exactly one of the alternatives; nothing converts on the way. Throws a `DecodingError` for a list or
-  /// record with a value that is in more than `greatestCodedDepth` of them then.
+  /// Takes exactly one of the alternatives; nothing converts on the way. Throws a `DecodingError` for a list
+  /// or record with a value that is in more than `greatestCodedDepth` of them then.
   template <class T>
   requires CodedAlternative<std::remove_cvref_t<T>>
   // NOLINTNEXTLINE(google-explicit-constructor): a value reads as its coded form
