@@ -40,7 +40,7 @@ Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
 }
 
 // Where an item is looked for: itself, or the folder of one that is missing.
-struct Place {
+struct SoughtItem {
   std::string path;
   // The part of the path before the item's name; empty for a name in the working folder.
   std::string prefix;
@@ -51,19 +51,19 @@ struct Place {
 };
 
 // Nothing where the folder is missing too.
-std::optional<Place> placeOf(const std::filesystem::path& item) {
-  Place place;
-  place.path = path_text::withoutTrailingSlashes(item.native());
-  if (place.path.empty() || place.path.find('\0') != std::string::npos) return std::nullopt;
-  place.prefix = path_text::folderPrefix(place.path);
-  auto found = whereaboutsOf(place.path.c_str(), AT_SYMLINK_NOFOLLOW);
-  place.isItself = found.exists;
-  if (!place.isItself) {
-    found = whereaboutsOf(place.folder().c_str(), 0);
+std::optional<SoughtItem> soughtItem(const std::filesystem::path& item) {
+  SoughtItem sought;
+  sought.path = path_text::withoutTrailingSlashes(item.native());
+  if (sought.path.empty() || sought.path.find('\0') != std::string::npos) return std::nullopt;
+  sought.prefix = path_text::folderPrefix(sought.path);
+  auto found = whereaboutsOf(sought.path.c_str(), AT_SYMLINK_NOFOLLOW);
+  sought.isItself = found.exists;
+  if (!sought.isItself) {
+    found = whereaboutsOf(sought.folder().c_str(), 0);
     if (!found.exists || !found.isDirectory) return std::nullopt;
   }
-  place.mountIdentifier = found.mountIdentifier;
-  return place;
+  sought.mountIdentifier = found.mountIdentifier;
+  return sought;
 }
 
 constexpr auto tableFile = "/proc/self/mountinfo";
@@ -103,27 +103,27 @@ MountTable MountTable::current() {
 }
 
 const Mount* MountTable::holding(const std::filesystem::path& item) const {
-  const auto place = placeOf(item);
-  if (!place) return nullptr;
-  if (place->mountIdentifier) {
-    if (const auto* mount = withIdentifier(*place->mountIdentifier)) return mount;
+  const auto sought = soughtItem(item);
+  if (!sought) return nullptr;
+  if (sought->mountIdentifier) {
+    if (const auto* mount = withIdentifier(*sought->mountIdentifier)) return mount;
   }
 
   // Mounted since the table was read, or not reported by the system.
-  const auto name = place->path.substr(place->prefix.size());
+  const auto name = sought->path.substr(sought->prefix.size());
   const bool namesFolder = name.empty() || name == "." || name == "..";
-  const auto canonical = items::canonical(namesFolder ? place->path : place->folder());
+  const auto canonical = items::canonical(namesFolder ? sought->path : sought->folder());
   if (!canonical) return nullptr;
   std::filesystem::path resolved(*canonical);
-  if (place->isItself && !namesFolder) resolved /= name;
+  if (sought->isItself && !namesFolder) resolved /= name;
   return withLongestMountPoint(resolved);
 }
 
 std::optional<Mount> mountHolding(const std::filesystem::path& item) {
-  const auto place = placeOf(item);
-  if (!place) return std::nullopt;
-  if (place->mountIdentifier) {
-    if (auto mount = readMount(*place->mountIdentifier)) return mount;
+  const auto sought = soughtItem(item);
+  if (!sought) return std::nullopt;
+  if (sought->mountIdentifier) {
+    if (auto mount = readMount(*sought->mountIdentifier)) return mount;
   }
   const auto table = MountTable::current();
   const auto* mount = table.holding(item);
