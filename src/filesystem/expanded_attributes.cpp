@@ -11,18 +11,16 @@
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
+#include "support/never_destroyed.hpp"
 
 namespace quillonic {
 namespace {
 
 // Values that many dictionaries share.
 template <class Enumeration> const AnyValue& sharedValue(Enumeration value) {
-  static const auto values = [] {
-    std::vector<AnyValue> all;
-    for (const auto listed : allCases<Enumeration>()) all.emplace_back(listed);
-    return all;
-  }();
-  return values[static_cast<std::size_t>(value)];
+  static const NeverDestroyed<std::vector<AnyValue>> values(allCases<Enumeration>().begin(),
+                                                            allCases<Enumeration>().end());
+  return (*values)[static_cast<std::size_t>(value)];
 }
 
 struct LinkDetails {
@@ -70,28 +68,27 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
   const auto details = linkDetails(item, status);
   std::vector<FileAttributes::Entry> entries;
   entries.reserve(18);
-  // In dictionary order, so that no sorting is needed.
-  using Key = FileAttributeKey;
-  const auto add = [&](const Key& key, auto&& value) {
+  // In the order in which the dictionary keeps them, so that nothing has to be sorted.
+  const auto add = [&](const FileAttributeKey& key, auto&& value) {
     entries.push_back({key, std::forward<decltype(value)>(value)});
   };
-  if (status.created) add(Key::NSFileCreationDate, *status.created);
-  add(Key::NSFileGroupOwnerAccountID, status.group);
-  add(Key::NSFileModificationDate, status.modified);
-  add(Key::NSFileOwnerAccountID, status.owner);
-  add(Key::NSFilePosixPermissions, status.permissions);
-  add(Key::NSFileReferenceCount, status.names);
-  add(Key::NSFileSize, status.size);
-  add(Key::NSFileSystemFileNumber, status.inode);
-  add(Key::NSFileSystemNumber, status.device);
-  add(Key::NSFileType, sharedValue(status.type));
-  add(Key::filePathName, nameOf(item));
-  add(Key::isDirectoryPath, status.type == FileType::directory);
-  if (details.type) add(Key::isLinkFilePath, link_types::leadsElsewhere(*details.type));
-  if (details.isRelative) add(Key::isRelativeSymbolicReference, *details.isRelative);
-  if (details.type) add(Key::referenceLinkType, sharedValue(*details.type));
-  if (details.target) add(Key::referencedFileSystemURL, std::filesystem::path(*details.target));
-  add(Key::fileResourceType, sharedValue(status.type));
+  if (status.created) add(FileAttributeKey::NSFileCreationDate, *status.created);
+  add(FileAttributeKey::NSFileGroupOwnerAccountID, status.group);
+  add(FileAttributeKey::NSFileModificationDate, status.modified);
+  add(FileAttributeKey::NSFileOwnerAccountID, status.owner);
+  add(FileAttributeKey::NSFilePosixPermissions, status.permissions);
+  add(FileAttributeKey::NSFileReferenceCount, status.names);
+  add(FileAttributeKey::NSFileSize, status.size);
+  add(FileAttributeKey::NSFileSystemFileNumber, status.inode);
+  add(FileAttributeKey::NSFileSystemNumber, status.device);
+  add(FileAttributeKey::NSFileType, sharedValue(status.type));
+  add(FileAttributeKey::filePathName, nameOf(item));
+  add(FileAttributeKey::isDirectoryPath, status.type == FileType::directory);
+  if (details.type) add(FileAttributeKey::isLinkFilePath, link_types::leadsElsewhere(*details.type));
+  if (details.isRelative) add(FileAttributeKey::isRelativeSymbolicReference, *details.isRelative);
+  if (details.type) add(FileAttributeKey::referenceLinkType, sharedValue(*details.type));
+  if (details.target) add(FileAttributeKey::referencedFileSystemURL, std::filesystem::path(*details.target));
+  add(FileAttributeKey::fileResourceType, sharedValue(status.type));
   return FileAttributes(std::move(entries));
 }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <cxxabi.h>
 #include <exception>
 #include <set>
 #include <utility>
@@ -70,6 +71,10 @@ std::optional<TextDictionary> runRemoval(ScriptRunner& runner, std::string_view 
     return handRemovalOver(runner, item);
   } catch (const std::exception& error) {
     return TextDictionary{{"exception", error.what()}};
+#ifdef __GLIBCXX__
+  } catch (const abi::__forced_unwind&) {
+    throw;  // the thread is being cancelled, which ends the process where it is not let through
+#endif
   } catch (...) {
     return TextDictionary{{"exception", "unknown"}};
   }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/never_destroyed.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -55,8 +57,8 @@ static_assert(static_cast<int>(FilePathAttributeGenerationError::symbolicLinkTar
 }  // namespace
 
 const std::error_category& ioErrorCategory() noexcept {
-  static const MessageCategory category("quillonic.io", ioMessages);
-  return category;
+  static const NeverDestroyed<MessageCategory> category("quillonic.io", ioMessages);
+  return *category;
 }
 
 std::error_code make_error_code(IOError error) noexcept {
@@ -64,8 +66,8 @@ std::error_code make_error_code(IOError error) noexcept {
 }
 
 const std::error_category& filePathAttributeGenerationErrorCategory() noexcept {
-  static const MessageCategory category("quillonic.attributes", attributeMessages);
-  return category;
+  static const NeverDestroyed<MessageCategory> category("quillonic.attributes", attributeMessages);
+  return *category;
 }
 
 std::error_code make_error_code(FilePathAttributeGenerationError error) noexcept {

@@ -6,6 +6,8 @@
 
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
+#include "platform/items.hpp"
+#include "platform/mount_holding.hpp"
 #include "platform/volume_names.hpp"
 #include "text/pieces.hpp"
 #include "text/unicode.hpp"
@@ -36,12 +38,10 @@ bool isThere(const fs::path& path) {
 
 // The device below an encrypted or combined device, if it is the only one.
 std::optional<fs::path> onlyPart(const fs::path& device) {
-  std::error_code error;
-  fs::directory_iterator parts(device / "slaves", error);
-  if (error || parts == fs::directory_iterator()) return std::nullopt;
-  auto part = parts->path();
-  parts.increment(error);
-  return error || parts != fs::directory_iterator() ? std::nullopt : std::optional(std::move(part));
+  const auto folder = device / "slaves";
+  const auto opened = items::Folder::open(folder);
+  const auto parts = opened ? items::entries(*opened) : opened.error();
+  return parts && parts->size() == 1 ? std::optional(folder / parts->front().name) : std::nullopt;
 }
 
 void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
@@ -87,8 +87,7 @@ DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::p
 }
 
 std::optional<DiskDescriptionDictionary> diskDescriptionOfVolume(const fs::path& holding) {
-  const auto table = MountTable::current();
-  const auto* mount = table.holding(holding);
+  const auto mount = mountHolding(holding);
   return mount ? std::optional(diskDescriptionOfMount(*mount)) : std::nullopt;
 }
 

@@ -4,6 +4,9 @@
 #include <cerrno>
 #include <sys/stat.h>
 
+#include "platform/mount_holding.hpp"
+#include "support/never_destroyed.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -23,6 +26,10 @@ class SystemFileSystem final : public PlatformFileSystem {
 
   void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
                             VolumeRootBlock block) const override {
+    if (items.size() == 1) {
+      const auto mount = mountHolding(items.front());
+      return block(items.front(), mount ? &mount->mountPoint : nullptr);
+    }
     const auto table = items.empty() ? MountTable() : MountTable::current();
     for (const auto& item : items) {
       const auto* mount = table.holding(item);
@@ -36,8 +43,9 @@ class SystemFileSystem final : public PlatformFileSystem {
 PlatformFileSystem::~PlatformFileSystem() = default;
 
 std::shared_ptr<const PlatformFileSystem> PlatformFileSystem::system() {
-  static const auto shared = std::make_shared<const SystemFileSystem>();
-  return shared;
+  static const NeverDestroyed<std::shared_ptr<const PlatformFileSystem>> shared(
+      std::make_shared<const SystemFileSystem>());
+  return *shared;
 }
 
 }  // namespace quillonic

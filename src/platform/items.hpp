@@ -27,6 +27,7 @@ struct Status {
   std::uint64_t size = 0;
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
+  // Without the short name that NTFS keeps beside the only other one.
   std::uint64_t names = 0;
   std::uint32_t permissions = 0;
   std::uint32_t owner = 0;
@@ -53,8 +54,8 @@ class Folder {
   int descriptor_;
 };
 
-// One system call; wakes no automounter. Here and below, a relative path counts from the folder, or from the
-// working folder without one.
+// One system call, and a second one for a file with two names; wakes no automounter. A relative path counts
+// from the folder, or without one from the working folder, here and below.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
 
 // No error when an item exists at a path with all its links followed; a trailing slash requires a folder. One

@@ -9,6 +9,7 @@
 #include <memory>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <sys/xattr.h>
 
 #include "platform/descriptor_linux.hpp"
 #include "platform/file_reading_linux.hpp"
@@ -93,7 +94,14 @@ bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
   return true;
 }
 
-// Opens without changing the access time, which only the owner may do.
+// Whether the second of an item's two names is the short one that NTFS keeps for old programs. The volume
+// tells the short name only of an item with a single long one, whose count is 1 where both are the same.
+bool hasShortName(const Folder* folder, const std::string& path) {
+  const auto place = folder ? "/proc/self/fd/" + std::to_string(folder->descriptor()) + "/" : std::string();
+  return ::lgetxattr((place + path).c_str(), "system.ntfs_dos_name", nullptr, 0) >= 0;
+}
+
+// Opens without a change of the access time, which only the owner may.
 Descriptor opened(int folder, const char* path, int flags) noexcept {
   const auto openedWith = [&](int more) {
     Descriptor item;
@@ -147,7 +155,9 @@ Result<Status> status(const std::string& path, const Folder* folder) {
   if (!isKnown && (errno == ENOSYS || errno == EPERM))
     isKnown = olderStatus(placeOf(folder), path.c_str(), item);
   if (!isKnown) return lastError();
-  return statusOf(item);
+  auto status = statusOf(item);
+  if (status.type == FileType::regular && status.names == 2 && hasShortName(folder, path)) status.names = 1;
+  return status;
 }
 
 std::error_code reach(const std::string& path) {

@@ -3,8 +3,10 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <pthread.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <utility>
 #include <vector>
 
 #include "platform/descriptor_linux.hpp"
@@ -68,6 +70,43 @@ class SpawnSettings {
   posix_spawnattr_t attributes_{};
 };
 
+// A started program. Its end is waited for whatever happens, so that it leaves no zombie.
+class Child {
+ public:
+  explicit Child(pid_t identifier) noexcept : identifier_(identifier) {}
+  Child(const Child&) = delete;
+  Child& operator=(const Child&) = delete;
+  ~Child() { static_cast<void>(wait()); }
+
+  // From `waitpid`; absent where the host ignores the ends of its children.
+  std::optional<int> wait() noexcept {
+    const auto identifier = std::exchange(identifier_, -1);
+    int status = 0;
+    pid_t ended = -1;
+    if (identifier > 0) {
+      do {
+        ended = ::waitpid(identifier, &status, 0);
+      } while (ended < 0 && errno == EINTR);
+    }
+    return ended > 0 ? std::optional(status) : std::nullopt;
+  }
+
+ private:
+  pid_t identifier_;
+};
+
+// Puts off the cancelling of the thread: what runs with raised rights cannot be called back.
+class CancellationLater {
+ public:
+  CancellationLater() noexcept { ::pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before_); }
+  CancellationLater(const CancellationLater&) = delete;
+  CancellationLater& operator=(const CancellationLater&) = delete;
+  ~CancellationLater() { ::pthread_setcancelstate(before_, nullptr); }
+
+ private:
+  int before_ = PTHREAD_CANCEL_ENABLE;
+};
+
 std::string readToEnd(int file) {
   std::string output;
   std::array<char, 4096> block{};
@@ -80,7 +119,6 @@ std::string readToEnd(int file) {
 }
 
 struct Outcome {
-  // From `waitpid`; absent when the host ignores its children's ends.
   std::optional<int> status;
   std::string output;
 
@@ -102,19 +140,17 @@ std::optional<Outcome> outcomeOf(std::vector<const char*> words) {
   words.push_back(nullptr);
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
-  const Descriptor output(ends[0]);
+  Descriptor output(ends[0]);
   Descriptor input(ends[1]);
-  const auto child = SpawnSettings(input.number()).start(words);
+  const auto started = SpawnSettings(input.number()).start(words);
   static_cast<void>(input.close());
-  if (!child) return std::nullopt;
+  if (!started) return std::nullopt;
 
-  Outcome outcome{.status = {}, .output = readToEnd(output.number())};
-  int status = 0;
-  pid_t ended = 0;
-  do {
-    ended = ::waitpid(*child, &status, 0);
-  } while (ended < 0 && errno == EINTR);
-  if (ended == *child) outcome.status = status;
+  Child child(*started);
+  // Closed before the child is waited for, which may wait to write.
+  const auto pipe = std::move(output);
+  Outcome outcome{.status = {}, .output = readToEnd(pipe.number())};
+  outcome.status = child.wait();
   return outcome;
 }
 
@@ -125,6 +161,7 @@ class SystemScriptRunner final : public ScriptRunner {
   std::optional<TextDictionary> runArguments(std::span<const std::string> words) override {
     const auto hasNul = [](const std::string& word) { return word.find('\0') != std::string::npos; };
     if (words.empty() || std::ranges::any_of(words, hasNul)) return std::nullopt;
+    const CancellationLater later;
     std::vector<const char*> command;
     for (const auto& word : words) command.push_back(word.c_str());
     if (::geteuid() == 0) {

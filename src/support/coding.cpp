@@ -48,6 +48,16 @@ bool operator==(const CodedRecord& a, const CodedRecord& b) {
   return a.members_ == b.members_;
 }
 
+std::size_t CodedValue::depthOf(const Alternatives& value) {
+  std::size_t depth = 0;
+  const auto add = [&](const CodedValue& inner) { depth = std::max(depth, inner.depth_ + 1); };
+  if (const auto* list = std::get_if<CodedList>(&value)) std::ranges::for_each(*list, add);
+  if (const auto* record = std::get_if<CodedRecord>(&value))
+    std::ranges::for_each(record->members(), add, &CodedMember::value);
+  if (depth > greatestCodedDepth) throw DecodingError({}, "lists and records are nested too deep");
+  return depth;
+}
+
 bool operator==(const CodedValue& a, const CodedValue& b) {
   return a.value_ == b.value_;
 }

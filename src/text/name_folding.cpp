@@ -90,6 +90,9 @@ void order(std::u32string& text) {
 constexpr char32_t foreignByte = 0x200000;
 
 std::string decomposed(std::string_view text) {
+  // Whole folders are folded, and most of their names are ASCII.
+  if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    return std::string(text);
   std::u32string scalars;
   for (std::size_t at = 0; at < text.size();) {
     const auto [scalar, length, valid] = utf8::decode(text.substr(at));

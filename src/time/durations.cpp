@@ -33,7 +33,7 @@ std::string TimeInterval::formattedString(double seconds) {
   if (!std::isfinite(seconds)) return "00:00:00";
   constexpr double bound = 0x1p63;
   if (seconds < -bound || seconds >= bound) {
-    abortBecause("TimeInterval string formatting: the number of seconds does not fit 64 bits");
+    abortBecause("QLC_TI_FS-Failed to format a time interval: the number of seconds does not fit 64 bits");
   }
   const auto whole = static_cast<std::int64_t>(seconds);
   const auto s = whole % 60;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "support/never_destroyed.hpp"
+
 namespace quillonic {
 namespace {
 
@@ -25,13 +27,14 @@ template <ClosedEnumeration Error> class CaseNameCategory final : public std::er
 }  // namespace
 
 std::error_code make_error_code(MediaAnalysisCLIError error) noexcept {
-  static const CaseNameCategory<MediaAnalysisCLIError> category("quillonic.media_analysis");
-  return {static_cast<int>(error), category};
+  static const NeverDestroyed<CaseNameCategory<MediaAnalysisCLIError>> category("quillonic.media_analysis");
+  return {static_cast<int>(error), *category};
 }
 
 std::error_code make_error_code(MediaAnalysisCLIImageError error) noexcept {
-  static const CaseNameCategory<MediaAnalysisCLIImageError> category("quillonic.media_analysis_image");
-  return {static_cast<int>(error), category};
+  static const NeverDestroyed<CaseNameCategory<MediaAnalysisCLIImageError>> category(
+      "quillonic.media_analysis_image");
+  return {static_cast<int>(error), *category};
 }
 
 }  // namespace quillonic

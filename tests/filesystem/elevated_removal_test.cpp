@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
+#include <thread>
 
 #include "private_process.hpp"
 #include "recorded_log.hpp"
@@ -22,6 +24,7 @@ class ShellRunner final : public ScriptRunner {
   std::optional<TextDictionary> runText(std::string_view source) override {
     sources.emplace_back(source);
     if (fault) throw std::runtime_error(fault);
+    if (isCancelled) pthread_testcancel();
     if (answer) return *answer;
     constexpr std::string_view before = "do shell script \"";
     constexpr std::string_view after = "\" with administrator privileges";
@@ -34,6 +37,7 @@ class ShellRunner final : public ScriptRunner {
   std::vector<std::string> sources;
   std::optional<std::optional<TextDictionary>> answer;
   const char* fault = nullptr;
+  bool isCancelled = false;
 };
 
 const auto quotable = split(
@@ -105,6 +109,18 @@ TEST_F(ElevatedRemovalByText, ReportsWhatTheRunnerSays) {
             "error: QLC_FME_RIWEP-Still there after its removal was reported: FILE\n");
   runner_->fault = "gone";
   EXPECT_EQ(logOfRemoving(file, false), failed + std::string("key: exception value: gone\n"));
+}
+
+TEST_F(ElevatedRemovalByText, LetsItsThreadBeCancelled) {
+  runner_->isCancelled = true;
+  const auto file = folder_.file("file");
+  std::thread thread([&] {
+    pthread_cancel(pthread_self());
+    FileManager().removeItemWithElevatedPermissions(file);
+  });
+  thread.join();
+  EXPECT_EQ(runner_->sources.size(), 1U);
+  EXPECT_TRUE(std::filesystem::exists(file));
 }
 
 TEST(ElevatedRemoval, RunsNothingButTheRemovalWithoutAShell) {

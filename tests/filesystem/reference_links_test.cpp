@@ -3,11 +3,13 @@
 
 #include <array>
 #include <chrono>
+#include <cstdlib>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <random>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 
 #include "error_of.hpp"
 #include "private_process.hpp"
@@ -404,6 +406,25 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
       expectTruth(place);
     }
     if (mounted == 0) endAsNotAllowed();
+  });
+}
+
+TEST(ReferenceLinks, DoNotCountTheShortNamesOfNtfs) {
+  const TemporaryFolder folder;
+  const auto image = folder.file("image").native();
+  const auto volume = folder.folder("volume");
+  std::filesystem::resize_file(image, 20 << 20);
+  runPrivately([&] {
+    const auto make =
+        "mkntfs -F -q " + image + " >/dev/null 2>&1 && ntfs-3g " + image + " " + volume.native();
+    if (std::system(make.c_str()) != 0) endAsNotAllowed();
+    const auto clip = folder.file("volume/long name.mov");
+    ASSERT_EQ(setxattr(clip.c_str(), "system.ntfs_dos_name", "LONGNA~1.MOV", 12, 0), 0);
+    EXPECT_EQ(filePathLinkType(clip), ReferenceLinkType::notAReferenceLink);
+    EXPECT_EQ(expandedAttributesOfItem(clip)->value<int>(Key::NSFileReferenceCount), 1);
+    std::filesystem::create_hard_link(clip, volume / "twin");
+    EXPECT_EQ(filePathLinkType(clip), ReferenceLinkType::hardSymbolicReference);
+    umount2(volume.c_str(), MNT_DETACH);
   });
 }
 

@@ -27,6 +27,13 @@ constexpr auto greatest = std::numeric_limits<std::int64_t>::max();
 
 static_assert(FrameRate::fromRawValue(23.967) == FrameRate::fps23_98);
 static_assert(FrameRate::custom(24.0) != FrameRate::fps24);
+template <class E>
+concept HasAllCases = requires {
+  allCases<E>();
+};
+enum class Unlisted {};
+static_assert(HasAllCases<FrameRate> && HasAllCases<FileExtension> && HasAllCases<VideoExtension>);
+static_assert(!HasAllCases<int> && !HasAllCases<Unlisted>);
 static_assert(FrameRate::wellDefinedCases().size() == 10 && FrameRate::scaleOptions().size() == 2);
 static_assert(VideoDimension::wellDefinedCases().size() == 12 && VideoDimension::scaleOptions().size() == 6);
 static_assert(fromRawValue<VideoExtension>("mp4") == VideoExtension::mp4);

@@ -25,5 +25,21 @@ TEST(CodedRecord, KeepsTheOrderOfItsKeysAndNamesTheOneThatIsWrong) {
   EXPECT_NE(value, CodedValue(record));
 }
 
+// What holds fewer levels is destroyed, copied and compared by recursion.
+TEST(CodedValue, RefusesMoreLevelsThanTheStackHolds) {
+  CodedValue value;
+  std::size_t depth = 0;
+  const auto wrap = [&] {
+    for (;; ++depth) {
+      CodedRecord record;
+      record.add("key", value);
+      value = depth % 2 == 0 ? CodedValue(std::move(record)) : CodedValue(CodedList{std::move(value)});
+    }
+  };
+  EXPECT_EQ(keyOfFailure(wrap), "");
+  EXPECT_EQ(depth, greatestCodedDepth);
+  EXPECT_EQ(value, CodedValue(value));
+}
+
 }  // namespace
 }  // namespace quillonic

@@ -1,5 +1,7 @@
 // The main path without memory. Counts every `operator new` of this program, including the library's.
 
+#include <quillonic/filesystem.hpp>
+#include <quillonic/platform.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -9,9 +11,12 @@
 #include <limits>
 #include <new>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 #include "recorded_log.hpp"
+#include "temporary_folder.hpp"
 
 namespace {
 constexpr auto unlimited = std::numeric_limits<std::int64_t>::max();
@@ -176,6 +181,69 @@ TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
     }
   }
   EXPECT_GT(failures, 3 * std::size(operations));
+}
+
+struct Look {
+  const char* name;
+  void (*run)(const std::filesystem::path& folder);
+};
+
+const Look looks[] = {
+    {"drives",
+     [](const std::filesystem::path& folder) {
+       static_cast<void>(FileManager().getUniqueDrives({&folder, 1}));
+     }},
+    {"attributes",
+     [](const std::filesystem::path& folder) {
+       for (const auto* name : {"file", "link", "alias"})
+         static_cast<void>(expandedAttributesOfItem(folder / name));
+     }},
+    {"walk",
+     [](const std::filesystem::path& folder) {
+       enumerateLinkFileDereferencePairs(folder, [](const auto&, const auto&, bool&) {});
+     }},
+    {"link support",
+     [](const std::filesystem::path& folder) { fileSystemSupportsSymbolicLinks(folder / "new"); }},
+    {"disk",
+     [](const std::filesystem::path& folder) {
+       static_cast<void>(diskDescriptionOfVolume(folder));
+       Mount mount;
+       mount.deviceMajor = 7;
+       static_cast<void>(diskDescriptionOfMount(mount, folder / "sys"));
+     }},
+    {"removal",
+     [](const std::filesystem::path& folder) {
+       // Other users would be asked for a password.
+       if (geteuid() == 0) FileManager().removeItemWithElevatedPermissions(folder);
+     }},
+};
+
+TEST(Allocations, LeaveNoDescriptorAndNoChildWhereTheyFail) {
+  const TemporaryFolder folder;
+  folder.link("link", folder.file("file"));
+  folder.file("sys/dev/block/7:0/device/model");
+  folder.file("sys/dev/block/7:0/slaves/part/ro");
+  createAliasForFilePath(folder / "file", folder / "alias");
+  std::filesystem::rename(folder / "file", folder.folder("inner") / "FILE");
+  const auto openFiles = [] {
+    return std::distance(begin(std::filesystem::directory_iterator("/proc/self/fd")), {});
+  };
+  const RecordedLog log;
+  const auto before = openFiles();
+  for (const auto& look : looks) {
+    bool isDone = false;
+    for (std::int64_t memory = 0; !isDone; ++memory) {
+      allocationsLeft = memory;
+      try {
+        look.run(folder.path());
+        isDone = true;
+      } catch (const std::exception&) {
+      }
+      allocationsLeft = unlimited;
+      EXPECT_EQ(openFiles(), before) << look.name << memory;
+      EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << look.name << memory;
+    }
+  }
 }
 
 }  // namespace

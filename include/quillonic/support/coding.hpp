@@ -8,6 +8,7 @@
 #include <quillonic/support/enumeration.hpp>
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
@@ -83,7 +84,11 @@ concept CodedAlternative =
     std::same_as<T, bool> || std::same_as<T, std::int64_t> || std::same_as<T, double> ||
     std::same_as<T, std::string> || std::same_as<T, CodedList> || std::same_as<T, CodedRecord>;
 
-/// A coded value: nothing, or one of the alternatives.
+/// How many lists and records a coded value may be in, each within the next one, so that no archive from
+/// elsewhere exhausts the stack.
+inline constexpr std::size_t greatestCodedDepth = 500;
+
+/// Nothing, or one of the alternatives.
 class CodedValue {
  public:
   /// What a value can hold; the first alternative is nothing. Archives visit it.
@@ -91,11 +96,13 @@ class CodedValue {
       std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
 
   CodedValue() = default;
-  /// Takes exactly one of the alternatives, without conversion.
+  /// Takes exactly one of the alternatives; nothing converts on the way. Throws a `DecodingError` for a list
+  /// or record with a value that is in more than `greatestCodedDepth` of them then.
   template <class T>
   requires CodedAlternative<std::remove_cvref_t<T>>
   // NOLINTNEXTLINE(google-explicit-constructor): a value reads as its coded form
-  CodedValue(T&& value) : value_(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)) {}
+  CodedValue(T&& value)
+      : value_(std::in_place_type<std::remove_cvref_t<T>>, std::forward<T>(value)), depth_(depthOf(value_)) {}
 
   /// The value as `T`, or null when it has another type.
   template <CodedAlternative T> const T* as() const noexcept { return std::get_if<T>(&value_); }
@@ -112,7 +119,11 @@ class CodedValue {
   friend QUILLONIC_EXPORT bool operator==(const CodedValue&, const CodedValue&);
 
  private:
+  QUILLONIC_EXPORT static std::size_t depthOf(const Alternatives& value);
+
   Alternatives value_;
+  // How many lists and records its innermost value is in.
+  std::size_t depth_ = 0;
 };
 
 /// One key of a record and its value.

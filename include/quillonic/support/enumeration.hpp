@@ -74,8 +74,12 @@ template <ClosedEnumeration E> struct RawValueOf<E> {
 
 }  // namespace detail
 
-/// Every case, in case order. The span stays valid for the life of the program.
-template <class E> constexpr std::span<const E> allCases() noexcept {
+/// Every case, in the enumeration's own order. The span stays valid for the life of the program.
+template <class E>
+requires ClosedEnumeration<E> || requires {
+  { E::allCases() } -> std::convertible_to<std::span<const E>>;
+}
+constexpr std::span<const E> allCases() noexcept {
   if constexpr (ClosedEnumeration<E>) {
     return detail::casesOf<E>;
   } else {
@@ -89,9 +93,13 @@ template <ClosedEnumeration E> constexpr typename detail::RawValueOf<E>::Type ra
   return row ? row->rawValue : typename detail::RawValueOf<E>::Type{};
 }
 
-/// The value with exactly this raw value, case included. A closed enumeration gives nothing for an unlisted
-/// raw value; an open one wraps any text.
-template <class E> constexpr std::optional<E> fromRawValue(typename detail::RawValueOf<E>::Type raw) {
+/// The value with exactly this raw value, case included. A closed enumeration gives nothing for one outside
+/// its table; an open one wraps any text.
+template <class E>
+requires ClosedEnumeration<E> || requires(std::string_view raw) {
+  { E::fromRawValue(raw) } -> std::same_as<std::optional<E>>;
+}
+constexpr std::optional<E> fromRawValue(typename detail::RawValueOf<E>::Type raw) {
   if constexpr (ClosedEnumeration<E>) {
     using Row = std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>;
     const auto* row = detail::rowWhere(CaseTable<E>::rows, &Row::rawValue, raw);
