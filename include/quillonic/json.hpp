@@ -31,8 +31,8 @@
 
 namespace quillonic {
 
-/// How deep the arrays and objects of a JSON value may lie in each other, those of the table above included; what lies
-/// deeper is refused when it is read, so that no text from elsewhere exhausts the stack.
+/// The maximum nesting depth of arrays and objects in a JSON value, including those of the table above.
+/// Reading rejects deeper values, so that no external text exhausts the stack.
 inline constexpr std::size_t greatestJsonDepth = greatestCodedDepth;
 
 namespace detail {

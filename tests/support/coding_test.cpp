@@ -36,7 +36,7 @@ TEST(CodedValue, RefusesMoreLevelsThanTheStackHolds) {
       value = depth % 2 == 0 ? CodedValue(std::move(record)) : CodedValue(CodedList{std::move(value)});
     }
   };
-  EXPECT_EQ(keyOfFailure(wrap), "");
+  EXPECT_EQ(undecodedKey(wrap), "");
   EXPECT_EQ(depth, greatestCodedDepth);
   EXPECT_EQ(value, CodedValue(value));
 }

@@ -18,12 +18,12 @@ namespace quillonic {
 /// link `isRelativeSymbolicReference`.
 ///
 /// A detail of a link that cannot be read is logged and left out, and so are `referenceLinkType` and
-/// `isLinkFilePath` of a small file that may not be opened. A symbolic link to nothing is logged too, but has
-/// its `referencedFileSystemURL` where its target names a location. The modification date is the only date
-/// that can be set on a copy; a copy has its own creation date. Takes one system call per item, two for a
-/// file with two names; for a symbolic link three, and one per folder of its target. Opens a regular file of
-/// 16 bytes to 64 MiB, and reads 16 bytes of it, to see whether it is an alias; its access time stays where
-/// the process owns the file or is root. On a network volume opening and reading ask the server.
+/// `isLinkFilePath` of a small file that may not be opened. A dangling symbolic link is logged too, but has
+/// its `referencedFileSystemURL` if its target names a location. Of the dates, only the modification date can
+/// be set on a copy; a copy has its own creation date. Takes one system call per item, two for a file with
+/// two names; for a symbolic link three, and one per folder of its target. Opens regular files of 16 bytes to
+/// 64 MiB and reads 16 bytes to recognise an alias, which asks the server on a network volume; the access
+/// time stays if the process owns the file or is root.
 QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);
 
 }  // namespace quillonic

@@ -146,8 +146,7 @@ class VideoDimension : public CaseWithPayload<VideoDimensionKind, VideoSize> {
 
   /// The members of a list that are in `exactDimensionsOptions`, in list order. The only custom size among
   /// them is 400 x 400.
-  static std::vector<VideoDimension> filterExactDimensionsOptions(
-      std::span<const VideoDimension> from);
+  static std::vector<VideoDimension> filterExactDimensionsOptions(std::span<const VideoDimension> from);
   /// The members of a list that are in `scaleOptions`, in list order. The only custom factor among them is
   /// 0.9.
   static std::vector<VideoDimension> filterScaleOptions(std::span<const VideoDimension> from);

@@ -47,10 +47,9 @@ class QUILLONIC_EXPORT PlatformFileSystem {
   virtual void enumerateVolumeRoots(std::span<const std::filesystem::path> items,
                                     VolumeRootBlock block) const = 0;
 
-  /// The one that asks the operating system: one call per existence question, and for volume roots one
-  /// reading of the mount table, for a single item up to its mount, and one call per item that exists. A path
-  /// that is too long, has a NUL or passes through something that is no folder is absent, since no entry can
-  /// have it.
+  /// Asks the operating system: one call per existence question; for volume roots one reading of the mount
+  /// table, for a single item only up to its mount, and one call per existing item. A path that is too long,
+  /// has a NUL or passes through something that is not a folder is absent, since no entry can have it.
   static std::shared_ptr<const PlatformFileSystem> system();
 };
 

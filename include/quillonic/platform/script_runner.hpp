@@ -43,12 +43,11 @@ class QUILLONIC_EXPORT ScriptRunner {
   /// Runs a program, the first word, with the other words as arguments. Returns what `runText` does.
   virtual std::optional<TextDictionary> runArguments(std::span<const std::string> words);
 
-  /// The runner in use, never null. The built-in one takes an argument list. In a process that is root
-  /// already it starts the program directly; in any other it asks for the rights through `pkexec`, or where
-  /// that has nobody to ask, through `sudo` if that needs no password. It never uses a terminal. On failure
-  /// it gives "exit status" (or "signal") with the number, and "output" with at most 64 KiB of what the
-  /// program printed. Where there is no way to raise the rights it creates nothing. A thread that is
-  /// cancelled meanwhile ends after the program has.
+  /// The runner in use, never null. The built-in runner takes an argument list. If the process is root, it
+  /// starts the program directly; otherwise it asks for the rights through `pkexec`, or if nobody can be
+  /// asked there, through `sudo` if that needs no password. It never uses a terminal. On failure it gives
+  /// "exit status" (or "signal") with the number, and "output" with at most 64 KiB of the program's output.
+  /// When the rights cannot be raised, it creates nothing. A cancelled thread ends after the program has.
   static std::shared_ptr<ScriptRunner> defaultRunner();
 
   /// Replaces the runner; null restores the built-in one. May be called while other threads run scripts.

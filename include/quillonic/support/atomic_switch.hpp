@@ -18,10 +18,10 @@ namespace quillonic {
 
 class OrderedSharedMutex;
 
-/// A Boolean that any thread may read and write at any time. When `setIsOn` has returned, every read that
-/// begins later sees the new value. Shared by reference and never copied. Callers must not destroy it before every
-/// call on it has returned, and a read that sees another thread's write does not say that the write has returned: let
-/// each thread hold a `std::shared_ptr`.
+/// A Boolean that any thread may read and write at any time. Once `setIsOn` has returned, every later read
+/// sees the new value. Share it by reference; it cannot be copied. Callers must not destroy it before every
+/// call on it has returned. Seeing another thread's write does not mean that the write has returned: let each
+/// thread hold a `std::shared_ptr`.
 ///
 /// A switch takes a lock, so a signal handler must not use it: the handler would wait forever where it
 /// interrupts a thread in the switch. Let it set a lock-free `std::atomic<bool>` or write to a pipe, and let

@@ -84,11 +84,10 @@ concept CodedAlternative =
     std::same_as<T, bool> || std::same_as<T, std::int64_t> || std::same_as<T, double> ||
     std::same_as<T, std::string> || std::same_as<T, CodedList> || std::same_as<T, CodedRecord>;
 
-/// How many lists and records a coded value may be in, each within the next one, so that no archive from
-/// elsewhere exhausts the stack.
+/// The maximum nesting depth of lists and records, so that no external archive exhausts the stack.
 inline constexpr std::size_t greatestCodedDepth = 500;
 
-/// Nothing, or one of the alternatives.
+/// A coded value: nothing, or one of the alternatives.
 class CodedValue {
  public:
   /// What a value can hold; the first alternative is nothing. Archives visit it.
@@ -96,8 +95,8 @@ class CodedValue {
       std::variant<std::monostate, bool, std::int64_t, double, std::string, CodedList, CodedRecord>;
 
   CodedValue() = default;
-  /// Takes exactly one of the alternatives; nothing converts on the way. Throws a `DecodingError` for a list
-  /// or record with a value that is in more than `greatestCodedDepth` of them then.
+  /// Takes exactly one of the alternatives, without conversion. Throws a `DecodingError` for a list or record
+  /// that is nested deeper than `greatestCodedDepth`.
   template <class T>
   requires CodedAlternative<std::remove_cvref_t<T>>
   // NOLINTNEXTLINE(google-explicit-constructor): a value reads as its coded form

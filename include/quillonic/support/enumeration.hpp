@@ -74,7 +74,7 @@ template <ClosedEnumeration E> struct RawValueOf<E> {
 
 }  // namespace detail
 
-/// Every case, in the enumeration's own order. The span stays valid for the life of the program.
+/// Every case, in case order. The span stays valid for the life of the program.
 template <class E>
 requires ClosedEnumeration<E> || requires {
   { E::allCases() } -> std::convertible_to<std::span<const E>>;
@@ -93,8 +93,8 @@ template <ClosedEnumeration E> constexpr typename detail::RawValueOf<E>::Type ra
   return row ? row->rawValue : typename detail::RawValueOf<E>::Type{};
 }
 
-/// The value with exactly this raw value, case included. A closed enumeration gives nothing for one outside
-/// its table; an open one wraps any text.
+/// The value with exactly this raw value, case included. A closed enumeration gives nothing for an unlisted
+/// raw value; an open one wraps any text.
 template <class E>
 requires ClosedEnumeration<E> || requires(std::string_view raw) {
   { E::fromRawValue(raw) } -> std::same_as<std::optional<E>>;
