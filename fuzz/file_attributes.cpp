@@ -25,7 +25,7 @@ const Key& keyOf(char c) {
 }
 
 FileAttributes attributesOf(const std::vector<std::string_view>& lines, Map& map) {
-  const AnyValue values[] = {AnyValue(), 1, 1.0, true, "1", AnyValue::Date(std::chrono::seconds(1))};
+  const AnyValue values[] = {AnyValue(), 1, 1.0, true, "1", Date(std::chrono::seconds(1))};
   std::vector<FileAttributes::Entry> entries;
   for (const auto line : lines) {
     if (line.empty()) continue;

@@ -13,5 +13,6 @@
 #include <quillonic/support/host_keys.hpp>
 #include <quillonic/support/option_set.hpp>
 #include <quillonic/support/parse_error.hpp>
+#include <quillonic/support/path_coding.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/support/text_dictionary.hpp>

@@ -47,7 +47,7 @@ TEST(AliasFile, ReadsBothFormsAsOtherWritersLeaveThem) {
 TEST(AliasFile, HoldsEveryValue) {
   const AliasFile expected{.pathComponents = {"Volumes", "CARD", "A.MXF"},
                            .targetProperties = AliasFile::Properties{AliasFile::regularFile, 0x21F},
-                           .targetCreationDate = AnyValue::Date(std::chrono::milliseconds(1700000000500)),
+                           .targetCreationDate = Date(std::chrono::milliseconds(1700000000500)),
                            .relativeDirsUp = 1,
                            .relativeDirsDown = 1,
                            .volumePath = "/Volumes/CARD",
@@ -78,7 +78,7 @@ TEST(AliasFile, TakesAnyDamage) {
   std::size_t values = 0;
   for (const auto& whole : {exampleFile, exampleBookmark, contentOf(ALIAS_FILES "/every_value")}) {
     const auto alias = AliasFile::fromBytes(whole).value();
-    for (const auto madeAt : {AnyValue::Date::min(), AnyValue::Date::max()})
+    for (const auto madeAt : {Date::min(), Date::max()})
       EXPECT_EQ(AliasFile::fromBytes(alias.bytes(madeAt)), alias);
     for (std::size_t size = 0; size < whole.size(); ++size)
       EXPECT_EQ(AliasFile::fromBytes(std::string_view(whole).substr(0, size)), std::nullopt) << size;

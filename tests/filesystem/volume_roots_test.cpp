@@ -15,14 +15,13 @@ std::vector<std::string> drivesOf(const path& item) {
   return FileManager().getUniqueDrives({&item, 1});
 }
 
-// Takes each item followed by its root, empty for an item on no volume.
-void expectRoots(const std::vector<path>& rows) {
-  for (std::size_t i = 0; i < rows.size(); i += 2) {
-    const auto& root = rows[i + 1].native();
+// Takes each item with its root, empty for an item on no volume.
+void expectRoots(const std::vector<std::pair<path, path>>& rows) {
+  for (const auto& [item, root] : rows) {
     const std::vector<std::string> drives(root.empty() ? 0 : 1, root);
-    EXPECT_EQ(drivesOf(rows[i]), drives) << rows[i];
+    EXPECT_EQ(drivesOf(item), drives) << item;
     // Several items are looked up in one reading of the whole table.
-    EXPECT_EQ(FileManager().getUniqueDrives(std::array{rows[i], rows[i]}), drives) << rows[i];
+    EXPECT_EQ(FileManager().getUniqueDrives(std::array{item, item}), drives) << item;
   }
 }
 

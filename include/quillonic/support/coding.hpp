@@ -10,7 +10,6 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <limits>
 #include <optional>
 #include <stdexcept>
@@ -195,14 +194,6 @@ template <> struct Coding<double> {
       if (-allHeld <= *integer && *integer <= allHeld) return static_cast<double>(*integer);
     }
     return coded.require<double>(key);
-  }
-};
-
-/// Encodes the bytes of the path unchanged.
-template <> struct Coding<std::filesystem::path> {
-  static CodedValue encode(const std::filesystem::path& value) { return value.native(); }
-  static std::filesystem::path decode(const CodedValue& coded, std::string_view key) {
-    return coded.require<std::string>(key);
   }
 };
 

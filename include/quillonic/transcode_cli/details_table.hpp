@@ -5,6 +5,7 @@
 // clang-format off
 #include <quillonic/platform/color.hpp>
 #include <quillonic/support/coding.hpp>
+#include <quillonic/support/path_coding.hpp>
 #include <quillonic/platform/color_coding.hpp>
 #include <quillonic/transcode_cli/anchors.hpp>
 #include <quillonic/transcode_cli/frame_size.hpp>
