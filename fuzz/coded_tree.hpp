@@ -1,6 +1,6 @@
-// A tree of coded values, written in lines. "{" begins a record, in which a line with a key stands before each value;
-// "[" begins a list; "}" or "]" ends either. "t" and "f" are Booleans, "i5" an integer, "d0.5" a number, "sabc" a text;
-// any other line is nothing.
+// A tree of coded values, written in lines. "{" begins a record, in which a line with a key stands before
+// each value; "[" begins a list; "}" or "]" ends either. "t" and "f" are Booleans, "i5" an integer, "d0.5" a
+// number, "sabc" a text; any other line is nothing.
 #pragma once
 
 #include <quillonic/support/coding.hpp>

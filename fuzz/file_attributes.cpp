@@ -1,5 +1,5 @@
-// Any two dictionaries of attributes, which agree with maps: an entry a line, a line "=" between the two. The first
-// character of a line stands for its key and the last one for its value.
+// Any two dictionaries of attributes, which agree with maps: an entry a line, a line "=" between the two. The
+// first character of a line stands for its key and the last one for its value.
 #include <quillonic/filesystem/file_attributes.hpp>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// Runs a target without libFuzzer: over every file of a folder, over every beginning of each, and over 2,000 random
-// mixtures of their lines, or as many as the second word says. The mixtures are the same in every run.
+// Runs a target without libFuzzer: over every file of a folder, over every beginning of each, and over 2,000
+// random mixtures of their lines, or as many as the second word says. The mixtures are the same in every run.
 
 #include <algorithm>
 #include <cstddef>

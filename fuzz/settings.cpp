@@ -1,4 +1,5 @@
-// Any numbers, a line each, as what settings hold: each setting that is stored over any earlier one reads back.
+// Any numbers, a line each, as what settings hold: each setting that is stored over any earlier one reads
+// back.
 #include <quillonic/media.hpp>
 
 #include <array>

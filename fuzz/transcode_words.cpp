@@ -181,7 +181,8 @@ void checkSetting(const std::vector<std::string_view>& words) {
   }
 }
 
-// The flags of a line keep their order, whatever is removed and comes back; others follow in the order of their texts.
+// The flags of a line keep their order, whatever is removed and comes back; others follow in the order of
+// their texts.
 void checkOrder(const std::vector<std::string_view>& words, const std::vector<std::string_view>& changes) {
   Model model(words, true);
   const auto order = Expected(words).order;

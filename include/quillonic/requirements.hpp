@@ -1,6 +1,6 @@
-/// What the library and its hosts are compiled with: g++ 12 or later, or clang 14 or later with libstdc++ 12 or later,
-/// as C++20, with exceptions and with run-time type information. Anything else is refused here, in one sentence
-/// rather than in pages of errors from inside other headers.
+/// What the library and its hosts are compiled with: g++ 12 or later, or clang 14 or later with libstdc++ 12
+/// or later, as C++20, with exceptions and with run-time type information. Anything else is refused here, in
+/// one sentence rather than in pages of errors from inside other headers.
 #pragma once
 
 #include <version>

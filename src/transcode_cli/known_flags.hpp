@@ -12,8 +12,8 @@
 
 namespace quillonic::known_flags {
 
-// The known flags by the letter after their hyphen, without those that begin with another one: where the longer flag
-// occurs, the shorter one does too.
+// The known flags by the letter after their hyphen, without those that begin with another one: where the
+// longer flag occurs, the shorter one does too.
 struct ByLetter {
   static constexpr std::size_t letters = 'z' - 'a' + 1;
 

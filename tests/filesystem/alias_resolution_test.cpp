@@ -85,7 +85,8 @@ TEST(AliasResolution, LooksForTheLongestEndOfThePathUpwards) {
   // The alias has its target's name, and yet it is not its own target.
   const auto alias = folder.file("copy/Project/A.MXF", macAlias().bytes());
   EXPECT_EQ(errorOf(resolved, alias), Errors::aliasTargetNotFound);
-  // First ignoring case, one scalar for letter and accent; byte for byte wins over likeness. The last is no UTF-8.
+  // First ignoring case, one scalar for letter and accent; byte for byte wins over likeness. The last is no
+  // UTF-8.
   for (const auto& [item, recorded] : {std::pair("\u03a3\u03a3.mov", "\u03c3\u03c2.Mov"),
                                        {"\u1112\u1161\u11ab\u1100\u1173.mov", "\ud55c\uadf8.mov"},
                                        {"f\xfcr.mov", "F\xfcR.mov"}}) {

@@ -101,8 +101,8 @@ TEST(OrderedSharedMutex, LosesNobodyAndKeepsWritersAlone) {
   EXPECT_EQ(halves[0], 6000);
 }
 
-// Threads that come while the mutex is held, each once the one before sleeps. Capital letters are writers.
-// A writer that finds readers inside goes ahead of those that come later, so no stream of readers keeps it out.
+// Threads that come while the mutex is held, each once the one before sleeps. Capital letters are writers. A
+// writer that finds readers inside goes ahead of those that come later, so no stream of readers keeps it out.
 TEST(OrderedSharedMutex, ServesThreadsInOrderOfArrivalAndReadersTogether) {
   const std::string arrivals = "AbCdEFg";
   for (const bool isHeldByReader : {false, true}) {

@@ -1,4 +1,4 @@
-/// How paths are encoded. Apart from `coding.hpp`, because including `<filesystem>` costs more than all of that.
+/// How paths are encoded. Separate from `coding.hpp`, because including `<filesystem>` costs more than that.
 ///
 ///     encode(std::filesystem::path("/media/out.mov"));    // "/media/out.mov"
 #pragma once

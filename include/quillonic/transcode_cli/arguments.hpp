@@ -104,8 +104,8 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
 
   /// Stores a value as given, neither trimmed nor lower-cased. A flag that `hasArgumentFlag` does not find is
   /// normalised as in parsing. No value removes the flag; the empty text sets a switch. False, without any
-  /// change, when the flag is neither set nor valid. A text without a hyphen can be valid but does not survive
-  /// a command line.
+  /// change, when the flag is neither set nor valid. A text without a hyphen can be valid but does not
+  /// survive a command line.
   bool setArgumentFlagValue(std::string_view flag, std::optional<std::string_view> value);
 
   /// The numbered input files; absent when there are none. Their keys have exactly the form
