@@ -246,11 +246,10 @@ Result<AliasFile> read(const std::string& item, const items::Folder* folder) {
 
 }  // namespace
 
-Result<std::string> aliasTarget(const std::string& aliasFile) {
+Result<std::string> aliasTarget(const std::string& aliasFile, LookUps& lookUps) {
   const auto alias = read(aliasFile, nullptr);
   const auto place = alias ? locations::placeOf(aliasFile) : alias.error();
   if (!place) return place.error();
-  LookUps lookUps;
   return Resolution(*alias, place->path(), lookUps).target();
 }
 

@@ -1,6 +1,7 @@
 #include <quillonic/filesystem/expanded_attributes.hpp>
 #include <quillonic/platform/logging.hpp>
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "filesystem/alias_resolution.hpp"
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
+#include "filesystem/look_ups.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
 #include "support/never_destroyed.hpp"
@@ -50,12 +52,12 @@ LinkDetails symbolicLinkDetails(const std::string& item) {
   return details;
 }
 
-LinkDetails linkDetails(const std::string& item, const items::Status& status) {
+LinkDetails linkDetails(const std::string& item, const items::Status& status, LookUps& lookUps) {
   if (status.type == FileType::symbolicLink) return symbolicLinkDetails(item);
   LinkDetails details;
   details.type = link_types::logged(link_types::typeOf(item, status), item);
   if (details.type == ReferenceLinkType::aliasReference)
-    details.target = link_types::loggedTarget(aliasTarget(item), item);
+    details.target = link_types::loggedTarget(aliasTarget(item, lookUps), item);
   return details;
 }
 
@@ -64,8 +66,8 @@ std::string nameOf(std::string_view item) {
   return std::string(name.empty() ? item : name);
 }
 
-FileAttributes attributesOf(const std::string& item, const items::Status& status) {
-  const auto details = linkDetails(item, status);
+FileAttributes attributesOf(const std::string& item, const items::Status& status, LookUps& lookUps) {
+  const auto details = linkDetails(item, status, lookUps);
   std::vector<FileAttributes::Entry> entries;
   entries.reserve(18);
   // In the order in which the dictionary keeps them, so that nothing has to be sorted.
@@ -92,12 +94,27 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
   return FileAttributes(std::move(entries));
 }
 
+std::optional<FileAttributes> attributesOf(const std::filesystem::path& path, LookUps& lookUps) {
+  const auto item = locations::itself(path);
+  const auto status = items::status(item);
+  return status ? std::optional(attributesOf(item, *status, lookUps)) : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL) {
-  const auto item = locations::itself(atURL);
-  const auto status = items::status(item);
-  return status ? std::optional(attributesOf(item, *status)) : std::nullopt;
+  LookUps lookUps;
+  return attributesOf(atURL, lookUps);
+}
+
+ExpandedAttributesReader::ExpandedAttributesReader() noexcept = default;
+ExpandedAttributesReader::ExpandedAttributesReader(ExpandedAttributesReader&&) noexcept = default;
+ExpandedAttributesReader& ExpandedAttributesReader::operator=(ExpandedAttributesReader&&) noexcept = default;
+ExpandedAttributesReader::~ExpandedAttributesReader() = default;
+
+std::optional<FileAttributes> ExpandedAttributesReader::attributesOfItem(const std::filesystem::path& atURL) {
+  if (!lookUps_) lookUps_ = std::make_unique<LookUps>();
+  return attributesOf(atURL, *lookUps_);
 }
 
 }  // namespace quillonic

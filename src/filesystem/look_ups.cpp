@@ -15,6 +15,11 @@ namespace quillonic {
 // The system's own limit in one path look-up.
 static constexpr int greatestLinkCount = 40;
 
+const MountTable& LookUps::mounts() {
+  if (!mounts_) mounts_ = MountTable::current();
+  return *mounts_;
+}
+
 const VolumeNames& LookUps::identifiers() {
   if (!identifiers_) identifiers_ = VolumeNames::identifiers();
   return *identifiers_;
@@ -69,8 +74,8 @@ Result<std::string> LookUps::physicalItem(const std::string& item, const std::st
   return physical(text->starts_with('/') ? *text : locations::inFolder(folder, *text), linksLeft - 1);
 }
 
-bool LookUps::isAutomounted(const std::string& path) const {
-  const auto* mount = mounts_.withLongestMountPoint(path);
+bool LookUps::isAutomounted(const std::string& path) {
+  const auto* mount = mounts().withLongestMountPoint(path);
   return mount && isAutomountKind(mount->kind);
 }
 

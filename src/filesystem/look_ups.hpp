@@ -19,7 +19,7 @@ namespace quillonic {
 // sees no later changes there.
 class LookUps {
  public:
-  const MountTable& mounts() const noexcept { return mounts_; }
+  const MountTable& mounts();
   const VolumeNames& identifiers();
   const VolumeNames& labels();
 
@@ -44,10 +44,10 @@ class LookUps {
  private:
   Result<std::string> physical(std::string_view path, int linksLeft);
   Result<std::string> physicalItem(const std::string& item, const std::string& folder, int linksLeft);
-  bool isAutomounted(const std::string& path) const;
+  bool isAutomounted(const std::string& path);
   Listing listed(const std::string& folder);
 
-  MountTable mounts_ = MountTable::current();
+  std::optional<MountTable> mounts_;
   std::optional<VolumeNames> identifiers_;
   std::optional<VolumeNames> labels_;
   std::unordered_map<std::string, Listing> listings_;

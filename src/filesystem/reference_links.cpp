@@ -37,8 +37,10 @@ Result<std::string> dereferenced(ReferenceLinkType type, const std::string& item
   switch (type) {
     case ReferenceLinkType::softSymbolicReference:
       return symbolicTarget(item);
-    case ReferenceLinkType::aliasReference:
-      return aliasTarget(item);
+    case ReferenceLinkType::aliasReference: {
+      LookUps lookUps;
+      return aliasTarget(item, lookUps);
+    }
     case ReferenceLinkType::notAReferenceLink:
     case ReferenceLinkType::hardSymbolicReference:
       break;
