@@ -212,6 +212,19 @@ const bool added = [] {
             [](std::size_t size) { return toEach(clips(size), readAttributes); });
   addGrowth("walk over an alias file", allItems,
             [](std::size_t size) { return [=] { walk(aliases(size)); }; });
+  // Each finds a file of like name once the folders above it are listed.
+  addGrowth("attributes of an alias whose drive is absent", allItems, [](std::size_t size) {
+    static const Tree target;
+    const auto alias = target.root / "alias";
+    std::ofstream(alias) << AliasFile{.pathComponents = {"Volumes", "CARD", "CLIP.MOV"}}.bytes();
+    const auto link = [&](const fs::path& path) { fs::create_hard_link(alias, path); };
+    const auto tree = std::make_shared<Tree>(size, link);
+    makeFile(tree->root / "clip.mov", 1'000);
+    return [tree] {
+      ExpandedAttributesReader reader;
+      for (const auto& item : tree->paths) use(reader.attributesOfItem(item));
+    };
+  });
   return true;
 }();
 
