@@ -38,12 +38,13 @@ QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const st
 /// To find the targets of aliases, a reader remembers the mounted volumes and the folders that it looked at,
 /// even a folder that was missing or unreadable. What is created, renamed or mounted later may count as
 /// missing, so callers should use a new reader for each pass over a card. Items and symbolic links are looked
-/// at on every call. Callers must use a reader on one thread at a time. A reader that was moved from is as
-/// new.
+/// at on every call. Callers must use a reader on one thread at a time.
 class QUILLONIC_EXPORT ExpandedAttributesReader {
  public:
   ExpandedAttributesReader() noexcept;
+  /// Moves what the other reader remembers, which is then as new.
   ExpandedAttributesReader(ExpandedAttributesReader&&) noexcept;
+  /// Forgets what this reader remembers in favour of the other, which is then as new.
   ExpandedAttributesReader& operator=(ExpandedAttributesReader&&) noexcept;
   ~ExpandedAttributesReader();
 
