@@ -13,7 +13,8 @@ namespace quillonic {
 // if nothing is found: `aliasTargetNotFound`, or the error of a place that could not be looked at.
 Result<std::string> aliasTarget(const std::string& aliasFile, LookUps& lookUps);
 
-// The same for an alias file given by its name in a folder. Its path is absolute, and no part of it is a link.
+// The same for an alias file given by its name in a folder. Its path is absolute, and no part of it is a
+// link.
 Result<std::string> aliasTargetIn(const items::Folder& folder, const std::string& name, std::string path,
                                   LookUps& lookUps);
 

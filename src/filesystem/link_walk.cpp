@@ -111,6 +111,7 @@ class LinkWalk {
   std::optional<std::string> symbolicTarget(const Level& level, const std::string& name) {
     const auto follow = [&](const std::string& folder) { return lookUps_.followed(folder); };
     const auto text = items::linkText(name, &*level.folder);
+    if (!text && text.error() != std::errc::no_such_file_or_directory) isComplete_ = false;
     auto target = text ? locations::destination(level.physical, true, *text, follow) : text.error();
     if (!target) {
       VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");

@@ -7,7 +7,7 @@ namespace quillonic {
 std::string ParseError::description() const {
   const auto what = found.empty() ? "the end" : '"' + text::printable(found) + '"';
   return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": found " + what +
-         ", expected " + expected;
+         ", expected " + text::printable(expected);
 }
 
 }  // namespace quillonic

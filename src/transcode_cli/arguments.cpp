@@ -188,8 +188,11 @@ bool TranscodeCliArguments::setArgumentFlagValue(std::string_view flag,
   if (entry == flagValueLookup_.end()) {
     auto key = text::lowerCased(text::trimmed(flag));
     if (!known_flags::isValid(key)) return false;
-    if (value) flagValueLookup_.insert_or_assign(std::move(key), std::string(*value));
-    if (!value) flagValueLookup_.erase(key);
+    if (value) {
+      flagValueLookup_.insert_or_assign(std::move(key), std::string(*value));
+    } else {
+      flagValueLookup_.erase(key);
+    }
   } else if (value) {
     entry->second = *value;
   } else {
@@ -280,39 +283,29 @@ void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> sour
   }
 }
 
-// The one order in which settings are written.
-template <class Visit> void TranscodeCliArguments::visitArguments(Visit visit) const {
+std::vector<std::string> TranscodeCliArguments::commandLineArguments() const {
+  std::vector<std::string> words;
+  words.reserve(2 * flagValueLookup_.size());
+  const auto write = [&](const TextDictionary::value_type& entry) {
+    words.push_back(entry.first);
+    words.push_back(entry.second);
+  };
   std::vector<std::string_view> written;
   if (orderedFlags_) {
     written.reserve(orderedFlags_->size());
     for (const auto& flag : *orderedFlags_) {
       const auto entry = flagValueLookup_.find(flag);
       if (entry == flagValueLookup_.end()) continue;
-      visit(*entry);
+      write(*entry);
       written.push_back(entry->first);
     }
   }
-  if (written.size() == flagValueLookup_.size()) return;
+  if (written.size() == flagValueLookup_.size()) return words;
   std::ranges::sort(written);
   for (const auto& entry : flagValueLookup_) {
-    if (!std::ranges::binary_search(written, std::string_view(entry.first))) visit(entry);
+    if (!std::ranges::binary_search(written, std::string_view(entry.first))) write(entry);
   }
-}
-
-std::vector<std::string> TranscodeCliArguments::commandLineArguments() const {
-  std::vector<std::string> words;
-  words.reserve(2 * flagValueLookup_.size());
-  visitArguments([&](const TextDictionary::value_type& entry) {
-    words.push_back(entry.first);
-    words.push_back(entry.second);
-  });
   return words;
-}
-
-std::string TranscodeCliArguments::cliString() const {
-  std::string joined;
-  visitArguments([&](const TextDictionary::value_type& entry) { joined += entry.first + entry.second; });
-  return joined;
 }
 
 }  // namespace quillonic

@@ -308,7 +308,9 @@ TEST(LinksOnACard, AreReadWithoutATrace) {
   };
   read();
   runPrivately([&] {
-    for (const auto& item : items) EXPECT_EQ(chown(item.c_str(), 65534, 65534), 0);
+    for (const auto& item : items) {
+      if (chown(item.c_str(), 65534, 65534) != 0) endAsNotAllowed();
+    }
     permissions(folder.path(), std::filesystem::perms::all);
     becomeNobody();
     read();

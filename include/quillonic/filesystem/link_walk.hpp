@@ -15,15 +15,17 @@ using LinkPairBlock =
     FunctionRef<void(const std::filesystem::path& link, const std::filesystem::path& target, bool& stop)>;
 
 /// Calls the block with each symbolic link and alias file below a folder, and the location one step away,
-/// which need not exist. The link has the caller's spelling of `inDirectory`; the target has no links in its
-/// folders. The walk enters no folder through a link, except that `inDirectory` may be one, even if folders
-/// are moved or swapped meanwhile; it enters volumes mounted below. The items of a folder come in byte order
-/// of their names, then its folders in that order. Paths may be longer than the system's limit.
+/// which need not exist. The link is absolute, with the links in its folders followed, except that
+/// `inDirectory` may be a link itself: callers that compare links with paths of their own must pass a
+/// canonical path. The target has no links in its folders. The walk enters no folder through another link,
+/// even if folders are moved or swapped meanwhile, though a target is then spelled through what has taken the
+/// folder's place; it enters volumes mounted below. The items of a folder come in byte order of their names,
+/// then its folders in that order. Paths may be longer than the system's limit.
 ///
 /// Unreadable links and folders, links whose target names no location, and alias files whose target is not
-/// found are logged and skipped. False when a folder, including `inDirectory`, or a file that may be an alias
-/// could not be read, so that links may be missing; else true, even after a stop. The folders that alias
-/// files refer to are read once: what is created there during the walk may count as missing.
+/// found are logged and skipped. False when a folder, including `inDirectory`, a link or a file that may be
+/// an alias could not be read, so that links may be missing; else true, even after a stop. The folders that
+/// alias files refer to are read once: what is created there during the walk may count as missing.
 QUILLONIC_EXPORT bool enumerateLinkFileDereferencePairs(const std::filesystem::path& inDirectory,
                                                         LinkPairBlock didFindPair);
 

@@ -18,17 +18,17 @@ namespace quillonic {
 /// What one codec accepts according to its standard.
 struct CodecLimits {
   /// The fewest bits per pixel component. Every colour depth from here to `greatestDepth` is accepted.
-  std::int64_t leastDepth = 0;
+  std::int64_t leastDepth;
   /// The most bits per pixel component.
-  std::int64_t greatestDepth = 0;
+  std::int64_t greatestDepth;
   /// Whether an mp4 file can hold it. A mov file holds every codec.
-  bool livesInMp4 = false;
+  bool livesInMp4;
   /// Whether it takes every frame rate, or only a few broadcast rates.
-  bool anyFrameRate = false;
+  bool anyFrameRate;
   /// Whether it takes every frame size, or only those of high definition.
-  bool anyFrameSize = false;
+  bool anyFrameSize;
   /// Whether its data rate can be chosen, or follows from size, frame rate and quality class.
-  bool restrictableDataRate = false;
+  bool restrictableDataRate;
 };
 
 /// The groups in which codecs are offered.

@@ -145,7 +145,7 @@ template <class T> const T& CodedRecord::require(std::string_view key) const {
 }
 
 /// How a type is encoded and decoded. Defined here for Booleans, 64-bit integers, floating-point numbers,
-/// texts, paths, lists, enumerations with texts, records with a table of fields, and every type with its own
+/// texts, lists, enumerations with texts, records with a table of fields, and every type with its own
 /// `encode()` and `from(coded)`; hosts can specialise it for others. `decode` throws a `DecodingError` when
 /// the coded form does not fit; `key` is the key of the value, which the error names when the value itself is
 /// wrong.

@@ -3,6 +3,8 @@
 ///     constexpr Date midnight = std::chrono::sys_days(std::chrono::year(2026) / 11 / 22);
 #pragma once
 
+#include <quillonic/requirements.hpp>
+
 #include <chrono>
 
 namespace quillonic {

@@ -11,7 +11,7 @@
 
 namespace quillonic {
 
-/// Where a reader stopped, and why. Every reader of multi-line texts in the library reports this error.
+/// Where a reader stopped, and why: the one form in which readers of texts with several lines refuse.
 struct ParseError {
   /// Counted from 1.
   std::size_t line = 1;
@@ -22,7 +22,7 @@ struct ParseError {
   /// What was expected there, for people: "a decimal number".
   std::string expected;
 
-  /// One line for logs and users, with unprintable bytes of `found` escaped as "\x1b".
+  /// One line for logs and users, with line breaks and control characters as "\n" and "\x1b".
   QUILLONIC_EXPORT std::string description() const;
 
   friend bool operator==(const ParseError&, const ParseError&) = default;

@@ -76,6 +76,7 @@ template <class Self> class TextBacked {
   friend constexpr std::strong_ordering operator<=>(const Self& a, const Self& b) noexcept {
     return a.rawValue() <=> b.rawValue();
   }
+  friend constexpr bool operator==(const Self& a, std::string_view b) noexcept { return a.rawValue() == b; }
   friend constexpr std::strong_ordering operator<=>(const Self& a, std::string_view b) noexcept {
     return a.rawValue() <=> b;
   }

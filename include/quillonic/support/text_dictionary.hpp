@@ -3,6 +3,7 @@
 ///     TextDictionary lookup{{"-vcodec", "h264"}};
 ///     lookup.emplace(VAVNoVideoFlag, "");                           // a constant is a text
 ///     if (lookup.contains(VAVNoVideoFlag)) { ... }                  // and is found without a copy
+///     lookup[std::string(VAVVideoFormatFlag)] = "prores422";        // what stores a key wants it as a string
 #pragma once
 
 #include <quillonic/requirements.hpp>

@@ -150,8 +150,6 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// Every flag and its value as two words, even if the value is empty: first the flags with a recorded
   /// order, then the others in order of their texts. Set-aside flags are not written.
   std::vector<std::string> commandLineArguments() const override;
-  /// Joins the words of `commandLineArguments` without spaces; a fixed form.
-  std::string cliString() const override;
   /// The words of `commandLineArguments`.
   std::vector<std::string> orderedCLITexts() const override { return commandLineArguments(); }
   /// A copy of `flagValueLookup`.
@@ -165,7 +163,6 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
  private:
   // Stores a flag and its value, both trimmed; returns the stored flag if it is new.
   QUILLONIC_HIDDEN const std::string* store(std::string_view flag, std::string_view value);
-  template <class Visit> void visitArguments(Visit visit) const;
 
   std::optional<std::vector<std::string>> orderedFlags_;
   TextDictionary invalidKeyValueLookup_;

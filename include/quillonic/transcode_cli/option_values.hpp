@@ -29,7 +29,9 @@ namespace quillonic {
 /// - A colour is three decimal numbers separated by commas; 255 is full. It reads as an opaque RGB colour.
 /// Written components are truncated toward zero. A component below 1 is a fraction of 255; an RGB component
 /// of 1 or more counts as a value out of 255, so that the RGB colour 1, 1, 1 is written "1,1,1": a fixed
-/// contract. Components of greys and inks are always fractions. A colour without an RGB form, or with a
+/// contract: full white is a grey of 1, or the RGB colour 255, 255, 255, and a colour that was read as full
+/// is written as 1. Components of greys and inks are always fractions. A negative component is written too,
+/// but a word that starts with it does not survive a command line. A colour without an RGB form, or with a
 /// component outside 64-bit integers, removes the flag and logs a warning.
 class QUILLONIC_EXPORT TranscodeOptionValues {
  protected:
