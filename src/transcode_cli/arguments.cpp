@@ -184,9 +184,10 @@ std::optional<std::string_view> TranscodeCliArguments::argumentFlagValue(
 
 bool TranscodeCliArguments::setArgumentFlagValue(std::string_view flag,
                                                  std::optional<std::string_view> value) {
-  auto entry = flagValueLookup_.find(text::trimmed(flag));
+  flag = text::trimmed(flag);
+  const auto entry = flagValueLookup_.find(flag);
   if (entry == flagValueLookup_.end()) {
-    auto key = text::lowerCased(text::trimmed(flag));
+    auto key = text::lowerCased(flag);
     if (!known_flags::isValid(key)) return false;
     if (value) {
       flagValueLookup_.insert_or_assign(std::move(key), std::string(*value));

@@ -52,8 +52,8 @@ static_assert(std::ranges::all_of(detail::knownCommandFlags,
 
 // Whether the flag contains a known flag.
 constexpr bool isValid(std::string_view flag) noexcept {
-  for (auto at = flag.find('-'); at != std::string_view::npos; at = flag.find('-', at + 1)) {
-    if (beginsWithKnownFlag(flag.substr(at))) return true;
+  for (std::size_t at = 0; at < flag.size(); ++at) {
+    if (flag[at] == '-' && beginsWithKnownFlag(flag.substr(at))) return true;
   }
   return false;
 }
