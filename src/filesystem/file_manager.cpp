@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <cxxabi.h>
 #include <exception>
@@ -16,12 +15,6 @@
 
 namespace quillonic {
 namespace {
-
-void appendNumber(std::string& text, std::uint64_t number) {
-  std::array<char, 20> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-  text.append(digits.data(), end);
-}
 
 // The folder with a trailing slash. Paths are joined as texts, so that a name with a leading slash stays in
 // the folder.
@@ -104,7 +97,7 @@ std::filesystem::path FileManager::filePathAdjustedForCollision(const std::files
   auto candidate = taken.substr(0, stemEnd) + ' ';
   for (std::uint64_t counter = 2;; ++counter) {
     candidate.resize(stemEnd + 1);
-    appendNumber(candidate, counter);
+    candidate += std::to_string(counter);
     candidate.append(taken, stemEnd);
     if (!isTaken(candidate)) return candidate;
   }
@@ -124,7 +117,7 @@ std::string FileManager::lastPathComponentAdjustedForCollision(
   };
   for (std::uint64_t counter = 2; std::ranges::any_of(prefixes, isTakenIn); ++counter) {
     name.assign(lastPathComponent).push_back(' ');
-    appendNumber(name, counter);
+    name += std::to_string(counter);
     if (pathExtension) name.append(".").append(*pathExtension);
   }
   return name;
@@ -151,7 +144,7 @@ FileManager::PathsByExtension FileManager::consistentFilePathsAdjustedForCollisi
   };
   for (std::uint64_t counter = 2; std::ranges::any_of(prefixes, isTakenIn); ++counter) {
     stem.assign(fileName).push_back('-');
-    appendNumber(stem, counter);
+    stem += std::to_string(counter);
   }
   PathsByExtension paths;
   if (prefixes.empty()) return paths;

@@ -25,10 +25,10 @@ namespace quillonic {
 
 /// Keeps no state: each call asks the file system again, and any thread may call any operation. The four
 /// naming operations differ in their separators and first counters; each form is a fixed contract. They fail
-/// only when memory runs out. A name counts as free when nobody can tell whether it is taken, as in a folder that may not be
-/// searched or on a failing disk (this is logged), and when it is too long for the file system. Callers must
-/// create the file exclusively, so that the creation reports the fault. Paths keep their bytes: a relative
-/// path stays relative, and a trailing slash is ignored.
+/// only when memory runs out. A name counts as free when nobody can tell whether it is taken, as in a folder
+/// that may not be searched or on a failing disk (this is logged), and when it is too long for the file
+/// system. Callers must create the file exclusively, so that the creation reports the fault. Paths keep their
+/// bytes: a relative path stays relative, and a trailing slash is ignored.
 class QUILLONIC_EXPORT FileManager {
  public:
   /// Asks the operating system.
