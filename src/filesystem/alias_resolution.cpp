@@ -34,11 +34,6 @@ std::string joined(std::string path, Names names) {
   return path;
 }
 
-// Without its last component; the root stays the root.
-std::string folderOf(std::string_view path) {
-  return std::string(path_text::withoutTrailingSlashes(path_text::folderPrefix(path)));
-}
-
 std::optional<Names> last(Names names, std::optional<std::int64_t> count) {
   if (!count || *count < 0 || !std::in_range<std::size_t>(*count)) return std::nullopt;
   const auto wanted = static_cast<std::size_t>(*count);
@@ -148,7 +143,7 @@ class Resolution {
   // From the alias file upwards: the longest trailing part of the recorded path that exists.
   std::optional<std::string> alongRecordedTails() {
     for (auto folder = aliasPath_; folder != "/" && lookUpsLeft_ > 0;) {
-      folder = folderOf(folder);
+      folder = std::string(path_text::folderOf(folder));
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
         const auto tail = names_.subspan(skipped);
         // One look-up shows that most folders have none of the names.
@@ -160,7 +155,7 @@ class Resolution {
     std::vector<std::string> folded;
     for (const auto& name : names_) folded.push_back(text::foldedName(name));
     for (auto folder = aliasPath_; folder != "/" && lookUpsLeft_ > 0;) {
-      folder = folderOf(folder);
+      folder = std::string(path_text::folderOf(folder));
       const auto& similar = foldedEntries(folder);
       for (std::size_t skipped = 0; skipped < names_.size() && lookUpsLeft_ > 0; ++skipped) {
         const auto* entry = findSorted(similar, folded[skipped], &LookUps::Entry::folded);

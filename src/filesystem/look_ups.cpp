@@ -49,7 +49,7 @@ Result<std::string> LookUps::physical(std::string_view path, int linksLeft) {
   for (auto names = text::split(path, '/'); const auto name = names.next();) {
     if (name->empty() || *name == ".") continue;
     if (*name == "..") {
-      folder = path_text::withoutTrailingSlashes(path_text::folderPrefix(folder));
+      folder = std::string(path_text::folderOf(folder));
       continue;
     }
     const auto item = locations::inFolder(folder, *name);

@@ -38,7 +38,7 @@ struct OpenedPlace {
 bool holdsMountPoints(std::string_view folder, const MountTable& mounts) {
   if (const auto* mount = mounts.withLongestMountPoint(folder); mount && mount->mountPoint == folder)
     return false;
-  const auto parent = path_text::withoutTrailingSlashes(path_text::folderPrefix(folder));
+  const auto parent = path_text::folderOf(folder);
   // Desktops give each user a folder there.
   return folder == "/media" || folder == "/mnt" || parent == "/media" || parent == "/run/media";
 }

@@ -23,6 +23,11 @@ constexpr std::string_view folderPrefix(std::string_view path) noexcept {
   return path.substr(0, path.rfind('/') + 1);
 }
 
+// The folder of an item, without a trailing slash; the root is its own folder.
+constexpr std::string_view folderOf(std::string_view path) noexcept {
+  return withoutTrailingSlashes(folderPrefix(path));
+}
+
 // The names between the slashes.
 inline std::vector<std::string> components(std::string_view path) {
   std::vector<std::string> names;
