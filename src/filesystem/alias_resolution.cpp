@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
@@ -82,12 +83,7 @@ class Resolution {
 
   // Keeps the error of the first place that could not be looked at.
   void note(std::error_code error) {
-    if (!isMissing(error) && !obstacle_) obstacle_ = error;
-  }
-
-  static bool isMissing(std::error_code error) {
-    return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
-           error == std::errc::filename_too_long;
+    if (!items::isMissing(error) && !obstacle_) obstacle_ = error;
   }
 
   // The item below a folder, each name exactly or else ignoring case and composition.
@@ -228,10 +224,9 @@ Result<AliasFile> read(const std::string& item, const items::Folder* folder) {
   // Opens no device, and reads no more of a clip than shows what it is.
   const auto status = items::status(item, folder);
   if (!status) return status.error();
-  const bool couldBe = status->type == FileType::regular && status->size <= AliasFile::greatestSize;
-  const auto mark = couldBe ? items::firstBytes(item, AliasFile::markSize, folder) : std::string();
-  if (!mark) return mark.error();
-  if (!AliasFile::isAliasFile(*mark)) return FilePathAttributeGenerationError::notAnAliasFile;
+  const auto type = link_types::typeOf(item, *status, folder);
+  if (!type) return type.error();
+  if (*type != ReferenceLinkType::aliasReference) return FilePathAttributeGenerationError::notAnAliasFile;
   const auto bytes = items::firstBytes(item, AliasFile::greatestSize, folder);
   if (!bytes) return bytes.error();
   auto alias = AliasFile::fromBytes(*bytes);

@@ -34,18 +34,11 @@ struct LinkDetails {
 LinkDetails symbolicLinkDetails(const std::string& item) {
   LinkDetails details{.type = ReferenceLinkType::softSymbolicReference, .target = {}, .isRelative = {}};
   const auto text = items::linkText(item);
-  const bool isRelative = text && !text->starts_with('/');
-  const auto absolute = isRelative ? locations::absolutePath(item) : std::string();
-  if (text && absolute) {
-    const auto folder = path_text::folderPrefix(*absolute);
-    details.target = locations::destination(folder, false, *text, items::canonical).asOptional();
-  }
+  if (text) details.target = locations::destinationOf(item, *text).asOptional();
   // One look through the link shows whether its target exists, however many links follow.
-  if (!details.target || items::reach(item)) {
-    VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
-  }
+  if (!details.target || items::reach(item)) link_types::logMissingTarget(item);
   if (text) {
-    details.isRelative = isRelative;
+    details.isRelative = !text->starts_with('/');
   } else {
     VantiroLogging::defaultLogger()->logWarning("Failed to discover if symbolic link is relative");
   }
@@ -97,7 +90,9 @@ FileAttributes attributesOf(const std::string& item, const items::Status& status
 std::optional<FileAttributes> attributesOf(const std::filesystem::path& path, LookUps& lookUps) {
   const auto item = locations::itself(path);
   const auto status = items::status(item);
-  return status ? std::optional(attributesOf(item, *status, lookUps)) : std::nullopt;
+  if (status) return attributesOf(item, *status, lookUps);
+  link_types::logged(status.error(), item);
+  return std::nullopt;
 }
 
 }  // namespace

@@ -35,9 +35,18 @@ Result<ReferenceLinkType> typeOf(const std::string& item) {
 
 std::optional<ReferenceLinkType> logged(const Result<ReferenceLinkType>& type, const std::string& item) {
   if (type) return *type;
-  VantiroLogging::defaultLogger()->logWarning("RLTOI-Failed to discover the link type of file '" + item +
-                                              "' with error " + type.error().message());
+  if (!items::isMissing(type.error())) {
+    VantiroLogging::defaultLogger()->logWarning("RLTOI-Failed to discover the link type of file '" + item +
+                                                "' with error " + type.error().message());
+  }
   return std::nullopt;
+}
+
+void logMissingTarget(const std::string& link) {
+  const auto log = VantiroLogging::defaultLogger();
+  // A fixed text, which has no room for the link.
+  log->logWarning("Could not find resolved path for symbolic source node");
+  log->logDebug("QLC_LT_LMT-The symbolic source node is " + link);
 }
 
 std::optional<std::string> loggedTarget(Result<std::string> target, const std::string& aliasFile) {

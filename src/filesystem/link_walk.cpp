@@ -12,6 +12,7 @@
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
+#include "platform/path_text.hpp"
 
 namespace quillonic {
 namespace {
@@ -97,7 +98,7 @@ class LinkWalk {
       if (!known) {
         // Items removed since the folder was read are not missed.
         const auto error = known.error();
-        if (error != std::errc::no_such_file_or_directory) missFolder(level.shown, error);
+        if (!items::isMissing(error)) missFolder(level.shown, error);
         return std::nullopt;
       }
       status = *known;
@@ -109,23 +110,41 @@ class LinkWalk {
   }
 
   std::optional<std::string> symbolicTarget(const Level& level, const std::string& name) {
+    lookUps_.keep(level.physical);
     const auto follow = [&](const std::string& folder) { return lookUps_.followed(folder); };
     const auto text = items::linkText(name, &*level.folder);
     if (!text && text.error() != std::errc::no_such_file_or_directory) isComplete_ = false;
     auto target = text ? locations::destination(level.physical, true, *text, follow) : text.error();
-    if (!target) {
-      VantiroLogging::defaultLogger()->logWarning("Could not find resolved path for symbolic source node");
-    }
+    const bool isSearched =
+        text && !text->starts_with('/') && !(target && path_text::folderOf(*target) == level.physical);
+    if (isSearched && !isInPlace(level)) return std::nullopt;
+    if (!target) link_types::logMissingTarget(locations::inFolder(level.physical, name));
     return std::move(target).asOptional();
   }
 
   std::optional<std::string> aliasTarget(const Level& level, const std::string& name,
                                          const items::Status& status) {
     const auto item = locations::inFolder(level.physical, name);
-    const auto type = link_types::logged(link_types::typeOf(name, status, &*level.folder), item);
-    if (!type) isComplete_ = false;
-    if (type != ReferenceLinkType::aliasReference) return std::nullopt;
-    return link_types::loggedTarget(aliasTargetIn(*level.folder, name, item, lookUps_), item);
+    const auto found = link_types::typeOf(name, status, &*level.folder);
+    if (!found && !items::isMissing(found.error())) isComplete_ = false;
+    if (link_types::logged(found, item) != ReferenceLinkType::aliasReference) return std::nullopt;
+    lookUps_.keep(level.physical);
+    auto target = aliasTargetIn(*level.folder, name, item, lookUps_);
+    if (!isInPlace(level)) return std::nullopt;
+    return link_types::loggedTarget(std::move(target), item);
+  }
+
+  // False, and missed, if another folder took the place of the one that was read: a target that is searched
+  // for by paths would be searched for there.
+  bool isInPlace(const Level& level) {
+    const auto there = items::status(level.physical);
+    if (!there || isSame(items::status(".", &*level.folder), *there)) return true;
+    missFolder(level.shown, items::systemError(std::errc::no_such_file_or_directory));
+    return false;
+  }
+
+  static bool isSame(const Result<items::Status>& item, const items::Status& other) {
+    return item && item->device == other.device && item->inode == other.inode;
   }
 
   static void close(Level& level) {
@@ -143,7 +162,7 @@ class LinkWalk {
     auto above = left.folder ? items::Folder::open("..", &*left.folder)
                              : items::systemError(std::errc::no_such_file_or_directory);
     const auto status = above ? items::status(".", &*above) : above.error();
-    if (status && status->device == level.status.device && status->inode == level.status.inode) {
+    if (isSame(status, level.status)) {
       level.folder.emplace(*std::move(above));
     } else if (level.next != level.folders.size()) {
       missFolder(level.shown,

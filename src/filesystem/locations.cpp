@@ -91,6 +91,12 @@ Result<std::string> destination(std::string_view folder, bool physical, std::str
   return withFoldersFollowed(*std::move(place), follow);
 }
 
+Result<std::string> destinationOf(const std::string& link, std::string_view text) {
+  const auto absolute = text.starts_with('/') ? std::string() : absolutePath(link);
+  if (!absolute) return absolute.error();
+  return destination(path_text::folderPrefix(*absolute), false, text, items::canonical);
+}
+
 Result<Place> placeOf(const std::filesystem::path& item) {
   const auto absolute = absolutePath(itself(item));
   if (!absolute) return absolute.error();

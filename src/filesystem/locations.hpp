@@ -49,6 +49,9 @@ Result<std::string> standardizedItem(const std::string& item);
 Result<std::string> destination(std::string_view folder, bool physical, std::string_view text,
                                 FunctionRef<Result<std::string>(const std::string&)> follow);
 
+// The same for a link as a caller named it.
+Result<std::string> destinationOf(const std::string& link, std::string_view text);
+
 // An existing folder with its links followed, and the name in it.
 struct Place {
   std::string folder;

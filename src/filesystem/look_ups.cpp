@@ -40,38 +40,58 @@ std::error_code LookUps::reach(const std::string& path) {
 }
 
 Result<std::string> LookUps::followed(const std::string& folder) {
-  return physical(folder, greatestLinkCount);
+  auto found = physical(folder, greatestLinkCount);
+  if (!found) return found.error();
+  return (*std::move(found)).path;
+}
+
+void LookUps::keep(std::string_view folder) {
+  for (; folder != "/"; folder = path_text::folderOf(folder)) {
+    std::string path(folder);
+    const auto known = physical_.find(path);
+    if (known != physical_.end() && known->second && known->second->path == path) return;
+    physical_.insert_or_assign(path, Physical{path, 0});
+  }
 }
 
 // One component at a time.
-Result<std::string> LookUps::physical(std::string_view path, int linksLeft) {
-  std::string folder = "/";
+Result<LookUps::Physical> LookUps::physical(std::string_view path, int linksLeft) {
+  Physical folder{"/", 0};
   for (auto names = text::split(path, '/'); const auto name = names.next();) {
     if (name->empty() || *name == ".") continue;
     if (*name == "..") {
-      folder = std::string(path_text::folderOf(folder));
+      folder.path = std::string(path_text::folderOf(folder.path));
       continue;
     }
-    const auto item = locations::inFolder(folder, *name);
+    const auto item = locations::inFolder(folder.path, *name);
     auto known = physical_.find(item);
-    if (known == physical_.end())
-      known = physical_.emplace(item, physicalItem(item, folder, linksLeft)).first;
+    if (known == physical_.end()) {
+      auto found = physicalItem(item, folder.path, linksLeft - folder.linkCount);
+      // There may be fewer links on another way.
+      if (found.error() == std::errc::too_many_symbolic_link_levels) return found;
+      known = physical_.emplace(item, std::move(found)).first;
+    }
     if (!known->second) return known->second.error();
-    folder = *known->second;
+    folder.path = known->second->path;
+    folder.linkCount += known->second->linkCount;
+    if (folder.linkCount > linksLeft) return items::systemError(std::errc::too_many_symbolic_link_levels);
   }
   return folder;
 }
 
-Result<std::string> LookUps::physicalItem(const std::string& item, const std::string& folder, int linksLeft) {
+Result<LookUps::Physical> LookUps::physicalItem(const std::string& item, const std::string& folder,
+                                                int linksLeft) {
   if (isAutomounted(item)) return items::systemError(std::errc::no_such_file_or_directory);
   const auto status = items::status(item);
   if (!status) return status.error();
-  if (status->type == FileType::directory) return item;
+  if (status->type == FileType::directory) return Physical{item, 0};
   if (status->type != FileType::symbolicLink) return items::systemError(std::errc::not_a_directory);
   if (linksLeft == 0) return items::systemError(std::errc::too_many_symbolic_link_levels);
   const auto text = items::linkText(item);
   if (!text) return text.error();
-  return physical(text->starts_with('/') ? *text : locations::inFolder(folder, *text), linksLeft - 1);
+  auto target = physical(text->starts_with('/') ? *text : locations::inFolder(folder, *text), linksLeft - 1);
+  if (!target) return target;
+  return Physical{target->path, target->linkCount + 1};
 }
 
 bool LookUps::isAutomounted(const std::string& path) {

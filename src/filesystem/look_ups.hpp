@@ -29,6 +29,8 @@ class LookUps {
 
   // An absolute folder with its links followed; wakes no automounter either.
   Result<std::string> followed(const std::string& folder);
+  // Keeps the spelling of an absolute folder without links in its path, whatever takes its place later.
+  void keep(std::string_view folder);
 
   struct Entry {
     std::string folded;
@@ -42,8 +44,13 @@ class LookUps {
   const Listing& listing(const std::string& folder);
 
  private:
-  Result<std::string> physical(std::string_view path, int linksLeft);
-  Result<std::string> physicalItem(const std::string& item, const std::string& folder, int linksLeft);
+  struct Physical {
+    std::string path;
+    // The links on the way to it, which are limited as in one look-up of the system.
+    int linkCount;
+  };
+  Result<Physical> physical(std::string_view path, int linksLeft);
+  Result<Physical> physicalItem(const std::string& item, const std::string& folder, int linksLeft);
   bool isAutomounted(const std::string& path);
   Listing listed(const std::string& folder);
 
@@ -51,7 +58,7 @@ class LookUps {
   std::optional<VolumeNames> identifiers_;
   std::optional<VolumeNames> labels_;
   std::unordered_map<std::string, Listing> listings_;
-  std::unordered_map<std::string, Result<std::string>> physical_;
+  std::unordered_map<std::string, Result<Physical>> physical_;
 };
 
 }  // namespace quillonic

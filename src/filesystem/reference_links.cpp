@@ -9,7 +9,6 @@
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
 #include "platform/items.hpp"
-#include "platform/path_text.hpp"
 
 namespace quillonic {
 namespace {
@@ -27,9 +26,7 @@ constexpr auto cannotFollow = "cannot follow links";
 
 Result<std::string> symbolicTarget(const std::string& link) {
   const auto text = items::linkText(link);
-  const auto absolute = text ? locations::absolutePath(link) : text.error();
-  if (!absolute) return absolute.error();
-  return locations::destination(path_text::folderPrefix(*absolute), false, *text, items::canonical);
+  return text ? locations::destinationOf(link, *text) : text.error();
 }
 
 // The target of a link of a given kind, one step away.
@@ -75,8 +72,7 @@ Result<std::string> finalTarget(std::string item, ReferenceLinkType type) {
 
 std::optional<ReferenceLinkType> referenceLinkTypeOfItem(const path& atURL) {
   const auto item = itself(atURL);
-  const auto status = items::status(item);
-  return status ? link_types::logged(typeOf(item, *status), item) : std::nullopt;
+  return link_types::logged(typeOf(item), item);
 }
 
 ReferenceLinkType filePathLinkType(const path& fileAt) {

@@ -22,6 +22,12 @@ inline std::error_code systemError(std::errc error) noexcept {
   return {static_cast<int>(error), std::system_category()};
 }
 
+// Whether an error says that nothing is at a path.
+inline bool isMissing(std::error_code error) noexcept {
+  return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory ||
+         error == std::errc::filename_too_long;
+}
+
 struct Status {
   FileType type = FileType::unknown;
   std::uint64_t size = 0;

@@ -250,8 +250,9 @@ TEST(ExpandedAttributes, TellWhereALinkLeads) {
   expectDetails(alias, std::nullopt, std::nullopt);
   EXPECT_EQ(log.text(),
             "warning: Could not find resolved path for symbolic source node\n"
-            "warning: Failed to resolve alias for file '" +
-                alias.native() + "' with error alias target not found\n");
+            "debug: QLC_LT_LMT-The symbolic source node is " +
+                relative.native() + "\nwarning: Failed to resolve alias for file '" + alias.native() +
+                "' with error alias target not found\n");
 }
 
 // Aliases and links found exactly, by likeness, through links and not at all.
@@ -280,6 +281,14 @@ TEST(ExpandedAttributesReader, TellsWhatSingleLooksTellAndListsFoldersOnce) {
     }
   }
   EXPECT_TRUE(foundCount > count / 4 && log.lines().size() > count / 4);
+  // The system follows 40 links in one path, whichever part of it was followed before.
+  for (int i = 1; i <= 50; ++i)
+    folder.link("chain" + std::to_string(i), i == 1 ? "card" : "chain" + std::to_string(i - 1));
+  for (const int i : {42, 50, 20, 41, 40, 41}) {
+    const auto item = folder / "a b/chained";
+    folder.file(item, AliasFile{.pathComponents = {"chain" + std::to_string(i), "A.MXF"}}.bytes());
+    EXPECT_EQ(reader.attributesOfItem(item)->contains(Key::referencedFileSystemURL), i <= 40) << i;
+  }
   // A folder that is listed anew shows what is new in it.
   const auto late = add("", "gone", "late.MOV");
   folder.file("Late.mov");
@@ -377,20 +386,26 @@ TEST(LinkFileDereferencePairs, AreFoundAtAnyDepth) {
   EXPECT_EQ(found, depth);
 }
 
+// A link in its own folder is told, and none that has to be searched for from it.
 TEST(LinkFileDereferencePairs, AreNotThoseOfAFolderThatIsSwappedIn) {
   const TemporaryFolder folder;
   folder.link("outside/b/secret", "target");
+  folder.link("outside/b/c", "/");
   folder.link("tree/a/b/inner", "target");
+  folder.link("tree/a/b/searched", "c/target");
+  folder.file("outside/b/file");
+  folder.file("tree/a/b/alias", AliasFile{.pathComponents = {"file"}}.bytes());
   folder.link("tree/a/first", "target");
-  std::string names;
-  const auto swap = [&](const path& link, const path&, bool&) {
-    names += link.filename().native() + " ";
+  std::string pairs;
+  const auto swap = [&](const path& link, const path& target, bool&) {
+    pairs += link.filename().native() + ": " + target.native() + "\n";
     if (link.filename() != "first") return;
     rename(folder / "tree/a", folder / "moved");
     folder.link("tree/a", folder / "outside");
   };
-  EXPECT_TRUE(enumerateLinkFileDereferencePairs(folder / "tree", swap));
-  EXPECT_EQ(names, "first inner ");
+  EXPECT_FALSE(enumerateLinkFileDereferencePairs(folder / "tree", swap));
+  const auto a = (folder / "tree/a/").native();
+  EXPECT_EQ(pairs, "first: " + a + "target\ninner: " + a + "b/target\n");
 }
 
 // The answers are what happens when links are made.

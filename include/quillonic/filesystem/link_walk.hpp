@@ -18,9 +18,10 @@ using LinkPairBlock =
 /// which need not exist. The link is absolute, with the links in its folders followed, except that
 /// `inDirectory` may be a link itself: callers that compare links with paths of their own must pass a
 /// canonical path. The target has no links in its folders. The walk enters no folder through another link,
-/// even if folders are moved or swapped meanwhile, though a target is then spelled through what has taken the
-/// folder's place; it enters volumes mounted below. The items of a folder come in byte order of their names,
-/// then its folders in that order. Paths may be longer than the system's limit.
+/// even if folders are moved or swapped meanwhile: a folder that was moved keeps its first spelling in links
+/// and targets, and a link whose target would have to be searched for in what has taken its place counts as
+/// unread. It enters volumes mounted below. The items of a folder come in byte order of their names, then its
+/// folders in that order. Paths may be longer than the system's limit.
 ///
 /// Unreadable links and folders, links whose target names no location, and alias files whose target is not
 /// found are logged and skipped. False when a folder, including `inDirectory`, a link or a file that may be
