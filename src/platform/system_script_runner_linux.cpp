@@ -35,19 +35,19 @@ constexpr auto launchers = std::to_array<Launcher>({
 class SpawnSettings {
  public:
   explicit SpawnSettings(int output) {
-    ::posix_spawn_file_actions_init(&actions_);
-    ::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-    ::posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO);
+    require(::posix_spawn_file_actions_init(&actions_));
+    require(::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO));
+    require(::posix_spawn_file_actions_adddup2(&actions_, output, STDERR_FILENO));
     // Last: the pipe may have the number of an input that the host has closed.
-    ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    ::posix_spawnattr_init(&attributes_);
+    require(::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0));
+    require(::posix_spawnattr_init(&attributes_));
     sigset_t signals;
     ::sigemptyset(&signals);
-    ::posix_spawnattr_setsigmask(&attributes_, &signals);
+    require(::posix_spawnattr_setsigmask(&attributes_, &signals));
     ::sigfillset(&signals);
-    ::posix_spawnattr_setsigdefault(&attributes_, &signals);
+    require(::posix_spawnattr_setsigdefault(&attributes_, &signals));
     constexpr int flags = POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
-    ::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags));
+    require(::posix_spawnattr_setflags(&attributes_, static_cast<short>(flags)));
   }
   SpawnSettings(const SpawnSettings&) = delete;
   SpawnSettings& operator=(const SpawnSettings&) = delete;
@@ -58,6 +58,7 @@ class SpawnSettings {
 
   // The child's identifier; nothing when the program could not be started.
   std::optional<pid_t> start(const std::vector<const char*>& words) const {
+    if (!areComplete_) return std::nullopt;
     // The declaration lacks a const, but the function changes nothing.
     auto* const* arguments = const_cast<char* const*>(words.data());
     pid_t child = 0;
@@ -66,6 +67,10 @@ class SpawnSettings {
   }
 
  private:
+  // Without memory a setting is lost, and the program would run with the host's input or output.
+  void require(int error) noexcept { areComplete_ = areComplete_ && error == 0; }
+
+  bool areComplete_ = true;
   posix_spawn_file_actions_t actions_{};
   posix_spawnattr_t attributes_{};
 };

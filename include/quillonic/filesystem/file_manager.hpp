@@ -81,6 +81,7 @@ class QUILLONIC_EXPORT FileManager {
   /// part of a command: a path that a script cannot quote fails with a runner that takes text. The command
   /// looks up the path again with its rights: callers must not pass a path whose folders another user may
   /// rename or replace meanwhile. Blocks until the command ends, which may wait for a user's answer.
+  /// Throws `std::bad_alloc` when memory runs out, perhaps after the removal.
   bool removePathWithElevatedPermissions(std::string_view path) const;
   /// Takes a path instead of a text.
   bool removeItemWithElevatedPermissions(const std::filesystem::path& url) const;
