@@ -48,9 +48,10 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     withoutLinks(local("msdos", 0x4D44, windowsNames, 2s, either)),
     withoutLinks(local("exfat", 0x2011BAB0, windowsNames, 10ms, either)),
     withoutLinks(local("exfat-fuse", 0, windowsNames, 10ms, program)),
-    withoutLinks(local("mount.exfat-fuse", 0, windowsNames, 10ms, program)),
+    withoutLinks(local("fuse-exfat", 0, windowsNames, 10ms, program)),
     withoutLinks(local("fusefat", 0, windowsNames, 2s, program)),
     withoutLinks(local("fatfuse", 0, windowsNames, 2s, program)),
+    withoutLinks(local("umfuse-fat", 0, windowsNames, 2s, program)),
     // The older driver; its successor supports links.
     withoutLinks(local("ntfs", 0x5346544E, windowsNames, 100ns)),
     local("ntfs", 0, windowsNames, 100ns, program),
@@ -68,6 +69,8 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     network("nfs", kernel, {0x6969}),
     network("nfs4", kernel, {0x6969}),
     network("9p", kernel, {0x01021997}),
+    network("acfs", kernel),
+    network("afp", either),
     network("afs", kernel, {0x5346414F, 0x6B414653}),
     network("ceph", kernel, {0x00C36400}),
     network("coda", kernel, {0x73757245}),
@@ -79,22 +82,28 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     network("beegfs", kernel),
     network("beegfs_nodev", kernel),
     network("cvfs", kernel),
+    network("fhgfs", kernel),
+    network("fhgfs_nodev", kernel),
     network("gfs2", kernel, {0x01161970}),
     network("gpfs", kernel, {0x47504653}),
     network("ocfs2", kernel, {0x7461636F}),
     network("panfs", kernel, {0xAAD7AAEA}),
+    network("stornext", kernel),
     network("wekafs", kernel),
     network("afpfs", program),
     network("ceph-fuse", program),
     network("cephfs", program),
     network("curlftpfs", program),
+    network("cvmfs2", program),
     network("davfs", program),
     network("davfs2", program),
     network("gcsfuse", program),
     network("glusterfs", program),
     network("juicefs", program),
+    network("lizardfs", program),
     network("mfs", program),
     network("moosefs", program),
+    network("quobyte", program),
     network("saunafs", program),
     network("seaweedfs", program),
     network("gvfsd-fuse", program),
@@ -119,10 +128,12 @@ constexpr bool numbersAreUnambiguous() {
 }
 static_assert(numbersAreUnambiguous());
 
-// Kinds served by a program are named "fuse." and their own name.
+// Kinds served by a program are named "fuse." or, on a device, "fuseblk.", and their own name. If they give
+// none, it is that of the program: "mount.exfat".
 constexpr std::string_view withoutServer(std::string_view mountedKind) {
-  constexpr std::string_view server = "fuse.";
-  if (mountedKind.starts_with(server)) mountedKind.remove_prefix(server.size());
+  for (const std::string_view prefix : {"fuse.", "fuseblk.", "mount."}) {
+    if (mountedKind.starts_with(prefix)) mountedKind.remove_prefix(prefix.size());
+  }
   return mountedKind;
 }
 
@@ -149,7 +160,7 @@ const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer s
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept {
   if (const auto* kind = kindNamed(mount.kind, either)) return kind->isNetwork;
   // Without a known name, the address or the device decides.
-  const bool isServedByProgram = mount.kind.starts_with("fuse");
+  const bool isServedByProgram = isProgramServed(mount.kind);
   if (mount.kind == "fuse" && mount.source.find("://") != std::string::npos) return true;
   if (isServedByProgram && mount.deviceMajor == 0 && !mount.source.starts_with("/dev/")) return std::nullopt;
   return false;

@@ -31,7 +31,7 @@ struct NameRules {
 };
 
 struct FileSystemKind {
-  // As in the mount table, without "fuse.".
+  // As in the mount table, without the server: "fuse." and the like.
   std::string_view name;
   FileSystemServer server = FileSystemServer::kernel;
   // The `f_type` of `statfs`; 0 for none.
@@ -54,13 +54,18 @@ const FileSystemKind* kindNamed(std::string_view mountedKind, FileSystemServer s
 
 // Whether another machine serves a volume; nothing when a program may get it from anywhere.
 std::optional<bool> isNetworkVolume(const Mount& mount) noexcept;
+// Not for "fusectl", which the kernel serves.
+constexpr bool isProgramServed(std::string_view mountedKind) noexcept {
+  const auto server = mountedKind.substr(0, mountedKind.find('.'));
+  return server == "fuse" || server == "fuseblk";
+}
 bool isAutomountKind(std::string_view mountedKind) noexcept;
 
 // The magic number of "fuse" and "fuseblk" volumes.
 inline constexpr std::uint32_t programServedMagic = 0x65735546;
 
-// The kind of a volume: that of the mount table, or if this is only "fuse" or "fuseblk", that of the device
-// database or the device itself, if known: "exfat".
+// The kind of a volume: that of the mount table, or if this is only "fuse" or begins with "fuseblk", that of
+// the device database or the device itself, if known: "exfat".
 std::string trueKindOf(const Mount& mount);
 
 // What is known of a mount's true kind, or null.

@@ -12,7 +12,7 @@
 namespace quillonic {
 
 std::string trueKindOf(const Mount& mount) {
-  if (mount.kind != "fuse" && mount.kind != "fuseblk") return mount.kind;
+  if (mount.kind != "fuse" && !mount.kind.starts_with("fuseblk")) return mount.kind;
   const auto device = deviceOf(mount);
   const auto number = std::to_string(device.major) + ":" + std::to_string(device.minor);
   const auto record = contentsOfFile("/run/udev/data/b" + number).value_or({});
@@ -29,9 +29,8 @@ std::string trueKindOf(const Mount& mount) {
 }
 
 const FileSystemKind* knownKindOf(const Mount& mount) {
-  const bool isServedByProgram = mount.kind.starts_with("fuse");
-  return kindNamed(trueKindOf(mount),
-                   isServedByProgram ? FileSystemServer::program : FileSystemServer::kernel);
+  const auto server = isProgramServed(mount.kind) ? FileSystemServer::program : FileSystemServer::kernel;
+  return kindNamed(trueKindOf(mount), server);
 }
 
 }  // namespace quillonic

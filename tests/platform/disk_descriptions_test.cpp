@@ -17,7 +17,7 @@ TEST(DiskDescriptions, KnowNetworkVolumesByTheirKind) {
   std::istringstream rows(
       "0 ext4 /dev/nfs  0 tmpfs nfs  0 nfsd nfsd  0 fuse /dev/sdb1  0 fuseblk /dev/sdb1  0 fuse.mergerfs a:b "
       "0 virtiofs share  1 nfs s:/x  1 nfs4 s:/x  1 cifs //s/x  1 smb3 //s/x  1 fuse.sshfs u@s: "
-      "1 fuse https://s/x  1 fuse.rclone r:  1 fuse.juicefs j:x  1 gpfs x");
+      "1 fuse https://s/x  1 fuse.rclone r:  1 fuse.juicefs j:x  1 gpfs x  1 fuse.quobyte q  1 afp a");
   int count = 0;
   std::string kind;
   std::string source;
@@ -27,7 +27,7 @@ TEST(DiskDescriptions, KnowNetworkVolumesByTheirKind) {
         {"DAVolumePath", path("/mnt")}, {"DAVolumeKind", kind}, {"DAVolumeNetwork", isNetwork}};
     EXPECT_EQ(diskDescriptionOfMount(mount, "/missing"), expected) << kind;
   }
-  EXPECT_EQ(count, 16);
+  EXPECT_EQ(count, 18);
 }
 
 // A device tree as the system shows it: names by number, and the properties of each device below.
