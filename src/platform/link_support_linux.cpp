@@ -40,7 +40,8 @@ bool holdsMountPoints(std::string_view folder, const MountTable& mounts) {
     return false;
   const auto parent = path_text::folderOf(folder);
   // Desktops give each user a folder there.
-  return folder == "/media" || folder == "/mnt" || parent == "/media" || parent == "/run/media";
+  return folder == "/media" || folder == "/run/media" || folder == "/mnt" || parent == "/media" ||
+         parent == "/run/media";
 }
 
 // Opens an item, or its nearest existing parent folder, on whose volume it will be created, without following

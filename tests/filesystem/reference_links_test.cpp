@@ -447,6 +447,11 @@ TEST(LinkSupport, IsWhatTheVolumeHolds) {
     mountAt("/mnt");
     for (const auto& item : missing) EXPECT_TRUE(fileSystemSupportsHardLinks(item));
 
+    mountAt("/run");
+    std::filesystem::create_directory("/run/media");
+    EXPECT_TRUE(errorOf(fileSystemSupportsHardLinks, "/run/media/user/CARD/clip.mov"));
+    EXPECT_TRUE(fileSystemSupportsHardLinks("/run/new/clip.mov"));
+
     int mounted = 0;
     for (const std::string kind : {"tmpfs", "ramfs", "overlay", "vfat", "exfat"}) {
       const auto place = folder.folder(kind);
