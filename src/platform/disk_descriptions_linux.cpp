@@ -4,6 +4,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/disk_description_keys.hpp"
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/items.hpp"
@@ -16,6 +17,7 @@ namespace quillonic {
 namespace {
 
 namespace fs = std::filesystem;
+namespace keys = disk_description_keys;
 
 std::optional<std::string> attribute(const fs::path& device, const char* name) {
   const auto contents = contentsOfFile(device / name);
@@ -68,17 +70,17 @@ void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
   if (!name) name = model;
   if (!name) name = property(device, "DEVNAME=");
 
-  if (name) description.emplace("DAMediaName", std::move(*name));
-  if (model) description.emplace("DADeviceModel", std::move(*model));
-  if (writable) description.emplace("DAMediaWritable", *writable);
+  if (name) description.emplace(keys::mediaName, std::move(*name));
+  if (model) description.emplace(keys::deviceModel, std::move(*model));
+  if (writable) description.emplace(keys::mediaWritable, *writable);
 }
 
 }  // namespace
 
 DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::path& deviceTree) {
-  DiskDescriptionDictionary description{{"DAVolumePath", mount.mountPoint},
-                                        {"DAVolumeKind", trueKindOf(mount)},
-                                        {"DAVolumeNetwork", isNetworkVolume(mount).value_or(false)}};
+  DiskDescriptionDictionary description{{keys::volumePath, mount.mountPoint},
+                                        {keys::volumeKind, trueKindOf(mount)},
+                                        {keys::volumeNetwork, isNetworkVolume(mount).value_or(false)}};
   const auto block = deviceOf(mount);
   const auto number = std::to_string(block.major) + ":" + std::to_string(block.minor);
   const auto device = deviceTree / "dev/block" / number;
