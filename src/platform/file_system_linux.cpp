@@ -1,9 +1,10 @@
 #include <quillonic/platform/file_system.hpp>
 #include <quillonic/platform/mount_table.hpp>
 
-#include <cerrno>
 #include <sys/stat.h>
 
+#include "platform/descriptor_linux.hpp"
+#include "platform/items.hpp"
 #include "platform/mount_holding.hpp"
 #include "support/never_destroyed.hpp"
 
@@ -15,13 +16,8 @@ class SystemFileSystem final : public PlatformFileSystem {
   ItemPresence presenceOfItem(const std::string& path) const override {
     if (path.find('\0') != std::string::npos) return ItemPresence::absent;
     struct stat item {};
-    int result = 0;
-    do {
-      result = ::lstat(path.c_str(), &item);
-    } while (result != 0 && errno == EINTR);
-    if (result == 0) return ItemPresence::present;
-    const bool isAbsent = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
-    return isAbsent ? ItemPresence::absent : ItemPresence::unknown;
+    if (uninterrupted([&] { return ::lstat(path.c_str(), &item); }) == 0) return ItemPresence::present;
+    return items::isMissing(lastError()) ? ItemPresence::absent : ItemPresence::unknown;
   }
 
   void enumerateVolumeRoots(std::span<const std::filesystem::path> items,

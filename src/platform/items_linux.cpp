@@ -14,6 +14,7 @@
 #include "platform/descriptor_linux.hpp"
 #include "platform/file_reading_linux.hpp"
 #include "platform/items.hpp"
+#include "platform/statx_linux.hpp"
 
 namespace quillonic::items {
 namespace {
@@ -29,7 +30,7 @@ struct CloseFolder {
   void operator()(DIR* stream) const noexcept { ::closedir(stream); }
 };
 
-int placeOf(const Folder* folder) noexcept {
+int descriptorOf(const Folder* folder) noexcept {
   return folder ? folder->descriptor() : AT_FDCWD;
 }
 
@@ -54,7 +55,8 @@ constexpr FileType typeOfMode(unsigned mode) noexcept {
   }
 }
 
-// The nearest date in the type's range; file systems exceed it in both directions.
+// The nearest date in the type's range; file systems exceed it in both directions. The range has only a part
+// of its first and of its last second, which count as outside.
 Date dateOf(const statx_timestamp& time) noexcept {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text
   if (time.tv_sec >= floor<seconds>(nanoseconds::max()).count()) return Date::max();
@@ -77,23 +79,6 @@ Status statusOf(const struct statx& item) noexcept {
   return status;
 }
 
-// Some sandboxes refuse only the newer call.
-bool olderStatus(int folder, const char* path, struct statx& item) noexcept {
-  struct stat older {};
-  if (::fstatat(folder, path, &older, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0) return false;
-  item.stx_mode = static_cast<decltype(item.stx_mode)>(older.st_mode);
-  item.stx_size = static_cast<std::uint64_t>(older.st_size);
-  item.stx_dev_major = major(older.st_dev);
-  item.stx_dev_minor = minor(older.st_dev);
-  item.stx_ino = older.st_ino;
-  item.stx_nlink = static_cast<std::uint32_t>(older.st_nlink);
-  item.stx_uid = older.st_uid;
-  item.stx_gid = older.st_gid;
-  item.stx_mtime.tv_sec = older.st_mtim.tv_sec;
-  item.stx_mtime.tv_nsec = static_cast<std::uint32_t>(older.st_mtim.tv_nsec);
-  return true;
-}
-
 // Whether the second of an item's two names is the short one that NTFS keeps for old programs. The volume
 // tells the short name only of an item with a single long one, whose count is 1 where both are the same.
 bool hasShortName(const Folder* folder, const std::string& path) {
@@ -104,11 +89,7 @@ bool hasShortName(const Folder* folder, const std::string& path) {
 // Opens without a change of the access time, which only the owner may.
 Descriptor opened(int folder, const char* path, int flags) noexcept {
   const auto openedWith = [&](int more) {
-    Descriptor item;
-    do {
-      item = Descriptor(::openat(folder, path, flags | O_CLOEXEC | more));
-    } while (!item && errno == EINTR);
-    return item;
+    return Descriptor(uninterrupted([&] { return ::openat(folder, path, flags | O_CLOEXEC | more); }));
   };
   auto item = openedWith(O_NOATIME);
   return item || errno != EPERM ? std::move(item) : openedWith(0);
@@ -142,7 +123,7 @@ Folder::~Folder() {
 
 Result<Folder> Folder::open(const std::string& path, const Folder* parent) {
   if (!canExist(path)) return lastError();
-  auto descriptor = opened(placeOf(parent), path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+  auto descriptor = opened(descriptorOf(parent), path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
   if (!descriptor) return lastError();
   return Folder(descriptor.release());
 }
@@ -151,10 +132,8 @@ Result<Status> status(const std::string& path, const Folder* folder) {
   if (!canExist(path)) return lastError();
   struct statx item {};
   const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-  bool isKnown = ::statx(placeOf(folder), path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, &item) == 0;
-  if (!isKnown && (errno == ENOSYS || errno == EPERM))
-    isKnown = olderStatus(placeOf(folder), path.c_str(), item);
-  if (!isKnown) return lastError();
+  if (!readStatus(descriptorOf(folder), path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, item))
+    return lastError();
   auto status = statusOf(item);
   if (status.type == FileType::regular && status.names == 2 && hasShortName(folder, path)) status.names = 1;
   return status;
@@ -169,15 +148,15 @@ std::error_code reach(const std::string& path) {
 Result<std::string> linkText(const std::string& path, const Folder* folder) {
   if (!canExist(path)) return lastError();
   std::array<char, PATH_MAX> text;  // no file system here stores a longer one
-  const auto length = ::readlinkat(placeOf(folder), path.c_str(), text.data(), text.size());
+  const auto length = ::readlinkat(descriptorOf(folder), path.c_str(), text.data(), text.size());
   if (length < 0) return lastError();
   return std::string(text.data(), static_cast<std::size_t>(length));
 }
 
 Result<std::string> firstBytes(const std::string& path, std::size_t limit, const Folder* folder) {
   if (!canExist(path)) return lastError();
-  auto file = opened(placeOf(folder), path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
-  if (!file && errno == EAGAIN) file = openedAfterLease(placeOf(folder), path.c_str());
+  auto file = opened(descriptorOf(folder), path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+  if (!file && errno == EAGAIN) file = openedAfterLease(descriptorOf(folder), path.c_str());
   struct stat status {};
   if (!file || ::fstat(file.number(), &status) != 0) return lastError();
   return S_ISREG(status.st_mode) ? bytesOf(file.number(), limit) : systemError(std::errc::invalid_argument);

@@ -2,16 +2,15 @@
 #include <quillonic/platform/mount_table.hpp>
 
 #include <array>
-#include <cerrno>
 #include <fcntl.h>
 #include <optional>
-#include <sys/stat.h>
 
 #include "platform/descriptor_linux.hpp"
 #include "platform/file_reading_linux.hpp"
 #include "platform/items.hpp"
 #include "platform/mount_holding.hpp"
 #include "platform/path_text.hpp"
+#include "platform/statx_linux.hpp"
 
 namespace quillonic {
 namespace {
@@ -27,16 +26,10 @@ Whereabouts whereaboutsOf(const char* path, int linkFlag) noexcept {
   struct statx item {};
   // Wakes no automounter and asks no server: neither is needed to know the mount.
   const int flags = linkFlag | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
-  if (::statx(AT_FDCWD, path, flags, STATX_TYPE | STATX_MNT_ID, &item) == 0) {
-    Whereabouts found{.exists = true, .isDirectory = S_ISDIR(item.stx_mode), .mountIdentifier = {}};
-    if ((item.stx_mask & STATX_MNT_ID) != 0) found.mountIdentifier = item.stx_mnt_id;
-    return found;
-  }
-  if (errno != ENOSYS && errno != EPERM) return {};
-  // Some sandboxes refuse only the newer call.
-  struct stat older {};
-  if (::fstatat(AT_FDCWD, path, &older, linkFlag | AT_NO_AUTOMOUNT) != 0) return {};
-  return {.exists = true, .isDirectory = S_ISDIR(older.st_mode), .mountIdentifier = {}};
+  if (!readStatus(AT_FDCWD, path, flags, STATX_TYPE | STATX_MNT_ID, item)) return {};
+  Whereabouts found{.exists = true, .isDirectory = S_ISDIR(item.stx_mode), .mountIdentifier = {}};
+  if ((item.stx_mask & STATX_MNT_ID) != 0) found.mountIdentifier = item.stx_mnt_id;
+  return found;
 }
 
 // Where an item is looked for: itself, or the folder of one that is missing.

@@ -1,0 +1,30 @@
+#include "platform/statx_linux.hpp"
+
+#include <cerrno>
+#include <cstdint>
+#include <fcntl.h>
+#include <sys/sysmacros.h>
+
+namespace quillonic {
+
+bool readStatus(int folder, const char* path, int flags, unsigned mask, struct statx& item) noexcept {
+  if (::statx(folder, path, flags, mask, &item) == 0) return true;
+  if (errno != ENOSYS && errno != EPERM) return false;
+  struct stat older {};
+  if (::fstatat(folder, path, &older, flags & ~AT_STATX_DONT_SYNC) != 0) return false;
+  item = {};
+  item.stx_mask = STATX_BASIC_STATS;
+  item.stx_mode = static_cast<decltype(item.stx_mode)>(older.st_mode);
+  item.stx_size = static_cast<std::uint64_t>(older.st_size);
+  item.stx_dev_major = major(older.st_dev);
+  item.stx_dev_minor = minor(older.st_dev);
+  item.stx_ino = older.st_ino;
+  item.stx_nlink = static_cast<std::uint32_t>(older.st_nlink);
+  item.stx_uid = older.st_uid;
+  item.stx_gid = older.st_gid;
+  item.stx_mtime.tv_sec = older.st_mtim.tv_sec;
+  item.stx_mtime.tv_nsec = static_cast<std::uint32_t>(older.st_mtim.tv_nsec);
+  return true;
+}
+
+}  // namespace quillonic
