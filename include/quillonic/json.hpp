@@ -130,7 +130,7 @@ class JsonWriter {
 template <class Json> class JsonReader {
  public:
   CodedValue read(const Json& json, std::size_t depth = 0) const {
-    if (depth > greatestJsonDepth) throw DecodingError({}, "lists and records lie too deep in each other");
+    if (depth > greatestJsonDepth) throw DecodingError({}, "lists and records are nested too deep");
     switch (json.type()) {
       case Json::value_t::null:
         return {};

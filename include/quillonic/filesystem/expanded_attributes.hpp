@@ -25,11 +25,14 @@ class LookUps;
 /// A detail of a link that cannot be read is logged and left out, and so are `referenceLinkType` and
 /// `isLinkFilePath` of a small file that may not be opened. A dangling symbolic link is logged too, but has
 /// its `referencedFileSystemURL` if its target names a location. Of the dates, only the modification date can
-/// be set on a copy; a copy has its own creation date. Takes one system call per item, two for a file with
-/// two names; for a symbolic link three, and one per folder of its target. Opens regular files of 16 bytes to
-/// 64 MiB and reads 16 bytes to recognise an alias, which asks the server on a network volume; the access
-/// time stays if the process owns the file or is root. For an alias whose target is not found at once, lists
-/// the folders above it; `ExpandedAttributesReader` does that once for many items.
+/// be set on a copy; a copy has its own creation date. Opens regular files of 16 bytes to 64 MiB and reads 16
+/// bytes to recognise an alias, which asks the server on a network volume; the access time stays if the
+/// process owns the file or is root. Takes one system call per item, four or five more for a file that it
+/// opens, one more for a file with two names, and for a symbolic link a few per folder of its target.
+///
+/// For many items, callers must use an `ExpandedAttributesReader`: for an alias whose target is not found at
+/// once, this lists all folders above it anew, so that n aliases of an absent drive in one folder take time
+/// in proportion to the square of n.
 QUILLONIC_EXPORT std::optional<FileAttributes> expandedAttributesOfItem(const std::filesystem::path& atURL);
 
 /// Reads the attributes of many items, as `expandedAttributesOfItem` does for one. Lists each folder once:

@@ -69,10 +69,8 @@ requires requires {
   CaseTable<E>::rows[0].loggingDescription;
 }
 constexpr std::string_view loggingDescription(E value) noexcept {
-  for (const auto& row : CaseTable<E>::rows) {
-    if (row.value == value) return row.loggingDescription;
-  }
-  return {};
+  const auto* row = detail::rowOf(value);
+  return row ? row->loggingDescription : std::string_view{};
 }
 
 /// The text in logs of attributes.

@@ -36,6 +36,7 @@ template <class Result, class... Arguments> class FunctionRef<Result(Arguments..
         }
       };
     } else {
+      // `std::addressof` without <memory>, whose cost every header with a block would pay.
       target_.object = __builtin_addressof(callable);
       call_ = [](Bound bound, Arguments... arguments) -> Result {
         auto& target = *static_cast<Target*>(const_cast<void*>(bound.object));
