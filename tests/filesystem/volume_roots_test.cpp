@@ -1,7 +1,13 @@
 #include <quillonic/filesystem.hpp>
 
 #include <array>
+#include <cerrno>
+#include <cstddef>
 #include <gtest/gtest.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
 
 #include "private_process.hpp"
 #include "temporary_folder.hpp"
@@ -67,6 +73,24 @@ void compareMounts(const TemporaryFolder& folder) {
 TEST(VolumeRoots, AreThoseOfTheSystemsMounts) {
   const TemporaryFolder folder;
   runPrivately([&] { compareMounts(folder); });
+}
+
+// Older systems and some sandboxes have only the older calls.
+TEST(VolumeRoots, NeedNoNewCall) {
+  for (const auto error : {unsigned{ENOSYS}, unsigned{EPERM}}) {
+    runPrivately([&] {
+      std::array<sock_filter, 4> filter{{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                                         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_statx, 0, 1),
+                                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
+                                         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)}};
+      const sock_fprog program{filter.size(), filter.data()};
+      if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+          prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0) {
+        endAsNotAllowed();
+      }
+      expectRoots({{"/", "/"}, {"/proc/self/stat", "/proc"}, {"/proc/missing", "/proc"}});
+    });
+  }
 }
 
 }  // namespace
