@@ -9,7 +9,7 @@ namespace quillonic {
 
 bool readStatus(int folder, const char* path, int flags, unsigned mask, struct statx& item) noexcept {
   if (::statx(folder, path, flags, mask, &item) == 0) return true;
-  // The C library stands in for a missing call, but not with all flags.
+  // The C library replaces a missing call, but not with all flags.
   if (errno != ENOSYS && errno != EPERM && errno != EINVAL) return false;
   struct stat older {};
   if (::fstatat(folder, path, &older, flags & ~AT_STATX_DONT_SYNC) != 0) return false;

@@ -60,8 +60,8 @@ struct QUILLONIC_EXPORT AliasFile {
   /// The kind of item; see `TargetFlag`.
   std::optional<Properties> targetProperties = std::nullopt;
   /// When the target was created. Files store seconds since 2001 in floating point, which rounds present
-  /// dates to about a hundred nanoseconds. Absent when read from a file that records a date before 1748 or
-  /// after 2253.
+  /// dates to about a hundred nanoseconds. Absent when read from a file that records a date before 1747 or
+  /// after 2254.
   std::optional<Date> targetCreationDate = std::nullopt;
   /// The number of trailing names, its own included, to remove from the alias file's path.
   std::optional<std::int64_t> relativeDirsUp = std::nullopt;

@@ -42,8 +42,8 @@ QUILLONIC_EXPORT bool symbolicLinkIsRelative(const std::filesystem::path& atPath
 
 /// The target of a symbolic link, one step away; it need not exist. Throws when the item is not a symbolic
 /// link or cannot be read, and when its target names no location, with a ".." or a trailing slash after an
-/// item that is not a folder. A trailing "/" or "/." of the stored text is left out: if there is another link,
-/// that link is the target, and its own target the next step.
+/// item that is not a folder. A trailing "/" or "/." of the stored text is left out: if the item there is
+/// another link, this link is the target, and the location that it refers to is the next step.
 QUILLONIC_EXPORT std::filesystem::path standardizedDestinationOfSymbolicLink(
     const std::filesystem::path& atPath);
 

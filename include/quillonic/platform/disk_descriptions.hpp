@@ -19,8 +19,8 @@ using DiskDescriptionDictionary = std::map<std::string, AnyValue, std::less<>>;
 /// Reads the mount table and a few small files about the device, never the device itself. The keys are:
 ///
 /// - "DAVolumePath", a path: the mount point
-/// - "DAVolumeKind", a text: the kind of file system, such as "exfat"; with its server in front when a program
-/// serves it under a name of its own, as in "fuse.sshfs"; "fuse" or "fuseblk" only when nothing more is known
+/// - "DAVolumeKind", a text: the kind of file system, such as "exfat"; as in the mount table, "fuse.sshfs",
+/// for a kind that only programs serve; "fuse" or "fuseblk" only when nothing more is known
 /// - "DAVolumeNetwork", a Boolean: another machine serves volumes of this kind
 ///
 /// and for a volume on a block device, directly or as the single part of an encrypted or combined device, as
