@@ -56,7 +56,8 @@ class LinkWalk {
     std::string physical;
     // Absent while the walk is far below it.
     std::optional<items::Folder> folder;
-    items::Status status;
+    // Absent until it is compared with another.
+    std::optional<items::Status> status;
     // Its folders, and the next one to visit.
     std::vector<std::string> folders;
     std::size_t next = 0;
@@ -109,7 +110,7 @@ class LinkWalk {
     return type == FileType::regular ? aliasTarget(level, entry.name, status) : std::nullopt;
   }
 
-  std::optional<std::string> symbolicTarget(const Level& level, const std::string& name) {
+  std::optional<std::string> symbolicTarget(Level& level, const std::string& name) {
     lookUps_.keep(level.physical);
     const auto follow = [&](const std::string& folder) { return lookUps_.followed(folder); };
     const auto text = items::linkText(name, &*level.folder);
@@ -122,8 +123,7 @@ class LinkWalk {
     return std::move(target).asOptional();
   }
 
-  std::optional<std::string> aliasTarget(const Level& level, const std::string& name,
-                                         const items::Status& status) {
+  std::optional<std::string> aliasTarget(Level& level, const std::string& name, const items::Status& status) {
     const auto item = locations::inFolder(level.physical, name);
     const auto found = link_types::typeOf(name, status, &*level.folder);
     if (!found && !items::isMissing(found.error())) isComplete_ = false;
@@ -136,20 +136,25 @@ class LinkWalk {
 
   // False, and missed, if another folder took the place of the one that was read: a target that is searched
   // for by paths would be searched for there.
-  bool isInPlace(const Level& level) {
+  bool isInPlace(Level& level) {
     const auto there = items::status(level.physical);
-    if (!there || isSame(items::status(".", &*level.folder), *there)) return true;
+    identify(level);
+    if (!there || isIt(level, there)) return true;
     missFolder(level.shown, items::systemError(std::errc::no_such_file_or_directory));
     return false;
   }
 
-  static bool isSame(const Result<items::Status>& item, const items::Status& other) {
-    return item && item->device == other.device && item->inode == other.inode;
+  static void identify(Level& level) {
+    if (!level.status) level.status = items::status(".", &*level.folder).asOptional();
+  }
+
+  static bool isIt(const Level& level, const Result<items::Status>& item) {
+    return level.status && item && level.status->device == item->device && level.status->inode == item->inode;
   }
 
   static void close(Level& level) {
     if (!level.folder) return;
-    level.status = items::status(".", &*level.folder).value_or({});
+    identify(level);
     level.folder.reset();
   }
 
@@ -162,7 +167,7 @@ class LinkWalk {
     auto above = left.folder ? items::Folder::open("..", &*left.folder)
                              : items::systemError(std::errc::no_such_file_or_directory);
     const auto status = above ? items::status(".", &*above) : above.error();
-    if (isSame(status, level.status)) {
+    if (isIt(level, status)) {
       level.folder.emplace(*std::move(above));
     } else if (level.next != level.folders.size()) {
       missFolder(level.shown,

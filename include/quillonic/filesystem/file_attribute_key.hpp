@@ -56,8 +56,8 @@ class FileAttributeKey : public TextBacked<FileAttributeKey> {
   static const FileAttributeKey NSFileOwnerAccountID;
   /// The group's number.
   static const FileAttributeKey NSFileGroupOwnerAccountID;
-  /// The number of the item's names (hard links), without the short name that NTFS keeps beside the only
-  /// other one.
+  /// The number of the item's names (hard links), without the short name that NTFS keeps for old
+  /// programs.
   static const FileAttributeKey NSFileReferenceCount;
   /// The number of the device that holds the item.
   static const FileAttributeKey NSFileSystemNumber;
