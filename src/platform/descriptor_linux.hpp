@@ -12,11 +12,10 @@ inline std::error_code lastError() noexcept {
   return {errno, std::system_category()};
 }
 
-// The result of a system call, made again while a signal interrupts it; but a failing server may say so
-// forever.
-template <class Call> int uninterrupted(Call call) {
-  int result = call();
-  for (int triesLeft = 100; result < 0 && errno == EINTR && triesLeft > 0; --triesLeft) result = call();
+// The result of a system call, made again while a signal interrupts it. A failing server may say so forever.
+template <class Call> auto uninterrupted(Call call) {
+  auto result = call();
+  for (int triesLeft = 10'000; result < 0 && errno == EINTR && triesLeft > 0; --triesLeft) result = call();
   return result;
 }
 

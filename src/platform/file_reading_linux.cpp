@@ -13,10 +13,10 @@ Result<std::string> bytesOf(int file, std::size_t limit) {
   std::size_t size = 0;
   while (size < limit) {
     bytes.resize(std::min(limit, std::max<std::size_t>(2 * size, 4096)));
-    const auto count = ::read(file, bytes.data() + size, bytes.size() - size);
-    if (count < 0 && errno != EINTR) return lastError();
+    const auto count = uninterrupted([&] { return ::read(file, bytes.data() + size, bytes.size() - size); });
+    if (count < 0) return lastError();
     if (count == 0) break;
-    if (count > 0) size += static_cast<std::size_t>(count);
+    size += static_cast<std::size_t>(count);
   }
   bytes.resize(size);
   return bytes;

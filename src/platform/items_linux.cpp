@@ -168,11 +168,11 @@ std::error_code create(const std::string& path, std::string_view bytes) {
   if (!file) return lastError();
   std::error_code error;
   while (!bytes.empty() && !error) {
-    const auto count = ::write(file.number(), bytes.data(), bytes.size());
-    if (count >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(count));
-    } else if (errno != EINTR) {
+    const auto count = uninterrupted([&] { return ::write(file.number(), bytes.data(), bytes.size()); });
+    if (count < 0) {
       error = lastError();
+    } else {
+      bytes.remove_prefix(static_cast<std::size_t>(count));
     }
   }
   const auto closing = file.close();

@@ -5,10 +5,12 @@
 #include <fcntl.h>
 #include <sys/sysmacros.h>
 
+#include "platform/descriptor_linux.hpp"
+
 namespace quillonic {
 
 bool readStatus(int folder, const char* path, int flags, unsigned mask, struct statx& item) noexcept {
-  if (::statx(folder, path, flags, mask, &item) == 0) return true;
+  if (uninterrupted([&] { return ::statx(folder, path, flags, mask, &item); }) == 0) return true;
   // The C library replaces a missing call, but not with all flags.
   if (errno != ENOSYS && errno != EPERM && errno != EINVAL) return false;
   struct stat older {};
