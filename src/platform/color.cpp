@@ -12,6 +12,13 @@ Color Color::rgb(double red, double green, double blue, double alpha) {
   return Color(Rgb{red, green, blue, alpha});
 }
 
+Color Color::rgb255(double red, double green, double blue, double alpha) {
+  constexpr double full = 255;
+  Color color(Rgb{red / full, green / full, blue / full, alpha});
+  color.outOf255_ = {red, green, blue};
+  return color;
+}
+
 Color Color::grey(double white, double alpha) {
   return Color(Grey{white, alpha});
 }
@@ -46,7 +53,19 @@ std::optional<Color> Color::inGenericRgbSpace() const noexcept {
                                     form_);
   const bool hasNumbers = converted && std::isfinite(converted->red) && std::isfinite(converted->green) &&
                           std::isfinite(converted->blue) && std::isfinite(converted->alpha);
-  return hasNumbers ? std::optional(Color(*converted)) : std::nullopt;
+  if (!hasNumbers) return std::nullopt;
+  Color color(*converted);
+  color.outOf255_ = outOf255_;
+  return color;
+}
+
+std::optional<Color::RgbComponents> Color::outOf255() const noexcept {
+  const auto generic = inGenericRgbSpace();
+  if (!generic) return std::nullopt;
+  const auto [red, green, blue, alpha] = *generic->rgbComponents();
+  constexpr double full = 255;
+  if (!outOf255_) return RgbComponents{full * red, full * green, full * blue, alpha};
+  return RgbComponents{(*outOf255_)[0], (*outOf255_)[1], (*outOf255_)[2], alpha};
 }
 
 }  // namespace quillonic

@@ -19,6 +19,7 @@ namespace quillonic {
 namespace {
 
 constexpr std::string_view rgbKey = "rgb";
+constexpr std::string_view rgb255Key = "rgb255";
 constexpr std::string_view greyKey = "grey";
 constexpr std::string_view cmykKey = "cmyk";
 constexpr std::string_view patternKey = "pattern";
@@ -55,16 +56,13 @@ std::string withAlpha(std::string text, double alpha) {
 }
 
 // Red, green and blue; 255 is full.
-std::optional<std::array<double, 3>> components(const Color& color) noexcept {
-  if (const auto rgb = color.rgbComponents()) {
+std::optional<Color::RgbComponents> components(const Color& color) noexcept {
+  const auto rgb = color.rgbComponents();
+  if (rgb && !color.isOutOf255()) {
     const auto scaled = [](double component) { return component < 1 ? 255 * component : component; };
-    return std::array{scaled(rgb->red), scaled(rgb->green), scaled(rgb->blue)};
+    return Color::RgbComponents{scaled(rgb->red), scaled(rgb->green), scaled(rgb->blue), rgb->alpha};
   }
-  if (const auto generic = color.inGenericRgbSpace()) {
-    const auto rgb = *generic->rgbComponents();
-    return std::array{255 * rgb.red, 255 * rgb.green, 255 * rgb.blue};
-  }
-  return std::nullopt;
+  return color.outOf255();
 }
 
 }  // namespace
@@ -86,6 +84,11 @@ std::string Color::description() const {
 }
 
 CodedValue Coding<Color>::encode(const Color& color) {
+  if (color.isOutOf255()) {
+    if (const auto c = color.outOf255()) {
+      return formed(rgb255Key, quillonic::encode(Components{c->red, c->green, c->blue, *c->alpha}));
+    }
+  }
   return std::visit(Encoder{}, color.form());
 }
 
@@ -102,6 +105,7 @@ Color Coding<Color>::decode(const CodedValue& coded, std::string_view key) {
     return components;
   };
   if (const auto c = componentsOf(rgbKey, 4)) return Color::rgb((*c)[0], (*c)[1], (*c)[2], (*c)[3]);
+  if (const auto c = componentsOf(rgb255Key, 4)) return Color::rgb255((*c)[0], (*c)[1], (*c)[2], (*c)[3]);
   if (const auto c = componentsOf(greyKey, 2)) return Color::grey((*c)[0], (*c)[1]);
   if (const auto c = componentsOf(cmykKey, 5))
     return Color::cmyk((*c)[0], (*c)[1], (*c)[2], (*c)[3], (*c)[4]);
@@ -118,17 +122,17 @@ std::optional<Color> fromOutOf255(std::string_view text) {
     if (isLast != (divide == std::string_view::npos)) return std::nullopt;
     const auto component = number_text::read<double>(text.substr(0, divide));
     if (!component || !std::isfinite(*component)) return std::nullopt;
-    components[i] = *component / 255;
+    components[i] = *component;
     if (!isLast) text.remove_prefix(divide + 1);
   }
-  return Color::rgb(components[0], components[1], components[2]).inGenericRgbSpace();
+  return Color::rgb255(components[0], components[1], components[2]);
 }
 
 std::optional<std::string> outOf255(const Color& color) {
   const auto numbers = components(color);
   if (!numbers) return std::nullopt;
   std::string text;
-  for (const double number : *numbers) {
+  for (const double number : {numbers->red, numbers->green, numbers->blue}) {
     // Also rejects NaN.
     if (!(number >= -0x1p63 && number < 0x1p63)) return std::nullopt;
     text.append(text.empty() ? "" : ",").append(std::to_string(static_cast<std::int64_t>(number)));

@@ -1,11 +1,13 @@
 /// Colours as hosts hold them, and their conversion to red, green and blue.
 ///
-///     settings.setTimecodeBurnFontColor(Color::rgb(0.9, 0.5, 0));
+///     settings.setTimecodeBurnFontColor(Color::rgb255(255, 255, 255));   // as a colour picker in bytes has it
 ///     settings.setTimecodeBurnBoxColor(Color::grey(0.1));
+///     if (auto bytes = picked.outOf255()) show(bytes->red, bytes->green, bytes->blue);
 #pragma once
 
 #include <quillonic/export.hpp>
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,7 +16,7 @@
 namespace quillonic {
 
 /// A colour in one of four forms. Components are usually 0 to 1, but any number is kept as given. Colours are
-/// equal when their forms and components are.
+/// equal when their forms and components are; the scale on which a colour was given does not count.
 class QUILLONIC_EXPORT Color {
  public:
   /// A colour in the generic RGB space.
@@ -60,8 +62,13 @@ class QUILLONIC_EXPORT Color {
   /// A colour in one of its four forms.
   using Form = std::variant<Rgb, Grey, Cmyk, Pattern>;
 
-  /// A colour in the generic RGB space. An alpha of 1 is opaque.
+  /// A colour in the generic RGB space, as fractions. An alpha of 1 is opaque. The transcoder's command line
+  /// has a fixed rule for fractions: a component of 1 or more counts as already out of 255, so that white
+  /// given as 1, 1, 1 is written "1,1,1", almost black. Give full components with `rgb255`.
   static Color rgb(double red, double green, double blue, double alpha = 1);
+  /// A colour in the generic RGB space, as numbers from 0 for none to 255 for full; alpha is 0 to 1. Equal to
+  /// `rgb` of the same fractions, but written as given: every byte travels unchanged, 255 included.
+  static Color rgb255(double red, double green, double blue, double alpha = 1);
   /// A grey: 0 is black, 1 is white.
   static Color grey(double white, double alpha = 1);
   /// A colour made of four printing inks: 0 is none of an ink, 1 is full.
@@ -86,6 +93,14 @@ class QUILLONIC_EXPORT Color {
   /// The components of an RGB colour; nothing for the other forms, which must be converted first.
   std::optional<RgbComponents> rgbComponents() const noexcept;
 
+  /// Red, green and blue of any form that has them, from 0 for none to 255 for full: those given to `rgb255`,
+  /// else 255 times the components in the generic RGB space, neither rounded nor limited. Alpha is 0 to 1.
+  /// `rgb255` of a fraction's result makes a full component travel. Nothing when `inGenericRgbSpace` gives
+  /// nothing.
+  std::optional<RgbComponents> outOf255() const noexcept;
+  /// Whether the colour was made by `rgb255` or read from a command line.
+  bool isOutOf255() const noexcept { return outOf255_.has_value(); }
+
   /// The colour in the generic RGB space; nothing for a pattern, or when a converted component is infinite or
   /// NaN. Grey becomes equal parts; inks are subtracted from white.
   std::optional<Color> inGenericRgbSpace() const noexcept;
@@ -97,12 +112,14 @@ class QUILLONIC_EXPORT Color {
   /// "CMYK 0.0 1.0 1.0 0.0 alpha 1.0" or "pattern stripes".
   std::string description() const;
 
-  friend bool operator==(const Color&, const Color&) = default;
+  friend bool operator==(const Color& a, const Color& b) { return a.form_ == b.form_; }
 
  private:
   explicit Color(Form form) noexcept;
 
   Form form_;
+  // Red, green and blue as given to `rgb255`, because a fraction times 255 need not give the number back.
+  std::optional<std::array<double, 3>> outOf255_;
 };
 
 }  // namespace quillonic

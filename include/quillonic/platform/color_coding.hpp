@@ -1,7 +1,8 @@
 /// How colours are encoded: a record with one member, whose key is the form and whose value is the list of
 /// components in order, or the name of a pattern.
 ///
-///     encode(Color::grey(0.5));    // {"grey": [0.5, 1.0]}
+///     encode(Color::grey(0.5));                 // {"grey": [0.5, 1.0]}
+///     encode(Color::rgb255(255, 255, 255));     // {"rgb255": [255.0, 255.0, 255.0, 1.0]}
 #pragma once
 
 #include <quillonic/export.hpp>
