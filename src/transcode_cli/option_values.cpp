@@ -82,9 +82,12 @@ void TranscodeOptionValues::writeTracks(std::string_view prefix, const std::vect
   removePrefixed(flagValueLookup_, prefix);
   std::size_t position = 0;
   for (const auto track : inOrderAndOnce(tracks)) {
-    const auto flag = std::string(prefix) + "_" + std::to_string(position);
-    write(flag, std::optional(track));
-    if (isOn(flag)) ++position;
+    const auto text = option_texts::written(track);
+    if (text) {
+      flagValueLookup_.insert_or_assign(std::string(prefix) + "_" + std::to_string(position++), *text);
+    } else {
+      warnOfNoText(prefix, track);
+    }
   }
 }
 

@@ -141,20 +141,19 @@ TEST_F(EveryOption, BelongsToAFlagAndEveryFlagToAnOption) {
 }
 
 TEST_F(EveryOption, TravelsInTheDetailRecordOfItsSubject) {
-  const TranscodeDetailModifier modifier{
-      {all_.videoDetail(), all_.audioDetail(), all_.timecodeDetail(), all_.watermarkDetail()}};
+  const TranscodeDetailModifier modifier{{all_.generalDetail(), all_.videoDetail(), all_.audioDetail(),
+                                          all_.timecodeDetail(), all_.watermarkDetail(),
+                                          all_.arriLookDetail()}};
   Model target;
   modifier.apply(target);
-  const auto removeAll = [&](const auto& flags) {
-    for (const auto& flag : flags) all_.setArgumentFlagValue(flag, std::nullopt);
-  };
-  removeAll(VAVTranscodeCliCommand::allCases());
-  removeAll(VAVTranscodeArgumentFlag::allCases());
-  removeAll(VAVTranscodeArriLookArgumentFlag::allCases());
+  for (const auto& command : VAVTranscodeCliCommand::allCases()) {
+    all_.setArgumentFlagValue(command, std::nullopt);
+  }
   EXPECT_EQ(target.flagValueLookup(), all_.flagValueLookup());
 
-  const TranscodeDetailModifier nothing{{TranscodeVideoDetail(), TranscodeAudioDetail(),
-                                         TranscodeTimecodeDetail(), TranscodeWatermarkDetail()}};
+  const TranscodeDetailModifier nothing{{TranscodeGeneralDetail(), TranscodeVideoDetail(),
+                                         TranscodeAudioDetail(), TranscodeTimecodeDetail(),
+                                         TranscodeWatermarkDetail(), TranscodeArriLookDetail()}};
   nothing.apply(target);
   EXPECT_EQ(wordsOf(target), "");
 }
@@ -208,6 +207,7 @@ TEST(TranscodeOptions, ANumberThatCannotTravelRemovesTheFlagAndWarns) {
   EXPECT_EQ(log.lines().size(), 5U);
   EXPECT_EQ(log.lines()[0],
             "warning: QLC_TCLIA_WV-A number that is negative or not finite cannot stand behind -vr");
+  EXPECT_TRUE(log.lines()[4].ends_with(" -ac_omit"));
   model.setVideoFrameRate(-0.0);
   EXPECT_EQ(model.argumentFlagValue("-vr"), "0.0");
 }
@@ -219,6 +219,8 @@ TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
       {Color::rgb(1, 1, 1), "1,1,1"},
       {Color::rgb(0.999999, 1.5, 254.9, 0), "254,1,254"},
       {Color::rgb(-0.001, -0.5, 300), "0,-127,300"},
+      {Color::rgb255(255, 255, 255), "255,255,255"},
+      {Color::rgb255(0.9, 1, 300), "0,1,300"},
       {Color::grey(1), "255,255,255"},
       {Color::grey(0.5), "127,127,127"},
       {Color::cmyk(0, 1, 0.5, 0), "255,0,127"},
@@ -236,6 +238,21 @@ TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
     EXPECT_EQ(wordsOf(model), hasRgb ? "-vn  -wmt_box_rgb " + text : "-vn ");
     EXPECT_EQ(joined(log.lines()),
               hasRgb ? "" : "warning: QLC_TCLIA_USS-Could not get rgb components for color " + text);
+  }
+}
+
+// Also into another model, and stored in between.
+TEST(TranscodeDetails, EveryByteOfAColourTravels) {
+  for (int byte = 0; byte < 256; ++byte) {
+    const auto number = std::to_string(byte);
+    const auto words = "-tc_burn_box_rgb 255,255," + number + " -tc_burn_font_rgb " + number +
+                       ",0,255 -wmt_box_rgb 1,1," + number + " -wmt_font_rgb 255," + number + ",1";
+    const auto model = read(words);
+    Model other;
+    other.update(decode<TranscodeTimecodeDetail>(encode(model.timecodeDetail())));
+    other.update(model.watermarkTextDetail());
+    EXPECT_EQ(wordsOf(other), words);
+    EXPECT_EQ(other.timecodeDetail(), model.timecodeDetail());
   }
 }
 

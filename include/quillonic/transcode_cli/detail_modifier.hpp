@@ -1,7 +1,8 @@
-/// Several detail records, applied to a model together.
+/// Whole detail records that overwrite those of a model. To change single options of many models and leave the
+/// others, use `TranscodeOptionChanges`.
 ///
 ///     TranscodeDetailModifier review{{video, timecode, watermark}};
-///     for (auto& settings : queue) review.apply(*settings);
+///     for (auto& settings : queue) review.apply(*settings);    // options that `video` does not set are removed
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -14,16 +15,18 @@
 namespace quillonic {
 
 /// Any detail record.
-using TranscodeDetail = std::variant<TranscodeVideoDetail, TranscodeAudioDetail, TranscodeTimecodeDetail,
-                                     TranscodeWatermarkDetail, TranscodeWatermarkImageFileDetail,
-                                     TranscodeWatermarkTextDetail, TranscodeInputFileGroup>;
+using TranscodeDetail =
+    std::variant<TranscodeVideoDetail, TranscodeAudioDetail, TranscodeTimecodeDetail,
+                 TranscodeWatermarkDetail, TranscodeWatermarkImageFileDetail, TranscodeWatermarkTextDetail,
+                 TranscodeInputFileGroup, TranscodeGeneralDetail, TranscodeArriLookDetail>;
 
-/// A change of several details, which can be stored and applied to any number of models.
+/// Overwrites whole details of any number of models: an option without a value in a record is removed.
 struct QUILLONIC_EXPORT TranscodeDetailModifier {
   /// The records in order of application. A later one overrides an earlier one.
   std::vector<TranscodeDetail> details;
 
-  /// Calls the model's `update` with each record. When memory runs out, earlier changes stay.
+  /// Makes the model's options of each record's subject equal to the record, with `update`. When memory runs
+  /// out, earlier changes stay.
   void apply(TranscodeCliArguments& arguments) const;
 
   friend bool operator==(const TranscodeDetailModifier&, const TranscodeDetailModifier&) = default;

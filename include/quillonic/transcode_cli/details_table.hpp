@@ -20,6 +20,49 @@
 
 namespace quillonic {
 
+/// The files, the container and the preset. Numbered input files are in `TranscodeInputFileGroup`.
+struct TranscodeGeneralDetail {
+  /// An input file; also the prefix of numbered ones, as in "-in_0_2": group 0, position 2. Files are taken
+  /// group by group, in each by position, both ascending.
+  std::optional<std::filesystem::path> inputPrefix{};
+  /// The output file.
+  std::optional<std::filesystem::path> outputFile{};
+  /// The file that receives the progress.
+  std::optional<std::filesystem::path> progressFile{};
+  /// A prefix for each progress line.
+  std::optional<std::string> progressOutputPrefix{};
+  /// Replaces an existing output file.
+  bool overwriteExisting = false;
+  /// The container format.
+  std::optional<VAVTranscodeArgumentFileFormatValue> fileFormat{};
+  /// The file of a colour look-up table.
+  std::optional<std::filesystem::path> colorLutFile{};
+  /// Arranges the output for playback over a network.
+  bool prepareForWeb = false;
+  /// A preset built into the tool.
+  std::optional<VAVTranscodePresetValue> preset{};
+  /// The folder for temporary files.
+  std::optional<std::filesystem::path> workDirectory{};
+
+  friend bool operator==(const TranscodeGeneralDetail&, const TranscodeGeneralDetail&) = default;
+};
+
+/// The fields of `TranscodeGeneralDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeGeneralDetail> {
+  static constexpr std::tuple fields{
+      Field{"inputPrefix", &TranscodeGeneralDetail::inputPrefix},
+      Field{"outputFile", &TranscodeGeneralDetail::outputFile},
+      Field{"progressFile", &TranscodeGeneralDetail::progressFile},
+      Field{"progressOutputPrefix", &TranscodeGeneralDetail::progressOutputPrefix},
+      Field{"overwriteExisting", &TranscodeGeneralDetail::overwriteExisting},
+      Field{"fileFormat", &TranscodeGeneralDetail::fileFormat},
+      Field{"colorLutFile", &TranscodeGeneralDetail::colorLutFile},
+      Field{"prepareForWeb", &TranscodeGeneralDetail::prepareForWeb},
+      Field{"preset", &TranscodeGeneralDetail::preset},
+      Field{"workDirectory", &TranscodeGeneralDetail::workDirectory},
+  };
+};
+
 /// The settings of the video.
 struct TranscodeVideoDetail {
   /// Leaves the video out.
@@ -206,6 +249,30 @@ template <> struct FieldTable<TranscodeWatermarkTextDetail> {
       Field{"watermarkTextBurnAnchor", &TranscodeWatermarkTextDetail::watermarkTextBurnAnchor},
       Field{"watermarkTextBurnFontColor", &TranscodeWatermarkTextDetail::watermarkTextBurnFontColor},
       Field{"watermarkTextBurnBoxColor", &TranscodeWatermarkTextDetail::watermarkTextBurnBoxColor},
+  };
+};
+
+/// The look settings for ARRI camera sources.
+struct TranscodeArriLookDetail {
+  /// The colour primaries.
+  std::optional<std::string> arriLookColorSpacePrimary{};
+  /// The white point.
+  std::optional<std::string> arriLookColorSpaceWhitePoint{};
+  /// The transfer curve.
+  std::optional<std::string> arriLookColorSpaceCurve{};
+  /// What to do with an invalid look.
+  std::optional<std::string> arriLookInvalidLookResolution{};
+
+  friend bool operator==(const TranscodeArriLookDetail&, const TranscodeArriLookDetail&) = default;
+};
+
+/// The fields of `TranscodeArriLookDetail`, each encoded under its own name.
+template <> struct FieldTable<TranscodeArriLookDetail> {
+  static constexpr std::tuple fields{
+      Field{"arriLookColorSpacePrimary", &TranscodeArriLookDetail::arriLookColorSpacePrimary},
+      Field{"arriLookColorSpaceWhitePoint", &TranscodeArriLookDetail::arriLookColorSpaceWhitePoint},
+      Field{"arriLookColorSpaceCurve", &TranscodeArriLookDetail::arriLookColorSpaceCurve},
+      Field{"arriLookInvalidLookResolution", &TranscodeArriLookDetail::arriLookInvalidLookResolution},
   };
 };
 

@@ -188,9 +188,13 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setTimecodeBurnFontSize(std::optional<std::int64_t> value);
   /// The font colour of the burnt-in timecode.
   std::optional<Color> timecodeBurnFontColor() const;
+  /// White is `Color::rgb255(255, 255, 255)`. The fractions `Color::rgb(1, 1, 1)` are written "1,1,1", a
+  /// fixed rule: a component of 1 or more counts as out of 255.
   void setTimecodeBurnFontColor(const std::optional<Color>& value);
   /// The colour of the box around the burnt-in timecode.
   std::optional<Color> timecodeBurnBoxColor() const;
+  /// White is `Color::rgb255(255, 255, 255)`. The fractions `Color::rgb(1, 1, 1)` are written "1,1,1", a
+  /// fixed rule: a component of 1 or more counts as out of 255.
   void setTimecodeBurnBoxColor(const std::optional<Color>& value);
   /// Whether "-tc_match" is set, which takes the timecode from the source.
   bool timecodeMatchSource() const;
@@ -234,9 +238,13 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setWatermarkTextBurnAnchor(const std::optional<VAVTranscodeArgumentOverlayAnchorValue>& value);
   /// The font colour of the text.
   std::optional<Color> watermarkTextBurnFontColor() const;
+  /// White is `Color::rgb255(255, 255, 255)`. The fractions `Color::rgb(1, 1, 1)` are written "1,1,1", a
+  /// fixed rule: a component of 1 or more counts as out of 255.
   void setWatermarkTextBurnFontColor(const std::optional<Color>& value);
   /// The colour of the box around the text.
   std::optional<Color> watermarkTextBurnBoxColor() const;
+  /// White is `Color::rgb255(255, 255, 255)`. The fractions `Color::rgb(1, 1, 1)` are written "1,1,1", a
+  /// fixed rule: a component of 1 or more counts as out of 255.
   void setWatermarkTextBurnBoxColor(const std::optional<Color>& value);
 
   /// The colour primaries.
@@ -252,6 +260,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   std::optional<std::string> arriLookInvalidLookResolution() const;
   void setArriLookInvalidLookResolution(std::optional<std::string_view> value);
 
+  /// The files, the container and the preset. Numbered input files are in `TranscodeInputFileGroup`.
+  TranscodeGeneralDetail generalDetail() const;
+  /// Sets each field that differs from `generalDetail()` with its own setter, in record order. So an
+  /// unchanged option keeps its text, even one that cannot be read.
+  void update(const TranscodeGeneralDetail& fromGeneralDetail);
   /// The settings of the video.
   TranscodeVideoDetail videoDetail() const;
   /// Sets each field that differs from `videoDetail()` with its own setter, in record order. So an unchanged
@@ -278,6 +291,11 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   /// Sets each field that differs from `watermarkTextDetail()` with its own setter, in record order. So an
   /// unchanged option keeps its text, even one that cannot be read.
   void update(const TranscodeWatermarkTextDetail& fromWatermarkTextDetail);
+  /// The look settings for ARRI camera sources.
+  TranscodeArriLookDetail arriLookDetail() const;
+  /// Sets each field that differs from `arriLookDetail()` with its own setter, in record order. So an
+  /// unchanged option keeps its text, even one that cannot be read.
+  void update(const TranscodeArriLookDetail& fromArriLookDetail);
 
  protected:
   TranscodeOptions() = default;
