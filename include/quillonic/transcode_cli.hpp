@@ -7,6 +7,7 @@
 #include <quillonic/transcode_cli/detail_modifier.hpp>
 #include <quillonic/transcode_cli/details.hpp>
 #include <quillonic/transcode_cli/frame_size.hpp>
+#include <quillonic/transcode_cli/option_changes.hpp>
 #include <quillonic/transcode_cli/presets.hpp>
 #include <quillonic/transcode_cli/timecode_source.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
