@@ -52,7 +52,7 @@ need() {
 need_build_tools() { need g++ cmake ninja-build; }
 need_test_tools() {
   need_build_tools
-  need libgtest-dev libgmock-dev nlohmann-json3-dev python3 doxygen
+  need libgtest-dev libgmock-dev nlohmann-json3-dev libavutil-dev python3 doxygen
   need binutils dpkg-dev file pkgconf xz-utils # what the packaging is tested with
 }
 

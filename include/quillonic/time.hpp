@@ -3,3 +3,4 @@
 
 #include <quillonic/time/durations.hpp>
 #include <quillonic/time/timecode.hpp>
+#include <quillonic/time/timecode_rate.hpp>
