@@ -39,6 +39,8 @@ int main() {
   const auto orange = Color::cmyk(0, 0.5, 1, 0);
   std::cout << orange.description() << " is " << orange.inGenericRgbSpace()->description() << '\n';
   TranscodeCliArguments settings;
+  settings.setTimecodeBurnBoxColor(Color::rgb255(255, 255, 255));  // as a colour picker in bytes has it
+  std::cout << "white: " << settings.argumentFlagValue(VAVTimecodeBurnBoxRGB).value_or("") << '\n';
   settings.setTimecodeBurnFontColor(Color::pattern("stripes"));  // has no RGB form
   std::cout << "flags: " << settings.flagValueLookup().size() << '\n';
 

@@ -1,4 +1,4 @@
-// Start timecodes as people type them, and durations.
+// Start timecodes as people type them, counting frames, and durations.
 #include <quillonic/time.hpp>
 
 #include <iostream>
@@ -19,10 +19,14 @@ int main() {
     std::cout << '\n';
   }
 
-  // Fields are plain numbers: a caller who counts in a frame rate carries over by its own rule.
-  auto start = TimecodeComponents::defaultDropFrameTimecodeComponents;
-  start.hours = 10;
-  std::cout << "starts at " << start.timecodeString() << '\n';
+  // A timecode counts frames only at a rate.
+  constexpr auto rate = TimecodeRate::fps29_97;
+  const auto in = rate.timecode(107'892, true).value();
+  const auto out = rate.advanced(in, 1800).value();
+  std::cout << "from " << in.timecodeString() << " to " << out.timecodeString() << ": "
+            << rate.framesBetween(in, out).value() << " frames at " << rate.numerator() << '/'
+            << rate.denominator() << '\n';
+  std::cout << "drop frame at 25: " << (TimecodeRate::fps25.mayDropFrames() ? "yes" : "no") << '\n';
 
   std::cout << "copied in " << TimeInterval::formattedString(1.5 * TimeInterval::hour) << '\n';
   std::cout << "left: " << NumberUtility::secondsToStandardDurationText(90061) << '\n';

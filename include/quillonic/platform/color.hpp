@@ -1,6 +1,6 @@
 /// Colours as hosts hold them, and their conversion to red, green and blue.
 ///
-///     settings.setTimecodeBurnFontColor(Color::rgb255(255, 255, 255));   // as a colour picker in bytes has it
+///     settings.setTimecodeBurnFontColor(Color::rgb255(255, 255, 255));    // a picker in bytes
 ///     settings.setTimecodeBurnBoxColor(Color::grey(0.1));
 ///     if (auto bytes = picked.outOf255()) show(bytes->red, bytes->green, bytes->blue);
 #pragma once

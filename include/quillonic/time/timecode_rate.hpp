@@ -22,9 +22,9 @@ namespace quillonic {
 /// A frame rate at which timecodes are counted, as an exact fraction: a whole number of frames per second, or
 /// 1000/1001 of a multiple of 24 or 30, as in 30000/1001, which people call 29.97.
 ///
-/// A second of timecode always has a whole number of frames, the count: 30 at 30000/1001. So non-drop timecode
-/// falls behind the clock there. Drop frame skips the numbers of 2 frames, at a count of 30, in every minute
-/// except each tenth; 4 at 60, 8 at 120 (SMPTE ST 12-1 and 12-3). No picture is dropped.
+/// A second of timecode always has a whole number of frames, the count: 30 at 30000/1001. So non-drop
+/// timecode falls behind the clock there. Drop frame skips the numbers of 2 frames, at a count of 30, in
+/// every minute except each tenth; 4 at 60, 8 at 120 (SMPTE ST 12-1 and 12-3). No picture is dropped.
 class QUILLONIC_EXPORT TimecodeRate {
  public:
   /// 24000/1001 frames per second.
@@ -64,8 +64,9 @@ class QUILLONIC_EXPORT TimecodeRate {
   /// such as 25/2, or with a count above `greatestCount`.
   static std::optional<TimecodeRate> fromFraction(std::int64_t numerator, std::int64_t denominator) noexcept;
 
-  /// The rate that people mean by a decimal: less than 0.01 from 24000/1001 and the like means that, so 23.976,
-  /// 23.98 and 23.97 are one rate; otherwise the whole number. Nothing for any other number: nothing is rounded.
+  /// The rate that people mean by a decimal: less than 0.01 from 24000/1001 and the like means that, so
+  /// 23.976, 23.98 and 23.97 are one rate; otherwise the whole number. Nothing for any other number: nothing
+  /// is rounded.
   static std::optional<TimecodeRate> fromDecimal(double framesPerSecond) noexcept;
 
   /// The frames counted per second of timecode: 30 at 30000/1001.
@@ -87,17 +88,19 @@ class QUILLONIC_EXPORT TimecodeRate {
   /// The frames of 24 hours of timecode; nothing for drop frame at a rate without it.
   std::optional<std::int64_t> framesPerDay(bool isDropFrame) const noexcept;
 
-  /// The number of the frame with this timecode, counted from 0 at 00:00:00:00. Nothing for a timecode that is
-  /// never counted: a negative field, 60 minutes or seconds, too many frames, a number that drop frame skips,
-  /// or drop frame at a rate without it; nor for a number beyond 64 bits. Hours are not limited to a day.
+  /// The number of the frame with this timecode, counted from 0 at 00:00:00:00. Nothing for a timecode that
+  /// is never counted: a negative field, 60 minutes or seconds, too many frames, a number that drop frame
+  /// skips, or drop frame at a rate without it; nor for a number beyond 64 bits. Hours are not limited to a
+  /// day.
   std::optional<std::int64_t> frameNumber(const TimecodeComponents& timecode) const noexcept;
 
   /// The timecode of a frame, counted from 0. Hours go on after a day. Nothing for a negative number, or drop
   /// frame at a rate without it.
   std::optional<TimecodeComponents> timecode(std::int64_t frameNumber, bool isDropFrame) const noexcept;
 
-  /// The timecode so many frames later, or earlier for a negative number, counted like the given one. It wraps
-  /// round at 24 hours, as in recorders, and is always within a day. Nothing when `frameNumber` gives nothing.
+  /// The timecode so many frames later, or earlier for a negative number, counted like the given one. It
+  /// wraps round at 24 hours, as in recorders, and is always within a day. Nothing when `frameNumber` gives
+  /// nothing.
   std::optional<TimecodeComponents> advanced(const TimecodeComponents& timecode,
                                              std::int64_t frames) const noexcept;
 

@@ -24,8 +24,8 @@ namespace quillonic {
 
 /// How far a child tool is. Every part may be absent.
 struct QUILLONIC_EXPORT ProgressLine {
-  /// The part of the work that is done, from 0 to 1. Written in percent, rounded to two places; less than 1 is
-  /// never written as 100%.
+  /// The part of the work that is done, from 0 to 1. Written in percent, rounded to two places; less than 1
+  /// is never written as 100%.
   std::optional<double> fraction{};
   /// The frames that are done.
   std::optional<std::int64_t> frame{};
@@ -38,8 +38,8 @@ struct QUILLONIC_EXPORT ProgressLine {
   std::string message{};
 
   /// One line without a line break: the prefix, then "42.5% frame=1020 speed=2.5x left=00:01:30 message=Audio
-  /// track", without the absent parts. A part that is negative or not finite is left out, and a fraction above
-  /// 1 is written as 1. It begins with the percentage, so that a simple reader needs nothing else.
+  /// track", without the absent parts. A part that is negative or not finite is left out, and a fraction
+  /// above 1 is written as 1. It begins with the percentage, so that a simple reader needs nothing else.
   std::string text(std::string_view prefix = {}) const;
 
   /// Reads a line of a child leniently: spaces and line breaks at both ends do not count, the prefix may be

@@ -1,8 +1,8 @@
-/// Whole detail records that overwrite those of a model. To change single options of many models and leave the
-/// others, use `TranscodeOptionChanges`.
+/// Whole detail records that overwrite those of a model. To change single options of many models and leave
+/// the others, use `TranscodeOptionChanges`.
 ///
 ///     TranscodeDetailModifier review{{video, timecode, watermark}};
-///     for (auto& settings : queue) review.apply(*settings);    // options that `video` does not set are removed
+///     for (auto& settings : queue) review.apply(*settings);    // removes what `video` has not
 #pragma once
 
 #include <quillonic/export.hpp>

@@ -14,8 +14,8 @@
 
 namespace quillonic {
 
-/// The transcoder's exit statuses. The numbers above 1 are those of `<sysexits.h>`, so that scripts know them.
-/// A tool that a signal ends has none of them.
+/// The transcoder's exit statuses. The numbers above 1 are those of `<sysexits.h>`, so that scripts know
+/// them. A tool that a signal ends has none of them.
 enum class TranscodeExitStatus : int {
   success = 0,
   failure = 1,

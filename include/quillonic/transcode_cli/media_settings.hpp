@@ -2,7 +2,7 @@
 ///
 ///     if (!storeIn(FrameRate::fps23_98, settings)) refuse();                // "-vr" "23.976"
 ///     storeIn(ChannelLayout::matchSource, settings);                        // removes "-acl"
-///     auto size = fromArguments<VideoDimension>(settings);                  // VideoDimension::match without "-dims"
+///     auto size = fromArguments<VideoDimension>(settings);    // `match` without "-dims"
 ///     for (ColorDepth depth : allowed<ColorDepth>(VAVProRes422)) { ... }
 ///     channelLayout(VAVHexagonalAudioLayout)->channelCount();               // 6
 #pragma once
@@ -43,8 +43,8 @@ QUILLONIC_EXPORT std::optional<ChannelLayout> channelLayout(
 QUILLONIC_EXPORT std::optional<VAVTranscodeArgumentAudioChannelLayoutValue> channelLayoutValue(
     std::int64_t channelCount) noexcept;
 
-/// The rate at which timecodes are counted, as an exact fraction: 24000/1001 for `fps23_98`. Nothing for a rate
-/// that depends on the source, or without timecodes, such as 12.5.
+/// The rate at which timecodes are counted, as an exact fraction: 24000/1001 for `fps23_98`. Nothing for a
+/// rate that depends on the source, or without timecodes, such as 12.5.
 QUILLONIC_EXPORT std::optional<TimecodeRate> timecodeRate(const FrameRate& rate) noexcept;
 
 /// The settings that a codec accepts, as by its stored number: those of an unlisted codec have no limits.
@@ -65,8 +65,8 @@ template <class Setting> std::span<const Setting> allowed(const VAVTranscodeArgu
 [[nodiscard]] QUILLONIC_EXPORT bool storeIn(Cloud_ConversionOptions::CodecType codec,
                                             TranscodeCliArguments& settings);
 /// Sets "-vr"; `match` removes it. A rate that `TimecodeRate::fromDecimal` reads is written as its `decimal`:
-/// 24000/1001 is "23.976", be it given as `fps23_98` or as a custom 23.98. Half the source's rate and a custom
-/// rate that is not above 0 cannot be said.
+/// 24000/1001 is "23.976", be it given as `fps23_98` or as a custom 23.98. Half the source's rate and a
+/// custom rate that is not above 0 cannot be said.
 [[nodiscard]] QUILLONIC_EXPORT bool storeIn(const FrameRate& rate, TranscodeCliArguments& settings);
 /// Sets "-dims"; `match` removes it. Only whole pixels above 0 can be said, and no other scale of the source.
 [[nodiscard]] QUILLONIC_EXPORT bool storeIn(const VideoDimension& dimension, TranscodeCliArguments& settings);
@@ -87,8 +87,8 @@ template <class Setting> std::optional<Setting> fromArguments(const TranscodeCli
 template <>
 QUILLONIC_EXPORT std::optional<Cloud_ConversionOptions::CodecType> fromArguments(
     const TranscodeCliArguments& settings);
-/// The frame rate; `match` without "-vr". 23.976, 23.98 and the like are `fps23_98`; 0.5 is a custom rate, not
-/// half the source's.
+/// The frame rate; `match` without "-vr". 23.976, 23.98 and the like are `fps23_98`; 0.5 is a custom rate,
+/// not half the source's.
 template <> QUILLONIC_EXPORT std::optional<FrameRate> fromArguments(const TranscodeCliArguments& settings);
 /// The frame size; `match` without "-dims".
 template <>

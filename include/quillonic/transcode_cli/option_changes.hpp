@@ -7,7 +7,7 @@
 ///     review.set(VAVPrepareForWebFlag, true);               // a switch
 ///     review.remove(VAVVideoBitRateFlag);
 ///     for (auto& settings : queue) review.apply(*settings);  // every other option stays
-///     log(review.description());                            // "remove -vbr, set -vcodec prores422proxy, ..."
+///     log(review.description());    // "set -tc_burn_font_rgb 255,255,255, remove -vbr, ..."
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -30,9 +30,10 @@
 namespace quillonic {
 
 /// For each changed option its flag and its new value, or that it is removed. Flags are trimmed and
-/// lower-cased, and only valid ones are taken, as in `TranscodeCliArguments`. A later change of a flag replaces
-/// an earlier one. "-in" and "-ac_omit" stand for the flags numbered under them too, so that files or tracks are
-/// replaced as a whole: a change of "-in" comes before those of "-in_0_0" and so on, and removes the others.
+/// lower-cased, and only valid ones are taken, as in `TranscodeCliArguments`. A later change of a flag
+/// replaces an earlier one. "-in" and "-ac_omit" stand for the flags numbered under them too, so that files
+/// or tracks are replaced as a whole: a change of "-in" comes before those of "-in_0_0" and so on, and
+/// removes the others.
 class QUILLONIC_EXPORT TranscodeOptionChanges {
  public:
   /// The new value by flag, in order of the flags' texts; nothing where the flag is removed. A switch has the
@@ -42,9 +43,9 @@ class QUILLONIC_EXPORT TranscodeOptionChanges {
   /// No change.
   TranscodeOptionChanges() = default;
 
-  /// What makes `after` of `before`: `between(a, b).apply(a)` makes the flags and values of both equal, unless
-  /// the timecode of `b` has another separator than its switch. With an empty `before` it is a template of all
-  /// settings. Invalid flags do not count.
+  /// What makes `after` of `before`: `between(a, b).apply(a)` makes the flags and values of both equal,
+  /// unless the timecode of `b` has another separator than its switch. With an empty `before` it is a
+  /// template of all settings. Invalid flags do not count.
   static TranscodeOptionChanges between(const TranscodeCliArguments& before,
                                         const TranscodeCliArguments& after);
 
@@ -88,8 +89,8 @@ class QUILLONIC_EXPORT TranscodeOptionChanges {
   /// All changes.
   const ByFlag& byFlag() const noexcept { return byFlag_; }
 
-  /// Changes a model. If the timecode or its drop-frame switch changes, the timecode gets the separator of the
-  /// model's switch. When memory runs out, some changes may be made.
+  /// Changes a model. If the timecode or its drop-frame switch changes, the timecode gets the separator of
+  /// the model's switch. When memory runs out, some changes may be made.
   void apply(TranscodeCliArguments& arguments) const;
 
   /// One line in English for people and logs, "set -overwrite, remove -vbr, set -vcodec h264"; empty without

@@ -28,12 +28,12 @@ namespace quillonic {
 /// - Texts and paths are read and stored unchanged, neither trimmed nor lower-cased.
 /// - A colour is three decimal numbers separated by commas; 255 is full. It reads as the opaque colour
 /// `Color::rgb255` of these numbers, and such a colour is written with its numbers: bytes do not change. Of a
-/// colour made by `Color::rgb`, a component below 1 is a fraction of 255 and one of 1 or more counts as a value
-/// out of 255, so that the RGB colour 1, 1, 1 is written "1,1,1": a fixed contract. Components of greys and
-/// inks are always fractions. Written components are truncated toward zero. A negative component is written
-/// too, under the same contract; only a negative red does not survive a command line, because its word begins
-/// with a hyphen. A colour without an RGB form, or with a component outside 64-bit integers, removes the flag
-/// and logs a warning.
+/// colour made by `Color::rgb`, a component below 1 is a fraction of 255 and one of 1 or more counts as a
+/// value out of 255, so that the RGB colour 1, 1, 1 is written "1,1,1": a fixed contract. Components of greys
+/// and inks are always fractions. Written components are truncated toward zero. A negative component is
+/// written too, under the same contract; only a negative red does not survive a command line, because its
+/// word begins with a hyphen. A colour without an RGB form, or with a component outside 64-bit integers,
+/// removes the flag and logs a warning.
 class QUILLONIC_EXPORT TranscodeOptionValues {
  protected:
   TranscodeOptionValues() = default;
