@@ -58,7 +58,7 @@ std::optional<TimecodeRate> TimecodeRate::fromDecimal(double framesPerSecond) no
   if (!(framesPerSecond > 0 && framesPerSecond <= static_cast<double>(greatestCount))) return std::nullopt;
   const auto count = static_cast<std::int64_t>(std::ceil(framesPerSecond));
   if (framesPerSecond == static_cast<double>(count)) return TimecodeRate(count, true);
-  constexpr double tolerance = 0.01;
+  constexpr double tolerance = 0.01;  // takes 23.98, and the 23.967 of stored presets
   const TimecodeRate fractional(count, false);
   const bool isMeant = std::abs(framesPerSecond - fractional.framesPerSecond()) < tolerance;
   return isMeant && hasFractionalRate(count) ? std::optional(fractional) : std::nullopt;

@@ -19,7 +19,7 @@
 namespace quillonic {
 
 /// A timecode. It has no frame rate and counts nothing: drop frame only means the separator before the
-/// frames. Any field can have any number.
+/// frames. Any field can have any number. `TimecodeRate` counts.
 struct QUILLONIC_EXPORT TimecodeComponents {
   /// Not limited to a day.
   std::int64_t hours = 0;
