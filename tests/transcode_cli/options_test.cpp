@@ -244,6 +244,9 @@ TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
 // Also into another model, and stored in between.
 TEST(TranscodeDetails, EveryByteOfAColourTravels) {
   for (int byte = 0; byte < 256; ++byte) {
+    const auto color = Color::rgb255(byte, byte, byte);
+    EXPECT_EQ(color, Color::rgb(byte / 255.0, byte / 255.0, byte / 255.0));
+    EXPECT_EQ(color.inGenericRgbSpace()->outOf255()->blue, byte);
     const auto number = std::to_string(byte);
     const auto words = "-tc_burn_box_rgb 255,255," + number + " -tc_burn_font_rgb " + number +
                        ",0,255 -wmt_box_rgb 1,1," + number + " -wmt_font_rgb 255," + number + ",1";
