@@ -1,6 +1,7 @@
 // Any text, one per line, as a number, a frame size, a colour and a fixed value of the flags that take them.
 #include <quillonic/transcode_cli.hpp>
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -86,6 +87,29 @@ void checkFrameSize(std::string_view given) {
           "a frame size is written plainly");
 }
 
+// The colour is written as the integers of these numbers, and then the same again when it was read.
+void checkWritten(const Color& color, const std::array<double, 3>& numbers) {
+  Model model;
+  model.setTimecodeBurnFontColor(color);
+  std::string expected;
+  for (const double number : numbers) {
+    const double full = std::trunc(number);
+    if (!(full >= -0x1p63 && full < 0x1p63)) {
+      require(!model.hasArgumentFlag(VAVTimecodeBurnFontRGB),
+              "a colour that no integers hold is not written");
+      return;
+    }
+    expected += (expected.empty() ? "" : ",") + std::to_string(static_cast<std::int64_t>(full));
+  }
+  require(textOf(model, VAVTimecodeBurnFontRGB) == expected,
+          "a colour is written as its integers out of 255");
+  const auto read = model.timecodeBurnFontColor();
+  require(read.has_value(), "a colour that is written reads");
+  Model other;
+  other.setTimecodeBurnFontColor(read);
+  require(textOf(other, VAVTimecodeBurnFontRGB) == expected, "a colour that was read is written the same");
+}
+
 void checkColor(std::string_view given) {
   Model model;
   model.setArgumentFlagValue(VAVTimecodeBurnFontRGB, given);
@@ -97,25 +121,12 @@ void checkColor(std::string_view given) {
           "a colour reads as an opaque one with finite parts");
   require(color->inGenericRgbSpace() == color, "an RGB colour is its own RGB form");
 
-  std::string expected;
-  for (const double part : {rgb->red, rgb->green, rgb->blue}) {
-    // One and more counts as a value out of 255.
-    const double full = std::trunc(part < 1 ? 255 * part : part);
-    if (!(full >= -0x1p63 && full < 0x1p63)) {
-      model.setTimecodeBurnFontColor(color);
-      require(!model.hasArgumentFlag(VAVTimecodeBurnFontRGB),
-              "a colour that no integers hold is not written");
-      return;
-    }
-    expected += (expected.empty() ? "" : ",") + std::to_string(static_cast<std::int64_t>(full));
-  }
-  model.setTimecodeBurnFontColor(color);
-  require(textOf(model, VAVTimecodeBurnFontRGB) == expected,
-          "a colour is written as its integers out of 255");
-  require(model.timecodeBurnFontColor().has_value(), "a colour that is written reads");
-  if (rgb->red >= 1 || rgb->green >= 1 || rgb->blue >= 1) return;
-  model.setTimecodeBurnFontColor(model.timecodeBurnFontColor());
-  require(textOf(model, VAVTimecodeBurnFontRGB) == expected, "a colour that was written is written the same");
+  // A colour that was read is written with its numbers, and one made of the same fractions by their rule.
+  const auto numbers = color->outOf255().value();
+  checkWritten(*color, {numbers.red, numbers.green, numbers.blue});
+  const auto scaled = [](double part) { return part < 1 ? 255 * part : part; };
+  checkWritten(Color::rgb(rgb->red, rgb->green, rgb->blue),
+               {scaled(rgb->red), scaled(rgb->green), scaled(rgb->blue)});
 }
 
 void checkFixedValue(std::string_view given) {
