@@ -1,5 +1,8 @@
 #include <quillonic/tool_cli/argument_store.hpp>
 
+#include <iterator>
+#include <utility>
+
 #include "text/utf8.hpp"
 
 namespace quillonic {
@@ -43,6 +46,15 @@ std::string_view CliArgumentStore::listPrefix() const {
 
 std::string_view CliArgumentStore::listValueSeparator() const {
   return " ";
+}
+
+std::vector<std::string> CliArgumentStore::launchArguments() const {
+  return commandLineArguments();
+}
+
+void CliArgumentStore::appendTo(std::vector<std::string>& words) const {
+  auto own = launchArguments();
+  words.insert(words.end(), std::move_iterator(own.begin()), std::move_iterator(own.end()));
 }
 
 std::string CliArgumentStore::cliString() const {

@@ -21,14 +21,18 @@ using Value = std::optional<std::string_view>;
 // become a flag.
 constexpr auto flagForm = CLISanitizationOptions::lowercase;
 
+// What `commandLineArguments` of a record writes for its absolute paths, which are not one path.
+constexpr std::string_view openedListOfPaths = "[/";
+
 // Takes flags and values, one at a time; `take` returns whether it used the value.
 class Intake {
  public:
   bool take(MediaAnalysisCLIFlag flag, Value value) {
     switch (flag) {
       case MediaAnalysisCLIFlag::pathToAnalyze:
-        if (value) basic_.pathsToAnalyze.emplace_back(*value);
-        return value.has_value();
+        if (!value || value->starts_with(openedListOfPaths)) return false;
+        basic_.pathsToAnalyze.emplace_back(*value);
+        return true;
       case MediaAnalysisCLIFlag::analysisId:
         return keep(value, basic_.analysisId);
       case MediaAnalysisCLIFlag::workDirectory:
@@ -101,8 +105,7 @@ class Intake {
       }
     }
     if (parentProcessId_) {
-      read_.custodial = MediaAnalysisCLIArgumentFactory::custodialOptions(*parentProcessId_);
-      read_.custodial->parentAppNumber = parentAppNumber_;
+      read_.custodial.emplace(*parentProcessId_, parentAppNumber_);
     } else if (parentAppNumber_) {
       setAside(flagForm.sanitize(cliFlag(CLICustodialFlag::parentAppNumber)),
                std::to_string(*parentAppNumber_));

@@ -1,4 +1,3 @@
-#include <quillonic/tool_cli/flags.hpp>
 #include <quillonic/tool_cli/media_analysis_flags.hpp>
 #include <quillonic/tool_cli/media_analysis_options.hpp>
 
@@ -83,18 +82,6 @@ std::vector<MediaAnalysisCLIRecord::FlagEntry> DistributedMediaAnalysisImageOpti
   return entries;
 }
 
-bool MediaAnalysisCLICustodialOptions::operator==(const MediaAnalysisCLICustodialOptions& other) const {
-  return parentProcessId == other.parentProcessId && parentAppNumber == other.parentAppNumber;
-}
-
-std::vector<MediaAnalysisCLIRecord::FlagEntry> MediaAnalysisCLICustodialOptions::flagEntries() const {
-  std::vector<FlagEntry> entries{{cliFlag(CLICustodialFlag::parentPid), {std::to_string(parentProcessId)}}};
-  if (parentAppNumber) {
-    entries.push_back({cliFlag(CLICustodialFlag::parentAppNumber), {std::to_string(*parentAppNumber)}});
-  }
-  return entries;
-}
-
 BasicMediaAnalysisCLIOptions MediaAnalysisCLIArgumentFactory::buildBasicOptions(
     std::vector<std::string> pathsToAnalyze, std::string workDirectory, std::string resultsFilePath,
     std::optional<std::string> analysisId, bool deepAnalysis) {
@@ -129,9 +116,7 @@ DistributedMediaAnalysisImageOptions MediaAnalysisCLIArgumentFactory::buildImage
 
 MediaAnalysisCLICustodialOptions MediaAnalysisCLIArgumentFactory::custodialOptions(
     std::int32_t forParentProcessId) {
-  MediaAnalysisCLICustodialOptions options;
-  options.parentProcessId = forParentProcessId;
-  return options;
+  return MediaAnalysisCLICustodialOptions(forParentProcessId);
 }
 
 }  // namespace quillonic

@@ -100,6 +100,27 @@ TextDictionary decoded(const CodedRecord& record) {
   return lookup;
 }
 
+// Adds what differs between two dictionaries.
+void addDifferences(const TextDictionary& before, const TextDictionary& after,
+                    std::vector<TranscodeDifference>& differences) {
+  for (const auto& [flag, value] : before) {
+    const auto entry = after.find(flag);
+    if (entry == after.end()) {
+      differences.push_back({flag, value, std::nullopt});
+    } else if (entry->second != value) {
+      differences.push_back({flag, value, entry->second});
+    }
+  }
+  for (const auto& [flag, value] : after) {
+    if (!before.contains(flag)) differences.push_back({flag, std::nullopt, value});
+  }
+}
+
+void add(TextDictionary& target, TextDictionary& added, ApplyLayer layer) noexcept {
+  if (layer == ApplyLayer::aboveWhatIsSet) target.swap(added);
+  target.merge(added);
+}
+
 }  // namespace
 
 TranscodeCliArguments::TranscodeCliArguments() = default;
@@ -164,6 +185,27 @@ CodedValue TranscodeCliArguments::encode() const {
   return record;
 }
 
+TranscodeCliArguments TranscodeCliArguments::clone() const {
+  TranscodeCliArguments copy;
+  copy.flagValueLookup_ = flagValueLookup_;
+  copy.orderedFlags_ = orderedFlags_;
+  copy.invalidKeyValueLookup_ = invalidKeyValueLookup_;
+  return copy;
+}
+
+bool TranscodeCliArguments::operator==(const TranscodeCliArguments& other) const noexcept {
+  return flagValueLookup_ == other.flagValueLookup_ && invalidKeyValueLookup_ == other.invalidKeyValueLookup_;
+}
+
+std::vector<TranscodeDifference> TranscodeCliArguments::differencesFrom(
+    const TranscodeCliArguments& earlier) const {
+  std::vector<TranscodeDifference> differences;
+  addDifferences(earlier.flagValueLookup_, flagValueLookup_, differences);
+  addDifferences(earlier.invalidKeyValueLookup_, invalidKeyValueLookup_, differences);
+  std::ranges::stable_sort(differences, {}, &TranscodeDifference::flag);
+  return differences;
+}
+
 std::optional<std::vector<std::string>> TranscodeCliArguments::unknownFlags() const {
   if (allFlagsAreValid()) return std::nullopt;
   std::vector<std::string> flags;
@@ -202,6 +244,30 @@ bool TranscodeCliArguments::setArgumentFlagValue(std::string_view flag,
   return true;
 }
 
+void TranscodeCliArguments::apply(TranscodeCliPreset preset, ApplyLayer layer) {
+  apply(presetArguments(preset), layer);
+}
+
+void TranscodeCliArguments::apply(const TextDictionary& arguments, ApplyLayer layer) {
+  auto added = fromArgumentLookup(arguments);
+  add(flagValueLookup_, added.flagValueLookup_, layer);
+  add(invalidKeyValueLookup_, added.invalidKeyValueLookup_, layer);
+}
+
+void TranscodeCliArguments::setInputFiles(const std::vector<std::filesystem::path>& files) {
+  setInputFileGroups(InputFileGroups{{0, {files.begin(), files.end()}}});
+}
+
+void TranscodeCliArguments::setInputFileGroup(std::int64_t group,
+                                              const std::vector<std::filesystem::path>& files) {
+  update(TranscodeInputFileGroup{group, {files.begin(), files.end()}});
+}
+
+std::vector<std::filesystem::path> TranscodeCliArguments::inputFilePaths() const {
+  const auto files = inputFiles().value_or(std::vector<std::string>());
+  return {files.begin(), files.end()};
+}
+
 std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
   InputFileGroups groups;
   for (const auto& file : numberedFiles(flagValueLookup_)) groups[file.group].push_back(file.entry->second);
@@ -215,10 +281,6 @@ void TranscodeCliArguments::enumerateInputFileGroups(
   for (const auto& [group, files] : groups) {
     didFindGroup(std::vector<std::string_view>(files.begin(), files.end()), group);
   }
-}
-
-void TranscodeCliArguments::setInputFileGroups(const std::optional<InputFileGroups>& groups) {
-  setInputFileGroups(groups ? *groups : InputFileGroups{});
 }
 
 void TranscodeCliArguments::setInputFileGroups(const InputFileGroups& groups) {
@@ -269,6 +331,11 @@ std::optional<TimecodeSource> TranscodeCliArguments::timecodeSource() const noex
     if (flagValueLookup_.contains(cliFlag(source))) return source;
   }
   return std::nullopt;
+}
+
+std::optional<TimecodeComponents> TranscodeCliArguments::timecodeComponents() const noexcept {
+  const auto entry = flagValueLookup_.find(VAVTimecodeCustomFlag.rawValue());
+  return entry != flagValueLookup_.end() ? TimecodeComponents::fromTimecode(entry->second) : std::nullopt;
 }
 
 void TranscodeCliArguments::setTimecodeSource(std::optional<TimecodeSource> source) {

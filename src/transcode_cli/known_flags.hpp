@@ -58,6 +58,15 @@ constexpr bool isValid(std::string_view flag) noexcept {
   return false;
 }
 
+// The longest known flag that the flag contains; empty when there is none.
+constexpr std::string_view containedIn(std::string_view flag) noexcept {
+  std::string_view longest;
+  for (const auto known : detail::knownCommandFlags) {
+    if (known.size() > longest.size() && flag.find(known) != std::string_view::npos) longest = known;
+  }
+  return longest;
+}
+
 // Whether the flag's value keeps its letter case.
 constexpr bool takesPath(std::string_view flag) noexcept {
   return flag.starts_with(VAVInputPrefixFlag.rawValue()) ||

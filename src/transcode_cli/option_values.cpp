@@ -43,6 +43,14 @@ void TranscodeOptionValues::setOn(std::string_view flag, bool value) {
   }
 }
 
+void TranscodeOptionValues::writeTimecode(std::string_view flag, std::optional<std::string_view> value) {
+  auto components = value ? TimecodeComponents::fromTimecode(*value) : std::nullopt;
+  if (!components || !isOn(VAVTimecodeIsDropFlag)) return write(flag, value);
+  components->isDropFrame = true;
+  const auto text = components->timecodeString();
+  write(flag, std::optional<std::string_view>(text));
+}
+
 void TranscodeOptionValues::setDropFrame(std::string_view flag, bool value) {
   const auto timecode = flagValueLookup_.find(VAVTimecodeCustomFlag);
   auto components =

@@ -57,6 +57,13 @@ const VAVTranscodePresetValue& presetCliValue(TranscodeCliPreset preset) noexcep
   return row(preset).cliValue;
 }
 
+std::optional<TranscodeCliPreset> presetWithCliValue(std::string_view name) noexcept {
+  for (const auto preset : allCases<TranscodeCliPreset>()) {
+    if (row(preset).cliValue == name) return preset;
+  }
+  return std::nullopt;
+}
+
 std::span<const std::string_view> orderedArgumentsAsList(TranscodeCliPreset preset) noexcept {
   return row(preset).arguments;
 }

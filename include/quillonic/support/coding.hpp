@@ -151,6 +151,13 @@ template <class T> const T& CodedRecord::require(std::string_view key) const {
 /// wrong.
 template <class T> struct Coding;
 
+/// A type that can be encoded and decoded, with everything in it.
+template <class T>
+concept Codable = requires(const T& value, const CodedValue& coded) {
+  { Coding<T>::encode(value) } -> std::same_as<CodedValue>;
+  { Coding<T>::decode(coded, std::string_view{}) } -> std::same_as<T>;
+};
+
 /// A field of a record and the key it is encoded under.
 template <class Record, class Value> struct Field {
   /// The key in the coded record: a literal, so that it outlives the table.
@@ -167,11 +174,21 @@ template <class Record, class Value> Field(std::string_view, Value Record::*) ->
 /// forms can be read; keys without a field are ignored.
 template <class Record> struct FieldTable;
 
-/// A record with a table of its fields.
+namespace detail {
+template <class Value> inline constexpr bool isCodableField = Codable<Value>;
+template <class Value> inline constexpr bool isCodableField<std::optional<Value>> = Codable<Value>;
+
+template <class Fields> inline constexpr bool areCodableFields = false;
+template <class Record, class... Values>
+inline constexpr bool areCodableFields<const std::tuple<Field<Record, Values>...>> =
+    (isCodableField<Values> && ...);
+}  // namespace detail
+
+/// A record with a table of its fields, all of which are codable. A record that holds records of its own type
+/// encodes itself instead.
 template <class T>
-concept RecordOfFields = std::default_initializable<T> && requires {
-  FieldTable<T>::fields;
-};
+concept RecordOfFields =
+    std::default_initializable<T> && detail::areCodableFields<decltype(FieldTable<T>::fields)>;
 
 /// A type that encodes itself.
 template <class T>
@@ -197,7 +214,7 @@ template <> struct Coding<double> {
   }
 };
 
-template <class T> struct Coding<std::vector<T>> {
+template <Codable T> struct Coding<std::vector<T>> {
   static CodedValue encode(const std::vector<T>& values) {
     CodedList list;
     list.reserve(values.size());
@@ -214,7 +231,12 @@ template <class T> struct Coding<std::vector<T>> {
 };
 
 template <RawHashCase T> struct Coding<T> {
-  static CodedValue encode(const T& value) { return std::string(rawValue(value)); }
+  static CodedValue encode(const T& value) {
+    if constexpr (ClosedEnumeration<T>) {
+      if (!detail::rowOf(value)) throw DecodingError({}, "the enumeration has no such case");
+    }
+    return std::string(rawValue(value));
+  }
   static T decode(const CodedValue& coded, std::string_view key) {
     const auto& text = coded.require<std::string>(key);
     if (auto value = fromRawValue<T>(text)) return *std::move(value);
@@ -261,14 +283,8 @@ template <RecordOfFields T> struct Coding<T> {
   }
 };
 
-/// A type that can be encoded and decoded.
-template <class T>
-concept Codable = requires(const T& value, const CodedValue& coded) {
-  { Coding<T>::encode(value) } -> std::same_as<CodedValue>;
-  { Coding<T>::decode(coded, std::string_view{}) } -> std::same_as<T>;
-};
-
-/// Encodes a value.
+/// Encodes a value. Throws a `DecodingError` for a value that could not be decoded: a number that is no case
+/// of a closed enumeration.
 template <class T> CodedValue encode(const T& value) {
   static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::encode(value);

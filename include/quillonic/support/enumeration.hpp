@@ -13,6 +13,7 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -114,6 +115,7 @@ template <class T>
 concept RawHashCase = std::equality_comparable<T> && requires(const T& value) {
   { rawValue(value) } -> std::convertible_to<std::string_view>;
   { fromRawValue<T>(std::string_view{}) } -> std::same_as<std::optional<T>>;
+  { std::hash<T>{}(value) } -> std::same_as<std::size_t>;
 };
 
 /// A value that encodes as its bare text (see coding.hpp).

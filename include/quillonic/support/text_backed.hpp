@@ -2,7 +2,13 @@
 ///
 ///     VAVTranscodeArgumentVideoCodecValue codec = VAVAvcH264Codec;   // a listed constant, at no cost
 ///     VAVTranscodeArgumentVideoCodecValue other(userText);           // any std::string can be wrapped
-///     if (codec == other) ...                                        // by text
+///     if (codec == other || codec == "h265") ...                     // by text
+///     std::cout << codec << ' ' << std::string(codec);
+///
+///     using Codec = CaseOf<VAVTranscodeArgumentVideoCodecValue>;     // an `enum class` of the listed values
+///     if (const auto listed = codec.listedCase()) {
+///       switch (*listed) { case Codec::dnxhdCodec: ... }             // a compiler warns of a missing case
+///     }
 #pragma once
 
 #include <quillonic/support/enumeration.hpp>
@@ -10,6 +16,7 @@
 #include <compare>
 #include <concepts>
 #include <cstddef>
+#include <ios>
 #include <optional>
 #include <span>
 #include <string>
@@ -34,8 +41,12 @@ class TextLiteral {
   std::string_view text_;
 };
 
+/// The listed values of an open enumeration as a closed one, in the same order, for a `switch`. An enumerator
+/// has the name of its constant, without "VAV" and with a small first letter.
+template <class Open> using CaseOf = typename CaseTable<Open>::Case;
+
 /// Base of the open enumerations. A listed constant refers to its literal; a text wrapped at run time is
-/// owned. Values compare and hash by text, and convert to `std::string_view`.
+/// owned. Values compare, hash and print by text, and convert to `std::string_view`.
 template <class Self> class TextBacked {
  public:
   /// Wraps a literal: `constexpr`, never allocates.
@@ -47,6 +58,13 @@ template <class Self> class TextBacked {
       std::same_as<std::remove_cvref_t<Text>, std::string_view>
   constexpr explicit TextBacked(Text&& text)
       : text_(std::in_place_type<std::string>, std::forward<Text>(text)) {}
+
+  /// Wraps a copy of a text that ends with NUL; a null pointer gives the empty text.
+  template <class Text>
+  requires std::same_as < std::remove_cvref_t<Text>,
+  const char* > || std::convertible_to<Text, char*>
+      // NOLINTNEXTLINE(bugprone-forwarding-reference-overload): constrained to characters
+      constexpr explicit TextBacked(Text&& text) : text_(std::in_place_type<std::string>, orEmpty(text)) {}
 
   /// The text, valid as long as the value.
   constexpr std::string_view rawValue() const noexcept {
@@ -69,6 +87,14 @@ template <class Self> class TextBacked {
     return value ? std::optional(*value) : std::nullopt;
   }
 
+  /// Which listed value this is, as a `CaseOf` its type; nothing for other texts. Its number is the position
+  /// in `allCases`.
+  constexpr auto listedCase() const noexcept {
+    using Case = CaseOf<Self>;
+    const auto* value = detail::rowWhere(allCases(), &TextBacked::rawValue, rawValue());
+    return value ? std::optional(static_cast<Case>(value - allCases().data())) : std::nullopt;
+  }
+
   friend constexpr bool operator==(const Self& a, const Self& b) noexcept {
     return a.rawValue() == b.rawValue();
   }
@@ -81,8 +107,16 @@ template <class Self> class TextBacked {
     return a.rawValue() <=> b;
   }
   friend constexpr std::string_view rawValue(const Self& value) noexcept { return value.rawValue(); }
+  /// Prints the text.
+  template <class Traits>
+  friend std::basic_ostream<char, Traits>& operator<<(std::basic_ostream<char, Traits>& out,
+                                                      const Self& value) {
+    return out << value.rawValue();
+  }
 
  private:
+  static constexpr const char* orEmpty(const char* text) noexcept { return text ? text : ""; }
+
   std::variant<std::string_view, std::string> text_;
 };
 

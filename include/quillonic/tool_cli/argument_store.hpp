@@ -1,4 +1,8 @@
 /// Writes any record of command-line settings as words, as one text, and as lists.
+///
+///     auto words = settings.launchArguments();          // what starts a child
+///     custodial.appendTo(words);
+///     log(shellQuoted(words));                          // see shell_quoting.hpp
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -30,7 +34,14 @@ class QUILLONIC_EXPORT CliArgumentStore {
   /// read.
   virtual std::string_view listValueSeparator() const;
 
-  /// Joins the ordered texts without spaces or quotes: a fixed form, although it cannot be split again.
+  /// The words that start a child with these settings, in order, one element a word. Every record has them
+  /// under this name; `commandLineArguments` and `orderedCLITexts` are not both such a list in every record.
+  virtual std::vector<std::string> launchArguments() const;
+  /// Appends `launchArguments`, so that one child gets the words of several records.
+  void appendTo(std::vector<std::string>& words) const;
+
+  /// Joins the ordered texts without spaces or quotes: a fixed form, although it cannot be split again;
+  /// `shellQuoted` writes a line that can.
   virtual std::string cliString() const;
 
   /// Every flag and its value as two words, in key order. A flag without a value has an empty word.

@@ -1,8 +1,8 @@
-/// What the flags of all tools have in common, and the flags that a parent adds to each child's command line.
+/// What the flags of all tools have in common, and the flags that a parent adds to each child's command line;
+/// `CLICustodialOptions` writes and reads those.
 ///
-///     std::vector<std::string> list = settings.commandLineArguments();
-///     list.emplace_back(cliFlag(CLICustodialFlag::parentPid));
-///     list.push_back(std::to_string(getpid()));
+///     static_assert(cliFlag(CLICustodialFlag::parentPid) == "-parentPid");
+///     static_assert(acceptsArguments(CLICustodialFlag::parentPid));
 #pragma once
 
 #include <quillonic/support/enumeration.hpp>

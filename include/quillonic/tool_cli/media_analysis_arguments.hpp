@@ -23,7 +23,8 @@ namespace quillonic {
 /// `CLIArgumentSanitizer` decides which words are flags: case does not matter, and "-workDirectoryPath" is
 /// read as "-workDirectory", which it contains. Values keep leading and trailing spaces. A flag that allows
 /// several values takes every word after it; any other flag takes the last. A switch is on when it is
-/// present, whatever comes after it.
+/// present, whatever comes after it. A path to analyse that begins with "[/" is set aside: it is the list of
+/// all paths that `commandLineArguments` writes.
 struct QUILLONIC_EXPORT MediaAnalysisCLIArguments {
   /// An unused flag in lower case, and its value.
   struct SetAside {

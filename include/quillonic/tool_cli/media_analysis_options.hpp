@@ -2,9 +2,8 @@
 ///
 ///     auto basic = MediaAnalysisCLIArgumentFactory::buildBasicOptions(
 ///         {"/media/card"}, "/tmp/work", "/tmp/results", std::nullopt, false);
-///     auto custodial = MediaAnalysisCLIArgumentFactory::custodialOptions(getpid());
-///     std::vector<std::string> words = basic.orderedCLITexts();
-///     std::ranges::copy(custodial.orderedCLITexts(), std::back_inserter(words));   // the child's arguments
+///     auto words = basic.launchArguments();                       // the child's arguments
+///     CLICustodialOptions(getpid()).appendTo(words);
 ///
 /// The words of several records may come in any order; `MediaAnalysisCLIArguments` reads them. It takes a
 /// value with a leading "-" for a flag, so the value is lost: write absolute paths. Negative numbers are lost
@@ -14,6 +13,7 @@
 #include <quillonic/export.hpp>
 #include <quillonic/support/text_dictionary.hpp>
 #include <quillonic/tool_cli/argument_store.hpp>
+#include <quillonic/tool_cli/custodial_options.hpp>
 
 #include <cstdint>
 #include <optional>
@@ -30,8 +30,11 @@ class QUILLONIC_EXPORT MediaAnalysisCLIRecord : public CliArgumentStore {
   /// before each of them, a switch alone if it is on. Numbers are their shortest decimals without an exponent
   /// ("1920.0"). `cliString` joins these words.
   std::vector<std::string> orderedCLITexts() const final;
+  /// The words of `orderedCLITexts`. The list of `commandLineArguments` starts no tool: it has several values
+  /// as one, which the tool refuses.
+  std::vector<std::string> launchArguments() const final { return orderedCLITexts(); }
 
-  /// The flags and their values, for inspection: start a tool with `orderedCLITexts`. A flag that allows
+  /// The flags and their values, for inspection: start a tool with `launchArguments`. A flag that allows
   /// several values has them as one list, "[a b" or "[a", in which a space within a path separates too;
   /// without values it has no entry. A switch that is on has the empty text.
   TextDictionary argumentLookup() const final;
@@ -94,19 +97,8 @@ struct QUILLONIC_EXPORT DistributedMediaAnalysisImageOptions final : MediaAnalys
   std::vector<FlagEntry> flagEntries() const override;
 };
 
-/// The process that starts the tool: "-parentPid", then "-parentAppNumber" if present.
-struct QUILLONIC_EXPORT MediaAnalysisCLICustodialOptions final : MediaAnalysisCLIRecord {
-  /// The process identifier of the parent application.
-  std::int32_t parentProcessId = 0;
-  /// The number that identifies the parent application; absent until the parent sets it.
-  std::optional<std::int64_t> parentAppNumber;
-
-  /// Compares field by field.
-  bool operator==(const MediaAnalysisCLICustodialOptions& other) const;
-
- private:
-  std::vector<FlagEntry> flagEntries() const override;
-};
+/// The process that starts the tool, as for every tool.
+using MediaAnalysisCLICustodialOptions = CLICustodialOptions;
 
 /// Makes the records, with every argument kept as given.
 class QUILLONIC_EXPORT MediaAnalysisCLIArgumentFactory {

@@ -3,8 +3,10 @@
 ///
 ///     static_assert(VAVVideoFormatFlag.valueKind() == FlagValueKind::listed);
 ///     for (const auto& flag : allCases<VAVTranscodeVideoArgumentFlag>()) {
-///       std::cout << flag.cliFlag() << ' ' << rawValue(flag.valueKind()) << "  " << flag.meaning() << '\n';
+///       std::cout << flag << ' ' << rawValue(flag.valueKind()) << "  " << flag.meaning() << '\n';
+///       for (const auto value : flag.fixedValues()) std::cout << "  " << value << '\n';
 ///     }
+///     if (const auto* row = transcodeFlagRow("-vr")) std::cout << row->meaning;    // a flag of any family
 #pragma once
 
 #include <quillonic/support/enumeration.hpp>
@@ -12,6 +14,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace quillonic {
@@ -53,7 +56,7 @@ template <> struct CaseTable<FlagValueKind> {
   });
 };
 
-/// One flag, its kind of value and its sentence.
+/// One flag, its kind of value, its sentence and its fixed values.
 struct TranscodeFlagRow {
   /// The flag with its hyphen.
   std::string_view text;
@@ -61,6 +64,8 @@ struct TranscodeFlagRow {
   FlagValueKind valueKind;
   /// An English sentence for help texts.
   std::string_view meaning;
+  /// The listed values, in order; none for a flag that takes anything else.
+  std::span<const std::string_view> fixedValues{};
 };
 
 /// The families of flags.
@@ -97,6 +102,13 @@ template <TranscodeFlagFamily family> class TranscodeFlag : public TextBacked<Tr
   constexpr std::string_view meaning() const noexcept {
     const auto* row = this->row();
     return row ? row->meaning : std::string_view{};
+  }
+
+  /// The values that can follow, in their fixed order; none for a flag that takes anything else, and for a
+  /// text without a constant.
+  constexpr std::span<const std::string_view> fixedValues() const noexcept {
+    const auto* row = this->row();
+    return row ? row->fixedValues : std::span<const std::string_view>{};
   }
 
   friend constexpr std::string_view cliFlag(const TranscodeFlag& flag) noexcept { return flag.cliFlag(); }

@@ -6,9 +6,102 @@
 #include <quillonic/transcode_cli/flags.hpp>
 
 #include <array>
+#include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace quillonic {
+
+namespace detail {
+
+// The texts of the fixed values that follow flags.
+inline constexpr std::array<std::string_view, 3> textsOfVAVTranscodeArgumentFileFormatValue{
+    std::string_view("qt"),
+    std::string_view("mp4"),
+    std::string_view("wav"),
+};
+inline constexpr std::array<std::string_view, 11> textsOfVAVTranscodeArgumentVideoCodecValue{
+    std::string_view("dnxhd"),
+    std::string_view("h264"),
+    std::string_view("h265"),
+    std::string_view("mjpeg"),
+    std::string_view("mp4"),
+    std::string_view("prores4444"),
+    std::string_view("prores4444xq"),
+    std::string_view("prores422"),
+    std::string_view("prores422hq"),
+    std::string_view("prores422lt"),
+    std::string_view("prores422proxy"),
+};
+inline constexpr std::array<std::string_view, 4> textsOfVAVTranscodeArgumentAspectRatioValue{
+    std::string_view("match"),
+    std::string_view("stretch"),
+    std::string_view("letterbox"),
+    std::string_view("crop"),
+};
+inline constexpr std::array<std::string_view, 9> textsOfVAVTranscodeArgumentOverlayAnchorValue{
+    std::string_view("tl"),
+    std::string_view("tc"),
+    std::string_view("tr"),
+    std::string_view("cl"),
+    std::string_view("c"),
+    std::string_view("cr"),
+    std::string_view("bl"),
+    std::string_view("bc"),
+    std::string_view("br"),
+};
+inline constexpr std::array<std::string_view, 5> textsOfVAVTranscodeArgumentColorSpaceValue{
+    std::string_view("rec_2020"),
+    std::string_view("rec_709"),
+    std::string_view("sRGB"),
+    std::string_view("smpte_c"),
+    std::string_view("ebu_3213"),
+};
+inline constexpr std::array<std::string_view, 3> textsOfVAVTranscodeArgumentAudioFormatValue{
+    std::string_view("lpcm"),
+    std::string_view("aac"),
+    std::string_view("apple_lossless"),
+};
+inline constexpr std::array<std::string_view, 6> textsOfVAVTranscodeArgumentAudioChannelLayoutValue{
+    std::string_view("mono"),
+    std::string_view("stereo"),
+    std::string_view("quad"),
+    std::string_view("pent"),
+    std::string_view("hex"),
+    std::string_view("oct"),
+};
+inline constexpr std::array<std::string_view, 2> textsOfVAVTranscodePresetValue{
+    std::string_view("vantiro_cloud"),
+    std::string_view("vantiro_4444xq"),
+};
+inline constexpr std::array<std::string_view, 6> textsOfVAVArriLookColorSpaces{
+    std::string_view("rec709"),
+    std::string_view("rec2020"),
+    std::string_view("p3"),
+    std::string_view("ap0"),
+    std::string_view("awg3"),
+    std::string_view("awg4"),
+};
+inline constexpr std::array<std::string_view, 3> textsOfVAVArriWhitePoints{
+    std::string_view("d60"),
+    std::string_view("dci"),
+    std::string_view("d65"),
+};
+inline constexpr std::array<std::string_view, 7> textsOfVAVArriCurves{
+    std::string_view("bt1886"),
+    std::string_view("dci"),
+    std::string_view("pq"),
+    std::string_view("hlg"),
+    std::string_view("logc3"),
+    std::string_view("logc4"),
+    std::string_view("linear"),
+};
+inline constexpr std::array<std::string_view, 2> textsOfVAVArriLookResolutions{
+    std::string_view("ignore"),
+    std::string_view("first"),
+};
+
+}  // namespace detail
 
 /// Prints how the tool is used.
 inline constexpr VAVTranscodeCliCommand VAVCliHelpFlag{"-h"};
@@ -53,6 +146,20 @@ struct CaseTable<VAVTranscodeCliCommand> {
       VAVCliAudioChannelLayoutsFlag,
       VAVCliTimecodeBurnAnchorsFlag,
       VAVCliGpuPlatformsFlag,
+  };
+  enum class Case : std::uint8_t {
+    cliHelpFlag,
+    cliCodecsFlag,
+    cliFormatsFlag,
+    cliVersionFlag,
+    cliAcknowledgementFlag,
+    cliPresetsFlag,
+    cliAspectRatioScalingsFlag,
+    cliCropAnchorsFlag,
+    cliColorSpacesFlag,
+    cliAudioChannelLayoutsFlag,
+    cliTimecodeBurnAnchorsFlag,
+    cliGpuPlatformsFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 13> flags{{
       {"-h", FlagValueKind::none, "Prints how the tool is used."},
@@ -108,6 +215,18 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
       VAVPresetFlag,
       VAVWorkDirectoryFlag,
   };
+  enum class Case : std::uint8_t {
+    inputPrefixFlag,
+    outputFileFlag,
+    progressFileFlag,
+    progressOutputPrefixFlag,
+    overwriteExistingFlag,
+    fileFormatFlag,
+    colorLutFileFlag,
+    prepareForWebFlag,
+    presetFlag,
+    workDirectoryFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 10> flags{{
       {"-in", FlagValueKind::path,
        "An input file; also the prefix of numbered ones, as in \"-in_0_2\": group 0, position 2. Files are taken group by group, in each by position, both ascending."},
@@ -115,10 +234,12 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
       {"-progress_file", FlagValueKind::path, "The file that receives the progress."},
       {"-progress_prefix", FlagValueKind::text, "A prefix for each progress line."},
       {"-overwrite", FlagValueKind::none, "Replaces an existing output file."},
-      {"-file_format", FlagValueKind::listed, "The container format."},
+      {"-file_format", FlagValueKind::listed,
+       "The container format.", detail::textsOfVAVTranscodeArgumentFileFormatValue},
       {"-clut", FlagValueKind::path, "The file of a colour look-up table."},
       {"-web", FlagValueKind::none, "Arranges the output for playback over a network."},
-      {"-preset", FlagValueKind::listed, "A preset built into the tool."},
+      {"-preset", FlagValueKind::listed,
+       "A preset built into the tool.", detail::textsOfVAVTranscodePresetValue},
       {"-work_dir", FlagValueKind::path, "The folder for temporary files."},
   }};
 };
@@ -172,18 +293,37 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
       VAVRedRocketDeviceFlag,
       VAVVideoProfileFlag,
   };
+  enum class Case : std::uint8_t {
+    noVideoFlag,
+    videoFormatFlag,
+    videoFrameRateFlag,
+    videoDimensionsFlag,
+    videoAspectScalingFlag,
+    videoAspectCropAnchorFlag,
+    videoBitRateFlag,
+    videoBitDepthFlag,
+    videoColorSpaceFlag,
+    videoKeyFramesFlag,
+    videoGPUDecodingFlag,
+    videoGPUEncodingFlag,
+    redRocketDeviceFlag,
+    videoProfileFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 14> flags{{
       {"-vn", FlagValueKind::none, "Leaves the video out."},
-      {"-vcodec", FlagValueKind::listed, "The video codec."},
+      {"-vcodec", FlagValueKind::listed,
+       "The video codec.", detail::textsOfVAVTranscodeArgumentVideoCodecValue},
       {"-vr", FlagValueKind::decimal, "Frames per second."},
       {"-dims", FlagValueKind::size, "The frame size in pixels, as in \"960x540\"."},
-      {"-aspect_scaling", FlagValueKind::listed, "How to fit a picture of another aspect ratio."},
-      {"-crop_anchor", FlagValueKind::listed, "The part of the picture that a crop keeps."},
+      {"-aspect_scaling", FlagValueKind::listed,
+       "How to fit a picture of another aspect ratio.", detail::textsOfVAVTranscodeArgumentAspectRatioValue},
+      {"-crop_anchor", FlagValueKind::listed,
+       "The part of the picture that a crop keeps.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
       {"-vbr", FlagValueKind::decimal,
        "The video's bit rate in megabits per second; the cloud preset has 3."},
       {"-vbd", FlagValueKind::integer, "Bits per colour component."},
       {"-c_space", FlagValueKind::listed,
-       "The colour space; whether the picture is converted to it or only tagged with it is the tool's choice."},
+       "The colour space; whether the picture is converted to it or only tagged with it is the tool's choice.", detail::textsOfVAVTranscodeArgumentColorSpaceValue},
       {"-key_frames", FlagValueKind::integer, "Frames from one key frame to the next."},
       {"-gpu_decoding", FlagValueKind::none, "Decodes on the GPU."},
       {"-gpu_encoding", FlagValueKind::none, "Encodes on the GPU."},
@@ -227,6 +367,17 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
       VAVAudioChannelLayoutFlag,
       VAVAudioBitRateFlag,
   };
+  enum class Case : std::uint8_t {
+    noAudioFlag,
+    copyAudioFlag,
+    audioIgnoreTracksPrefixFlag,
+    discreteAudioFlag,
+    audioFormatFlag,
+    audioBitsPerChannelFlag,
+    audioSampleRateFlag,
+    audioChannelLayoutFlag,
+    audioBitRateFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 9> flags{{
       {"-an", FlagValueKind::none, "Leaves the audio out."},
       {"-acopy", FlagValueKind::none, "Copies the source's audio."},
@@ -234,10 +385,12 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
        "The audio tracks to leave out, counted from 0, each under a flag that begins so, as in \"-ac_omit_0\"."},
       {"-adiscrete", FlagValueKind::none,
        "Writes discrete output channels; what that makes of a channel layout is the tool's choice."},
-      {"-acodec", FlagValueKind::listed, "The audio codec."},
+      {"-acodec", FlagValueKind::listed,
+       "The audio codec.", detail::textsOfVAVTranscodeArgumentAudioFormatValue},
       {"-abpc", FlagValueKind::integer, "Bits per sample of each channel."},
       {"-asr", FlagValueKind::integer, "Samples per second, in hertz."},
-      {"-acl", FlagValueKind::listed, "The channel layout."},
+      {"-acl", FlagValueKind::listed,
+       "The channel layout.", detail::textsOfVAVTranscodeArgumentAudioChannelLayoutValue},
       {"-abr", FlagValueKind::integer,
        "The audio's bit rate in the tool's own unit; the library does not scale it."},
   }};
@@ -282,11 +435,23 @@ struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
       VAVTimecodeFrameRateFlag,
       VAVTimecodeIsDropFlag,
   };
+  enum class Case : std::uint8_t {
+    timecodeAddTrackFlag,
+    timecodeAddBurnFlag,
+    timecodeBurnFontSize,
+    timecodeBurnFontRGB,
+    timecodeBurnBoxRGB,
+    timecodeMatchSourceFlag,
+    timecodeFromCreationDateFlag,
+    timecodeCustomFlag,
+    timecodeFrameRateFlag,
+    timecodeIsDropFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 11> flags{{
       {"-tc_track", FlagValueKind::none, "Adds a timecode track."},
       {"-tc_burn", FlagValueKind::none, "Burns the timecode into the picture."},
       {"-tc_burn_anchor", FlagValueKind::listed,
-       "Where the timecode is burnt in; valid because it contains \"-tc_burn\"."},
+       "Where the timecode is burnt in; valid because it contains \"-tc_burn\".", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
       {"-tc_burn_size", FlagValueKind::integer,
        "The font size of the burnt-in timecode, in the tool's own unit."},
       {"-tc_burn_font_rgb", FlagValueKind::color, "The font colour of the burnt-in timecode."},
@@ -315,8 +480,14 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
       VAVWatermarkFileBurnFilePathFlag,
       VAVWatermarkFileBurnScaleFlag,
   };
+  enum class Case : std::uint8_t {
+    watermarkFileBurnAnchorFlag,
+    watermarkFileBurnFilePathFlag,
+    watermarkFileBurnScaleFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 3> flags{{
-      {"-wmf_anchor", FlagValueKind::listed, "Where the image is placed."},
+      {"-wmf_anchor", FlagValueKind::listed,
+       "Where the image is placed.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
       {"-wmf_path", FlagValueKind::path,
        "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
       {"-wmf_scale", FlagValueKind::decimal,
@@ -348,11 +519,20 @@ struct CaseTable<VAVTranscodeWatermarkTextArgumentFlag> {
       VAVWatermarkTextBurnFontRGBFlag,
       VAVWatermarkTextBurnBoxRGBFlag,
   };
+  enum class Case : std::uint8_t {
+    watermarkTextAddBurnFlag,
+    watermarkTextBurnTextFlag,
+    watermarkTextBurnFontSizeFlag,
+    watermarkTextBurnAnchorFlag,
+    watermarkTextBurnFontRGBFlag,
+    watermarkTextBurnBoxRGBFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 6> flags{{
       {"-wmt_burn", FlagValueKind::none, "Burns a text into the picture."},
       {"-wmt_text", FlagValueKind::text, "The text."},
       {"-wmt_size", FlagValueKind::integer, "The font size of the text, in the tool's own unit."},
-      {"-wmt_anchor", FlagValueKind::listed, "Where the text is placed."},
+      {"-wmt_anchor", FlagValueKind::listed,
+       "Where the text is placed.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
       {"-wmt_font_rgb", FlagValueKind::color, "The font colour of the text."},
       {"-wmt_box_rgb", FlagValueKind::color, "The colour of the box around the text."},
   }};
@@ -376,11 +556,18 @@ struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
       VAVArriLookColorSpaceCurveFlag,
       VAVArriLookInvalidLookResolutionFlag,
   };
+  enum class Case : std::uint8_t {
+    arriLookColorSpacePrimaryFlag,
+    arriLookColorSpaceWhitePointFlag,
+    arriLookColorSpaceCurveFlag,
+    arriLookInvalidLookResolutionFlag,
+  };
   static constexpr std::array<TranscodeFlagRow, 4> flags{{
-      {"-arri_cs", FlagValueKind::text, "The colour primaries."},
-      {"-arri_wp", FlagValueKind::text, "The white point."},
-      {"-arri_curve", FlagValueKind::text, "The transfer curve."},
-      {"-arri_inv_res", FlagValueKind::text, "What to do with an invalid look."},
+      {"-arri_cs", FlagValueKind::text, "The colour primaries.", detail::textsOfVAVArriLookColorSpaces},
+      {"-arri_wp", FlagValueKind::text, "The white point.", detail::textsOfVAVArriWhitePoints},
+      {"-arri_curve", FlagValueKind::text, "The transfer curve.", detail::textsOfVAVArriCurves},
+      {"-arri_inv_res", FlagValueKind::text,
+       "What to do with an invalid look.", detail::textsOfVAVArriLookResolutions},
   }};
 };
 
@@ -467,6 +654,26 @@ inline constexpr std::array<std::string_view, 5> pathFlags{
     std::string_view("-work_dir"),
 };
 
+// The rows of all flags, by family.
+inline constexpr std::array<std::span<const TranscodeFlagRow>, 8> flagRows{
+    CaseTable<VAVTranscodeCliCommand>::flags,
+    CaseTable<VAVTranscodeArgumentFlag>::flags,
+    CaseTable<VAVTranscodeVideoArgumentFlag>::flags,
+    CaseTable<VAVTranscodeAudioArgumentFlag>::flags,
+    CaseTable<VAVTranscodeTimecodeArgumentFlag>::flags,
+    CaseTable<VAVTranscodeWatermarkFileArgumentFlag>::flags,
+    CaseTable<VAVTranscodeWatermarkTextArgumentFlag>::flags,
+    CaseTable<VAVTranscodeArriLookArgumentFlag>::flags,
+};
+
 }  // namespace detail
+
+/// The row of a flag of any family, hyphen included; null for a text without a constant.
+constexpr const TranscodeFlagRow* transcodeFlagRow(std::string_view flag) noexcept {
+  for (const auto& rows : detail::flagRows) {
+    if (const auto* row = detail::rowWhere(rows, &TranscodeFlagRow::text, flag)) return row;
+  }
+  return nullptr;
+}
 
 }  // namespace quillonic

@@ -45,6 +45,8 @@ class QUILLONIC_EXPORT TranscodeOptionValues {
   bool isOn(std::string_view flag) const noexcept;
   /// Stores the flag with the empty text, or removes it.
   void setOn(std::string_view flag, bool value);
+  /// Stores a timecode with the separator of the drop-frame switch, if that is set; or removes it.
+  void writeTimecode(std::string_view flag, std::optional<std::string_view> value);
   /// Sets or removes a switch and changes the separator of the timecode to match.
   void setDropFrame(std::string_view flag, bool value);
 

@@ -204,6 +204,8 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setTimecodeFromCreationDate(bool value);
   /// Starts at this timecode.
   std::optional<std::string> timecode() const;
+  /// Sets or removes "-tc_custom". If the drop-frame switch is set, a timecode that reads strictly gets its
+  /// separator.
   void setTimecode(std::optional<std::string_view> value);
   /// The timecode's frames per second.
   std::optional<double> timecodeFrameRate() const;

@@ -1,8 +1,12 @@
 /// The transcoder's built-in presets.
 ///
-///     TextDictionary lookup = presetArguments(TranscodeCliPreset::vantiroCloud);
-///     lookup.emplace(VAVOutputFileFlag, "/media/review.mov");
-///     auto settings = TranscodeCliArguments::fromArgumentLookup(lookup);
+///     for (const auto preset : allCases<TranscodeCliPreset>()) menu.add(description(preset));
+///
+///     if (const auto named = settings.preset()) {                               // "-preset vantiro_cloud"
+///       if (const auto preset = presetWithCliValue(*named)) {
+///         settings.apply(*preset, ApplyLayer::belowWhatIsSet);                  // see arguments.hpp
+///       }
+///     }
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -12,6 +16,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -33,6 +38,10 @@ QUILLONIC_EXPORT std::string_view description(TranscodeCliPreset preset) noexcep
 
 /// The preset's name on a command line: the value of "-preset".
 QUILLONIC_EXPORT const VAVTranscodePresetValue& presetCliValue(TranscodeCliPreset preset) noexcept;
+
+/// The preset with this name on a command line, case included; nothing for any other text. Takes a
+/// `VAVTranscodePresetValue` too.
+QUILLONIC_EXPORT std::optional<TranscodeCliPreset> presetWithCliValue(std::string_view name) noexcept;
 
 /// The preset's flags and values in order: flag, value, flag, value. A switch has an empty text. The span
 /// stays valid for the life of the program.

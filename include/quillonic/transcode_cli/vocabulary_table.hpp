@@ -6,6 +6,7 @@
 #include <quillonic/transcode_cli/enumerations.hpp>
 
 #include <array>
+#include <cstdint>
 #include <string_view>
 
 namespace quillonic {
@@ -24,6 +25,11 @@ struct CaseTable<VAVTranscodeArgumentFileFormatValue> {
       VAVQuickTimeFileFormat,
       VAVMp4Format,
       VAVWaveFileFormat,
+  };
+  enum class Case : std::uint8_t {
+    quickTimeFileFormat,
+    mp4Format,
+    waveFileFormat,
   };
 };
 
@@ -66,6 +72,19 @@ struct CaseTable<VAVTranscodeArgumentVideoCodecValue> {
       VAVProRes422LT,
       VAVProRes422Proxy,
   };
+  enum class Case : std::uint8_t {
+    dnxhdCodec,
+    avcH264Codec,
+    hevcCodec,
+    motionJpegCodec,
+    mpeg4Codec,
+    proRes4444,
+    proRes4444XQ,
+    proRes422,
+    proRes422HQ,
+    proRes422LT,
+    proRes422Proxy,
+  };
 };
 
 /// Keeps the source's aspect ratio.
@@ -85,6 +104,12 @@ struct CaseTable<VAVTranscodeArgumentAspectRatioValue> {
       VAVStretchAspect,
       VAVLetterboxAspect,
       VAVCropAspect,
+  };
+  enum class Case : std::uint8_t {
+    matchSourceRatio,
+    stretchAspect,
+    letterboxAspect,
+    cropAspect,
   };
 };
 
@@ -121,6 +146,17 @@ struct CaseTable<VAVTranscodeArgumentOverlayAnchorValue> {
       VAVAnchorBottomCenter,
       VAVAnchorBottomRight,
   };
+  enum class Case : std::uint8_t {
+    anchorTopLeft,
+    anchorTopCenter,
+    anchorTopRight,
+    anchorCenterLeft,
+    anchorCenter,
+    anchorCenterRight,
+    anchorBottomLeft,
+    anchorBottomCenter,
+    anchorBottomRight,
+  };
 };
 
 /// ITU-R BT.2020.
@@ -144,6 +180,13 @@ struct CaseTable<VAVTranscodeArgumentColorSpaceValue> {
       VAVSmptecColorSpace,
       VAVEbu3213ColorSpace,
   };
+  enum class Case : std::uint8_t {
+    rec2020ColorSpace,
+    rec709ColorSpace,
+    srgbColorSpace,
+    smptecColorSpace,
+    ebu3213ColorSpace,
+  };
 };
 
 /// Linear PCM.
@@ -160,6 +203,11 @@ struct CaseTable<VAVTranscodeArgumentAudioFormatValue> {
       VAVLpcmAudioFormatValue,
       VAVAacAudioFormatValue,
       VAVAppleLosslessAudioFormatValue,
+  };
+  enum class Case : std::uint8_t {
+    lpcmAudioFormatValue,
+    aacAudioFormatValue,
+    appleLosslessAudioFormatValue,
   };
 };
 
@@ -187,6 +235,14 @@ struct CaseTable<VAVTranscodeArgumentAudioChannelLayoutValue> {
       VAVHexagonalAudioLayout,
       VAVOctagonalAudioLayout,
   };
+  enum class Case : std::uint8_t {
+    monoAudioLayout,
+    stereoAudioLayout,
+    quadraphonicAudioLayout,
+    pentagonalAudioLayout,
+    hexagonalAudioLayout,
+    octagonalAudioLayout,
+  };
 };
 
 /// Small files for review in a browser.
@@ -200,6 +256,10 @@ struct CaseTable<VAVTranscodePresetValue> {
   static constexpr CaseList cases{
       VAVVantiroCloudPresetValue,
       VAVVantiroProRes4444XQPresetValue,
+  };
+  enum class Case : std::uint8_t {
+    vantiroCloudPresetValue,
+    vantiroProRes4444XQPresetValue,
   };
 };
 
