@@ -16,18 +16,16 @@ namespace {
 using Factory = MediaAnalysisCLIArgumentFactory;
 using Words = std::vector<std::string>;
 
-Words wordsOf(std::initializer_list<const MediaAnalysisCLIRecord*> records) {
+Words wordsOf(std::initializer_list<const CliArgumentStore*> records) {
   Words words;
-  for (const auto* record : records) {
-    const auto texts = record->orderedCLITexts();
-    words.insert(words.end(), texts.begin(), texts.end());
-  }
+  for (const auto* record : records) record->appendTo(words);
   return words;
 }
 
 // The words in their own order, and those of the dictionary.
-void expectWords(const MediaAnalysisCLIRecord& record, std::string_view ordered, std::string_view byKey) {
+void expectWords(const CliArgumentStore& record, std::string_view ordered, std::string_view byKey) {
   EXPECT_EQ(joined(record.orderedCLITexts(), '|'), ordered);
+  EXPECT_EQ(record.launchArguments(), record.orderedCLITexts());
   EXPECT_EQ(joined(record.commandLineArguments(), '|'), byKey);
 }
 
@@ -79,6 +77,8 @@ TEST(MediaAnalysisArguments, ReportWhatIsMissingOrOfNoUse) {
       {needed + "|-maxImageWidth|1e39|-imageHeight|-0.5", "missingSnapshotLocations missingMaxImageWidth",
        "-maximagewidth 1e39|-imageheight|-0.5"},
       {needed + "|-parentPid|2147483648|-parentPid|1.5", "", "-parentpid 2147483648|-parentpid 1.5"},
+      {"-pathToAnalyze|[/a /b|-workDirectory|w|-resultsFilePath|r", "pathToAnalyzeNotSupplied",
+       "-pathtoanalyze [/a /b"},
       {needed + "|-parentAppNumber|7|-x", "", "-x|-parentappnumber 7"}};
   for (const auto& [words, errors, setAside] : rows) {
     const auto read = MediaAnalysisCLIArguments::read(split(words, '|'));

@@ -24,6 +24,17 @@ TEST(CLISanitizationOptions, AppliesWhatIsInTheSet) {
   EXPECT_EQ(CLISanitizationOptions(7).sanitize(" A "), "a");
 }
 
+TEST(CLISanitizationOptions, AreASet) {
+  const auto all = lowercase | trim;
+  EXPECT_TRUE(all.contains(trim) && !trim.contains(all) && CLISanitizationOptions().empty() && !trim.empty());
+  EXPECT_EQ(all & ~lowercase, trim);
+  EXPECT_EQ(all ^ trim, lowercase);
+  auto options = lowercase;
+  EXPECT_EQ(options |= trim, all);
+  EXPECT_EQ(options &= trim, trim);
+  EXPECT_EQ(options ^= all, lowercase);
+}
+
 // Every scalar: lower-cased like in the C library's table of the same Unicode version, and trimmed if it is
 // white space.
 TEST(CLISanitizationOptions, KnowsEveryScalar) {

@@ -91,6 +91,9 @@ const Operation operations[] = {
     {"parse and replace", false, [](Model& model) { model = Model(words); }},
     {"read a dictionary", false, [](Model& model) { Model::from(model.argumentLookup()); }},
     {"code", false, [](Model& model) { decode<Model>(encode(model)); }},
+    {"apply a preset", false,
+     [](Model& model) { model.apply(TranscodeCliPreset::vantiroCloud, ApplyLayer::aboveWhatIsSet); }},
+    {"check", false, [](Model& model) { static_cast<void>(model.problems()); }},
     {"write", false,
      [](Model& model) {
        static_cast<void>(model.commandLineArguments());

@@ -44,6 +44,35 @@ TEST(TranscodeCliArguments, NumbersTheInputFiles) {
   EXPECT_FALSE(model.inputFileGroups() || model.inputFiles() || model.firstInputFile());
 }
 
+TEST(TranscodeCliArguments, TakesFilesAsPathsAndEmptyBraces) {
+  Model model({});
+  EXPECT_EQ(model, Model());
+  model.setInputFiles({"/b", "/a"});
+  model.setInputFileGroup(-1, {"/c"});
+  EXPECT_EQ(wordsOf(model), "-in_-1_0|/c|-in_0_0|/b|-in_0_1|/a");
+  EXPECT_EQ(joined(model.inputFilePaths(), ' ', &std::filesystem::path::native), "/c /b /a");
+  model.setInputFileGroup(0, {});
+  model.setInputFileGroups(model.inputFileGroups());
+  EXPECT_EQ(wordsOf(model), "-in_-1_0|/c");
+  model.setInputFileGroups({});
+  EXPECT_EQ(model, Model());
+  EXPECT_TRUE(model.inputFilePaths().empty());
+}
+
+TEST(TranscodeCliArguments, KeepsOrReplacesWhatIsSetUnderAPreset) {
+  for (const auto layer : {ApplyLayer::belowWhatIsSet, ApplyLayer::aboveWhatIsSet}) {
+    Model model({"-vcodec", "h265", "-bogus", "1", "-preset", "vantiro_4444xq"}, true);
+    model.apply(presetWithCliValue(*model.preset()).value(), layer);
+    const auto* codec = layer == ApplyLayer::belowWhatIsSet ? "h265" : "prores4444xq";
+    EXPECT_EQ(wordsOf(model),
+              std::string("-vcodec|") + codec + "|-preset|vantiro_4444xq|-acodec|lpcm|-file_format|qt");
+    model.apply({{" -BOGUS", "2"}, {"-VR", " 24"}}, layer);
+    EXPECT_EQ(model.unknownFlagLookup().at("-bogus"), layer == ApplyLayer::belowWhatIsSet ? "1" : "2");
+    EXPECT_EQ(model.argumentFlagValue("-vr"), "24");
+  }
+  EXPECT_EQ(presetWithCliValue("cloud"), std::nullopt);
+}
+
 TEST(TranscodeCliArguments, ReadsNumberedFilesInNumericalOrder) {
   const Model model(
       split("-in_1_0 B -in_01_0 A -in_10_0 D -in_2_-1 C -in_2_10 C10 -in_2_9 C9 "

@@ -109,7 +109,7 @@ class EveryOption : public testing::Test {
     expect(&M::timecodeBurnBoxColor, &M::setTimecodeBurnBoxColor, Color::rgb(0, 0, 0), "-tc_burn_box_rgb 0,0,0");
     expect(&M::timecodeMatchSource, &M::setTimecodeMatchSource, true, "-tc_match ");
     expect(&M::timecodeFromCreationDate, &M::setTimecodeFromCreationDate, true, "-tc_creation ");
-    expect(&M::timecode, &M::setTimecode, "01:00:00;00", "-tc_custom 01:00:00;00");
+    expect(&M::timecode, &TranscodeOptions::setTimecode, "01:00:00;00", "-tc_custom 01:00:00;00");
     expect(&M::timecodeFrameRate, &M::setTimecodeFrameRate, 29.97, "-tc_rate 29.97");
     expect(&M::timecodeIsDropFrame, &M::setTimecodeIsDropFrame, true, "-tc_drop ");
     expect(&M::watermarkFileBurnAnchor, &M::setWatermarkFileBurnAnchor, WatermarkBurnAnchor(VAVAnchorCenter), "-wmf_anchor c");
@@ -138,6 +138,10 @@ TEST_F(EveryOption, BelongsToAFlagAndEveryFlagToAnOption) {
     EXPECT_NE(all_.hasArgumentFlag(flag), flag == VAVAudioIgnoreTracksPrefixFlag)
         << flag << " needs a row in the list of this test";
   }
+}
+
+TEST_F(EveryOption, ArrivesAsItIsSet) {
+  EXPECT_EQ(joined(all_.problems(), ' ', &TranscodeProblem::description), "");
 }
 
 TEST_F(EveryOption, TravelsInTheDetailRecordOfItsSubject) {
@@ -270,6 +274,13 @@ TEST(TranscodeOptions, TheTimecodeFollowsTheDropFrameSwitch) {
     auto model = read("-tc_custom " + timecode);
     model.setTimecodeIsDropFrame(true);
     EXPECT_EQ(wordsOf(model), "-tc_custom " + dropped + " -tc_drop ");
+    model.setTimecode(timecode);
+    EXPECT_EQ(wordsOf(model), "-tc_custom " + dropped + " -tc_drop ");
+    if (const auto components = model.timecodeComponents()) {
+      EXPECT_EQ(components, TimecodeComponents::fromTimecode(dropped));
+      model.setTimecode(TimecodeComponents::sanitizedTimecode(plain));
+      EXPECT_EQ(model.timecode(), dropped);
+    }
     model.setTimecodeIsDropFrame(false);
     EXPECT_EQ(wordsOf(model), "-tc_custom " + plain);
   }

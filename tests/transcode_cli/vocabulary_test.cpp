@@ -3,6 +3,7 @@
 #include <array>
 #include <gtest/gtest.h>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <type_traits>
@@ -74,6 +75,9 @@ TEST(TranscodeVocabulary, FlagsTellWhatTheyTakeAndDoAndValuesNameTheirFlag) {
   const std::string unknown = "-unknown";
   EXPECT_TRUE(VAVTranscodeVideoArgumentFlag(unknown).acceptsArguments());
   EXPECT_EQ(VAVTranscodeVideoArgumentFlag(unknown).meaning(), "");
+  EXPECT_EQ(transcodeFlagRow("-arri_wp")->meaning, VAVArriLookColorSpaceWhitePointFlag.meaning());
+  EXPECT_EQ(transcodeFlagRow(unknown), nullptr);
+  EXPECT_EQ(joined(VAVAudioFormatFlag.fixedValues()), "lpcm aac apple_lossless");
   EXPECT_FALSE(acceptsArguments(VAVTranscodeCliCommand(unknown)));
   EXPECT_EQ(VAVMp4Format.fileFlag(), VAVFileFormatFlag);
   EXPECT_EQ(videoFlag(VAVMpeg4Codec), VAVVideoFormatFlag);
@@ -93,6 +97,37 @@ TEST(TranscodeVocabulary, WrapsAnyTextAndComparesByText) {
   EXPECT_EQ(FileFormat::fromStringValue("QT"), std::nullopt);
   EXPECT_EQ(fromRawValue<FileFormat>("QT")->rawValue(), "QT");
   static_assert(!std::is_convertible_v<decltype(VAVMp4Format), Codec>, "equal texts of two kinds stay apart");
+  const char* const literal = "h265";
+  char buffer[] = "h265";
+  std::ostringstream out;
+  out << Codec(literal) << Codec(buffer) << VAVHevcCodec << VideoCropAnchor(VAVAnchorTopLeft);
+  EXPECT_EQ(out.str(), "h265h265h265tl");
+  EXPECT_TRUE(VAVHevcCodec == literal && VAVHevcCodec < std::string("h266") && Codec(nullptr) == "");
+}
+
+TEST(TranscodeVocabulary, ListedValuesAreTheCasesOfAClosedEnumeration) {
+  const auto check = []<class... T>(const T&...) {
+    (
+        [] {
+          int index = 0;
+          for (const auto& value : allCases<T>()) EXPECT_EQ(static_cast<int>(*value.listedCase()), index++);
+          EXPECT_EQ(T("unlisted").listedCase(), std::nullopt);
+        }(),
+        ...);
+  };
+  check(VAVCliHelpFlag, VAVTimecodeIsDropFlag, VAVMp4Format, VAVHevcCodec, VAVAnchorCenter, VAVSrgbColorSpace,
+        VAVMonoAudioLayout, VAVVantiroCloudPresetValue);
+  static_assert(VAVProRes422HQ.listedCase() == CaseOf<Codec>::proRes422HQ);
+  static_assert(anchorColumn(VAVAnchorBottomLeft) == AnchorColumn::left);
+  const auto place = [](const auto& anchor) {
+    return std::string(rawValue(*anchorRow(anchor))) + "/" + std::string(rawValue(*anchorColumn(anchor)));
+  };
+  EXPECT_EQ(joined(VAVTranscodeArgumentOverlayAnchorValue::allCases(), ' ', place),
+            "top/left top/center top/right center/left center/center center/right bottom/left bottom/center "
+            "bottom/right");
+  const WatermarkBurnAnchor unlisted(VAVTranscodeArgumentOverlayAnchorValue("middle"));
+  EXPECT_FALSE(unlisted.row() || unlisted.column());
+  EXPECT_EQ(decode<WatermarkBurnAnchor>(encode(unlisted)), unlisted);
 }
 
 TEST(TranscodeVocabulary, FormatsAndCodecsNameTheirExtensions) {
