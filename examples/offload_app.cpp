@@ -15,6 +15,7 @@
 #include <fstream>
 #include <iostream>
 #include <spawn.h>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <sys/wait.h>
@@ -28,20 +29,21 @@ namespace {
 
 constexpr std::string_view progressPrefix = "progress:";
 
-TranscodeCliArguments settingsFor(const std::vector<std::string>& files,
+TranscodeCliArguments settingsFor(const std::vector<std::filesystem::path>& files,
                                   const std::filesystem::path& output) {
-  TranscodeCliArguments settings(orderedArgumentsAsList(TranscodeCliPreset::vantiroCloud), true);
+  TranscodeCliArguments settings;
 
   // For example, the first half was shot in the morning and the rest after lunch.
   const auto middle = files.begin() + static_cast<std::ptrdiff_t>((files.size() + 1) / 2);
-  settings.setInputFileGroups(InputFileGroups{{0, {files.begin(), middle}}, {1, {middle, files.end()}}});
+  settings.setInputFileGroup(0, {files.begin(), middle});
+  settings.setInputFileGroup(1, {middle, files.end()});
 
   settings.setOutputFile(output);
   settings.setProgressFile(std::filesystem::path(output).replace_extension("progress"));
   settings.setProgressOutputPrefix(progressPrefix);
 
-  settings.setTimecode("01:00:00:00");
   settings.setTimecodeIsDropFrame(true);
+  settings.setTimecode(TimecodeComponents{.hours = 1});
   settings.setTimecodeAddBurn(true);
   settings.setTimecodeBurnFontColor(Color::rgb(0.9, 0.9, 0.9));
   settings.setTimecodeBurnBoxColor(Color::grey(0.1));
@@ -49,18 +51,18 @@ TranscodeCliArguments settingsFor(const std::vector<std::string>& files,
   settings.setWatermarkTextBurnText("for review only");
   settings.setWatermarkTextBurnAnchor(VAVAnchorBottomRight);
   settings.setWatermarkTextBurnFontColor(Color::cmyk(0, 0.2, 0.8, 0));
+
+  settings.apply(TranscodeCliPreset::vantiroCloud, ApplyLayer::belowWhatIsSet);
+  for (const auto& problem : settings.problems()) throw std::invalid_argument(problem.description());
   return settings;
 }
 
-MediaAnalysisCLICustodialOptions custodialOptions() {
+// The child's words: the settings, and then its parent.
+std::vector<std::string> wordsOf(const CliArgumentStore& settings) {
   constexpr int thisApplication = 7;
-  auto options = MediaAnalysisCLIArgumentFactory::custodialOptions(getpid());
-  options.parentAppNumber = thisApplication;
-  return options;
-}
-
-void append(std::vector<std::string>& words, const std::vector<std::string>& more) {
-  words.insert(words.end(), more.begin(), more.end());
+  auto words = settings.launchArguments();
+  CLICustodialOptions(getpid(), thisApplication).appendTo(words);
+  return words;
 }
 
 void check(int error, const char* what) {
@@ -142,22 +144,19 @@ MatchLevel matchLevel(const Item& source, const Item& copy) {
 }
 
 int run(const std::string& transcoder, const std::string& analyzer, const std::filesystem::path& folder,
-        const std::vector<std::string>& files) {
+        const std::vector<std::filesystem::path>& files) {
   const FileManager fileManager;
   const auto output = fileManager.filePathAdjustedForCollision(folder / "review.mov");
 
-  auto words = settingsFor(files, output).commandLineArguments();
-  append(words, custodialOptions().orderedCLITexts());
-  if (const int status = runTool(transcoder, words); status != 0) return status;
+  if (const int status = runTool(transcoder, wordsOf(settingsFor(files, output))); status != 0) return status;
 
   std::cout << "output beside its first source: " << rawValue(matchLevel(Item(files.front()), Item(output)))
             << '\n';
 
   const auto results = std::filesystem::path(output).replace_extension("analysis");
-  words = MediaAnalysisCLIArgumentFactory::buildBasicOptions({output}, folder, results, "review", false)
-              .orderedCLITexts();
-  append(words, custodialOptions().orderedCLITexts());
-  if (const int status = runTool(analyzer, words); status != 0) return status;
+  const auto analysis =
+      MediaAnalysisCLIArgumentFactory::buildBasicOptions({output}, folder, results, "review", false);
+  if (const int status = runTool(analyzer, wordsOf(analysis)); status != 0) return status;
   std::cout << std::ifstream(results).rdbuf();
   return 0;
 }
@@ -171,7 +170,7 @@ int main(int argc, char** argv) {
   }
   try {
     // Absolute, because a path with a leading hyphen would be read as a flag.
-    std::vector<std::string> files;
+    std::vector<std::filesystem::path> files;
     for (int i = 4; i < argc; ++i) files.push_back(std::filesystem::absolute(argv[i]));
     return run(argv[1], argv[2], std::filesystem::absolute(argv[3]), files);
   } catch (const std::exception& error) {

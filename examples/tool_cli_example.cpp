@@ -14,10 +14,8 @@ namespace {
 std::vector<std::string> requestedBy(std::int32_t processId) {
   auto words = MediaAnalysisCLIArgumentFactory::buildBasicOptions({"/card/A001", "/card/A002"}, "/tmp/work",
                                                                   "/tmp/results", "card 7", true)
-                   .orderedCLITexts();
-  auto custodial = MediaAnalysisCLIArgumentFactory::custodialOptions(processId);
-  custodial.parentAppNumber = 7;
-  for (auto& word : custodial.orderedCLITexts()) words.push_back(std::move(word));
+                   .launchArguments();
+  CLICustodialOptions(processId, 7).appendTo(words);
   return words;
 }
 
@@ -26,6 +24,7 @@ std::vector<std::string> requestedBy(std::int32_t processId) {
 int main() {
   auto words = requestedBy(4711);
   words.insert(words.end(), {"-colour", "red"});
+  std::cout << shellQuoted(words) << '\n';
 
   const auto request = MediaAnalysisCLIArguments::read(words);
   for (const auto error : request.errors) std::cout << make_error_code(error).message() << '\n';
@@ -37,9 +36,8 @@ int main() {
     std::cout << "ignored: " << flag << ' ' << value.value_or("without a value") << '\n';
   }
 
-  // Any other tool removes the parent's flags first and reads the rest in its own way.
-  constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
-  const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
-  const auto [custodial, rest] = sanitizer.splitByValidity(words);
-  std::cout << custodial.size() << " words for the parent's flags, " << rest.size() << " for the tool\n";
+  // Any other tool takes the parent's flags out first and reads the rest in its own way.
+  const auto [parent, rest] = CLICustodialOptions::read(words);
+  if (parent) std::cout << "parent: " << shellQuoted(parent->launchArguments()) << '\n';
+  std::cout << rest.size() << " words for the tool\n";
 }

@@ -5,7 +5,6 @@
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
-#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -48,7 +47,7 @@ void printRow(std::string_view name, std::string_view value) {
 }
 
 template <class Value> void printValues() {
-  for (const auto& value : allCases<Value>()) std::cout << value.rawValue() << '\n';
+  for (const auto& value : allCases<Value>()) std::cout << value << '\n';
 }
 
 constexpr int helpColumn = 29;
@@ -57,8 +56,11 @@ template <class Flag> void printFlags(std::string_view family) {
   std::cout << family << '\n';
   for (const auto& flag : allCases<Flag>()) {
     std::cout << "  " << std::left << std::setw(helpColumn)
-              << std::string(flag.cliFlag()).append(" ").append(rawValue(flag.valueKind())) << flag.meaning()
-              << '\n';
+              << std::string(flag).append(" ").append(rawValue(flag.valueKind())) << flag.meaning() << '\n';
+    if (flag.fixedValues().empty()) continue;
+    std::cout << std::setw(helpColumn + 1) << "";
+    for (const auto value : flag.fixedValues()) std::cout << ' ' << value;
+    std::cout << '\n';
   }
 }
 
@@ -75,47 +77,42 @@ void printHelp() {
 
 void printPresets() {
   for (const auto preset : allCases<TranscodeCliPreset>()) {
-    std::cout << presetCliValue(preset).rawValue() << " (" << description(preset) << ")\n";
+    std::cout << presetCliValue(preset) << " (" << description(preset) << ")\n";
   }
 }
 
-struct Command {
-  const VAVTranscodeCliCommand& flag;
-  void (*print)();
-};
+using Command = CaseOf<VAVTranscodeCliCommand>;
 
-constexpr auto commands = std::to_array<Command>({
-    {VAVCliHelpFlag, printHelp},
-    {VAVCliCodecsFlag, printValues<VAVTranscodeArgumentVideoCodecValue>},
-    {VAVCliFormatsFlag, printValues<VAVTranscodeArgumentFileFormatValue>},
-    {VAVCliVersionFlag, [] { std::cout << "transcoder_tool " TOOL_VERSION "\n"; }},
-    {VAVCliAcknowledgementFlag, [] { std::cout << "Built on Quillonic and the C++ standard library.\n"; }},
-    {VAVCliPresetsFlag, printPresets},
-    {VAVCliAspectRatioScalingsFlag, printValues<VAVTranscodeArgumentAspectRatioValue>},
-    {VAVCliCropAnchorsFlag, printValues<VAVTranscodeArgumentOverlayAnchorValue>},
-    {VAVCliColorSpacesFlag, printValues<VAVTranscodeArgumentColorSpaceValue>},
-    {VAVCliAudioChannelLayoutsFlag, printValues<VAVTranscodeArgumentAudioChannelLayoutValue>},
-    {VAVCliTimecodeBurnAnchorsFlag, printValues<VAVTranscodeArgumentOverlayAnchorValue>},
-    {VAVCliGpuPlatformsFlag,
-     [] {
-       for (const auto platform : VAVGpuPlatforms) std::cout << platform << '\n';
-     }},
-});
-static_assert(commands.size() == VAVTranscodeCliCommand::allCases().size(), "every command is handled");
-
-// Removes the flags that a parent adds for every child, which the transcoder's model does not know.
-std::vector<std::string_view> withoutCustodialFlags(ArgumentWords words) {
-  constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
-  const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
-  auto [custodial, rest] = sanitizer.splitByValidity(words);
-  if (!custodial.empty()) std::cout << "parent\n";
-  sanitizer.enumerateSanitizedCLIEntries(
-      custodial, [=](std::string_view) { return form; },
-      [](std::string_view flag, std::optional<std::string_view> value) {
-        printRow(flag, value.value_or(""));
-      },
-      [](std::string_view, std::optional<std::string_view>) {});
-  return std::move(rest);
+// The compiler warns when the vocabulary has another command.
+void print(Command command) {
+  switch (command) {
+    case Command::cliHelpFlag:
+      return printHelp();
+    case Command::cliCodecsFlag:
+      return printValues<VAVTranscodeArgumentVideoCodecValue>();
+    case Command::cliFormatsFlag:
+      return printValues<VAVTranscodeArgumentFileFormatValue>();
+    case Command::cliVersionFlag:
+      std::cout << "transcoder_tool " TOOL_VERSION "\n";
+      return;
+    case Command::cliAcknowledgementFlag:
+      std::cout << "Built on Quillonic and the C++ standard library.\n";
+      return;
+    case Command::cliPresetsFlag:
+      return printPresets();
+    case Command::cliAspectRatioScalingsFlag:
+      return printValues<VAVTranscodeArgumentAspectRatioValue>();
+    case Command::cliColorSpacesFlag:
+      return printValues<VAVTranscodeArgumentColorSpaceValue>();
+    case Command::cliAudioChannelLayoutsFlag:
+      return printValues<VAVTranscodeArgumentAudioChannelLayoutValue>();
+    case Command::cliCropAnchorsFlag:
+    case Command::cliTimecodeBurnAnchorsFlag:
+      return printValues<VAVTranscodeArgumentOverlayAnchorValue>();
+    case Command::cliGpuPlatformsFlag:
+      for (const auto platform : VAVGpuPlatforms) std::cout << platform << '\n';
+      return;
+  }
 }
 
 void printSettings(const TranscodeCliArguments& settings) {
@@ -136,9 +133,7 @@ void printBurnIns(const TranscodeCliArguments& settings) {
   if (settings.timecodeAddBurn()) {
     std::cout << "timecode burn-in\n";
     if (const auto source = settings.timecodeSource()) printRow("source", rawValue(*source));
-    if (const auto start = TimecodeComponents::fromTimecode(settings.timecode().value_or(""))) {
-      printRow("start", start->timecodeString());
-    }
+    if (const auto start = settings.timecodeComponents()) printRow("start", start->timecodeString());
     printRow("counting", settings.timecodeIsDropFrame() ? "drop frame" : "non-drop");
     printColor("font", settings.timecodeBurnFontColor());
     printColor("box", settings.timecodeBurnBoxColor());
@@ -155,10 +150,8 @@ void printBurnIns(const TranscodeCliArguments& settings) {
 class Progress {
  public:
   Progress(const TranscodeCliArguments& settings, std::uintmax_t total)
-      : prefix_(settings.argumentFlagValue(VAVProgressOutputPrefixFlag).value_or("")), total_(total) {
-    if (const auto path = settings.argumentFlagValue(VAVProgressFileFlag)) {
-      file_.open(std::filesystem::path(*path), std::ios::trunc);
-    }
+      : prefix_(settings.progressOutputPrefix().value_or("")), total_(total) {
+    if (const auto path = settings.progressFile()) file_.open(*path, std::ios::trunc);
   }
 
   void advance(std::uintmax_t bytes) {
@@ -179,46 +172,47 @@ class Progress {
 };
 
 void joinFiles(const TranscodeCliArguments& settings) {
-  const auto inputs = settings.inputFiles();
-  const auto output = settings.argumentFlagValue(VAVOutputFileFlag);
-  if (!inputs || !output) throw CLIExitCodeError(badUsage, "an input file and an output file are needed");
-  const std::filesystem::path target(*output);
+  const auto inputs = settings.inputFilePaths();
+  const auto output = settings.outputFile();
+  if (inputs.empty() || !output)
+    throw CLIExitCodeError(badUsage, "an input file and an output file are needed");
   std::error_code error;
-  if (std::filesystem::exists(target, error) && !settings.hasArgumentFlag(VAVOverwriteExistingFlag)) {
-    throw CLIExitCodeError(cannotCreate, "the output file exists: " + printable(*output));
+  if (std::filesystem::exists(*output, error) && !settings.overwriteExisting()) {
+    throw CLIExitCodeError(cannotCreate, "the output file exists: " + printable(output->native()));
   }
 
   std::uintmax_t total = 0;
-  for (const auto& input : *inputs) {
+  for (const auto& input : inputs) {
     total += std::filesystem::file_size(input, error);
-    if (error) throw CLIExitCodeError(noInput, "cannot read " + printable(input) + ": " + error.message());
+    if (error) {
+      throw CLIExitCodeError(noInput, "cannot read " + printable(input.native()) + ": " + error.message());
+    }
   }
 
-  std::ofstream out(target, std::ios::binary | std::ios::trunc);
+  std::ofstream out(*output, std::ios::binary | std::ios::trunc);
   Progress progress(settings, total);
   progress.advance(0);
   std::vector<char> block(65536);
-  for (const auto& input : *inputs) {
-    std::ifstream in(std::filesystem::path(input), std::ios::binary);
+  for (const auto& input : inputs) {
+    std::ifstream in(input, std::ios::binary);
     while (in.read(block.data(), static_cast<std::streamsize>(block.size())) || in.gcount() > 0) {
       out.write(block.data(), in.gcount());
       progress.advance(static_cast<std::uintmax_t>(in.gcount()));
     }
   }
-  if (!out.flush()) throw CLIExitCodeError(cannotCreate, "cannot write " + printable(*output));
+  if (!out.flush()) throw CLIExitCodeError(cannotCreate, "cannot write " + printable(output->native()));
 }
 
 void run(ArgumentWords words) {
-  const auto rest = withoutCustodialFlags(words);
+  const auto [parent, rest] = CLICustodialOptions::read(words);
+  if (parent) std::cout << "parent " << shellQuoted(parent->launchArguments()) << '\n';
   const TranscodeCliArguments settings(rest, true);
 
-  if (const auto unknown = settings.unknownFlags()) {
-    std::string message = "unknown flags:";
-    for (const auto& flag : *unknown) message.append(" ").append(printable(flag));
-    throw CLIExitCodeError(badUsage, message);
-  }
-  for (const auto& [flag, print] : commands) {
-    if (settings.hasArgumentFlag(flag)) return print();
+  std::string refused;
+  for (const auto& problem : settings.problems()) refused.append("\n  ").append(problem.description());
+  if (!refused.empty()) throw CLIExitCodeError(badUsage, "cannot use these settings" + refused);
+  for (const auto& command : VAVTranscodeCliCommand::allCases()) {
+    if (settings.hasArgumentFlag(command)) return print(*command.listedCase());
   }
   printSettings(settings);
   printBurnIns(settings);
