@@ -164,6 +164,21 @@ void checkDetails(const std::vector<std::string_view>& words,
   require(model.commandLineArguments() == once, "a change that was made changes nothing");
 }
 
+// Without a problem, a model reads back equal; the capitals of fixed values may be lost.
+void checkProblems(const Model& model) {
+  const auto problems = model.problems();
+  for (const auto& problem : problems) {
+    require(problem.description().find('\n') == std::string::npos, "a problem is told in a line");
+  }
+  const Model arrival(model.launchArguments());
+  for (const auto& [flag, before, after] : arrival.differencesFrom(model)) {
+    const auto* row = transcodeFlagRow(flag);
+    require(!problems.empty() || (row && !row->fixedValues.empty() &&
+                                  CLISanitizationOptions::lowercase.sanitize(*before) == after),
+            "what does not arrive is a problem");
+  }
+}
+
 void checkSetting(const std::vector<std::string_view>& words) {
   Model model;
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -175,6 +190,7 @@ void checkSetting(const std::vector<std::string_view>& words) {
     if (i % 3 == 0) model.setArgumentFlagValue(flag, std::nullopt);
     require(model.hasArgumentFlag(flag) == (i % 3 != 0), "no value removes the flag");
   }
+  checkProblems(model);
   for (const auto source : allCases<TimecodeSource>()) {
     model.setTimecodeSource(source);
     require(model.timecodeSource() == source, "a source of the timecode reads back");

@@ -27,6 +27,7 @@ TEST(CLIArgumentSanitizer, NormalisesFlagsAsItWasToldLast) {
 
 // The raw values in order, with "=" after those that take a value.
 template <ClosedFlagEnumeration Flag> std::string flags() {
+  static_assert(CodableRawHashCase<Flag>);
   return joined(allCases<Flag>(), ' ', [](Flag flag) {
     EXPECT_EQ(cliFlag(flag), "-" + std::string(rawValue(flag)));
     EXPECT_EQ(decode<Flag>(encode(flag)), flag);

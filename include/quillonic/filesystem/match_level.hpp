@@ -23,6 +23,6 @@ template <> struct CaseTable<MatchLevel> {
   });
 };
 
-static_assert(CodableRawHashCase<MatchLevel>);
+static_assert(RawHashCase<MatchLevel>);
 
 }  // namespace quillonic

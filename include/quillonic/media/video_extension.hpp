@@ -46,7 +46,7 @@ template <> struct CaseTable<VideoExtension> {
   }();
 };
 
-static_assert(CodableRawHashCase<VideoExtension>);
+static_assert(RawHashCase<VideoExtension>);
 
 /// The raw value, for people, pickers and programs alike; it is not translated.
 constexpr std::string_view description(VideoExtension extension) noexcept {

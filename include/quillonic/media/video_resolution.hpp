@@ -78,7 +78,7 @@ template <> struct CaseTable<VideoResolution> {
   });
 };
 
-static_assert(CodableRawHashCase<VideoResolution>);
+static_assert(RawHashCase<VideoResolution>);
 
 /// The raw value, for people, pickers and programs alike; it is not translated.
 constexpr std::string_view description(VideoResolution resolution) noexcept {

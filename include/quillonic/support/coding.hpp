@@ -283,6 +283,10 @@ template <RecordOfFields T> struct Coding<T> {
   }
 };
 
+/// A value that compares and hashes by its text, and encodes as that bare text.
+template <class T>
+concept CodableRawHashCase = RawHashCase<T> && Codable<T>;
+
 /// Encodes a value. Throws a `DecodingError` for a value that could not be decoded: a number that is no case
 /// of a closed enumeration.
 template <class T> CodedValue encode(const T& value) {

@@ -13,7 +13,6 @@
 #include <array>
 #include <concepts>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -117,9 +116,5 @@ concept RawHashCase = std::equality_comparable<T> && requires(const T& value) {
   { fromRawValue<T>(std::string_view{}) } -> std::same_as<std::optional<T>>;
   { std::hash<T>{}(value) } -> std::same_as<std::size_t>;
 };
-
-/// A value that encodes as its bare text (see coding.hpp).
-template <class T>
-concept CodableRawHashCase = RawHashCase<T>;
 
 }  // namespace quillonic

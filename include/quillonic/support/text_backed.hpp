@@ -16,7 +16,7 @@
 #include <compare>
 #include <concepts>
 #include <cstddef>
-#include <ios>
+#include <iosfwd>
 #include <optional>
 #include <span>
 #include <string>

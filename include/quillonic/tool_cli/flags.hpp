@@ -78,6 +78,6 @@ template <> struct CaseTable<CLICustodialFlag> {
   });
 };
 
-static_assert(CliFlag<CLICustodialFlag> && CodableRawHashCase<CLICustodialFlag>);
+static_assert(CliFlag<CLICustodialFlag>);
 
 }  // namespace quillonic

@@ -43,7 +43,7 @@ template <> struct CaseTable<MediaAnalysisCLIFlag> {
   });
 };
 
-static_assert(CliFlag<MediaAnalysisCLIFlag> && CodableRawHashCase<MediaAnalysisCLIFlag>);
+static_assert(CliFlag<MediaAnalysisCLIFlag>);
 
 /// The flags of an image analysis, which takes still frames. The tool defines the units of the numbers.
 enum class MediaAnalysisImageCLIFlags : std::uint8_t {
@@ -70,7 +70,7 @@ template <> struct CaseTable<MediaAnalysisImageCLIFlags> {
   });
 };
 
-static_assert(CliFlag<MediaAnalysisImageCLIFlags> && CodableRawHashCase<MediaAnalysisImageCLIFlags>);
+static_assert(CliFlag<MediaAnalysisImageCLIFlags>);
 
 /// The lower-cased flag, as a sanitizer reports it.
 inline std::string sanitizedFlag(MediaAnalysisImageCLIFlags flag) {

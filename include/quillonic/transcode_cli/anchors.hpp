@@ -15,7 +15,7 @@
 #include <array>
 #include <concepts>
 #include <cstdint>
-#include <ios>
+#include <iosfwd>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -71,10 +71,10 @@ enum class ApplyLayer : std::uint8_t {
 /// Lists are returned as copies. A range-based `for` does not keep an optional one alive: name it first, or
 /// walk `unknownFlagLookup`, `inputFilePaths` or `enumerateInputFileGroups`.
 ///
-/// The model can be moved, and is copied only by `clone`; share it through a `std::shared_ptr`. Only one thread at a time may
-/// use it. Apart from decoding, operations throw only when memory runs out and then leave the model
-/// unchanged; but those that change several options (the setters of input files, `setIgnoredAudioTracks` and
-/// every `update`) may have changed some of them, and leave a usable model.
+/// The model can be moved, and is copied only by `clone`; share it through a `std::shared_ptr`. Only one
+/// thread at a time may use it. Apart from decoding, operations throw only when memory runs out and then leave
+/// the model unchanged; but those that change several options (the setters of input files,
+/// `setIgnoredAudioTracks` and every `update`) may have changed some of them, and leave a usable model.
 class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, public TranscodeOptions {
  public:
   /// A model without settings.

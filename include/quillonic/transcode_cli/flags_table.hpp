@@ -147,6 +147,7 @@ struct CaseTable<VAVTranscodeCliCommand> {
       VAVCliTimecodeBurnAnchorsFlag,
       VAVCliGpuPlatformsFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     cliHelpFlag,
     cliCodecsFlag,
@@ -215,6 +216,7 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
       VAVPresetFlag,
       VAVWorkDirectoryFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     inputPrefixFlag,
     outputFileFlag,
@@ -293,6 +295,7 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
       VAVRedRocketDeviceFlag,
       VAVVideoProfileFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     noVideoFlag,
     videoFormatFlag,
@@ -367,6 +370,7 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
       VAVAudioChannelLayoutFlag,
       VAVAudioBitRateFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     noAudioFlag,
     copyAudioFlag,
@@ -435,6 +439,7 @@ struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
       VAVTimecodeFrameRateFlag,
       VAVTimecodeIsDropFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     timecodeAddTrackFlag,
     timecodeAddBurnFlag,
@@ -480,6 +485,7 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
       VAVWatermarkFileBurnFilePathFlag,
       VAVWatermarkFileBurnScaleFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     watermarkFileBurnAnchorFlag,
     watermarkFileBurnFilePathFlag,
@@ -519,6 +525,7 @@ struct CaseTable<VAVTranscodeWatermarkTextArgumentFlag> {
       VAVWatermarkTextBurnFontRGBFlag,
       VAVWatermarkTextBurnBoxRGBFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     watermarkTextAddBurnFlag,
     watermarkTextBurnTextFlag,
@@ -556,6 +563,7 @@ struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
       VAVArriLookColorSpaceCurveFlag,
       VAVArriLookInvalidLookResolutionFlag,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     arriLookColorSpacePrimaryFlag,
     arriLookColorSpaceWhitePointFlag,

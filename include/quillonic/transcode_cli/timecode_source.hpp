@@ -1,6 +1,7 @@
 /// Sources of the output's timecode.
 #pragma once
 
+#include <quillonic/support/coding.hpp>
 #include <quillonic/support/enumeration.hpp>
 #include <quillonic/transcode_cli/vocabulary.hpp>
 

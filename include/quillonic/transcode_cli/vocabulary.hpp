@@ -10,6 +10,7 @@
 /// tool are kept.
 #pragma once
 
+#include <quillonic/support/coding.hpp>
 #include <quillonic/transcode_cli/enumerations.hpp>
 #include <quillonic/transcode_cli/flags.hpp>
 #include <quillonic/transcode_cli/flags_table.hpp>

@@ -26,6 +26,7 @@ struct CaseTable<VAVTranscodeArgumentFileFormatValue> {
       VAVMp4Format,
       VAVWaveFileFormat,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     quickTimeFileFormat,
     mp4Format,
@@ -72,6 +73,7 @@ struct CaseTable<VAVTranscodeArgumentVideoCodecValue> {
       VAVProRes422LT,
       VAVProRes422Proxy,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     dnxhdCodec,
     avcH264Codec,
@@ -105,6 +107,7 @@ struct CaseTable<VAVTranscodeArgumentAspectRatioValue> {
       VAVLetterboxAspect,
       VAVCropAspect,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     matchSourceRatio,
     stretchAspect,
@@ -146,6 +149,7 @@ struct CaseTable<VAVTranscodeArgumentOverlayAnchorValue> {
       VAVAnchorBottomCenter,
       VAVAnchorBottomRight,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     anchorTopLeft,
     anchorTopCenter,
@@ -180,6 +184,7 @@ struct CaseTable<VAVTranscodeArgumentColorSpaceValue> {
       VAVSmptecColorSpace,
       VAVEbu3213ColorSpace,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     rec2020ColorSpace,
     rec709ColorSpace,
@@ -204,6 +209,7 @@ struct CaseTable<VAVTranscodeArgumentAudioFormatValue> {
       VAVAacAudioFormatValue,
       VAVAppleLosslessAudioFormatValue,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     lpcmAudioFormatValue,
     aacAudioFormatValue,
@@ -235,6 +241,7 @@ struct CaseTable<VAVTranscodeArgumentAudioChannelLayoutValue> {
       VAVHexagonalAudioLayout,
       VAVOctagonalAudioLayout,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     monoAudioLayout,
     stereoAudioLayout,
@@ -257,6 +264,7 @@ struct CaseTable<VAVTranscodePresetValue> {
       VAVVantiroCloudPresetValue,
       VAVVantiroProRes4444XQPresetValue,
   };
+  /// The listed cases as a closed enumeration.
   enum class Case : std::uint8_t {
     vantiroCloudPresetValue,
     vantiroProRes4444XQPresetValue,
