@@ -232,10 +232,9 @@ template <Codable T> struct Coding<std::vector<T>> {
 
 template <RawHashCase T> struct Coding<T> {
   static CodedValue encode(const T& value) {
-    if constexpr (ClosedEnumeration<T>) {
-      if (!detail::rowOf(value)) throw DecodingError({}, "the enumeration has no such case");
-    }
-    return std::string(rawValue(value));
+    std::string text(rawValue(value));
+    if (fromRawValue<T>(text) != value) throw DecodingError({}, "\"" + text + "\" would not be decoded");
+    return text;
   }
   static T decode(const CodedValue& coded, std::string_view key) {
     const auto& text = coded.require<std::string>(key);
@@ -288,7 +287,7 @@ template <class T>
 concept CodableRawHashCase = RawHashCase<T> && Codable<T>;
 
 /// Encodes a value. Throws a `DecodingError` for a value that could not be decoded: a number that is no case
-/// of a closed enumeration.
+/// of a closed enumeration, an unlisted anchor.
 template <class T> CodedValue encode(const T& value) {
   static_assert(Codable<T>, "specialise Coding for this type, or FieldTable for a plain record");
   return Coding<T>::encode(value);

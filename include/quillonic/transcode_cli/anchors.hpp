@@ -17,7 +17,6 @@
 #include <cstdint>
 #include <iosfwd>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -121,14 +120,6 @@ template <const auto& flag> struct std::hash<quillonic::OverlayAnchor<flag>> {
 };
 
 namespace quillonic {
-
-/// Encodes any anchor as its text and decodes any text, because an anchor of a newer tool is kept.
-template <const auto& flag> struct Coding<OverlayAnchor<flag>> {
-  static CodedValue encode(const OverlayAnchor<flag>& value) { return std::string(value.rawValue()); }
-  static OverlayAnchor<flag> decode(const CodedValue& coded, std::string_view key) {
-    return VAVTranscodeArgumentOverlayAnchorValue(coded.require<std::string>(key));
-  }
-};
 
 static_assert(TranscodeAnchor<VideoCropAnchor> && VideoCLIArgumentOption<VideoCropAnchor> &&
               CodableRawHashCase<VideoCropAnchor>);
