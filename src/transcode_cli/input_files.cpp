@@ -91,6 +91,12 @@ std::vector<std::filesystem::path> TranscodeCliArguments::inputFilePaths() const
   return {files.begin(), files.end()};
 }
 
+std::vector<std::filesystem::path> TranscodeCliArguments::inputFilePaths(std::int64_t group) const {
+  std::vector<std::filesystem::path> files;
+  for (const auto& file : numberedFiles(flagValueLookup_, group)) files.emplace_back(file.entry->second);
+  return files;
+}
+
 std::optional<InputFileGroups> TranscodeCliArguments::inputFileGroups() const {
   InputFileGroups groups;
   for (const auto& file : numberedFiles(flagValueLookup_)) groups[file.group].push_back(file.entry->second);

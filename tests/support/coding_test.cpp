@@ -31,28 +31,15 @@ struct RecordOfUncodable {
   Uncodable field;
 };
 
-enum class Size : std::uint8_t { small };
-
 }  // namespace
 
 template <> struct FieldTable<RecordOfUncodable> {
   static constexpr std::tuple fields{Field{"field", &RecordOfUncodable::field}};
 };
 
-template <> struct CaseTable<Size> {
-  static constexpr auto rows = std::to_array<CaseRow<Size>>({{Size::small, "small"}});
-};
-
 namespace {
 
-static_assert(Codable<std::vector<std::vector<Size>>> && !Codable<Uncodable>);
-static_assert(!Codable<std::vector<Uncodable>> && !Codable<RecordOfUncodable> &&
-              !Codable<std::vector<RecordOfUncodable>>);
-
-TEST(Coding, EncodesNothingThatCannotBeDecoded) {
-  EXPECT_EQ(encode(Size::small), CodedValue(std::string("small")));
-  EXPECT_EQ(undecodedKey([] { return encode(static_cast<Size>(7)); }), "");
-}
+static_assert(!Codable<std::vector<Uncodable>> && !Codable<std::vector<RecordOfUncodable>>);
 
 // What holds fewer levels is destroyed, copied and compared by recursion.
 TEST(CodedValue, RefusesMoreLevelsThanTheStackHolds) {

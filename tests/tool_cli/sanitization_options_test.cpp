@@ -22,17 +22,8 @@ TEST(CLISanitizationOptions, AppliesWhatIsInTheSet) {
   EXPECT_EQ((lowercase | trim).sanitize(text), "i\u0307\u00e9cole");
   EXPECT_EQ((lowercase | trim).rawValue(), 3);
   EXPECT_EQ(CLISanitizationOptions(7).sanitize(" A "), "a");
-}
-
-TEST(CLISanitizationOptions, AreASet) {
-  const auto all = lowercase | trim;
-  EXPECT_TRUE(all.contains(trim) && !trim.contains(all) && CLISanitizationOptions().empty() && !trim.empty());
-  EXPECT_EQ(all & ~lowercase, trim);
-  EXPECT_EQ(all ^ trim, lowercase);
-  auto options = lowercase;
-  EXPECT_EQ(options |= trim, all);
-  EXPECT_EQ(options &= trim, trim);
-  EXPECT_EQ(options ^= all, lowercase);
+  auto options = (lowercase | trim) & ~lowercase;
+  EXPECT_TRUE(options == trim && (options ^= trim).empty() && (options |= lowercase).contains(lowercase));
 }
 
 // Every scalar: lower-cased like in the C library's table of the same Unicode version, and trimmed if it is

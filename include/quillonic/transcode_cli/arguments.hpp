@@ -164,6 +164,8 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   void setInputFileGroup(std::int64_t group, const std::vector<std::filesystem::path>& files);
   /// All input files, in the order of `inputFiles`; empty when there are none.
   std::vector<std::filesystem::path> inputFilePaths() const;
+  /// The files of one group; empty when there is no such group.
+  std::vector<std::filesystem::path> inputFilePaths(std::int64_t group) const;
 
   /// The numbered input files; absent when there are none. Their keys have exactly the form
   /// "-in_<group>_<position>", both decimal 64-bit integers with an optional "-"; other keys are skipped. Two
