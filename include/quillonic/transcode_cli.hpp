@@ -6,8 +6,8 @@
 #include <quillonic/transcode_cli/arguments.hpp>
 #include <quillonic/transcode_cli/detail_modifier.hpp>
 #include <quillonic/transcode_cli/details.hpp>
-#include <quillonic/transcode_cli/exit_status.hpp>
 #include <quillonic/transcode_cli/difference.hpp>
+#include <quillonic/transcode_cli/exit_status.hpp>
 #include <quillonic/transcode_cli/frame_size.hpp>
 #include <quillonic/transcode_cli/media_settings.hpp>
 #include <quillonic/transcode_cli/option_changes.hpp>
