@@ -1,5 +1,5 @@
-// A template for many jobs: a model without files is cloned, and each clone gets its own. What would not reach
-// the tool is told before it starts.
+// A template for many jobs: a model without files is cloned, and each clone gets its own. What would not
+// reach the tool is told before it starts.
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 

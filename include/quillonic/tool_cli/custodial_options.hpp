@@ -3,7 +3,8 @@
 ///     auto words = settings.launchArguments();                                  // a parent
 ///     CLICustodialOptions(getpid(), 7).appendTo(words);
 ///
-///     const auto [parent, rest] = CLICustodialOptions::read(ArgumentWords::fromMain(argc, argv));   // a tool
+///     const auto words = ArgumentWords::fromMain(argc, argv);                   // a tool
+///     const auto [parent, rest] = CLICustodialOptions::read(words);
 ///     const TranscodeCliArguments settings(rest);
 #pragma once
 

@@ -11,9 +11,9 @@
 
 namespace quillonic {
 
-/// The words with one space between them, quoted where needed. As the arguments of a command, `/bin/sh` splits
-/// the text into the same words, whatever bytes they have. A word ends before its first NUL, as it does when a
-/// program is started. A line break stays, so that the text then has several lines.
+/// The words with one space between them, quoted where needed. As the arguments of a command, `/bin/sh`
+/// splits the text into the same words, whatever bytes they have. A word ends before its first NUL, as it
+/// does when a program is started. A line break stays, so that the text then has several lines.
 QUILLONIC_EXPORT std::string shellQuoted(ArgumentWords words);
 
 }  // namespace quillonic

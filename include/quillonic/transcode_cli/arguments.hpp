@@ -72,8 +72,8 @@ enum class ApplyLayer : std::uint8_t {
 /// walk `unknownFlagLookup`, `inputFilePaths` or `enumerateInputFileGroups`.
 ///
 /// The model can be moved, and is copied only by `clone`; share it through a `std::shared_ptr`. Only one
-/// thread at a time may use it. Apart from decoding, operations throw only when memory runs out and then leave
-/// the model unchanged; but those that change several options (the setters of input files,
+/// thread at a time may use it. Apart from decoding, operations throw only when memory runs out and then
+/// leave the model unchanged; but those that change several options (the setters of input files,
 /// `setIgnoredAudioTracks` and every `update`) may have changed some of them, and leave a usable model.
 class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, public TranscodeOptions {
  public:
@@ -216,8 +216,8 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   /// The files of one group; absent when there is no such group.
   std::optional<TranscodeInputFileGroup> inputFileGroup(std::int64_t group) const;
   /// Replaces the files of one group, which get the positions 0, 1, 2 and so on, and leaves other input files
-  /// unchanged. A record without files removes the group; an equal record changes nothing. `setInputFileGroup`
-  /// takes the number and the files without a record.
+  /// unchanged. A record without files removes the group; an equal record changes nothing.
+  /// `setInputFileGroup` takes the number and the files without a record.
   void update(const TranscodeInputFileGroup& fromInputFileGroup);
 
   /// Every flag and its value as two words, even if the value is empty: first the flags with a recorded
