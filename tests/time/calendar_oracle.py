@@ -1,10 +1,11 @@
 """Prints what Python's zoneinfo and GNU date say about days.
 
-usage: calendar_oracle.py instants SEED COUNT ZONE... | calendar_oracle.py midnights FIRST_YEAR LAST_YEAR
+usage: calendar_oracle.py SEED COUNT
 
-instants: zone, instant, local time by GNU date ("-" without it), then start and end of its day, week, month, quarter,
-year, the day before and the day after, then months away from it, and the date and start of that day.
-midnights: zone, the date as its midnight in UTC, start of the day and of the next one, for each midnight that is skipped or repeated."""
+One row for each of COUNT random instants in zones of all kinds, and two for each midnight that any zone skips or repeats
+from 2000 to 2030: the start of that day, and the second before. A row has the zone, the instant, the offset; the start
+and end of its day, week, month, quarter and year, of the day before and of the day after; a number of months, and the
+date so many months away, as its midnight in UTC, with the start of that day."""
 import calendar
 import datetime as dt
 import functools
@@ -22,11 +23,23 @@ if not os.path.exists("/usr/share/zoneinfo/Europe/Berlin"):
 
 EPOCH, DAY = dt.datetime(1970, 1, 1), dt.timedelta(1)
 REACH = 26 * 3600
+ZONES = ("Africa/Cairo Africa/Casablanca America/Asuncion America/Havana America/Juneau America/New_York "
+         "America/Santiago America/Sao_Paulo America/St_Johns Antarctica/Troll Asia/Beirut Asia/Kathmandu Asia/Manila "
+         "Asia/Tehran Atlantic/Azores Australia/Lord_Howe Europe/Berlin Europe/Dublin Pacific/Apia "
+         "Pacific/Kwajalein").split()
+
+
+def seconds(time):
+    return int((time - EPOCH).total_seconds())
 
 
 def local(zone, instant):
     utc = (EPOCH + dt.timedelta(seconds=instant)).replace(tzinfo=zone)
     return zone.fromutc(utc).replace(tzinfo=None)
+
+
+def offset(zone, instant):
+    return seconds(local(zone, instant)) - instant
 
 
 def crossing(low, high, has_crossed):
@@ -40,10 +53,10 @@ def crossing(low, high, has_crossed):
 @functools.lru_cache(None)
 def first(zone, date):
     """The first instant whose local date is this one or later."""
-    midnight = int((dt.datetime.combine(date, dt.time()) - EPOCH).total_seconds())
-    offsets = {local(zone, midnight + s * REACH) - EPOCH - dt.timedelta(seconds=midnight + s * REACH) for s in (-1, 0, 1)}
+    midnight = seconds(dt.datetime.combine(date, dt.time()))
+    offsets = {offset(zone, midnight + reach) for reach in (-REACH, 0, REACH)}
     if len(offsets) == 1:
-        return midnight - int(offsets.pop().total_seconds())
+        return midnight - offsets.pop()
     has_begun = lambda t: local(zone, t).date() >= date
     reached = next(t for t in range(midnight - REACH, midnight + REACH + 900, 900) if has_begun(t))
     return crossing(reached - 900, reached, has_begun)
@@ -62,64 +75,70 @@ def away(date, months):
 
 def near_change(zone, instant):
     """An instant within a day of a change of the offset, if one is near."""
-    offset = lambda t: local(zone, t) - EPOCH - dt.timedelta(seconds=t)
     for low in range(instant, instant + 400 * 86400, 20 * 86400):
         high = low + 20 * 86400
-        if offset(low) != offset(high):
-            return crossing(low, high, lambda t: offset(t) != offset(low)) + random.randint(-86400, 86400)
+        if offset(zone, low) != offset(zone, high):
+            return crossing(low, high, lambda t: offset(zone, t) != offset(zone, low)) + random.randint(-86400, 86400)
     return instant
 
 
-def instants(seed, count, *names):
-    random.seed(seed)
-    bounds = [int((dt.datetime(y, 1, 1) - EPOCH).total_seconds()) for y in (2, 1800, 1970, 2100, 9998)]
-    for name in names:
-        zone = zoneinfo.ZoneInfo(name)
-        chosen = []
-        for i in range(int(count) // len(names)):
-            if i % 4 == 0:
-                chosen.append(random.randint(bounds[0], bounds[4]))
-            elif i % 4 == 1:
-                chosen.append(random.randint(bounds[1], bounds[3]))
-            else:
-                chosen.append(near_change(zone, random.randint(bounds[2], bounds[3])))
-        try:
-            shown = subprocess.run(["date", "-f", "-", "+%Y-%m-%dT%T"], text=True, check=True,
-                                   input="".join(f"@{t}\n" for t in chosen), stdout=subprocess.PIPE,
-                                   env={**os.environ, "TZ": name, "LC_ALL": "C"}).stdout.split()
-        except (OSError, subprocess.CalledProcessError):
-            shown = ["-"] * len(chosen)
-        for t, text in zip(chosen, shown):
-            day = day_of(zone, t)
-            month = day.replace(day=1)
-            quarter = month.replace(month=(month.month - 1) // 3 * 3 + 1)
-            year = day.replace(month=1, day=1)
-            week = day - day.weekday() * DAY
-            before = day_of(zone, first(zone, day) - 1)
-            starts = [day, day + DAY, week, week + 7 * DAY, month, away(month, 1), quarter, away(quarter, 3), year,
-                      away(year, 12), before, day, day + DAY, day + DAY]
-            starts = [first(zone, date) for date in starts]
-            starts[13] = first(zone, day_of(zone, starts[12]) + DAY)
-            months = random.randint(-11, 11)
-            then = away(day, months)
-            while first(zone, then) == first(zone, then + DAY):
-                then += DAY if months >= 0 else -DAY
-            print(name, t, text, *starts, months, then, first(zone, then))
+def chosen_instants(zone, count):
+    bounds = [seconds(dt.datetime(y, 1, 1)) for y in (4, 1800, 1970, 2100, 9996)]
+    for i in range(count):
+        if i % 4 < 2:
+            yield random.randint(bounds[i % 4], bounds[4 - i % 4])
+        else:
+            yield near_change(zone, random.randint(bounds[2], bounds[3]))
 
 
-def midnights(first_year, last_year):
-    for name in sorted(zoneinfo.available_timezones()):
-        zone = zoneinfo.ZoneInfo(name)
-        noons = range(int((dt.datetime(int(first_year), 1, 1, 12) - EPOCH).total_seconds()),
-                      int((dt.datetime(int(last_year) + 1, 1, 4, 12) - EPOCH).total_seconds()), 3 * 86400)
-        offsets = [dt.datetime.fromtimestamp(t, zone).utcoffset() for t in noons]
-        dates = {(EPOCH + dt.timedelta(seconds=noons[i]) + k * DAY).date()
-                 for i in range(1, len(offsets)) if offsets[i] != offsets[i - 1] for k in range(-4, 3)}
-        for date in sorted(dates):
-            midnight = dt.datetime.combine(date, dt.time(), zone)
-            if midnight.utcoffset() != midnight.replace(fold=1).utcoffset():
-                start = int((dt.datetime.combine(date, dt.time()) - EPOCH).total_seconds())
-                print(name, start, first(zone, date), first(zone, date + DAY))
+def odd_midnights(zone, first_year, last_year):
+    """The dates whose midnight is skipped or repeated."""
+    noon = seconds(dt.datetime(first_year, 1, 1, 12))
+    noons = range(noon, seconds(dt.datetime(last_year + 1, 1, 4)), 3 * 86400)
+    offsets = [dt.datetime.fromtimestamp(t, zone).utcoffset() for t in noons]
+    dates = {(EPOCH + dt.timedelta(seconds=noons[i]) + k * DAY).date()
+             for i in range(1, len(offsets)) if offsets[i] != offsets[i - 1] for k in range(-4, 3)}
+    for date in sorted(dates):
+        midnight = dt.datetime.combine(date, dt.time(), zone)
+        if midnight.utcoffset() != midnight.replace(fold=1).utcoffset():
+            yield date
 
 
-{"instants": instants, "midnights": midnights}[sys.argv[1]](*sys.argv[2:])
+def offsets_by_date(name, zone, instants):
+    """By GNU date, where it is there."""
+    try:
+        said = subprocess.run(["date", "-f", "-", "+%Y-%m-%dT%T"], input="".join(f"@{t}\n" for t in instants),
+                              text=True, check=True, stdout=subprocess.PIPE,
+                              env={**os.environ, "TZ": name, "LC_ALL": "C"})
+        locals = [dt.datetime.fromisoformat(text) for text in said.stdout.split()]
+    except (OSError, subprocess.CalledProcessError):
+        locals = [local(zone, t) for t in instants]
+    return [seconds(there) - t for there, t in zip(locals, instants)]
+
+
+def print_rows(name, zone, instants):
+    for t, offset in zip(instants, offsets_by_date(name, zone, instants)):
+        day = day_of(zone, t)
+        before, after = (day_of(zone, first(zone, date) - side) for date, side in ((day, 1), (day + DAY, 0)))
+        week = day - day.weekday() * DAY
+        month = day.replace(day=1)
+        quarter = month.replace(month=(month.month - 1) // 3 * 3 + 1)
+        year = day.replace(month=1, day=1)
+        bounds = [day, after, week, week + 7 * DAY, month, away(month, 1), quarter, away(quarter, 3), year,
+                  away(year, 12), before, day, after, after + DAY]
+        months = random.randint(-30, 30)
+        then = away(day, months)
+        while first(zone, then) == first(zone, then + DAY):
+            then += DAY if months >= 0 else -DAY
+        print(name, t, offset, *(first(zone, date) for date in bounds), months,
+              seconds(dt.datetime.combine(then, dt.time())), first(zone, then))
+
+
+random.seed(sys.argv[1])
+for name in ZONES:
+    zone = zoneinfo.ZoneInfo(name)
+    print_rows(name, zone, list(chosen_instants(zone, int(sys.argv[2]) // len(ZONES))))
+for name in sorted(zoneinfo.available_timezones()):
+    zone = zoneinfo.ZoneInfo(name)
+    starts = [first(zone, date) for date in odd_midnights(zone, 2000, 2030)]
+    print_rows(name, zone, [t - before for t in starts for before in (0, 1)])
