@@ -2,10 +2,10 @@
 
 usage: calendar_oracle.py SEED COUNT
 
-One row for each of COUNT random instants in zones of all kinds, and two for each midnight that any zone skips or repeats
-from 2000 to 2030: the start of that day, and the second before. A row has the zone, the instant, the offset; the start
-and end of its day, week, month, quarter and year, of the day before and of the day after; a number of months, and the
-date so many months away, as its midnight in UTC, with the start of that day."""
+One row for each of COUNT random instants in zones of all kinds, and three for each midnight that any zone skips or
+repeats from 2000 to 2030: the start of that day, the second before and half an hour after. A row has the zone, the
+instant, the offset; the start and end of its day, week, month, quarter and year, of the day before and of the day
+after; a number of months, and the date so many months away, as its midnight in UTC, with the start of that day."""
 import calendar
 import datetime as dt
 import functools
@@ -141,4 +141,4 @@ for name in ZONES:
 for name in sorted(zoneinfo.available_timezones()):
     zone = zoneinfo.ZoneInfo(name)
     starts = [first(zone, date) for date in odd_midnights(zone, 2000, 2030)]
-    print_rows(name, zone, [t - before for t in starts for before in (0, 1)])
+    print_rows(name, zone, [t + later for t in starts for later in (-1, 0, 1800)])

@@ -71,7 +71,7 @@ TEST(Calendar, AgreesWithOtherCalendars) {
     EXPECT_TRUE(months % 3 != 0 || calendar->dateAway(quarter, months / 3, instant) == date);
     expectPeriodsToAdjoin(*calendar, instant);
   }
-  EXPECT_GT(count, 11500);
+  EXPECT_GT(count, 12400);
 }
 
 TEST(Calendar, EndsWithTheYears1And9999) {
