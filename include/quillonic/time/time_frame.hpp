@@ -16,8 +16,8 @@
 
 namespace quillonic {
 
-/// A stretch of time relative to an instant. Whoever asks about many dates resolves it once, so that all are
-/// compared with one range.
+/// A stretch of time relative to an instant. Callers with many dates resolve it once, so that all are compared
+/// with one range.
 class QUILLONIC_EXPORT TimeFrame {
  public:
   /// The period that the instant is in: today, this week, this month ...
