@@ -1,5 +1,5 @@
-/// Small services for the other subsystems: enumerations with texts, coding, text dictionaries, values of any
-/// type, switches that threads share, and names shared with hosts.
+/// Small services for the other subsystems: enumerations with texts, coding, text dictionaries, ordered trees,
+/// values of any type, switches that threads share, and names shared with hosts.
 #pragma once
 
 #include <quillonic/support/any_value.hpp>
@@ -12,6 +12,7 @@
 #include <quillonic/support/function_ref.hpp>
 #include <quillonic/support/host_keys.hpp>
 #include <quillonic/support/option_set.hpp>
+#include <quillonic/support/ordered_tree.hpp>
 #include <quillonic/support/parse_error.hpp>
 #include <quillonic/support/path_coding.hpp>
 #include <quillonic/support/text_backed.hpp>

@@ -46,7 +46,8 @@ concept Transparent = requires {
 
 /// An element outside of any tree, to move it from one to another or to change its key. Not copyable; empty
 /// after it was inserted.
-template <class Key, class Mapped, class Allocator> class OrderedTreeNode : public detail::TreeTypes<Key, Mapped> {
+template <class Key, class Mapped, class Allocator>
+class OrderedTreeNode : public detail::TreeTypes<Key, Mapped> {
  public:
   /// The allocator of its tree.
   using allocator_type = Allocator;
@@ -183,7 +184,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   template <std::input_iterator Iterator>
   OrderedTree(Iterator first, Iterator last, const Allocator& allocator)
       : OrderedTree(first, last, Compare(), allocator) {}
-  OrderedTree(std::initializer_list<value_type> values, const Compare& compare = {}, const Allocator& allocator = {})
+  OrderedTree(std::initializer_list<value_type> values, const Compare& compare = {},
+              const Allocator& allocator = {})
       : OrderedTree(values.begin(), values.end(), compare, allocator) {}
   OrderedTree(std::initializer_list<value_type> values, const Allocator& allocator)
       : OrderedTree(values, Compare(), allocator) {}
@@ -215,8 +217,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     exchange<propagates>(copy);
     return *this;
   }
-  OrderedTree& operator=(OrderedTree&& other) noexcept(NodeTraits::is_always_equal::value&&
-                                                           std::is_nothrow_swappable_v<Compare>) {
+  OrderedTree& operator=(OrderedTree&& other) noexcept(
+      NodeTraits::is_always_equal::value&& std::is_nothrow_swappable_v<Compare>) {
     if (this == &other) return *this;
     constexpr bool propagates = NodeTraits::propagate_on_container_move_assignment::value;
     OrderedTree moved(std::move(other), propagates ? other.get_allocator() : get_allocator());
@@ -229,7 +231,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     return *this;
   }
   ~OrderedTree() { clear(); }
-  void swap(OrderedTree& other) noexcept(NodeTraits::is_always_equal::value&& std::is_nothrow_swappable_v<Compare>) {
+  void swap(OrderedTree& other) noexcept(
+      NodeTraits::is_always_equal::value&& std::is_nothrow_swappable_v<Compare>) {
     exchange<NodeTraits::propagate_on_container_swap::value>(other);
   }
   friend void swap(OrderedTree& a, OrderedTree& b) noexcept(noexcept(a.swap(b))) { a.swap(b); }
@@ -282,39 +285,39 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   template <class K = Key>
   requires(isSought<K>) iterator find(const K& key) { return iterator(found(sought(key))); }
   template <class K = Key>
-  requires(isSought<K>) const_iterator find(const K& key) const { return const_iterator(found(sought(key))); }
+  requires(isSought<K>) const_iterator find(const K& key)
+  const { return const_iterator(found(sought(key))); }
   template <class K = Key>
   requires(isSought<K>) bool contains(const K& key) const { return found(sought(key)) != &head_.end; }
   template <class K = Key>
-  requires(isSought<K>) size_type count(const K& key) const {
+  requires(isSought<K>) size_type count(const K& key)
+  const {
     const auto wanted = equal_range(key);
     return static_cast<size_type>(std::distance(wanted.first, wanted.second));
   }
   template <class K = Key>
   requires(isSought<K>) iterator lower_bound(const K& key) { return iterator(lower(sought(key))); }
   template <class K = Key>
-  requires(isSought<K>) const_iterator lower_bound(const K& key) const {
-    return const_iterator(lower(sought(key)));
-  }
+  requires(isSought<K>) const_iterator lower_bound(const K& key)
+  const { return const_iterator(lower(sought(key))); }
   template <class K = Key>
   requires(isSought<K>) iterator upper_bound(const K& key) { return iterator(upper(sought(key))); }
   template <class K = Key>
-  requires(isSought<K>) const_iterator upper_bound(const K& key) const {
-    return const_iterator(upper(sought(key)));
-  }
+  requires(isSought<K>) const_iterator upper_bound(const K& key)
+  const { return const_iterator(upper(sought(key))); }
   template <class K = Key>
   requires(isSought<K>) std::pair<iterator, iterator> equal_range(const K& key) {
     return equalRange<iterator>(sought(key));
   }
   template <class K = Key>
-  requires(isSought<K>) std::pair<const_iterator, const_iterator> equal_range(const K& key) const {
-    return equalRange<const_iterator>(sought(key));
-  }
+  requires(isSought<K>) std::pair<const_iterator, const_iterator> equal_range(const K& key)
+  const { return equalRange<const_iterator>(sought(key)); }
   /// @}
 
   /// The number of keys before this one, whether or not it is there.
   template <class K = Key>
-  requires(isSought<K>) size_type rank(const K& key) const {
+  requires(isSought<K>) size_type rank(const K& key)
+  const {
     const auto& wanted = sought(key);
     size_type before = 0;
     for (const Links* node = root(); node;) {
@@ -327,7 +330,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
 
   /// The number of keys from the first one on and before the second; zero if the second is not greater.
   template <class From = Key, class To = Key>
-  requires(isSought<From>&& isSought<To>) size_type countBetween(const From& from, const To& to) const {
+  requires(isSought<From>&& isSought<To>) size_type countBetween(const From& from, const To& to)
+  const {
     const auto before = rank(from);
     return std::max(rank(to), before) - before;
   }
@@ -382,8 +386,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
                 std::forward_as_tuple(std::forward<Arguments>(arguments)...));
   }
   template <class K = Key, class... Arguments>
-  requires(isMap&& std::constructible_from<Key, K&&>) iterator try_emplace(const_iterator hint, K&& key,
-                                                                          Arguments&&... arguments) {
+  requires(isMap&& std::constructible_from<Key, K&&>) iterator
+      try_emplace(const_iterator hint, K&& key, Arguments&&... arguments) {
     const auto place = placeOf(hint, sought(key));
     return fill(place, std::piecewise_construct, std::forward_as_tuple(std::forward<K>(key)),
                 std::forward_as_tuple(std::forward<Arguments>(arguments)...))
@@ -391,14 +395,14 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   }
   template <class K = Key, class M>
   requires(isMap&& std::constructible_from<Key, K&&>) std::pair<iterator, bool> insert_or_assign(K&& key,
-                                                                                                M&& mapped) {
+                                                                                                 M&& mapped) {
     const auto result = try_emplace(std::forward<K>(key), std::forward<M>(mapped));
     if (!result.second) result.first->second = std::forward<M>(mapped);
     return result;
   }
   template <class K = Key, class M>
-  requires(isMap&& std::constructible_from<Key, K&&>) iterator insert_or_assign(const_iterator hint, K&& key,
-                                                                               M&& mapped) {
+  requires(isMap&& std::constructible_from<Key, K&&>) iterator
+      insert_or_assign(const_iterator hint, K&& key, M&& mapped) {
     const auto before = size();
     const auto position = try_emplace(hint, std::forward<K>(key), std::forward<M>(mapped));
     if (size() == before) position->second = std::forward<M>(mapped);
@@ -492,15 +496,16 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   }
   /// By the elements in order, which need no more than "<".
   friend auto operator<=>(const OrderedTree& a, const OrderedTree& b) {
-    return std::lexicographical_compare_three_way(
-        a.begin(), a.end(), b.begin(), b.end(), [](const value_type& x, const value_type& y) {
-          if constexpr (std::three_way_comparable<value_type>) {
-            return x <=> y;
-          } else {
-            return x < y ? std::weak_ordering::less
-                         : y < x ? std::weak_ordering::greater : std::weak_ordering::equivalent;
-          }
-        });
+    return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(),
+                                                  [](const value_type& x, const value_type& y) {
+                                                    if constexpr (std::three_way_comparable<value_type>) {
+                                                      return x <=> y;
+                                                    } else {
+                                                      return x < y   ? std::weak_ordering::less
+                                                             : y < x ? std::weak_ordering::greater
+                                                                     : std::weak_ordering::equivalent;
+                                                    }
+                                                  });
   }
   /// Erases the elements that a predicate is true for, and gives their number.
   template <class Predicate> friend size_type erase_if(OrderedTree& tree, Predicate predicate) {
@@ -582,19 +587,13 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     return position;
   }
 
-  // Before all that is not less.
+  // Before all that is not less. Without branches, which nothing predicts; there is a node to add anyway.
   template <class K> Place placeFor(const K& key) const {
     Place place{&head_.end, false};
-    for (Links* node = root(); node;) {
+    for (Links* node = root(); node; node = node->child[place.side]) {
       place.parent = node;
-      if (compare_(keyOf(node), key)) {
-        place.side = true;
-        node = node->child[1];
-      } else {
-        place.side = false;
-        place.equal = node;
-        node = node->child[0];
-      }
+      place.side = compare_(keyOf(node), key);
+      if (!place.side) place.equal = node;
     }
     return place;
   }
@@ -647,7 +646,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
       detail::destroyNode<value_type>(allocator_, std::exchange(node, node->child[1]));
     }
   }
-  template <bool propagates> void exchange(OrderedTree& other) noexcept(std::is_nothrow_swappable_v<Compare>) {
+  template <bool propagates>
+  void exchange(OrderedTree& other) noexcept(std::is_nothrow_swappable_v<Compare>) {
     using std::swap;
     swap(compare_, other.compare_);
     if constexpr (propagates) swap(allocator_, other.allocator_);

@@ -127,7 +127,8 @@ inline void join(TreeLinks* end, TreeLinks* smaller, TreeLinks* middle, TreeLink
 }
 
 // Divides a tree at a place where a node could be added, into trees below two empty ends.
-inline void split(TreeLinks* place, bool side, const TreeLinks* end, TreeLinks* lower, TreeLinks* upper) noexcept {
+inline void split(TreeLinks* place, bool side, const TreeLinks* end, TreeLinks* lower,
+                  TreeLinks* upper) noexcept {
   while (place != end) {
     TreeLinks* const node = place;
     const bool isLower = side;
@@ -195,7 +196,8 @@ template <class Value, class Allocator> void destroyNode(Allocator& allocator, T
 template <class Value, class Allocator, class... Arguments>
 TreeLinks* makeNode(Allocator& allocator, Arguments&&... arguments) {
   using Traits = std::allocator_traits<Allocator>;
-  auto* const node = ::new (static_cast<void*>(std::to_address(Traits::allocate(allocator, 1)))) TreeNode<Value>;
+  auto* const node =
+      ::new (static_cast<void*>(std::to_address(Traits::allocate(allocator, 1)))) TreeNode<Value>;
   try {
     Traits::construct(allocator, std::addressof(node->value), std::forward<Arguments>(arguments)...);
   } catch (...) {
@@ -219,7 +221,8 @@ template <class Value> class TreeIterator {
   template <class Other>
   requires std::same_as<const Other, Value>
   // NOLINTNEXTLINE(google-explicit-constructor): as pointers do
-  TreeIterator(const TreeIterator<Other>& other) noexcept : links_(other.links()) {}
+  TreeIterator(const TreeIterator<Other>& other)
+  noexcept : links_(other.links()) {}
 
   Value& operator*() const noexcept { return valueOf<value_type>(links_); }
   Value* operator->() const noexcept { return std::addressof(**this); }
