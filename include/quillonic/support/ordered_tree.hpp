@@ -42,6 +42,16 @@ concept Transparent = requires {
   typename Compare::is_transparent;
 };
 
+// What can be looked for: with a transparent comparison anything, else what converts to a key.
+template <class K, class Key, class Compare>
+concept SoughtAs = Transparent<Compare> || std::convertible_to<const K&, const Key&>;
+
+template <class K, class Key, class Compare, class Iterator>
+concept SoughtAsNoPosition = SoughtAs<K, Key, Compare> && !std::convertible_to<const K&, Iterator>;
+
+template <class K, class Key>
+concept Makes = std::constructible_from<Key, K&&>;
+
 }  // namespace detail
 
 /// An element outside of any tree, to move it from one to another or to change its key. Not copyable; empty
@@ -127,13 +137,10 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   using Types::keyOf;
 
   static constexpr bool isMap = !std::is_void_v<Mapped>;
-  // What can be looked for: with a transparent comparison anything, else what converts to a key.
-  template <class K>
-  static constexpr bool isSought = detail::Transparent<Compare> || std::convertible_to<const K&, const Key&>;
 
  public:
-  /// \name Types, as in std::map and std::set
   /// @{
+  /// As in std::map and std::set.
   using key_type = Key;
   using value_type = typename Types::value_type;
   using key_compare = Compare;
@@ -169,9 +176,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     bool operator()(const value_type& a, const value_type& b) const { return compare(keyOf(a), keyOf(b)); }
   };
 
-  /// \name Making, copying and moving, as in std::map
-  /// A tree that was moved from is empty, unless its allocator cannot give its nodes away.
   /// @{
+  /// Makes, copies and moves trees as in std::map. One that was moved from is empty.
   OrderedTree() = default;
   explicit OrderedTree(const Compare& compare, const Allocator& allocator = {})
       : compare_(compare), allocator_(allocator) {}
@@ -238,8 +244,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   friend void swap(OrderedTree& a, OrderedTree& b) noexcept(noexcept(a.swap(b))) { a.swap(b); }
   /// @}
 
-  /// \name What a tree is made of, and walking, as in std::map
   /// @{
+  /// Tells what the tree is made of, and walks, as in std::map.
   allocator_type get_allocator() const noexcept { return allocator_type(allocator_); }
   key_compare key_comp() const { return compare_; }
   value_compare value_comp() const { return {compare_}; }
@@ -278,46 +284,45 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     return index;
   }
 
-  /// \name Looking up
-  /// As in std::map and std::set. With a comparison that is transparent, such as std::less<>, anything that
-  /// compares with keys can be looked for, also to erase or extract it; else it is converted to a key.
   /// @{
-  template <class K = Key>
-  requires(isSought<K>) iterator find(const K& key) { return iterator(found(sought(key))); }
-  template <class K = Key>
-  requires(isSought<K>) const_iterator find(const K& key)
-  const { return const_iterator(found(sought(key))); }
-  template <class K = Key>
-  requires(isSought<K>) bool contains(const K& key) const { return found(sought(key)) != &head_.end; }
-  template <class K = Key>
-  requires(isSought<K>) size_type count(const K& key)
-  const {
+  /// Looks up as in std::map and std::set. With a comparison that is transparent, such as std::less<>, anything that
+  /// compares with keys can be looked for, also to erase or extract it; else it is converted to a key.
+  template <detail::SoughtAs<Key, Compare> K = Key> iterator find(const K& key) {
+    return iterator(found(sought(key)));
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> const_iterator find(const K& key) const {
+    return const_iterator(found(sought(key)));
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> bool contains(const K& key) const {
+    return found(sought(key)) != &head_.end;
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> size_type count(const K& key) const {
     const auto wanted = equal_range(key);
     return static_cast<size_type>(std::distance(wanted.first, wanted.second));
   }
-  template <class K = Key>
-  requires(isSought<K>) iterator lower_bound(const K& key) { return iterator(lower(sought(key))); }
-  template <class K = Key>
-  requires(isSought<K>) const_iterator lower_bound(const K& key)
-  const { return const_iterator(lower(sought(key))); }
-  template <class K = Key>
-  requires(isSought<K>) iterator upper_bound(const K& key) { return iterator(upper(sought(key))); }
-  template <class K = Key>
-  requires(isSought<K>) const_iterator upper_bound(const K& key)
-  const { return const_iterator(upper(sought(key))); }
-  template <class K = Key>
-  requires(isSought<K>) std::pair<iterator, iterator> equal_range(const K& key) {
+  template <detail::SoughtAs<Key, Compare> K = Key> iterator lower_bound(const K& key) {
+    return iterator(lower(sought(key)));
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> const_iterator lower_bound(const K& key) const {
+    return const_iterator(lower(sought(key)));
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> iterator upper_bound(const K& key) {
+    return iterator(upper(sought(key)));
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> const_iterator upper_bound(const K& key) const {
+    return const_iterator(upper(sought(key)));
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> std::pair<iterator, iterator> equal_range(const K& key) {
     return equalRange<iterator>(sought(key));
   }
-  template <class K = Key>
-  requires(isSought<K>) std::pair<const_iterator, const_iterator> equal_range(const K& key)
-  const { return equalRange<const_iterator>(sought(key)); }
+  template <detail::SoughtAs<Key, Compare> K = Key>
+  std::pair<const_iterator, const_iterator> equal_range(const K& key) const {
+    return equalRange<const_iterator>(sought(key));
+  }
   /// @}
 
   /// The number of keys before this one, whether or not it is there.
-  template <class K = Key>
-  requires(isSought<K>) size_type rank(const K& key)
-  const {
+  template <detail::SoughtAs<Key, Compare> K = Key> size_type rank(const K& key) const {
     const auto& wanted = sought(key);
     size_type before = 0;
     for (const Links* node = root(); node;) {
@@ -329,17 +334,15 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   }
 
   /// The number of keys from the first one on and before the second; zero if the second is not greater.
-  template <class From = Key, class To = Key>
-  requires(isSought<From>&& isSought<To>) size_type countBetween(const From& from, const To& to)
-  const {
+  template <detail::SoughtAs<Key, Compare> From = Key, detail::SoughtAs<Key, Compare> To = Key>
+  size_type countBetween(const From& from, const To& to) const {
     const auto before = rank(from);
     return std::max(rank(to), before) - before;
   }
 
-  /// \name Inserting
-  /// As in std::map and std::set. A key that is there keeps its element; with a position that the key belongs
-  /// directly before, no search is needed.
   /// @{
+  /// Inserts as in std::map and std::set. A key that is there keeps its element; with a position that the key belongs
+  /// directly before, no search is needed.
   template <class... Arguments> std::pair<iterator, bool> emplace(Arguments&&... arguments) {
     auto made = insert(node_type(make(std::forward<Arguments>(arguments)...), allocator_));
     return {made.position, made.inserted};
@@ -347,16 +350,14 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   template <class... Arguments> iterator emplace_hint(const_iterator hint, Arguments&&... arguments) {
     return insert(hint, node_type(make(std::forward<Arguments>(arguments)...), allocator_));
   }
-  template <class V = value_type>
-  requires std::constructible_from<value_type, V&&> std::pair<iterator, bool> insert(V&& value) {
+  template <detail::Makes<value_type> V = value_type> std::pair<iterator, bool> insert(V&& value) {
     if constexpr (std::same_as<std::remove_cvref_t<V>, value_type>) {
       return fill(placeOf(keyOf(value)), std::forward<V>(value));
     } else {
       return emplace(std::forward<V>(value));
     }
   }
-  template <class V = value_type>
-  requires std::constructible_from<value_type, V&&> iterator insert(const_iterator hint, V&& value) {
+  template <detail::Makes<value_type> V = value_type> iterator insert(const_iterator hint, V&& value) {
     if constexpr (std::same_as<std::remove_cvref_t<V>, value_type>) {
       return fill(placeOf(hint, keyOf(value)), std::forward<V>(value)).first;
     } else {
@@ -378,48 +379,45 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     const auto place = placeOf(hint, keyOf(node.links_));
     return place.equal ? iterator(place.equal) : link(place, node.release());
   }
-  template <class K = Key, class... Arguments>
-  requires(isMap&& std::constructible_from<Key, K&&>) std::pair<iterator, bool> try_emplace(
-      K&& key, Arguments&&... arguments) {
+  template <detail::Makes<Key> K = Key, class... Arguments>
+  std::pair<iterator, bool> try_emplace(K&& key, Arguments&&... arguments) {
     const auto place = placeOf(sought(key));
     return fill(place, std::piecewise_construct, std::forward_as_tuple(std::forward<K>(key)),
                 std::forward_as_tuple(std::forward<Arguments>(arguments)...));
   }
-  template <class K = Key, class... Arguments>
-  requires(isMap&& std::constructible_from<Key, K&&>) iterator
-      try_emplace(const_iterator hint, K&& key, Arguments&&... arguments) {
+  template <detail::Makes<Key> K = Key, class... Arguments>
+  iterator try_emplace(const_iterator hint, K&& key, Arguments&&... arguments) {
     const auto place = placeOf(hint, sought(key));
     return fill(place, std::piecewise_construct, std::forward_as_tuple(std::forward<K>(key)),
                 std::forward_as_tuple(std::forward<Arguments>(arguments)...))
         .first;
   }
-  template <class K = Key, class M>
-  requires(isMap&& std::constructible_from<Key, K&&>) std::pair<iterator, bool> insert_or_assign(K&& key,
-                                                                                                 M&& mapped) {
+  template <detail::Makes<Key> K = Key, class M>
+  std::pair<iterator, bool> insert_or_assign(K&& key, M&& mapped) {
     const auto result = try_emplace(std::forward<K>(key), std::forward<M>(mapped));
     if (!result.second) result.first->second = std::forward<M>(mapped);
     return result;
   }
-  template <class K = Key, class M>
-  requires(isMap&& std::constructible_from<Key, K&&>) iterator
-      insert_or_assign(const_iterator hint, K&& key, M&& mapped) {
+  template <detail::Makes<Key> K = Key, class M>
+  iterator insert_or_assign(const_iterator hint, K&& key, M&& mapped) {
     const auto before = size();
     const auto position = try_emplace(hint, std::forward<K>(key), std::forward<M>(mapped));
     if (size() == before) position->second = std::forward<M>(mapped);
     return position;
   }
-  template <class K = Key>
-  requires(isMap&& std::constructible_from<Key, K&&>) auto& operator[](K&& key) {
+  template <detail::Makes<Key> K = Key> auto& operator[](K&& key) {
     return try_emplace(std::forward<K>(key)).first->second;
   }
-  template <class K = Key>
-  requires(isMap&& isSought<K>) auto& at(const K& key) { return existing(find(key))->second; }
-  template <class K = Key>
-  requires(isMap&& isSought<K>) const auto& at(const K& key) const { return existing(find(key))->second; }
+  template <detail::SoughtAs<Key, Compare> K = Key> auto& at(const K& key) {
+    return existing(find(key))->second;
+  }
+  template <detail::SoughtAs<Key, Compare> K = Key> const auto& at(const K& key) const {
+    return existing(find(key))->second;
+  }
   /// @}
 
-  /// \name Removing, as in std::map and std::set
   /// @{
+  /// Removes as in std::map and std::set.
   iterator erase(const_iterator position) noexcept {
     Links* const next = detail::neighbour(position.links(), true);
     remove(position.links());
@@ -430,8 +428,7 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     while (first != last) first = erase(first);
     return iterator(last.links());
   }
-  template <class K = Key>
-  requires(isSought<K> && !std::convertible_to<const K&, const_iterator>) size_type erase(const K& key) {
+  template <detail::SoughtAsNoPosition<Key, Compare, const_iterator> K = Key> size_type erase(const K& key) {
     // Keys of other types may equal several.
     const auto before = size();
     const auto wanted = equal_range(key);
@@ -442,8 +439,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     remove(position.links());
     return node_type(position.links(), allocator_);
   }
-  template <class K = Key>
-  requires(isSought<K> && !std::convertible_to<const K&, const_iterator>) node_type extract(const K& key) {
+  template <detail::SoughtAsNoPosition<Key, Compare, const_iterator> K = Key>
+  node_type extract(const K& key) {
     const auto position = find(key);
     return position == end() ? node_type() : extract(const_iterator(position));
   }
@@ -477,8 +474,7 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   }
 
   /// Keeps the elements before a key, and gives the others. The opposite is `merge()`.
-  template <class K = Key>
-  requires(isSought<K>) OrderedTree split(const K& key) {
+  template <detail::SoughtAs<Key, Compare> K = Key> OrderedTree split(const K& key) {
     OrderedTree others(compare_, get_allocator());
     const auto place = placeFor(sought(key));
     Links lower{.weight = 0}, upper{.weight = 0};

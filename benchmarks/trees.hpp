@@ -1,0 +1,82 @@
+// Maps of random 64-bit keys.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "rows.hpp"
+
+namespace quillonic::benchmarks {
+
+using Keys = std::vector<std::uint64_t>;
+
+inline Keys randomKeys(std::size_t count) {
+  std::mt19937_64 random(count);
+  Keys keys(count);
+  std::ranges::generate(keys, random);
+  return keys;
+}
+
+// So many that a turn is short, and that no branch predictor learns them.
+inline Keys someOf(Keys keys) {
+  std::shuffle(keys.begin(), keys.end(), std::mt19937_64(1));
+  keys.resize(std::min<std::size_t>(keys.size(), 20'000));
+  return keys;
+}
+
+inline const std::vector<std::pair<std::size_t, std::string>>& treeSizes() {
+  static const std::vector<std::pair<std::size_t, std::string>> sizes = {
+      {1'000, "1,000"}, {100'000, "100,000"}, {1'000'000, "1,000,000"}};
+  return sizes;
+}
+
+template <class Map> std::shared_ptr<Map> filled(const Keys& keys) {
+  auto map = std::make_shared<Map>();
+  for (const auto key : keys) map->insert(typename Map::value_type(key, key));
+  return map;
+}
+
+// A row per size: `work` gets a map of that many keys, and some of these.
+template <class Map, class Do>
+void addTreeRow(const std::string& name, const std::string& who, const std::string& note, Do work) {
+  for (const auto& [size, text] : treeSizes()) {
+    const auto items = static_cast<double>(std::min<std::size_t>(size, 20'000));
+    add({name + " " + text + " keys, each", who, note, items, size != 1'000'000}, [=, size = size]() -> Work {
+      const auto keys = randomKeys(size);
+      return [=, map = filled<Map>(keys), some = someOf(keys)] { work(*map, some); };
+    });
+  }
+}
+
+template <class Map> bool addTree(const std::string& who, const std::string& note = {}) {
+  for (const auto& [size, text] : treeSizes()) {
+    const auto items = static_cast<double>(size);
+    add({"fill and empty a map of " + text + " keys, each", who, note, items, size != 1'000'000},
+        [size = size]() -> Work { return [keys = randomKeys(size)] { use(filled<Map>(keys)); }; });
+    add({"walk over a map of " + text + " keys, each", who, note, items, size != 1'000'000},
+        [size = size]() -> Work {
+          return [map = filled<Map>(randomKeys(size))] {
+            std::uint64_t sum = 0;
+            for (const auto& [key, value] : *map) sum += value;
+            use(sum);
+          };
+        });
+  }
+  addTreeRow<Map>("find in", who, note, [](Map& map, const Keys& keys) {
+    std::uint64_t sum = 0;
+    for (const auto key : keys) sum += map.find(key)->second;
+    use(sum);
+  });
+  addTreeRow<Map>("erase and insert again in", who, note, [](Map& map, const Keys& keys) {
+    for (const auto key : keys) map.erase(key);
+    for (const auto key : keys) map.insert(typename Map::value_type(key, key));
+  });
+  return true;
+}
+
+}  // namespace quillonic::benchmarks
