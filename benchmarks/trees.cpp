@@ -37,7 +37,7 @@ const bool added = [] {
       [](Statistics& map, std::uint64_t key) { return map.find_by_order(key % map.size())->second; });
   add({"n-th of 1,000 keys, each", "std::map, walking", "", 1'000}, []() -> Work {
     const auto keys = randomKeys(1'000);
-    return [=, map = filled<Standard>(keys)] {
+    return [keys, map = filled<Standard>(keys)] {
       std::uint64_t sum = 0;
       for (const auto key : keys)
         sum += std::next(map->begin(), static_cast<std::ptrdiff_t>(key % 1'000))->second;

@@ -1,7 +1,8 @@
-// A host's enumeration and record, stored in its own archive; and a switch that stops a thread.
+// A host's enumeration and record, stored in its own archive; a switch that stops a thread; and a map that counts.
 #include <quillonic/support.hpp>
 
 #include <array>
+#include <cstdint>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -33,6 +34,14 @@ template <> struct quillonic::FieldTable<CopyJob> {
   };
 };
 
+void showOrderedMap() {
+  OrderedMap<std::uint64_t, std::string> bySize{{700, "a.mov"}, {20, "b.wav"}, {90'000, "c.mxf"}};
+  std::cout << "median " << bySize.nth(bySize.size() / 2)->second << ", " << bySize.countBetween(10, 1'000)
+            << " of 10 to 999 bytes\n";
+  const auto large = bySize.split(500);
+  std::cout << bySize.size() << " small, " << large.size() << " large\n";
+}
+
 int main() {
   for (const auto verification : allCases<Verification>()) std::cout << rawValue(verification) << '\n';
 
@@ -48,4 +57,6 @@ int main() {
   });
   cancelled->setIsOn(true);
   copying.join();
+
+  showOrderedMap();
 }

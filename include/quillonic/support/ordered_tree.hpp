@@ -118,11 +118,11 @@ class OrderedTreeNode : public detail::TreeTypes<Key, Mapped> {
   std::optional<NodeAllocator> allocator_;
 };
 
-/// What `OrderedSet` and `OrderedMap` are: as std::set and std::map, with the same names, costs and guarantees,
-/// and besides the n-th element, the rank of a key, the count of a range and splitting, all in logarithmic
-/// time.
+/// What `OrderedSet` and `OrderedMap` are: as std::set and std::map, with the same names and guarantees, and
+/// besides the n-th element, the rank of a key, the count of a range and splitting, all in logarithmic time.
 ///
 /// It is an AVL tree whose nodes count what is below them. An element takes as much memory as in std::map.
+/// Inserting and erasing take logarithmic time even with a position, because all counts above change.
 /// Iterators and references stay valid until their element is erased, also when it moves to another tree.
 /// What throws, be it a comparison, an allocation or a constructor, leaves the tree as it was; inserting a
 /// range leaves the elements before.
@@ -285,8 +285,9 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   }
 
   /// @{
-  /// Looks up as in std::map and std::set. With a comparison that is transparent, such as std::less<>, anything that
-  /// compares with keys can be looked for, also to erase or extract it; else it is converted to a key.
+  /// Looks up as in std::map and std::set. With a comparison that is transparent, such as std::less<>,
+  /// anything that compares with keys can be looked for, also to erase or extract it. Else it must convert to
+  /// a key.
   template <detail::SoughtAs<Key, Compare> K = Key> iterator find(const K& key) {
     return iterator(found(sought(key)));
   }
@@ -341,8 +342,8 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   }
 
   /// @{
-  /// Inserts as in std::map and std::set. A key that is there keeps its element; with a position that the key belongs
-  /// directly before, no search is needed.
+  /// Inserts as in std::map and std::set. A key that is there keeps its element; with a position that the key
+  /// belongs directly before, no search is needed.
   template <class... Arguments> std::pair<iterator, bool> emplace(Arguments&&... arguments) {
     auto made = insert(node_type(make(std::forward<Arguments>(arguments)...), allocator_));
     return {made.position, made.inserted};
