@@ -531,7 +531,7 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
   // The key itself where it compares with keys, or else a key.
   template <class K>
   using Sought = std::conditional_t<detail::Transparent<Compare> || std::same_as<K, Key>, const K&, Key>;
-  template <class K> static Sought<K> sought(const K& key) { return key; }
+  template <class K> static Sought<K> sought(const K& key) { return static_cast<Sought<K>>(key); }
 
   // Branches rather than a computed index: the processor loads the next node before it has compared this one.
   template <class K> Links* lower(const K& key) const {
