@@ -59,7 +59,14 @@ template <class Map> bool addTree(const std::string& who, const std::string& not
   for (const auto& [size, text] : treeSizes()) {
     const auto items = static_cast<double>(size);
     add({"fill and empty a map of " + text + " keys, each", who, note, items, size != 1'000'000},
-        [size = size]() -> Work { return [keys = randomKeys(size)] { use(filled<Map>(keys)); }; });
+        [size = size]() -> Work {
+          // Others each time, while there are.
+          return [size, next = std::size_t{0}, keys = randomKeys(std::max(size, 100 * turn))]() mutable {
+            if (next + size > keys.size()) next = 0;
+            use(filled<Map>(std::span(keys).subspan(next, size)));
+            next += size;
+          };
+        });
     add({"walk over a map of " + text + " keys, each", who, note, items, size != 1'000'000},
         [size = size]() -> Work {
           return [map = filled<Map>(randomKeys(size))] {

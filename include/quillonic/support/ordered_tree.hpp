@@ -327,9 +327,12 @@ class OrderedTree : public detail::TreeTypes<Key, Mapped> {
     const auto& wanted = sought(key);
     size_type before = 0;
     for (const Links* node = root(); node;) {
-      const bool isLess = compare_(keyOf(node), wanted);
-      if (isLess) before += detail::nodesOf(node->child[0]) + 1;
-      node = node->child[isLess];
+      if (compare_(keyOf(node), wanted)) {
+        before += detail::nodesOf(node->child[0]) + 1;
+        node = node->child[1];
+      } else {
+        node = node->child[0];
+      }
     }
     return before;
   }
