@@ -11,7 +11,6 @@
 namespace quillonic {
 namespace {
 
-using std::chrono::seconds;
 using std::chrono::sys_seconds;
 
 void warn(std::string_view operation, std::string_view name, std::string_view reason) {
@@ -64,7 +63,7 @@ std::optional<TimeZone> TimeZone::fromName(std::string_view name) {
       rulesOfFile(file.starts_with('/') ? file : time_settings::zoneFolder().append("/").append(file));
   if (!rules) {
     if (const auto rule = YearlyRule::fromText(name))
-      rules.emplace(seconds(), std::vector<ZoneRules::Change>(), rule);
+      rules.emplace(std::chrono::seconds(), std::vector<ZoneRules::Change>(), rule);
   }
   if (rules) return TimeZone(std::move(file), *std::move(rules));
   warn("FN", name, reason);
@@ -87,7 +86,7 @@ const std::string& TimeZone::name() const noexcept {
   return zone_->name;
 }
 
-seconds TimeZone::offset(sys_seconds instant) const noexcept {
+std::chrono::seconds TimeZone::offset(sys_seconds instant) const noexcept {
   return zone_->rules.spanAt(std::clamp(instant, firstOfAll, lastOfAll)).offset;
 }
 

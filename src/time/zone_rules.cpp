@@ -7,7 +7,6 @@
 namespace quillonic {
 namespace {
 
-using std::chrono::seconds;
 using std::chrono::sys_seconds;
 
 // Takes numbers, the highest byte first, from the front of a file. What is missing is zero.
@@ -83,10 +82,10 @@ std::optional<ZoneRules> ZoneRules::fromFile(std::string_view file) {
 
   Bytes times(bytes.take(header->changes * timeSize));
   const auto types = bytes.take(header->changes);
-  std::vector<seconds> offsets(header->types);
-  std::optional<seconds> standard;
+  std::vector<std::chrono::seconds> offsets(header->types);
+  std::optional<std::chrono::seconds> standard;
   for (auto& offset : offsets) {
-    offset = seconds(bytes.number<std::int32_t>());
+    offset = std::chrono::seconds(bytes.number<std::int32_t>());
     const bool isSummer = bytes.number<std::uint8_t>() != 0;
     bytes.take(1);
     if (offset > greatestOffset || offset < -greatestOffset) return std::nullopt;
@@ -97,7 +96,7 @@ std::optional<ZoneRules> ZoneRules::fromFile(std::string_view file) {
   std::vector<Change> changes(header->changes);
   for (std::size_t i = 0; i < changes.size(); ++i) {
     const auto type = static_cast<unsigned char>(types[i]);
-    changes[i].instant = sys_seconds(seconds(times.number<std::int64_t>(timeSize)));
+    changes[i].instant = sys_seconds(std::chrono::seconds(times.number<std::int64_t>(timeSize)));
     if (type >= offsets.size() || (i > 0 && changes[i].instant <= changes[i - 1].instant))
       return std::nullopt;
     changes[i].offset = offsets[type];
