@@ -8,11 +8,13 @@
 
 namespace quillonic {
 
-Result<std::string> bytesOf(int file, std::size_t limit) {
+Result<std::string> bytesOf(int file, std::size_t limit, std::size_t expected) {
   std::string bytes;
   std::size_t size = 0;
   while (size < limit) {
-    bytes.resize(std::min(limit, std::max<std::size_t>(2 * size, 4096)));
+    // One byte more than expected, so that the end is found without growing.
+    if (size == bytes.size())
+      bytes.resize(std::min(limit, std::max({2 * size, expected + 1, std::size_t{4096}})));
     const auto count = uninterrupted([&] { return ::read(file, bytes.data() + size, bytes.size() - size); });
     if (count < 0) return lastError();
     if (count == 0) break;

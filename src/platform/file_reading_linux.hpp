@@ -8,8 +8,8 @@
 
 namespace quillonic {
 
-// The rest of an open file, at most `limit` bytes.
-Result<std::string> bytesOf(int file, std::size_t limit);
+// The rest of an open file, at most `limit` bytes. One of the expected size is read without a copy.
+Result<std::string> bytesOf(int file, std::size_t limit, std::size_t expected = 0);
 
 // The whole of a small file of the system's own, which reports no size.
 Result<std::string> contentsOfFile(const std::string& path);

@@ -77,6 +77,14 @@ Result<std::string> linkText(const std::string& path, const Folder* folder = nul
 // access time if the process owns the file or may act as its owner; otherwise the volume's options decide.
 Result<std::string> firstBytes(const std::string& path, std::size_t limit, const Folder* folder = nullptr);
 
+// Up to `limit` bytes from the start of the regular file that a path names, its links followed. Fails with
+// EISDIR for a folder and EINVAL for any other item without reading it, and never waits for one.
+Result<std::string> firstBytesOfTarget(const std::string& path, std::size_t limit);
+
+// The whole of such a file; fails with EFBIG if it is larger than the limit. What another process cuts off
+// meanwhile is missing.
+Result<std::string> wholeFile(const std::string& path, std::size_t limit);
+
 // Creates a new file. Removes one that cannot be written whole.
 std::error_code create(const std::string& path, std::string_view bytes);
 

@@ -110,6 +110,17 @@ Descriptor openedAfterLease(int folder, const char* path) noexcept {
   return opened(AT_FDCWD, name.data(), O_RDONLY);
 }
 
+// Opened for reading, if its links lead to a regular file; else the last error tells why.
+Descriptor openedTarget(const std::string& path, struct stat& status) noexcept {
+  if (!canExist(path)) return Descriptor();
+  auto file = opened(AT_FDCWD, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  if (!file || ::fstat(file.number(), &status) != 0) return Descriptor();
+  if (S_ISREG(status.st_mode)) return file;
+  static_cast<void>(file.close());
+  errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+  return Descriptor();
+}
+
 FileType typeOfEntry(const dirent& entry) noexcept {
   // The types of entries are those of modes, shifted; 0 when the file system does not know.
   return typeOfMode(static_cast<unsigned>(entry.d_type) << 12U);
@@ -160,6 +171,24 @@ Result<std::string> firstBytes(const std::string& path, std::size_t limit, const
   struct stat status {};
   if (!file || ::fstat(file.number(), &status) != 0) return lastError();
   return S_ISREG(status.st_mode) ? bytesOf(file.number(), limit) : systemError(std::errc::invalid_argument);
+}
+
+Result<std::string> firstBytesOfTarget(const std::string& path, std::size_t limit) {
+  struct stat status {};
+  const auto file = openedTarget(path, status);
+  if (!file) return lastError();
+  return bytesOf(file.number(), limit, std::min(limit, static_cast<std::size_t>(status.st_size)));
+}
+
+Result<std::string> wholeFile(const std::string& path, std::size_t limit) {
+  struct stat status {};
+  const auto file = openedTarget(path, status);
+  if (!file) return lastError();
+  const auto isTooLarge = [&](std::uint64_t size) { return size > limit; };
+  if (isTooLarge(static_cast<std::uint64_t>(status.st_size))) return systemError(std::errc::file_too_large);
+  auto bytes = bytesOf(file.number(), limit + 1, static_cast<std::size_t>(status.st_size));
+  if (bytes && isTooLarge(bytes->size())) return systemError(std::errc::file_too_large);
+  return bytes;
 }
 
 std::error_code create(const std::string& path, std::string_view bytes) {

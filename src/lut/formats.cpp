@@ -1,0 +1,49 @@
+#include "lut/formats.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace quillonic::lut {
+namespace {
+
+using Words = std::span<const std::string_view>;
+
+constexpr auto rows = std::to_array<FormatRow>({
+    {Format::cube, [](Words words) { return isCubeKeyword(words[0]); }, readCube},
+    {Format::threeDL,
+     [](Words words) {
+       return isSame(words[0], "3DMESH") || isSame(words[0], "Mesh") ||
+              (words.size() >= 3 && std::ranges::all_of(words, isInteger));
+     },
+     readThreeDL},
+    {Format::spi1d,
+     [](Words words) { return words.size() == 2 && isSame(words[0], "Version") && words[1] == "1"; },
+     readSpi1d},
+    {Format::spi3d, [](Words words) { return isSame(words[0], "SPILUT"); }, readSpi3d},
+    {Format::csp, [](Words words) { return isSame(words[0], "CSPLUTV100"); }, readCsp},
+    {Format::integerLut,
+     [](Words words) { return isSame(words[0], "LUT:") || (words.size() == 1 && isInteger(words[0])); },
+     readIntegerLut},
+});
+
+}  // namespace
+
+std::span<const FormatRow> formatRows() noexcept {
+  return rows;
+}
+
+bool isInteger(std::string_view word) noexcept {
+  TextLines line(word);
+  line.next();
+  line.integer();
+  return !line.fault();
+}
+
+bool isReal(std::string_view word) noexcept {
+  TextLines line(word);
+  line.next();
+  line.real();
+  return !line.fault();
+}
+
+}  // namespace quillonic::lut

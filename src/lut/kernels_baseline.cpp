@@ -1,0 +1,10 @@
+#include "lut/kernels.hpp"
+#include "lut/kernels_body.hpp"
+
+namespace quillonic::lut {
+
+const Kernels& baselineKernels() noexcept {
+  return kernels;
+}
+
+}  // namespace quillonic::lut
