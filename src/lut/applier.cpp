@@ -177,7 +177,7 @@ struct Applier::Prepared {
       stages.push_back(
           stageOf(*lut.table1D(), kernels, isShaper ? Interpolation::linear : options.interpolation));
     if (lut.table3D()) stages.push_back(stageOf(*lut.table3D(), kernels, options.interpolation));
-    if (lut.kind() == Kind::oneD && greatestCode(options.source) != 0) prepareCodes();
+    if (lut.kind() == Kind::oneD && greatestCode(options.source) != 0) prepareCodes(*lut.table1D());
   }
 
   // The tables applied to the colours of a block.
@@ -216,23 +216,37 @@ struct Applier::Prepared {
     kernels.encoders[indexOf(options.target)](values, samples, count);
   }
 
-  void prepareCodes() {
+  // By doubles: where a table has an entry for each code, the code's own entry is found.
+  void prepareCodes(const Table1D& table) {
     const std::size_t count = greatestCode(options.source) + 1;
     codes.resize(3 * count);
     Block block{};
     for (std::size_t first = 0; first < count; first += blockPixels) {
-      for (std::size_t i = 0; i < blockPixels; ++i) {
-        const float value = static_cast<float>(first + i) / static_cast<float>(count - 1);
-        for (auto& values : block.colors) values[i] = value;
-      }
-      transform(block, blockPixels);
-      encode(block, blockPixels);
       for (std::size_t channel = 0; channel < 3; ++channel) {
-        const auto bytes = bytesOf(options.target);
+        for (std::size_t i = 0; i < blockPixels; ++i) {
+          double input = static_cast<double>(first + i) / static_cast<double>(count - 1);
+          if (curves) input = static_cast<double>((*curves)[channel](static_cast<float>(input)));
+          block.colors[channel][i] = valueIn(table, stages.front().grid, channel, input);
+        }
+      }
+      encode(block, blockPixels);
+      const auto bytes = bytesOf(options.target);
+      for (std::size_t channel = 0; channel < 3; ++channel) {
         for (std::size_t i = 0; i < blockPixels; ++i)
           std::memcpy(&codes[channel * count + first + i], block.samples[channel] + i * bytes, bytes);
       }
     }
+  }
+
+  float valueIn(const Table1D& table, const Grid& grid, std::size_t channel, double input) const noexcept {
+    const double steps = (input - grid.min[channel]) * grid.scale[channel];
+    const double at = steps > 0 ? std::min(steps, static_cast<double>(table.size() - 1)) : 0;
+    const auto entry = [&](std::size_t i) { return static_cast<double>(table.entries()[i][channel]); };
+    if (options.interpolation == Interpolation::nearest)
+      return static_cast<float>(entry(static_cast<std::size_t>(at + 0.5)));
+    const auto i = std::min(static_cast<std::size_t>(at), table.size() - 2);
+    const double part = at - static_cast<double>(i);
+    return static_cast<float>((1 - part) * entry(i) + part * entry(i + 1));
   }
 
   template <class From, class To> void replaceCodes(Block& block, std::size_t count) const noexcept {

@@ -23,7 +23,7 @@ struct ThreeDL {
 void readMesh(TextLines& lines, ThreeDL& file) {
   if (file.edge != 0) return lines.failHere("one line Mesh");
   lines.word();
-  file.edge = (std::size_t{1} << lines.count(1, 7)) + 1;
+  file.edge = (std::size_t{1} << lines.count(0, 7)) + 1;
   file.depth = static_cast<int>(lines.count(8, 16));
   lines.end();
 }

@@ -20,13 +20,13 @@ struct Header {
   /// The format that it was read from; a new one is a .cube.
   Format format = Format::cube;
   /// Any text; may be empty.
-  std::string title;
+  std::string title = {};
   /// The comments without their marks, a line each, trimmed.
-  std::string comments;
+  std::string comments = {};
   /// Lines that were not understood, and the free text of a .csp, as they are in the file.
-  std::string unknownLines;
+  std::string unknownLines = {};
   /// The bits of the integers in the file; nothing for numbers with a point.
-  std::optional<int> depth;
+  std::optional<int> depth = {};
   /// Whether the file says that its input has video levels. Applying a table does not act on it.
   bool expectsVideoRange = false;
   /// Whether the file says that its output has video levels. Applying a table does not act on it.
@@ -38,15 +38,15 @@ struct Header {
 /// What a host shows of a file.
 struct Description {
   /// Format, title and the like.
-  Header header;
+  Header header = {};
   /// Which tables it has.
   Kind kind = Kind::threeD;
   /// Entries of the one-dimensional table or shaper; of curves with unequal numbers of points the greatest.
-  std::optional<std::size_t> size1D;
+  std::optional<std::size_t> size1D = {};
   /// Entries along an axis of the cube.
-  std::optional<std::size_t> size3D;
+  std::optional<std::size_t> size3D = {};
   /// The input that the table covers which takes the input.
-  Domain domain;
+  Domain domain = {};
 
   friend bool operator==(const Description&, const Description&) = default;
 };
@@ -64,7 +64,7 @@ class QUILLONIC_EXPORT Lut {
   Lut(Table1D shaper, Table3D cube);
 
   /// Format, title and the like; may be changed.
-  Header header;
+  Header header = {};
 
   /// Which tables it has. Curves before a one-dimensional table make no other kind.
   Kind kind() const noexcept;
