@@ -192,28 +192,45 @@ struct Applier::Prepared {
     for (const auto& stage : stages) stage.kernel(stage.grid, block, padded);
   }
 
+  // Single floats are where the tables take them from.
+  static Channels channelsOf(Block& block, SampleType type) noexcept {
+    Channels channels{};
+    for (std::size_t channel = 0; channel < 4; ++channel) {
+      const bool isColor = type == SampleType::single && channel != alphaChannel;
+      channels.samples[channel] =
+          isColor ? reinterpret_cast<std::uint8_t*>(block.colors[channel]) : block.samples[channel];
+    }
+    return channels;
+  }
+
   void decode(Block& block, std::size_t count) const noexcept {
+    if (options.source == SampleType::single) return;
     for (std::size_t channel = 0; channel < 3; ++channel)
       kernels.decoders[indexOf(options.source)](block.samples[channel], block.colors[channel], count);
   }
   void encode(Block& block, std::size_t count) const noexcept {
+    if (options.target == SampleType::single) return;
     for (std::size_t channel = 0; channel < 3; ++channel)
       kernels.encoders[indexOf(options.target)](block.colors[channel], block.samples[channel], count);
   }
 
   // Alpha of another type is rescaled; one that the source lacks is opaque.
   void convertAlpha(Block& block, std::size_t count, bool isInSource) const noexcept {
-    alignas(64) float values[blockPixels];
+    if (isInSource && options.source == options.target) return;
+    alignas(64) float values[blockPixels]{};
     auto* const samples = block.samples[alphaChannel];
     if (!isInSource) {
       std::fill(values, values + count, 1.0F);
-    } else if (options.source != options.target) {
-      kernels.decoders[indexOf(options.source)](samples, values, count);
+    } else if (const auto decoder = kernels.decoders[indexOf(options.source)]) {
+      decoder(samples, values, count);
     } else {
-      return;
+      std::memcpy(values, samples, count * sizeof(float));
     }
-    std::fill(values + count, values + (count + stepPixels - 1) / stepPixels * stepPixels, 0.0F);
-    kernels.encoders[indexOf(options.target)](values, samples, count);
+    if (const auto encoder = kernels.encoders[indexOf(options.target)]) {
+      encoder(values, samples, count);
+    } else {
+      std::memcpy(samples, values, count * sizeof(float));
+    }
   }
 
   // By doubles: where a table has an entry for each code, the code's own entry is found.
@@ -231,9 +248,10 @@ struct Applier::Prepared {
       }
       encode(block, blockPixels);
       const auto bytes = bytesOf(options.target);
+      const auto channels = channelsOf(block, options.target);
       for (std::size_t channel = 0; channel < 3; ++channel) {
         for (std::size_t i = 0; i < blockPixels; ++i)
-          std::memcpy(&codes[channel * count + first + i], block.samples[channel] + i * bytes, bytes);
+          std::memcpy(&codes[channel * count + first + i], channels.samples[channel] + i * bytes, bytes);
       }
     }
   }
@@ -251,6 +269,7 @@ struct Applier::Prepared {
 
   template <class From, class To> void replaceCodes(Block& block, std::size_t count) const noexcept {
     const std::size_t greatest = greatestCode(options.source);
+    const auto target = channelsOf(block, options.target);
     for (std::size_t channel = 0; channel < 3; ++channel) {
       const std::uint32_t* const table = codes.data() + channel * (greatest + 1);
       From from[blockPixels];
@@ -258,7 +277,7 @@ struct Applier::Prepared {
       std::memcpy(from, block.samples[channel], count * sizeof(From));
       for (std::size_t i = 0; i < count; ++i)
         to[i] = static_cast<To>(table[std::min<std::size_t>(from[i], greatest)]);
-      std::memcpy(block.samples[channel], to, count * sizeof(To));
+      std::memcpy(target.samples[channel], to, count * sizeof(To));
     }
   }
 
@@ -343,13 +362,15 @@ void Applier::applyRows(const ConstPicture& source, const Picture& target, std::
   const auto merge = prepared_->kernels.mergers[indexOfBytes(options.target)];
   const bool hasAlpha = source.planes[alphaChannel].first != nullptr;
   Block block;
+  const auto from = Prepared::channelsOf(block, options.source);
+  const auto to = Prepared::channelsOf(block, options.target);
   for (std::size_t row = firstRow; row < end; ++row) {
     for (std::size_t pixel = 0; pixel < width; pixel += blockPixels) {
       const auto count = std::min(blockPixels, width - pixel);
-      split(runOf<const std::uint8_t>(source, row, pixel, options.source), block, count);
+      split(runOf<const std::uint8_t>(source, row, pixel, options.source), from, count);
       prepared_->applyTo(block, count);
       if (target.planes[alphaChannel].first) prepared_->convertAlpha(block, count, hasAlpha);
-      merge(block, runOf<std::uint8_t>(target, row, pixel, options.target), count);
+      merge(to, runOf<std::uint8_t>(target, row, pixel, options.target), count);
     }
   }
 }

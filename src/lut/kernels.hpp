@@ -30,6 +30,11 @@ template <class Byte> struct Run {
   int order[4];
 };
 
+// Where the samples of each channel are in a block.
+struct Channels {
+  std::uint8_t* samples[4];
+};
+
 // An evenly spaced table: entries of four floats for a cube, and of one for each of three curves.
 struct Grid {
   double min[3];
@@ -44,8 +49,8 @@ using TableKernel = void (*)(const Grid& grid, Block& block, std::size_t count);
 // Converts one channel between samples and floats.
 using Decoder = void (*)(const std::uint8_t* samples, float* values, std::size_t count);
 using Encoder = void (*)(const float* values, std::uint8_t* samples, std::size_t count);
-using Splitter = void (*)(const Run<const std::uint8_t>& run, Block& block, std::size_t count);
-using Merger = void (*)(const Block& block, const Run<std::uint8_t>& run, std::size_t count);
+using Splitter = void (*)(const Run<const std::uint8_t>& run, const Channels& channels, std::size_t count);
+using Merger = void (*)(const Channels& channels, const Run<std::uint8_t>& run, std::size_t count);
 
 struct Kernels {
   TableKernel nearest1D;
@@ -57,7 +62,7 @@ struct Kernels {
   TableKernel fastTrilinear;
   TableKernel tetrahedral;
   TableKernel fastTetrahedral;
-  // By type of sample.
+  // By type of sample; null for single floats, which stay as they are.
   Decoder decoders[6];
   Encoder encoders[6];
   // For samples of 1, 2 and 4 bytes.

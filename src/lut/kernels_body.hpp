@@ -393,28 +393,13 @@ void encodeHalves(const float* values, std::uint8_t* samples, std::size_t count)
 
 #endif
 
-void decodeSingles(const std::uint8_t* samples, float* values, std::size_t count) {
-  __builtin_memcpy(values, samples, 4 * count);
-}
-
-void encodeSingles(const float* values, std::uint8_t* samples, std::size_t count) {
-  __builtin_memcpy(samples, values, 4 * count);
-}
-
-template <class Sample> Sample* channelOf(Block& block, int channel) {
-  return reinterpret_cast<Sample*>(block.samples[channel]);
-}
-template <class Sample> const Sample* channelOf(const Block& block, int channel) {
-  return reinterpret_cast<const Sample*>(block.samples[channel]);
-}
-
 // A constant number of samples together lets the compiler turn several pixels at once.
 template <class Sample, int Together>
-void splitTogether(const Run<const std::uint8_t>& run, Block& block, std::size_t count) {
+void splitTogether(const Run<const std::uint8_t>& run, const Channels& channels, std::size_t count) {
   using Samples = typename Loose<Sample>::Type;
   const auto* from = reinterpret_cast<const Samples*>(run.first[0]);
   Samples* __restrict to[4];
-  for (int i = 0; i < Together; ++i) to[i] = reinterpret_cast<Samples*>(block.samples[run.order[i]]);
+  for (int i = 0; i < Together; ++i) to[i] = reinterpret_cast<Samples*>(channels.samples[run.order[i]]);
   Samples* __restrict a = to[0], * __restrict b = to[1], * __restrict c = to[2];
   if constexpr (Together == 3) {
     for (std::size_t i = 0; i < count; ++i) {
@@ -434,11 +419,12 @@ void splitTogether(const Run<const std::uint8_t>& run, Block& block, std::size_t
 }
 
 template <class Sample, int Together>
-void mergeTogether(const Block& block, const Run<std::uint8_t>& run, std::size_t count) {
+void mergeTogether(const Channels& channels, const Run<std::uint8_t>& run, std::size_t count) {
   using Samples = typename Loose<Sample>::Type;
   auto* __restrict to = reinterpret_cast<Samples*>(run.first[0]);
   const Samples* from[4];
-  for (int i = 0; i < Together; ++i) from[i] = reinterpret_cast<const Samples*>(block.samples[run.order[i]]);
+  for (int i = 0; i < Together; ++i)
+    from[i] = reinterpret_cast<const Samples*>(channels.samples[run.order[i]]);
   const Samples *a = from[0], *b = from[1], *c = from[2];
   if constexpr (Together == 3) {
     for (std::size_t i = 0; i < count; ++i) {
@@ -457,33 +443,35 @@ void mergeTogether(const Block& block, const Run<std::uint8_t>& run, std::size_t
   }
 }
 
-template <class Sample> void split(const Run<const std::uint8_t>& run, Block& block, std::size_t count) {
-  if (run.together == 3) return splitTogether<Sample, 3>(run, block, count);
-  if (run.together == 4) return splitTogether<Sample, 4>(run, block, count);
+template <class Sample>
+void split(const Run<const std::uint8_t>& run, const Channels& channels, std::size_t count) {
+  if (run.together == 3) return splitTogether<Sample, 3>(run, channels, count);
+  if (run.together == 4) return splitTogether<Sample, 4>(run, channels, count);
   for (int channel = 0; channel < 4; ++channel) {
     if (!run.first[channel]) continue;
     if (run.together == 1) {
-      __builtin_memcpy(block.samples[channel], run.first[channel], sizeof(Sample) * count);
+      __builtin_memcpy(channels.samples[channel], run.first[channel], sizeof(Sample) * count);
       continue;
     }
     for (std::size_t i = 0; i < count; ++i)
-      __builtin_memcpy(block.samples[channel] + sizeof(Sample) * i,
+      __builtin_memcpy(channels.samples[channel] + sizeof(Sample) * i,
                        run.first[channel] + run.stride * static_cast<std::ptrdiff_t>(i), sizeof(Sample));
   }
 }
 
-template <class Sample> void merge(const Block& block, const Run<std::uint8_t>& run, std::size_t count) {
-  if (run.together == 3) return mergeTogether<Sample, 3>(block, run, count);
-  if (run.together == 4) return mergeTogether<Sample, 4>(block, run, count);
+template <class Sample>
+void merge(const Channels& channels, const Run<std::uint8_t>& run, std::size_t count) {
+  if (run.together == 3) return mergeTogether<Sample, 3>(channels, run, count);
+  if (run.together == 4) return mergeTogether<Sample, 4>(channels, run, count);
   for (int channel = 0; channel < 4; ++channel) {
     if (!run.first[channel]) continue;
     if (run.together == 1) {
-      __builtin_memcpy(run.first[channel], block.samples[channel], sizeof(Sample) * count);
+      __builtin_memcpy(run.first[channel], channels.samples[channel], sizeof(Sample) * count);
       continue;
     }
     for (std::size_t i = 0; i < count; ++i)
       __builtin_memcpy(run.first[channel] + run.stride * static_cast<std::ptrdiff_t>(i),
-                       block.samples[channel] + sizeof(Sample) * i, sizeof(Sample));
+                       channels.samples[channel] + sizeof(Sample) * i, sizeof(Sample));
   }
 }
 
@@ -497,10 +485,10 @@ constexpr Kernels kernels{
     .fastTetrahedral = tetrahedral<FastAxis>,
     .decoders = {decodeIntegers<std::uint8_t, 255>, decodeIntegers<std::uint16_t, 1023>,
                  decodeIntegers<std::uint16_t, 4095>, decodeIntegers<std::uint16_t, 65535>, decodeHalves,
-                 decodeSingles},
+                 nullptr},
     .encoders = {encodeIntegers<std::uint8_t, 255>, encodeIntegers<std::uint16_t, 1023>,
                  encodeIntegers<std::uint16_t, 4095>, encodeIntegers<std::uint16_t, 65535>, encodeHalves,
-                 encodeSingles},
+                 nullptr},
     .splitters = {split<std::uint8_t>, split<std::uint16_t>, split<std::uint32_t>},
     .mergers = {merge<std::uint8_t>, merge<std::uint16_t>, merge<std::uint32_t>},
 };

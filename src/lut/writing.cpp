@@ -27,11 +27,15 @@ void writeRows(std::string& text, std::span<const Rgb> entries) {
   for (const auto& entry : entries) writeNumbers(text, "", entry);
 }
 
+// A first comment of this text marks another format; with more blanks it is the same comment.
+void writeComment(std::string& text, std::string_view comment) {
+  text.append(comment.starts_with("Truelight Cube") ? "#  " : "# ").append(comment).append("\n");
+}
+
 void writeComments(std::string& text, std::string_view comments) {
   if (comments.ends_with('\n')) comments.remove_suffix(1);
   if (comments.empty()) return;
-  for (auto lines = text::lines(comments); const auto line = lines.next();)
-    text.append("# ").append(*line).append("\n");
+  for (auto lines = text::lines(comments); const auto line = lines.next();) writeComment(text, *line);
 }
 
 std::string oneLine(std::string text) {
@@ -54,7 +58,8 @@ std::optional<std::string> cubeText(const Lut& lut) {
   std::string text;
   writeComments(text, lut.header.comments);
   const auto title = oneLine(lut.header.title);
-  if (!title.empty()) text += hasBoth ? "# " + title + "\n" : "TITLE \"" + title + "\"\n";
+  if (!title.empty() && hasBoth) writeComment(text, title);
+  if (!title.empty() && !hasBoth) text += "TITLE \"" + title + "\"\n";
   if (lut.header.expectsVideoRange) text += "LUT_IN_VIDEO_RANGE\n";
   if (lut.header.givesVideoRange) text += "LUT_OUT_VIDEO_RANGE\n";
   if (shaper) text += sizeLine("LUT_1D_SIZE", shaper->size());
