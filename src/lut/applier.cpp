@@ -48,6 +48,31 @@ std::size_t indexOfBytes(SampleType type) noexcept {
   return static_cast<std::size_t>(std::countr_zero(bytesOf(type)));
 }
 
+// The codes that a sample of integers can hold.
+std::size_t codesOf(SampleType type) noexcept {
+  return std::size_t{1} << (8 * bytesOf(type));
+}
+
+// Replaces codes by those of a table.
+template <class From, class To>
+void replaceCodes(const std::uint32_t* __restrict table, const std::uint8_t* __restrict from,
+                  std::uint8_t* __restrict to, std::size_t count) noexcept {
+  for (std::size_t i = 0; i < count; ++i) {
+    From code;
+    std::memcpy(&code, from + i * sizeof code, sizeof code);
+    const auto result = static_cast<To>(table[code]);
+    std::memcpy(to + i * sizeof result, &result, sizeof result);
+  }
+}
+
+using Replacer = void (*)(const std::uint32_t*, const std::uint8_t*, std::uint8_t*, std::size_t) noexcept;
+constexpr Replacer replacers[2][3]{
+    {replaceCodes<std::uint8_t, std::uint8_t>, replaceCodes<std::uint8_t, std::uint16_t>,
+     replaceCodes<std::uint8_t, std::uint32_t>},
+    {replaceCodes<std::uint16_t, std::uint8_t>, replaceCodes<std::uint16_t, std::uint16_t>,
+     replaceCodes<std::uint16_t, std::uint32_t>},
+};
+
 struct FreeAligned {
   void operator()(float* floats) const noexcept { ::operator delete[](floats, std::align_val_t(64)); }
 };
@@ -166,7 +191,8 @@ struct Applier::Prepared {
   const Kernels& kernels;
   std::optional<Curves> curves;
   std::vector<Stage> stages;
-  // For curves of integers: the bits of the target's sample for each code, a table per channel.
+  // For curves of integers: the bits of the target's sample for each code that a sample holds, a table per
+  // channel.
   std::vector<std::uint32_t> codes;
 
   Prepared(const Lut& lut, const ApplierOptions& chosen)
@@ -192,15 +218,20 @@ struct Applier::Prepared {
     for (const auto& stage : stages) stage.kernel(stage.grid, block, padded);
   }
 
-  // Single floats are where the tables take them from.
-  static Channels channelsOf(Block& block, SampleType type) noexcept {
+  // Single floats are where the tables take them from. Codes that are looked up are put where no others are.
+  static Channels channelsOf(Block& block, bool isInColors) noexcept {
     Channels channels{};
-    for (std::size_t channel = 0; channel < 4; ++channel) {
-      const bool isColor = type == SampleType::single && channel != alphaChannel;
-      channels.samples[channel] =
-          isColor ? reinterpret_cast<std::uint8_t*>(block.colors[channel]) : block.samples[channel];
-    }
+    for (std::size_t channel = 0; channel < 4; ++channel)
+      channels.samples[channel] = isInColors && channel != alphaChannel
+                                      ? reinterpret_cast<std::uint8_t*>(block.colors[channel])
+                                      : block.samples[channel];
     return channels;
+  }
+  Channels sourceOf(Block& block) const noexcept {
+    return channelsOf(block, options.source == SampleType::single);
+  }
+  Channels targetOf(Block& block) const noexcept {
+    return channelsOf(block, options.target == SampleType::single || !codes.empty());
   }
 
   void decode(Block& block, std::size_t count) const noexcept {
@@ -235,25 +266,27 @@ struct Applier::Prepared {
 
   // By doubles: where a table has an entry for each code, the code's own entry is found.
   void prepareCodes(const Table1D& table) {
-    const std::size_t count = greatestCode(options.source) + 1;
-    codes.resize(3 * count);
+    const auto count = codesOf(options.source);
+    const double greatest = static_cast<double>(greatestCode(options.source));
+    std::vector<std::uint32_t> found(3 * count);
     Block block{};
+    const auto channels = channelsOf(block, options.target == SampleType::single);
     for (std::size_t first = 0; first < count; first += blockPixels) {
       for (std::size_t channel = 0; channel < 3; ++channel) {
         for (std::size_t i = 0; i < blockPixels; ++i) {
-          double input = static_cast<double>(first + i) / static_cast<double>(count - 1);
+          double input = std::min(static_cast<double>(first + i) / greatest, 1.0);
           if (curves) input = static_cast<double>((*curves)[channel](static_cast<float>(input)));
           block.colors[channel][i] = valueIn(table, stages.front().grid, channel, input);
         }
       }
       encode(block, blockPixels);
       const auto bytes = bytesOf(options.target);
-      const auto channels = channelsOf(block, options.target);
       for (std::size_t channel = 0; channel < 3; ++channel) {
         for (std::size_t i = 0; i < blockPixels; ++i)
-          std::memcpy(&codes[channel * count + first + i], channels.samples[channel] + i * bytes, bytes);
+          std::memcpy(&found[channel * count + first + i], channels.samples[channel] + i * bytes, bytes);
       }
     }
+    codes = std::move(found);
   }
 
   float valueIn(const Table1D& table, const Grid& grid, std::size_t channel, double input) const noexcept {
@@ -267,41 +300,19 @@ struct Applier::Prepared {
     return static_cast<float>((1 - part) * entry(i) + part * entry(i + 1));
   }
 
-  template <class From, class To> void replaceCodes(Block& block, std::size_t count) const noexcept {
-    const std::size_t greatest = greatestCode(options.source);
-    const auto target = channelsOf(block, options.target);
-    for (std::size_t channel = 0; channel < 3; ++channel) {
-      const std::uint32_t* const table = codes.data() + channel * (greatest + 1);
-      From from[blockPixels];
-      To to[blockPixels];
-      std::memcpy(from, block.samples[channel], count * sizeof(From));
-      for (std::size_t i = 0; i < count; ++i)
-        to[i] = static_cast<To>(table[std::min<std::size_t>(from[i], greatest)]);
-      std::memcpy(target.samples[channel], to, count * sizeof(To));
-    }
-  }
-
-  template <class From> void replaceCodes(Block& block, std::size_t count) const noexcept {
-    switch (bytesOf(options.target)) {
-      case 1:
-        return replaceCodes<From, std::uint8_t>(block, count);
-      case 2:
-        return replaceCodes<From, std::uint16_t>(block, count);
-      default:
-        return replaceCodes<From, std::uint32_t>(block, count);
-    }
-  }
-
+  // From the samples of the source to those of the target, which have their places.
   void applyTo(Block& block, std::size_t count) const noexcept {
     if (codes.empty()) {
       decode(block, count);
       transform(block, count);
       encode(block, count);
-    } else if (bytesOf(options.source) == 1) {
-      replaceCodes<std::uint8_t>(block, count);
-    } else {
-      replaceCodes<std::uint16_t>(block, count);
+      return;
     }
+    const auto replace = replacers[indexOfBytes(options.source)][indexOfBytes(options.target)];
+    const auto to = targetOf(block);
+    for (std::size_t channel = 0; channel < 3; ++channel)
+      replace(codes.data() + channel * codesOf(options.source), block.samples[channel], to.samples[channel],
+              count);
   }
 };
 
@@ -362,8 +373,8 @@ void Applier::applyRows(const ConstPicture& source, const Picture& target, std::
   const auto merge = prepared_->kernels.mergers[indexOfBytes(options.target)];
   const bool hasAlpha = source.planes[alphaChannel].first != nullptr;
   Block block;
-  const auto from = Prepared::channelsOf(block, options.source);
-  const auto to = Prepared::channelsOf(block, options.target);
+  const auto from = prepared_->sourceOf(block);
+  const auto to = prepared_->targetOf(block);
   for (std::size_t row = firstRow; row < end; ++row) {
     for (std::size_t pixel = 0; pixel < width; pixel += blockPixels) {
       const auto count = std::min(blockPixels, width - pixel);
