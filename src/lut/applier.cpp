@@ -271,18 +271,19 @@ struct Applier::Prepared {
     std::vector<std::uint32_t> found(3 * count);
     Block block{};
     const auto channels = channelsOf(block, options.target == SampleType::single);
-    for (std::size_t first = 0; first < count; first += blockPixels) {
+    const auto handled = std::min(blockPixels, count);
+    for (std::size_t first = 0; first < count; first += handled) {
       for (std::size_t channel = 0; channel < 3; ++channel) {
-        for (std::size_t i = 0; i < blockPixels; ++i) {
+        for (std::size_t i = 0; i < handled; ++i) {
           double input = std::min(static_cast<double>(first + i) / greatest, 1.0);
           if (curves) input = static_cast<double>((*curves)[channel](static_cast<float>(input)));
           block.colors[channel][i] = valueIn(table, stages.front().grid, channel, input);
         }
       }
-      encode(block, blockPixels);
+      encode(block, handled);
       const auto bytes = bytesOf(options.target);
       for (std::size_t channel = 0; channel < 3; ++channel) {
-        for (std::size_t i = 0; i < blockPixels; ++i)
+        for (std::size_t i = 0; i < handled; ++i)
           std::memcpy(&found[channel * count + first + i], channels.samples[channel] + i * bytes, bytes);
       }
     }
