@@ -2,10 +2,12 @@
 # comment; and a setter of a documented property needs none either, because it only sets the property.
 # And of a page: the public types that it names are links.
 BEGIN {
-  declared = "grep -rhoE '^(template <[^>]*> )?(class|struct|enum class|using|concept) (QUILLONIC_[A-Z]+ )?[A-Z][A-Za-z0-9_]+' include"
+  declared = "grep -rhoE '^(namespace quillonic(::[a-z_]+)?|(template <[^>]*> )?(class|struct|enum class|using|concept) (QUILLONIC_[A-Z]+ )?[A-Z][A-Za-z0-9_]+)' include"
   while ((declared | getline line) > 0) {
+    isNamespace = line ~ /^namespace/
     sub(/.* /, "", line)
-    types[line]
+    if (isNamespace) space = line
+    else types[line] = space
   }
 }
 FILENAME ~ /\.md$/ {
@@ -15,7 +17,7 @@ FILENAME ~ /\.md$/ {
     name = substr(rest, RSTART + 1, RLENGTH - 2)
     type = name
     sub(/::.*/, "", type)
-    link = type in types ? "<code>\\ref quillonic::" type " \"" name "\"</code>" : "`" name "`"
+    link = type in types ? "<code>\\ref " types[type] "::" type " \"" name "\"</code>" : "`" name "`"
     $0 = $0 substr(rest, 1, RSTART - 1) link
     rest = substr(rest, RSTART + RLENGTH)
   }

@@ -124,7 +124,7 @@ void finish(TextLines& lines, CubeHeader& header) {
   auto& draft = header.draft;
   const bool hasBoth = draft.size1D != 0 && draft.size3D != 0;
   if (hasBoth && !header.domain.agreesWith({}))
-    return lines.failAt(header.domain.line, "a domain of 0 to 1 beside two tables");
+    return lines.failAt(header.domain.line, "a domain of 0 to 1 with two tables");
   const Ends domain = hasBoth ? Ends() : header.domain;
   if (draft.size1D != 0) {
     draft.domain1D = domainOf(lines, domain, header.range1D);

@@ -37,11 +37,11 @@ class TextLines {
   // Lets the next call of `next` find this line again.
   void again() noexcept { isAgain_ = true; }
 
-  // The first line of the text, even if it is a comment, without the blanks around it.
+  // The first line of the text, even if it is a comment, without the spaces around it.
   std::string_view firstLine() const noexcept { return trimmed(text_.substr(0, lineEnd(0))); }
-  // The whole line without the blanks around it.
+  // The whole line without the spaces around it.
   std::string_view line() const noexcept;
-  // What follows the last word that was read, comments included, without the blanks around it.
+  // What follows the last word that was read, comments included, without the spaces around it.
   std::string_view rest() const noexcept;
 
   // The next word of the line without reading it; empty after the last one.

@@ -27,7 +27,7 @@ void writeRows(std::string& text, std::span<const Rgb> entries) {
   for (const auto& entry : entries) writeNumbers(text, "", entry);
 }
 
-// A first comment of this text marks another format; with more blanks it is the same comment.
+// A first comment of this text marks another format; with more spaces it is the same comment.
 void writeComment(std::string& text, std::string_view comment) {
   text.append(comment.starts_with("Truelight Cube") ? "#  " : "# ").append(comment).append("\n");
 }

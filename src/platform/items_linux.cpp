@@ -110,7 +110,7 @@ Descriptor openedAfterLease(int folder, const char* path) noexcept {
   return opened(AT_FDCWD, name.data(), O_RDONLY);
 }
 
-// Opened for reading, if its links lead to a regular file; else the last error tells why.
+// Opened for reading, if it is a regular file after its links are followed; else the last error tells why.
 Descriptor openedTarget(const std::string& path, struct stat& status) noexcept {
   if (!canExist(path)) return Descriptor();
   auto file = opened(AT_FDCWD, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY);

@@ -150,7 +150,7 @@ TEST(Reading, RefusesAndTellsWhere) {
       {"a.cube", "LUT_3D_INPUT_RANGE 0 2\nDOMAIN_MAX 1 1 1\nLUT_3D_SIZE 2\n" + cube, 2, "DOMAIN_MAX",
        "the same domain"},
       {"a.cube", "DOMAIN_MAX 2 1 1\nLUT_1D_SIZE 2\nLUT_3D_SIZE 2\n", 1, "DOMAIN_MAX 2 1 1",
-       "0 to 1 beside two tables"},
+       "0 to 1 with two tables"},
       {"a.cube", "# Truelight Cube v2.0\n", 1, "# Truelight", "keywords"},
       // bytes
       {"a.cube", std::string("LUT_3D_SIZE 2\n#\0\n", 17), 2, std::string(1, '\0'), "NUL"},

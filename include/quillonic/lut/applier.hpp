@@ -57,9 +57,9 @@ class QUILLONIC_EXPORT Applier {
   /// the same.
   void apply(std::span<const Rgb> source, std::span<Rgb> target) const noexcept;
 
-  /// Reads the source and writes the target, as far as both extend. They may be the same picture, but must not
-  /// overlap otherwise. Alpha is copied, rescaled between types, if both have it; a target's alpha without one
-  /// in the source becomes opaque.
+  /// Reads the source and writes the target, as far as both extend. They may be the same picture, but must
+  /// not overlap otherwise. Alpha is copied, rescaled between types, if both have it; a target's alpha without
+  /// one in the source becomes opaque.
   void apply(const ConstPicture& source, const Picture& target) const noexcept;
   /// Works in place. Both types of samples must have equally many bytes.
   void apply(const Picture& picture) const noexcept;

@@ -1,4 +1,4 @@
-/// A look-up table as a value: its tables, and what its file tells besides.
+/// A look-up table as a value: its tables, and what else its file tells.
 ///
 ///     Lut look(*Table3D::identity(edge33));
 ///     look.header.title = "no change";
@@ -15,7 +15,7 @@
 
 namespace quillonic::lut {
 
-/// What a file tells besides its tables. Texts of several lines end each with a line feed.
+/// What a file tells in addition to its tables. Texts of several lines end each with a line feed.
 struct Header {
   /// The format that it was read from; a new one is a .cube.
   Format format = Format::cube;

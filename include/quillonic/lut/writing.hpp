@@ -19,7 +19,7 @@ namespace quillonic::lut {
 /// - a .spi3d holds a cube with the domain 0 to 1;
 /// - the other formats are only read.
 ///
-/// `evened()` turns every table into one that a .cube holds. Other programs refuse a title beside a shaper, so
+/// `evened()` turns every table into one that a .cube holds. Other programs refuse a title with a shaper, so
 /// the title is then written as a comment. Line breaks in a title become spaces.
 QUILLONIC_EXPORT std::optional<std::string> textOf(const Lut& lut, Format format);
 
