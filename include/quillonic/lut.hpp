@@ -9,3 +9,6 @@
 #include <quillonic/lut/resampling.hpp>
 #include <quillonic/lut/tables.hpp>
 #include <quillonic/lut/writing.hpp>
+
+/// Colour look-up tables, whose short names would be wanted by others too.
+namespace quillonic::lut {}

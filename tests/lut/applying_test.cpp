@@ -347,7 +347,7 @@ TEST(Applying, GivesEveryLayoutAndTypeTheSame) {
   for (const auto& lut : luts) {
     for (const auto source : sampleTypes) {
       for (const auto target : sampleTypes) {
-        for (int layout = 0; layout < 5; ++layout) {
+        for (int layout = 0; layout < (lut.table3D() ? 5 : 1); ++layout) {
           Pixels from(source, layout);
           from.fill(source, random);
           const ApplierOptions options{
