@@ -19,14 +19,13 @@ struct alignas(64) Block {
   std::uint8_t samples[4][blockPixels * 4];
 };
 
-// The samples of up to `blockPixels` pixels in memory. `channels` has the channel of each sample of a pixel
-// where samples follow each other without gaps; else `together` is 0 or 1.
+// The samples of up to `blockPixels` pixels in memory.
 template <class Byte> struct Run {
   Byte* first[4];
   std::ptrdiff_t stride;
   // Samples of a pixel that follow each other: 3 or 4; 1 for planes; 0 for anything else.
   int together;
-  // The order of channels in memory, if 3 or 4 are together; the first address is then that of the lowest.
+  // If 3 or 4 are together, the channel of each in the order of addresses, the lowest of which is the first.
   int order[4];
 };
 
