@@ -9,6 +9,7 @@
 #include <quillonic/transcode_cli/difference.hpp>
 #include <quillonic/transcode_cli/exit_status.hpp>
 #include <quillonic/transcode_cli/frame_size.hpp>
+#include <quillonic/transcode_cli/lut_check.hpp>
 #include <quillonic/transcode_cli/media_settings.hpp>
 #include <quillonic/transcode_cli/option_changes.hpp>
 #include <quillonic/transcode_cli/presets.hpp>
