@@ -10,3 +10,4 @@
 #include <quillonic/platform/logging.hpp>
 #include <quillonic/platform/mount_table.hpp>
 #include <quillonic/platform/script_runner.hpp>
+#include <quillonic/platform/user_defaults.hpp>

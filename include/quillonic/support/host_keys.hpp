@@ -1,7 +1,7 @@
 /// Names that hosts share with the library and with each other.
 ///
-///     center.post(notification_names::driveDismount);
-///     bool permitted = defaults.boolean(user_default_keys::kUseGPUAcceleration);
+///     center.post({std::string(notification_names::cloudResourceUploaded), {{"path", uploaded}}});
+///     AnyValue permitted = defaults.value(user_default_keys::kUseGPUAcceleration);
 #pragma once
 
 #include <quillonic/requirements.hpp>
@@ -17,7 +17,7 @@ namespace notification_names {
 inline constexpr std::string_view cloudResourceUploaded = "cloudResourceUploaded";
 /// A drive's read or write speed was measured again.
 inline constexpr std::string_view driveSpeedUpdate = "driveSpeedUpdate";
-/// A drive is being dismounted.
+/// A drive was dismounted or pulled.
 inline constexpr std::string_view driveDismount = "driveDismount";
 /// The user interface's view of the main activity is out of date.
 inline constexpr std::string_view kUINeedsUpdateForMainActivity = "kUINeedsUpdateForMainActivity";
@@ -34,7 +34,7 @@ inline constexpr std::string_view kRemovedActiveJob = "kRemovedActiveJob";
 
 }  // namespace notification_names
 
-/// Keys of the settings that host applications keep in their user defaults. The library only names them.
+/// Keys of the settings that host applications keep in their user defaults.
 namespace user_default_keys {
 
 /// Whether a transcode may use graphics acceleration; read before it starts.
