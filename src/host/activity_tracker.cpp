@@ -1,7 +1,6 @@
 #include <quillonic/host/activity_tracker.hpp>
 
 #include <algorithm>
-#include <exception>
 #include <functional>
 #include <limits>
 #include <map>
@@ -9,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "host/post_all.hpp"
 #include "host/rate_window.hpp"
 
 namespace quillonic::host {
@@ -307,15 +307,7 @@ std::optional<ActivityTracker::Clock::time_point> ActivityTracker::update(Clock:
     changes = state_->changes(now);
     if (!state_->isAtRest()) next = now + std::max<Clock::duration>(state_->length / 6, shortestInterval);
   }
-  std::exception_ptr first;
-  for (const auto& change : changes) {
-    try {
-      state_->center->post(change);
-    } catch (...) {
-      if (!first) first = std::current_exception();
-    }
-  }
-  if (first) std::rethrow_exception(first);
+  postAll(*state_->center, changes);
   return next;
 }
 
