@@ -39,7 +39,8 @@ NotificationPayload JobState::payload() const {
 
 std::optional<JobState> JobState::fromPayload(const NotificationPayload& values) {
   JobState state;
-  const bool isWhole = readFields(values, state, jobFields) && readFields(values, state.progress, progressFields);
+  const bool isWhole =
+      readFields(values, state, jobFields) && readFields(values, state.progress, progressFields);
   return isWhole ? std::optional(std::move(state)) : std::nullopt;
 }
 
@@ -63,7 +64,8 @@ NotificationPayload ActivityTotal::payload() const {
 
 std::optional<ActivityTotal> ActivityTotal::fromPayload(const NotificationPayload& values) {
   ActivityTotal total;
-  const bool isWhole = readFields(values, total, totalFields) && readFields(values, total.progress, progressFields);
+  const bool isWhole =
+      readFields(values, total, totalFields) && readFields(values, total.progress, progressFields);
   return isWhole ? std::optional(std::move(total)) : std::nullopt;
 }
 

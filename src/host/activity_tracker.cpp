@@ -98,8 +98,8 @@ struct Job {
   JobState state() const {
     const auto& [name, application, readsFrom, writesTo, ignored] = record->description;
     const auto done = record->bytesDone.load(std::memory_order_relaxed);
-    return {record->identifier, name, application, readsFrom, writesTo,
-            progressOf(done, record->expected(), window)};
+    return {record->identifier, name,     application,
+            readsFrom,          writesTo, progressOf(done, record->expected(), window)};
   }
 };
 

@@ -97,7 +97,8 @@ struct DriveWatcher::State {
       if (!isWatched(mount)) continue;
       const auto known = std::ranges::find_if(volumes, [&](const auto& v) { return isSame(v.mount, mount); });
       if (known == volumes.end()) {
-        current.push_back({mount, drivesBelowMount(mount, *table).drives,
+        current.push_back({mount,
+                           drivesBelowMount(mount, *table).drives,
                            {mount.mountPoint, diskDescriptionOfMount(mount), false}});
         arrivals.push_back({std::string(driveMount.text), current.back().change.payload()});
       } else {

@@ -54,7 +54,8 @@ class Descent {
 
   std::optional<fs::path> deviceBelow(const Mount& mount) const {
     auto device = devices_.numbered(deviceOf(mount));
-    if (!device && mount.source.starts_with("/dev/")) device = devices_.named(fs::path(mount.source).filename());
+    if (!device && mount.source.starts_with("/dev/"))
+      device = devices_.named(fs::path(mount.source).filename());
     return device;
   }
 

@@ -46,7 +46,8 @@ void addFields(NotificationPayload& values, const Record& record, const Fields& 
 template <class Record, class Fields>
 bool readFields(const NotificationPayload& values, Record& record, const Fields& fields) {
   return std::apply(
-      [&](const auto&... field) { return (readValue(values, field.key, record.*field.member) && ...); }, fields);
+      [&](const auto&... field) { return (readValue(values, field.key, record.*field.member) && ...); },
+      fields);
 }
 
 }  // namespace quillonic::host

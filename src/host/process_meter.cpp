@@ -104,7 +104,8 @@ struct ProcessMeter::State {
       : processes(root), length(window), totalWindow(window) {}
 
   Followed* find(std::int32_t process) {
-    const auto found = std::ranges::find(followed, process, [](const Followed& f) { return f.activity.process; });
+    const auto found =
+        std::ranges::find(followed, process, [](const Followed& f) { return f.activity.process; });
     return found != followed.end() ? &*found : nullptr;
   }
 
@@ -195,7 +196,8 @@ struct ProcessMeter::State {
       settle(process);
       for (auto& child : followed) {
         if (child.activity.parent != process.activity.process || child.hasEnded()) continue;
-        if (const auto facts = processes.factsOf(child.activity.process)) orphans.emplace_back(&child, facts->parent);
+        if (const auto facts = processes.factsOf(child.activity.process))
+          orphans.emplace_back(&child, facts->parent);
       }
     }
     for (const auto& [child, parent] : orphans) child->activity.parent = parent;

@@ -16,8 +16,8 @@ std::error_code KeptFile::read(std::string& contents) const {
   contents.resize(std::max<std::size_t>(contents.capacity(), 1024));
   std::size_t size = 0;
   for (;;) {
-    const auto count = ::pread(file_.number(), contents.data() + size, contents.size() - size,
-                               static_cast<off_t>(size));
+    const auto count =
+        ::pread(file_.number(), contents.data() + size, contents.size() - size, static_cast<off_t>(size));
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return lastError();
     if (count == 0) break;

@@ -112,8 +112,8 @@ QUILLONIC_EXPORT Machine describeMachine(const std::filesystem::path& root = "/"
 /// How many transcodes should run at once: the setting "kExplicitNumberOfConcurrentTranscodes", or where it is
 /// not set one for every four cores and every 4 GiB of memory that the process may use, of which the least
 /// counts, from 1 to 16. Without known cores two processors count as one; what is translated gets half.
-QUILLONIC_EXPORT int recommendedConcurrentTranscodes(
-    const Machine& machine, const UserDefaults& defaults = *UserDefaults::current());
+QUILLONIC_EXPORT int recommendedConcurrentTranscodes(const Machine& machine,
+                                                     const UserDefaults& defaults = *UserDefaults::current());
 
 }  // namespace quillonic::host
 

@@ -70,7 +70,8 @@ class QUILLONIC_EXPORT Observation {
 
  private:
   friend class NotificationCenter;
-  Observation(std::weak_ptr<detail::Observers> observers, std::shared_ptr<detail::Observer> observer) noexcept;
+  Observation(std::weak_ptr<detail::Observers> observers,
+              std::shared_ptr<detail::Observer> observer) noexcept;
 
   std::weak_ptr<detail::Observers> observers_;
   std::shared_ptr<detail::Observer> observer_;

@@ -1,0 +1,29 @@
+// Prints what the system tells of the machine, for a support report.
+//
+//     machine_tool           a line for each field, and how many transcodes suit the machine
+//     machine_tool --json    the same as JSON
+#include <quillonic/host.hpp>
+#include <quillonic/json.hpp>
+
+#include <iostream>
+#include <string_view>
+
+using namespace quillonic;
+
+int main(int argc, char** argv) {
+  const std::string_view option = argc > 1 ? argv[1] : "";
+  if (argc > 2 || (!option.empty() && option != "--json")) {
+    std::cerr << "usage: machine_tool [--json]\n";
+    return 64;
+  }
+  const auto machine = host::describeMachine();
+  const auto transcodes = host::recommendedConcurrentTranscodes(machine);
+  if (option.empty()) {
+    std::cout << machine.line() << "\n\n"
+              << machine.table() << "\ntranscodes at once: " << transcodes << '\n';
+  } else {
+    auto report = toJson(encode(machine));
+    report["concurrentTranscodes"] = transcodes;
+    std::cout << report.dump(2) << '\n';
+  }
+}
