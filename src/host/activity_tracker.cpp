@@ -105,7 +105,7 @@ struct Job {
 
 // The jobs of an application, or all.
 struct Group {
-  explicit Group(Clock::duration length) : window(length) {}
+  explicit Group(Clock::duration length) : window(length) { total.progress.bytesExpected = 0; }
 
   void enter() {
     if (activeJobs++ > 0) return;
@@ -132,7 +132,7 @@ struct Group {
   std::uint64_t bytesBefore = 0;
   std::uint64_t bytesOfEnded = 0;
   std::uint64_t activeJobs = 0;
-  std::optional<std::uint64_t> expected;
+  std::optional<std::uint64_t> expected = 0;
   ActivityTotal total;
 };
 
@@ -165,7 +165,7 @@ struct Drive {
 
 struct ActivityTracker::State {
   State(std::shared_ptr<NotificationCenter> postsAt, Clock::duration window)
-      : center(std::move(postsAt)), length(window), total(window) {}
+      : center(std::move(postsAt)), length(window), total(window), toldTotal(total.total) {}
 
   Group& application(const Job& job) {
     const auto& name = job.record->description.application;

@@ -1,0 +1,310 @@
+// Drives and processes, as the system counts them: on stored trees, and on real copies.
+#include <quillonic/host/drive_meter.hpp>
+#include <quillonic/host/process_meter.hpp>
+
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <linux/loop.h>
+#include <stdexcept>
+#include <string>
+#include <sys/ioctl.h>
+#include <vector>
+
+#include "private_process.hpp"
+#include "temporary_folder.hpp"
+
+namespace quillonic::host {
+namespace {
+
+using namespace std::chrono_literals;
+
+using Moment = DriveMeter::Clock::time_point;
+using Names = std::vector<std::string>;
+
+// A line of the system's statistics.
+std::string diskLine(const std::string& name, std::uint64_t read, std::uint64_t written, int inFlight = 0) {
+  return "   8       0 " + name + " 1 2 " + std::to_string(read) + " 4 5 6 " + std::to_string(written) +
+         " 8 " + std::to_string(inFlight) + " 10 11 12 13 14 15 16 17\n";
+}
+
+TEST(DriveMeter, FollowsCountersThatWrapAndDrivesThatGo) {
+  const TemporaryFolder root;
+  const auto show = [&](const std::string& lines) { root.file("proc/diskstats", lines); };
+  root.file("sys/block/sdb/diskseq", "7\n");
+  root.file("sys/block/sdb/sdb1/partition", "1\n");
+  root.link("sys/class/block/sdb1", root / "sys/block/sdb/sdb1");
+  show(diskLine("sda", 4294967290, 100) + diskLine("sdb1", 1, 1) + diskLine("sdb", 5000, 5000) +
+       "cut short\n");
+  DriveMeter meter(root.path());
+  Moment now{};
+  ASSERT_FALSE(meter.sample(now));
+  ASSERT_EQ(meter.drives().size(), 3U);
+  EXPECT_FALSE(meter.drive("sda")->bytesReadPerSecond);
+  EXPECT_TRUE(meter.drive("sdb1")->isPartition);
+  EXPECT_FALSE(meter.drive("sdb")->isPartition);
+
+  // At 32 bits one wraps; the other names another drive now.
+  show(diskLine("sda", 14, 300, 3) + diskLine("sdb", 6000, 6000));
+  root.file("sys/block/sdb/diskseq", "8\n");
+  ASSERT_FALSE(meter.sample(now += 2s));
+  EXPECT_EQ(meter.drive("sda")->bytesRead, 20U * 512);
+  EXPECT_EQ(meter.drive("sda")->bytesReadPerSecond, 10 * 512);
+  EXPECT_EQ(meter.drive("sda")->bytesWrittenPerSecond, 100 * 512);
+  EXPECT_EQ(meter.drive("sda")->requestsInFlight, 3U);
+  EXPECT_EQ(meter.drive("sdb")->bytesRead, 0U);
+  EXPECT_FALSE(meter.drive("sdb")->bytesReadPerSecond);
+  EXPECT_EQ(meter.drive("sdb1"), nullptr);
+
+  // What fell was no wrap.
+  show(diskLine("sda", 4, 300));
+  ASSERT_FALSE(meter.sample(now += 2s));
+  EXPECT_EQ(meter.drive("sda")->bytesRead, 0U);
+  EXPECT_FALSE(meter.drive("sda")->bytesReadPerSecond);
+  show("");
+  ASSERT_FALSE(meter.sample(now += 2s));
+  EXPECT_TRUE(meter.drives().empty());
+  EXPECT_EQ(DriveMeter(root / "missing").sample(now), std::errc::no_such_file_or_directory);
+}
+
+// Several kinds of devices in one tree.
+TEST(DrivesBelow, AreFoundThroughAllKindsOfDevices) {
+  const TemporaryFolder root;
+  const auto device = [&](const std::string& number, const std::string& at, const Names& parts = {}) {
+    const auto folder = root.folder("sys/devices/" + at);
+    root.link("sys/dev/block/" + number, folder);
+    root.link("sys/class/block/" + folder.filename().native(), folder);
+    for (const auto& part : parts)
+      root.link("sys/devices/" + at + "/slaves/" + part, root / "sys/class/block" / part);
+    if (at.find('/') != std::string::npos) root.file("sys/devices/" + at + "/partition", "1\n");
+    return folder;
+  };
+  device("8:0", "sda");
+  device("8:1", "sda/sda1");
+  device("8:16", "sdb");
+  device("8:17", "sdb/sdb1");
+  device("9:0", "md0", {"sda1", "sdb1"});
+  device("9:1", "md0/md0p1");
+  device("252:0", "dm-0", {"md0p1"});
+  device("7:0", "loop0");
+  device("7:1", "loop1");
+  device("7:2", "loop2", {"loop2"});
+  root.file("sys/devices/loop0/loop/backing_file", "/raid/card image.img\n");
+  root.file("sys/devices/loop1/loop/backing_file", "/memory/card.img (deleted)\n");
+  root.link("sys/fs/btrfs/1234/devices/sda1", root / "sys/class/block/sda1");
+  root.link("sys/fs/btrfs/1234/devices/sdb", root / "sys/class/block/sdb");
+  root.folder("sys/fs/btrfs/features");
+
+  const auto table = MountTable::fromText(
+      "1 0 8:17 / / rw - ext4 /dev/sdb1 rw\n"
+      "2 1 252:0 / /raid rw - xfs /dev/mapper/raid rw\n"
+      "3 1 7:0 / /image rw - vfat /dev/loop0 rw\n"
+      "4 1 0:42 /@ /pool rw - btrfs /dev/sda1 rw\n"
+      "5 1 0:50 / /merged rw - overlay overlay rw,lowerdir=/a,upperdir=/raid/upper,workdir=/raid/work\n"
+      "6 1 0:51 / /memory rw - tmpfs tmpfs rw\n"
+      "7 1 7:1 / /gone rw - ext4 /dev/loop1 rw\n"
+      "8 1 0:52 / /server rw - nfs4 server:/export rw\n"
+      "9 1 0:53 / /phone rw - fuse.jmtpfs jmtpfs rw\n"
+      "10 1 7:2 / /cycle rw - ext4 /dev/loop2 rw\n"
+      "11 1 8:99 / /pulled rw - ext4 /dev/sdz9 rw\n"
+      "12 1 0:54 / /loop rw - overlay overlay rw,upperdir=/loop/upper\n");
+  using enum StorageKind;
+  const std::vector<std::pair<std::string, DrivesBelow>> rows{
+      {"/", {drives, {"sdb"}}},
+      {"/raid", {drives, {"sda", "sdb"}}},
+      {"/image", {drives, {"sda", "sdb"}}},
+      {"/merged", {drives, {"sda", "sdb"}}},
+      {"/memory", {memory, {}}},
+      {"/gone", {memory, {}}},
+      {"/server", {network, {}}},
+      {"/phone", {unknown, {}}},
+      {"/cycle", {unknown, {}}},
+      {"/pulled", {unknown, {}}},
+      {"/loop", {unknown, {}}},
+  };
+  for (const auto& [point, expected] : rows) {
+    const auto& mount = *table.withLongestMountPoint(point);
+    EXPECT_EQ(drivesBelowMount(mount, table, root.path()), expected) << point;
+    const auto hidden = drivesBelowMount(mount, table, "/missing");
+    EXPECT_TRUE(hidden.drives.empty()) << point;
+  }
+  // A volume of several drives; only systems with a drive of this name know its number otherwise.
+  if (!std::filesystem::exists("/dev/sda1")) {
+    EXPECT_EQ(drivesBelowMount(*table.withIdentifier(4), table, root.path()),
+              (DrivesBelow{drives, {"sda", "sdb"}}));
+  }
+  EXPECT_EQ(drivesBelow("/proc/self"), (DrivesBelow{memory, {}}));
+}
+
+constexpr std::size_t mebibyte = std::size_t{1} << 20U;
+
+bool writeTo(const std::filesystem::path& file, std::size_t size) {
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  const std::string bytes(mebibyte, 'x');
+  bool isWritten = descriptor >= 0;
+  for (std::size_t at = 0; at < size; at += mebibyte) {
+    isWritten = isWritten && write(descriptor, bytes.data(), mebibyte) == static_cast<ssize_t>(mebibyte);
+  }
+  isWritten = isWritten && fsync(descriptor) == 0;
+  close(descriptor);
+  return isWritten;
+}
+
+// A disk of a file: what is written to it is what the system counts, exactly.
+TEST(DriveMeter, CountsTheBytesThatADiskGets) {
+  const TemporaryFolder folder;
+  const int control = open("/dev/loop-control", O_RDWR | O_CLOEXEC);
+  const int number = control >= 0 ? ioctl(control, LOOP_CTL_GET_FREE) : -1;
+  const auto name = "loop" + std::to_string(number);
+  const int disk = number >= 0 ? open(("/dev/" + name).c_str(), O_RDWR | O_CLOEXEC) : -1;
+  const auto image = folder.file("image", std::string(16 * mebibyte, '\0'));
+  const int file = open(image.c_str(), O_RDWR | O_CLOEXEC);
+  const bool isAttached = disk >= 0 && ioctl(disk, LOOP_SET_FD, file) == 0;
+  close(control);
+  close(file);
+  if (!isAttached) GTEST_SKIP() << "needs a free loop device";
+  DriveMeter meter;
+  Moment now{};
+  EXPECT_FALSE(meter.sample(now));
+  EXPECT_TRUE(writeTo("/dev/" + name, 8 * mebibyte));
+  EXPECT_FALSE(meter.sample(now += 4s));
+  const auto* drive = meter.drive(name);
+  ASSERT_TRUE(drive);
+  EXPECT_EQ(drive->bytesWritten, 8 * mebibyte);
+  EXPECT_EQ(drive->bytesWrittenPerSecond, 2.0 * mebibyte);
+  EXPECT_EQ(ioctl(disk, LOOP_CLR_FD), 0);
+  close(disk);
+}
+
+// A child that does its work whenever it is told, and ends when it is told no more.
+class Worker {
+ public:
+  explicit Worker(FunctionRef<void()> work) {
+    if (pipe(orders_) != 0 || pipe(answers_) != 0) throw std::runtime_error("no pipe");
+    std::fflush(nullptr);
+    process = fork();
+    if (process != 0) return;
+    char order = 0;
+    close(orders_[1]);
+    while (read(orders_[0], &order, 1) == 1) {
+      work();
+      if (write(answers_[1], &order, 1) != 1) break;
+    }
+    _exit(0);
+  }
+  void run() {
+    char order = 0;
+    EXPECT_EQ(write(orders_[1], &order, 1), 1);
+    EXPECT_EQ(read(answers_[0], &order, 1), 1);
+  }
+  void end() { close(orders_[1]); }
+  void waitFor() const { waitpid(process, nullptr, 0); }
+
+  pid_t process = 0;
+
+ private:
+  int orders_[2];   // NOLINT(modernize-avoid-c-arrays)
+  int answers_[2];  // NOLINT(modernize-avoid-c-arrays)
+};
+
+// In a child of its own, whose other children are not this test's.
+TEST(ProcessMeter, CountsTheBytesOfChildrenOnce) {
+  const TemporaryFolder folder;
+  runPrivately([&] {
+    mountAt(folder.folder("memory"));
+    const auto file = folder / "memory/file";
+    Worker worker([&] {
+      // A child that no sample sees, and one that is waited for after a sample has seen it.
+      Worker brief([&] { writeTo(file, mebibyte); });
+      brief.run();
+      brief.end();
+      brief.waitFor();
+      writeTo(file, 2 * mebibyte);
+    });
+    ProcessMeter meter;
+    Moment now{};
+    ASSERT_EQ(meter.follow(getpid(), ProcessMeter::Children::included), ProcessAnswer::counted);
+    meter.sample(now);
+    ASSERT_EQ(meter.processes().size(), 2U);
+    const auto before = meter.total().writtenByCalls;
+
+    worker.run();
+    meter.sample(now += 1s);
+    const auto written = meter.total().writtenByCalls - before;
+    EXPECT_GE(written, 3 * mebibyte);
+    EXPECT_LT(written, 3 * mebibyte + 100);
+    EXPECT_NEAR(meter.totalSpeeds()->writtenByCalls, static_cast<double>(written), 1);
+    EXPECT_EQ(meter.processes()[1].parent, getpid());
+    EXPECT_LT(meter.processes()[0].bytes.writtenByCalls, before + 100);
+
+    // Ended and not waited for; then its parent inherits its counts, of which the meter knows all but the
+    // last.
+    worker.run();
+    worker.end();
+    siginfo_t ended;
+    waitid(P_PID, static_cast<id_t>(worker.process), &ended, WEXITED | WNOWAIT);
+    for (const auto answer : {ProcessAnswer::counted, ProcessAnswer::ended}) {
+      meter.sample(now += 1s);
+      ASSERT_EQ(meter.processes().size(), 2U);
+      EXPECT_EQ(meter.processes()[1].answer, answer);
+      EXPECT_LT(meter.processes()[0].bytes.writtenByCalls, before + 100);
+      EXPECT_LT(meter.total().writtenByCalls - before, 6 * mebibyte + 200);
+      EXPECT_GE(meter.total().writtenByCalls - before, 6 * mebibyte);
+      worker.waitFor();
+    }
+    meter.sample(now += 1s);
+    EXPECT_EQ(meter.processes().size(), 1U);
+    EXPECT_LT(meter.total().writtenByCalls - before, 6 * mebibyte + 200);
+    EXPECT_GE(meter.total().writtenByCalls - before, 6 * mebibyte);
+    EXPECT_EQ(meter.follow(worker.process), ProcessAnswer::ended);
+  });
+}
+
+// Processes that nobody waits for, and that another adopts, lose nothing of what was counted.
+TEST(ProcessMeter, KeepsTheBytesOfChildrenThatNobodyWaitsFor) {
+  const TemporaryFolder folder;
+  runPrivately([&] {
+    std::signal(SIGCHLD, SIG_IGN);
+    mountAt(folder.folder("memory"));
+    Worker worker([&] { writeTo(folder / "memory/file", mebibyte); });
+    ProcessMeter meter;
+    ASSERT_EQ(meter.follow(worker.process), ProcessAnswer::counted);
+    ASSERT_EQ(meter.follow(getpid()), ProcessAnswer::counted);
+    meter.sample();
+    worker.run();
+    meter.sample();
+    const auto total = meter.total().writtenByCalls;
+    worker.end();
+    worker.waitFor();
+    writeTo(folder / "memory/file", mebibyte);
+    meter.sample();
+    EXPECT_GE(meter.total().writtenByCalls, total + mebibyte);
+    EXPECT_LT(meter.total().writtenByCalls, total + mebibyte + 100);
+  });
+}
+
+TEST(ProcessMeter, SaysWhyItKnowsNothing) {
+  const TemporaryFolder root;
+  root.file("proc/1/stat", "1 (a b) c) S 0 1 1 0 -1 4194560 1 2 3 4 5 6 7 8 20 0 1 0 5 1 1\n");
+  ProcessMeter meter(root.path());
+  EXPECT_EQ(meter.follow(1), ProcessAnswer::notKnown);
+  meter.sample();
+  EXPECT_EQ(meter.processes()[0].answer, ProcessAnswer::notKnown);
+  EXPECT_FALSE(meter.totalSpeeds());
+  EXPECT_EQ(meter.follow(2), ProcessAnswer::ended);
+  EXPECT_EQ(ProcessMeter(root / "missing").follow(1), ProcessAnswer::notKnown);
+
+  const auto testing = getpid();
+  runPrivately([&] {
+    becomeNobody();
+    EXPECT_EQ(ProcessMeter().follow(testing), ProcessAnswer::notAllowed);
+  });
+  runPrivately([&] {
+    if (mount("proc", "/proc", "proc", 0, "hidepid=2") != 0) endAsNotAllowed();
+    becomeNobody();
+    EXPECT_EQ(ProcessMeter().follow(testing), ProcessAnswer::notAllowed);
+  });
+}
+
+}  // namespace
+}  // namespace quillonic::host
