@@ -1,134 +1,76 @@
 #include <quillonic/host/machine.hpp>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
+#include <span>
+#include <sstream>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "temporary_folder.hpp"
+#include "texts.hpp"
 
 namespace quillonic::host {
 namespace {
 
-// The files of a machine, and what they tell: a field that is not listed is absent.
-struct Case {
-  std::string name;
-  std::vector<std::pair<std::string, std::string>> files;
-  std::map<std::string, std::string> known;
-};
+// Replaces "\n", "\t", "\0" and "\\".
+std::string unescaped(const std::string& text) {
+  std::string result;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto code = text[at] == '\\' && at + 1 < text.size() ? std::string("nt0").find(text[++at]) : 4;
+    result.push_back(code < 3 ? "\n\t\0"[code] : text[at]);
+  }
+  return result;
+}
 
-const std::vector<Case> cases{
-    {"no information at all", {}, {}},
-    {"a workstation whose maker left placeholders",
-     {{"proc/cpuinfo",
-       "processor\t: 0\nmodel name\t: AMD Ryzen  9\nflags\t\t: fpu lm\n\nprocessor\t: 1\nmodel name\t: AMD "
-       "Ryzen  9\n"},
-      {"proc/sys/kernel/arch", "x86_64\n"},
-      {"proc/self/status", "Name:\tx\nCpus_allowed_list:\t0-2,9\n"},
-      {"sys/devices/system/cpu/cpu0/topology/core_cpus_list", "0,9\n"},
-      {"sys/devices/system/cpu/cpu1/topology/core_cpus_list", "1,10\n"},
-      {"sys/devices/system/cpu/cpu2/topology/thread_siblings_list", "2,11\n"},
-      {"sys/devices/system/cpu/cpu9/topology/core_cpus_list", "0,9\n"},
-      {"proc/meminfo", "MemTotal:       16384 kB\nMemFree: 1 kB\n"},
-      {"proc/self/cgroup", "0::/user/app\n"},
-      {"sys/fs/cgroup/user/app/cpu.max", "max 100000\n"},
-      {"sys/fs/cgroup/user/cpu.max", "350000 100000\n"},
-      {"sys/fs/cgroup/user/app/memory.max", "max\n"},
-      {"sys/fs/cgroup/memory.max", "99999999999\n"},
-      {"sys/class/dmi/id/sys_vendor", "To Be Filled By O.E.M.\n"},
-      {"sys/class/dmi/id/board_vendor", "Gigabyte\n"},
-      {"sys/class/dmi/id/product_name", "System Product Name\n"},
-      {"etc/os-release", "ID=x\nNAME='A \"B\"'\nVERSION_ID=\"1\\\"2\"\n"},
-      {"proc/sys/kernel/ostype", "Linux\n"},
-      {"proc/sys/kernel/osrelease", "6.1.0-18-amd64\n"},
-      {"proc/sys/kernel/hostname", "studio\n"}},
-     {{"maker", "Gigabyte"},
-      {"processor", "AMD Ryzen  9"},
-      {"architecture", "x86-64"},
-      {"logical processors", "4"},
-      {"physical cores", "3"},
-      {"processor quota", "3.5"},
-      {"memory", "0.0 GiB"},
-      {"system", "A \"B\""},
-      {"system version", "1\"2"},
-      {"kernel", "Linux 6.1.0-18-amd64"},
-      {"host name", "studio"}}},
-    {"a board with two kinds of cores, before the kernel told its architecture",
-     {{"proc/cpuinfo",
-       "processor\t: 0\nCPU implementer\t: 0x41\nCPU architecture: 8\nCPU part\t: 0xd03\n\n"
-       "processor\t: 1\nCPU implementer\t: 0x41\nCPU architecture: 8\nCPU part\t: 0xfff\n"},
-      {"proc/self/status", "Cpus_allowed_list:\t0-1\n"},
-      {"proc/device-tree/model", std::string("Board Rev 1.1\0", 14)},
-      {"usr/lib/os-release", "NAME=Alpine\n"}},
-     {{"model", "Board Rev 1.1"},
-      {"processor", "Arm Cortex-A53 + Arm 0xfff"},
-      {"architecture", "arm64"},
-      {"logical processors", "2"},
-      {"system", "Alpine"}}},
-    {"a container of an older system in a virtual machine, with limits",
-     {{"proc/cpuinfo", "model name\t: Intel Xeon\nflags\t: fpu lm hypervisor\n"},
-      {"proc/self/status", "Cpus_allowed_list:\t0-63\n"},
-      {"proc/meminfo", "MemTotal: 67108864 kB\n"},
-      {"proc/self/cgroup", "5:cpu,cpuacct:/docker/1\n4:memory:/docker/1\n1:name=systemd:/docker/1\nbroken\n"},
-      {"sys/fs/cgroup/cpu,cpuacct/cpu.cfs_quota_us", "50000\n"},
-      {"sys/fs/cgroup/cpu,cpuacct/cpu.cfs_period_us", "100000\n"},
-      {"sys/fs/cgroup/memory/docker/1/memory.limit_in_bytes", "9223372036854771712\n"},
-      {"sys/fs/cgroup/memory/memory.limit_in_bytes", "2147483648\n"},
-      {"sys/class/dmi/id/sys_vendor", "QEMU\n"},
-      {"sys/class/dmi/id/product_name", "Standard PC\n"},
-      {".dockerenv", ""}},
-     {{"maker", "QEMU"},
-      {"model", "Standard PC"},
-      {"processor", "Intel Xeon"},
-      {"architecture", "x86-64"},
-      {"logical processors", "1"},
-      {"processor quota", "0.5"},
-      {"memory", "64.0 GiB"},
-      {"memory limit", "2.0 GiB"},
-      {"container", "docker"},
-      {"virtual machine", "QEMU"}}},
-    {"a sandbox, and files that tell nonsense",
-     {{"proc/cpuinfo", "flags : hypervisor\nno colon\nmodel name :\n"},
-      {"proc/sys/kernel/arch", "vax\n"},
-      {"proc/self/status", "Cpus_allowed_list:\t0-4000000000\n"},
-      {"proc/meminfo", "MemTotal: much\n"},
-      {"proc/self/cgroup", "0::/../..\n"},
-      {"proc/1/environ", std::string("A=b\0container=lxc\0", 18)},
-      {"etc/os-release", "NAME=\"\\\n"}},
-     {{"architecture", "vax"}, {"container", "lxc"}, {"system", "\\"}, {"virtual machine", "unknown kind"}}},
-};
+using Told = std::map<std::string, std::string>;
+
+// The table for people, by the names of its rows.
+Told rowsOf(const Machine& machine) {
+  Told rows;
+  for (const auto& row : split(machine.table(), '\n')) {
+    const auto gap = row.find("  ");
+    if (gap != std::string::npos) rows[row.substr(0, gap)] = row.substr(row.find_first_not_of(' ', gap));
+  }
+  return rows;
+}
 
 TEST(Machine, IsDescribedAsFarAsItsFilesTell) {
-  for (const auto& [name, files, known] : cases) {
+  const auto cases = contentOf(std::filesystem::path(HOST_DATA) / "machines.txt");
+  int count = 0;
+  for (auto at = cases.find("== "); at < cases.size(); ++count) {
+    const auto end = std::min(cases.find("\n== ", at), cases.size());
+    const auto lines = split(std::string_view(cases).substr(at, end - at), '\n');
+    at = end + 1;
     const TemporaryFolder root;
-    for (const auto& [file, content] : files) root.file(file, content);
-    const auto machine = describeMachine(root.path());
-    std::map<std::string, std::string> told;
-    const auto table = machine.table();
-    for (std::size_t at = 0, end = 0; (end = table.find('\n', at)) != std::string::npos; at = end + 1) {
-      const auto gap = table.find("  ", at);
-      const auto value = table.find_first_not_of(' ', gap);
-      told[table.substr(at, gap - at)] = table.substr(value, end - value);
+    Told expected;
+    for (const auto& line : std::span(lines).subspan(1)) {
+      const auto equals = line.find(" =");
+      if (equals == std::string::npos) continue;
+      const auto value = line.substr(std::min(equals + 3, line.size()));
+      if (line.starts_with("> ")) {
+        expected[line.substr(2, equals - 2)] = value;
+      } else {
+        root.file(line.substr(0, equals), unescaped(value));
+      }
     }
-    auto expected = known;
+    const auto machine = describeMachine(root.path());
     expected["program architecture"] = Architecture::ofThisProgram().rawValue();
     if (machine.architecture) {
       expected["is translated"] = *machine.architecture == Architecture::ofThisProgram() ? "no" : "yes";
     }
-    EXPECT_EQ(told, expected) << name;
+    EXPECT_EQ(rowsOf(machine), expected) << lines[0];
     EXPECT_EQ(decode<Machine>(encode(machine)), machine);
     EXPECT_EQ(machine.line().find('\n'), std::string::npos);
   }
+  EXPECT_EQ(count, 5);
 }
 
 TEST(Machine, KnowsTheNamesOfArchitectures) {
-  const std::pair<const char*, Architecture> rows[] = {
-      {"x86_64", Architecture::x86_64},   {"aarch64", Architecture::arm64},
-      {"i586", Architecture::x86},        {"armv7l", Architecture::arm},
-      {"riscv64", Architecture::riscv64}, {"vax", Architecture(std::string("vax"))}};
-  for (const auto& [name, architecture] : rows) EXPECT_EQ(Architecture::fromSystemName(name), architecture);
+  const std::map<std::string, std::string> rows{{"x86_64", "x86-64"}, {"aarch64", "arm64"},   {"i586", "x86"},
+                                                {"armv7l", "arm"},    {"riscv64", "riscv64"}, {"vax", "vax"}};
+  for (const auto& [name, text] : rows) EXPECT_EQ(Architecture::fromSystemName(name).rawValue(), text);
   const auto own = describeMachine();
   EXPECT_EQ(own.programArchitecture, Architecture::ofThisProgram());
   EXPECT_TRUE(own.line().starts_with(own.system.value_or("")));
@@ -142,34 +84,31 @@ struct Chosen final : UserDefaults {
 };
 
 TEST(Machine, RecommendsTranscodes) {
-  struct Row {
-    std::optional<std::int64_t> logical;
-    std::optional<std::int64_t> physical;
-    std::optional<std::int64_t> gibibytes;
-    std::optional<std::int64_t> limit;
-    std::optional<bool> isTranslated;
-    AnyValue chosen;
-    int expected;
+  // Logical and physical processors, memory and its limit in GiB, whether translated, the setting: "-" for none.
+  std::istringstream rows(
+      "- - - - 0 - 1  8 - - - 0 - 1  64 - - - 0 - 8  64 16 - - 0 - 4  64 64 64 - 0 - 16  64 64 64 24 0 - 6 "
+      "64 64 256 - 1 - 8  256 128 1024 - 0 - 16  64 64 1 - 0 - 1  2 1 1 - 0 5 5  64 16 - - 0 0 4 "
+      "2 1 1 - 0 5000 64  64 16 - - 0 -3 4");
+  const auto next = [&](std::int64_t unit = 1) {
+    std::string word;
+    rows >> word;
+    return word == "-" || word.empty() ? std::nullopt : std::optional(std::stoll(word) * unit);
   };
-  const Row rows[] = {
-      {{}, {}, {}, {}, {}, {}, 1},    {8, {}, {}, {}, {}, {}, 1},       {64, {}, {}, {}, {}, {}, 8},
-      {64, 16, {}, {}, {}, {}, 4},    {64, 64, 64, {}, false, {}, 16},  {64, 64, 64, 24, false, {}, 6},
-      {64, 64, 256, {}, true, {}, 8}, {256, 128, 1024, {}, {}, {}, 16}, {64, 64, 1, {}, {}, {}, 1},
-      {2, 1, 1, {}, {}, 5, 5},        {64, 16, {}, {}, {}, 0, 4},       {2, 1, 1, {}, {}, 5000, 64},
-      {64, 16, {}, {}, {}, -3, 4},    {64, 16, {}, {}, {}, "7", 4},
-  };
-  for (const auto& row : rows) {
-    Machine machine;
-    const auto bytes = [](auto count) { return count ? std::optional(*count << 30) : std::nullopt; };
-    machine.logicalProcessors = row.logical;
-    machine.physicalCores = row.physical;
-    machine.memory = bytes(row.gibibytes);
-    machine.memoryLimit = bytes(row.limit);
-    machine.isTranslated = row.isTranslated;
+  int count = 0;
+  for (; rows.good(); ++count) {
+    Machine machine{.logicalProcessors = next(), .physicalCores = next()};
+    constexpr std::int64_t gibibyte = 1 << 30;
+    machine.memory = next(gibibyte);
+    machine.memoryLimit = next(gibibyte);
+    machine.isTranslated = next() == 1;
     Chosen defaults;
-    defaults.number = row.chosen;
-    EXPECT_EQ(recommendedConcurrentTranscodes(machine, defaults), row.expected) << machine.table();
+    if (const auto chosen = next()) defaults.number = *chosen;
+    EXPECT_EQ(recommendedConcurrentTranscodes(machine, defaults), next()) << "row " << count;
   }
+  EXPECT_EQ(count, 13);
+  Chosen text;
+  text.number = "7";
+  EXPECT_EQ(recommendedConcurrentTranscodes({}, text), 1);
 }
 
 TEST(Settings, AreThoseOfTheHost) {

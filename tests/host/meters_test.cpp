@@ -6,6 +6,8 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/loop.h>
+#include <map>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <sys/ioctl.h>
@@ -13,6 +15,7 @@
 
 #include "private_process.hpp"
 #include "temporary_folder.hpp"
+#include "texts.hpp"
 
 namespace quillonic::host {
 namespace {
@@ -67,73 +70,46 @@ TEST(DriveMeter, FollowsCountersThatWrapAndDrivesThatGo) {
   EXPECT_EQ(DriveMeter(root / "missing").sample(now), std::errc::no_such_file_or_directory);
 }
 
-// Several kinds of devices in one tree.
+// Adds a device to the tree that a line describes.
+void addDevice(const TemporaryFolder& root, const Names& words) {
+  const auto folder = root.folder("sys/devices/" + words[1]);
+  const auto name = folder.filename().native();
+  root.link("sys/dev/block/" + words[0], folder);
+  root.link("sys/class/block/" + name, folder);
+  if (name != words[1]) root.file("sys/devices/" + words[1] + "/partition", "1\n");
+  for (std::size_t i = 3; i < words.size() && words[2] == "parts"; ++i)
+    root.link("sys/devices/" + words[1] + "/slaves/" + words[i], root / "sys/class/block" / words[i]);
+  if (words.size() > 2 && words[2] == "image") {
+    const auto path = joined(std::span(words).subspan(3));
+    root.file("sys/devices/" + words[1] + "/loop/backing_file", path + "\n");
+  }
+}
+
 TEST(DrivesBelow, AreFoundThroughAllKindsOfDevices) {
+  const auto data = contentOf(std::filesystem::path(HOST_DATA) / "drives.txt");
   const TemporaryFolder root;
-  const auto device = [&](const std::string& number, const std::string& at, const Names& parts = {}) {
-    const auto folder = root.folder("sys/devices/" + at);
-    root.link("sys/dev/block/" + number, folder);
-    root.link("sys/class/block/" + folder.filename().native(), folder);
-    for (const auto& part : parts)
-      root.link("sys/devices/" + at + "/slaves/" + part, root / "sys/class/block" / part);
-    if (at.find('/') != std::string::npos) root.file("sys/devices/" + at + "/partition", "1\n");
-    return folder;
-  };
-  device("8:0", "sda");
-  device("8:1", "sda/sda1");
-  device("8:16", "sdb");
-  device("8:17", "sdb/sdb1");
-  device("9:0", "md0", {"sda1", "sdb1"});
-  device("9:1", "md0/md0p1");
-  device("252:0", "dm-0", {"md0p1"});
-  device("7:0", "loop0");
-  device("7:1", "loop1");
-  device("7:2", "loop2", {"loop2"});
-  root.file("sys/devices/loop0/loop/backing_file", "/raid/card image.img\n");
-  root.file("sys/devices/loop1/loop/backing_file", "/memory/card.img (deleted)\n");
+  const auto table = MountTable::fromText(data);
   root.link("sys/fs/btrfs/1234/devices/sda1", root / "sys/class/block/sda1");
   root.link("sys/fs/btrfs/1234/devices/sdb", root / "sys/class/block/sdb");
   root.folder("sys/fs/btrfs/features");
-
-  const auto table = MountTable::fromText(
-      "1 0 8:17 / / rw - ext4 /dev/sdb1 rw\n"
-      "2 1 252:0 / /raid rw - xfs /dev/mapper/raid rw\n"
-      "3 1 7:0 / /image rw - vfat /dev/loop0 rw\n"
-      "4 1 0:42 /@ /pool rw - btrfs /dev/sda1 rw\n"
-      "5 1 0:50 / /merged rw - overlay overlay rw,lowerdir=/a,upperdir=/raid/upper,workdir=/raid/work\n"
-      "6 1 0:51 / /memory rw - tmpfs tmpfs rw\n"
-      "7 1 7:1 / /gone rw - ext4 /dev/loop1 rw\n"
-      "8 1 0:52 / /server rw - nfs4 server:/export rw\n"
-      "9 1 0:53 / /phone rw - fuse.jmtpfs jmtpfs rw\n"
-      "10 1 7:2 / /cycle rw - ext4 /dev/loop2 rw\n"
-      "11 1 8:99 / /pulled rw - ext4 /dev/sdz9 rw\n"
-      "12 1 0:54 / /loop rw - overlay overlay rw,upperdir=/loop/upper\n");
-  using enum StorageKind;
-  const std::vector<std::pair<std::string, DrivesBelow>> rows{
-      {"/", {drives, {"sdb"}}},
-      {"/raid", {drives, {"sda", "sdb"}}},
-      {"/image", {drives, {"sda", "sdb"}}},
-      {"/merged", {drives, {"sda", "sdb"}}},
-      {"/memory", {memory, {}}},
-      {"/gone", {memory, {}}},
-      {"/server", {network, {}}},
-      {"/phone", {unknown, {}}},
-      {"/cycle", {unknown, {}}},
-      {"/pulled", {unknown, {}}},
-      {"/loop", {unknown, {}}},
-  };
-  for (const auto& [point, expected] : rows) {
-    const auto& mount = *table.withLongestMountPoint(point);
-    EXPECT_EQ(drivesBelowMount(mount, table, root.path()), expected) << point;
-    const auto hidden = drivesBelowMount(mount, table, "/missing");
-    EXPECT_TRUE(hidden.drives.empty()) << point;
+  const std::map<std::string, StorageKind> kinds{{"drives", StorageKind::drives},
+                                                 {"memory", StorageKind::memory},
+                                                 {"network", StorageKind::network},
+                                                 {"unknown", StorageKind::unknown}};
+  std::size_t points = 0;
+  for (const auto& line : split(data, '\n')) {
+    const auto words = split(line);
+    if (words.empty() || words[0] == "#") continue;
+    if (words[0].find(':') != std::string::npos) addDevice(root, words);
+    if (words[0][0] != '/') continue;
+    const auto& mount = *table.withLongestMountPoint(words[0]);
+    const DrivesBelow expected{kinds.at(words[1]), {words.begin() + 2, words.end()}};
+    EXPECT_EQ(drivesBelowMount(mount, table, root.path()), expected) << line;
+    EXPECT_TRUE(drivesBelowMount(mount, table, "/missing").drives.empty()) << line;
+    ++points;
   }
-  // A volume of several drives; only systems with a drive of this name know its number otherwise.
-  if (!std::filesystem::exists("/dev/sda1")) {
-    EXPECT_EQ(drivesBelowMount(*table.withIdentifier(4), table, root.path()),
-              (DrivesBelow{drives, {"sda", "sdb"}}));
-  }
-  EXPECT_EQ(drivesBelow("/proc/self"), (DrivesBelow{memory, {}}));
+  EXPECT_EQ(points, table.mounts().size());
+  EXPECT_EQ(drivesBelow("/proc/self"), (DrivesBelow{StorageKind::memory, {}}));
 }
 
 constexpr std::size_t mebibyte = std::size_t{1} << 20U;
