@@ -40,7 +40,7 @@ struct detail::JobRecord {
         bytesExpected(description.bytesExpected.value_or(unknownBytes)) {}
 
   std::optional<std::uint64_t> expected() const noexcept {
-    const auto bytes = bytesExpected.load(std::memory_order_relaxed);
+    const auto bytes = bytesExpected.load();
     return bytes == unknownBytes ? std::nullopt : std::optional(bytes);
   }
 
@@ -73,7 +73,7 @@ ActiveJob::~ActiveJob() {
 }
 
 void ActiveJob::setBytesExpected(std::optional<std::uint64_t> bytes) noexcept {
-  if (record_) record_->bytesExpected.store(bytes.value_or(unknownBytes), std::memory_order_relaxed);
+  if (record_) record_->bytesExpected.store(bytes.value_or(unknownBytes));
 }
 
 std::uint64_t ActiveJob::identifier() const noexcept {
@@ -81,7 +81,7 @@ std::uint64_t ActiveJob::identifier() const noexcept {
 }
 
 void ActiveJob::end() noexcept {
-  if (record_) record_->hasEnded.store(true, std::memory_order_release);
+  if (record_) record_->hasEnded.store(true);
   record_.reset();
   bytes_ = nullptr;
 }
@@ -97,7 +97,7 @@ struct Job {
 
   JobState state() const {
     const auto& [name, application, readsFrom, writesTo, ignored] = record->description;
-    const auto done = record->bytesDone.load(std::memory_order_relaxed);
+    const auto done = record->bytesDone.load();
     return {record->identifier, name,     application,
             readsFrom,          writesTo, progressOf(done, record->expected(), window)};
   }
@@ -202,7 +202,7 @@ struct ActivityTracker::State {
 
   // Adds what the job has done since it was last counted to the totals.
   void count(Job& job) {
-    const auto done = job.record->bytesDone.load(std::memory_order_relaxed);
+    const auto done = job.record->bytesDone.load();
     const auto more = done - std::exchange(job.counted, done);
     total.bytesEver += more;
     application(job).bytesEver += more;
@@ -240,7 +240,7 @@ struct ActivityTracker::State {
       if (!job.isAnnounced) enter(job), note(newActiveJob, job.state());
     }
     std::erase_if(jobs, [&](Job& job) {
-      if (!job.record->hasEnded.load(std::memory_order_acquire)) return false;
+      if (!job.record->hasEnded.load()) return false;
       leave(job);
       note(removedActiveJob, job.state());
       return true;

@@ -2,6 +2,7 @@
 // handler and in a destructor, both registered before the first call.
 
 #include <quillonic/filesystem.hpp>
+#include <quillonic/host.hpp>
 #include <quillonic/media.hpp>
 #include <quillonic/platform.hpp>
 #include <quillonic/tool_cli.hpp>
@@ -24,11 +25,15 @@ std::vector<std::string> answers() {
   std::vector<std::string> said{
       Localization::localized("{} kHz", {"48"}),
       std::to_string(FileManager().removePathWithElevatedPermissions("/missing")),
+      std::to_string(settings::useGPUAcceleration.read()),
       std::to_string(ScriptRunner::defaultRunner()->form() == ScriptForm::argumentList),
       std::to_string(SampleRate::allCommonCases().size()),
       std::to_string(VAVTranscodeArgumentVideoCodecValue::allProResFormats().size()),
       std::to_string(VAVTranscodeArgumentVideoCodecValue::allWebFormats().size()),
       std::to_string(VAVTranscodeArgumentVideoCodecValue::allAvidDNxFormats().size())};
+  const auto token = host::NotificationCenter::current()->observeAll(
+      [&](const host::Notification& notification) { said.push_back(notification.name); });
+  host::NotificationCenter::current()->post({"late", {}});
   const std::filesystem::path root("/");
   for (const auto& drive : FileManager().getUniqueDrives({&root, 1})) said.push_back(drive);
   const auto attributes = expandedAttributesOfItem(root);

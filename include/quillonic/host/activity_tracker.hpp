@@ -158,6 +158,7 @@ class QUILLONIC_EXPORT ActiveJob {
   /// Adds handled bytes. Any number of threads may call it: one atomic addition, no lock. Nothing without a
   /// job.
   void advance(std::uint64_t bytes) noexcept {
+    // Orders nothing else, and so costs no more than the addition.
     if (bytes_) bytes_->fetch_add(bytes, std::memory_order_relaxed);
   }
   /// Changes how many bytes are expected in all; nothing for unknown.

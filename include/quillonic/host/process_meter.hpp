@@ -93,7 +93,8 @@ class QUILLONIC_EXPORT ProcessMeter {
   /// Follows a process from now on. Returns what is known of it; one that has ended is not followed.
   ProcessAnswer follow(std::int32_t process, Children children = Children::leftOut);
 
-  /// Reads all counts. Those who end a process by waiting for it take the last sample before.
+  /// Reads all counts. Callers that wait for the end of a process must sample before they do: afterwards the
+  /// system tells nothing of it.
   void sample(Clock::time_point now = Clock::now());
 
   /// The followed processes in the order in which they began. One that ends is in the list of one sample,
