@@ -168,8 +168,8 @@ struct ProcessMeter::State {
     }
   }
 
-  // Finds who inherited the counts of a process that ended: the first of its ancestors whose own have grown by
-  // as much. Nobody has where no one waited for it.
+  // Finds who inherited the counts of a process that ended: the first of its ancestors whose own have grown
+  // by as much. Nobody has where no one waited for it.
   void settle(const Followed& ended) {
     const auto* child = &ended;
     for (auto* heir = find(child->activity.parent); heir; heir = find(child->activity.parent)) {

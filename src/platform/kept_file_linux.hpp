@@ -8,8 +8,8 @@
 
 namespace quillonic {
 
-// Opened once: opening one takes longer than reading it, and what it tells of stays the same device or process
-// even if another takes its name.
+// Opened once: opening one takes longer than reading it, and what it tells of stays the same device or
+// process even if another takes its name.
 class KeptFile {
  public:
   KeptFile() = default;

@@ -84,7 +84,8 @@ struct Chosen final : UserDefaults {
 };
 
 TEST(Machine, RecommendsTranscodes) {
-  // Logical and physical processors, memory and its limit in GiB, whether translated, the setting: "-" for none.
+  // Logical and physical processors, memory and its limit in GiB, whether translated, the setting: "-" for
+  // none.
   std::istringstream rows(
       "- - - - 0 - 1  8 - - - 0 - 1  64 - - - 0 - 8  64 16 - - 0 - 4  64 64 64 - 0 - 16  64 64 64 24 0 - 6 "
       "64 64 256 - 1 - 8  256 128 1024 - 0 - 16  64 64 1 - 0 - 1  2 1 1 - 0 5 5  64 16 - - 0 0 4 "

@@ -41,8 +41,8 @@ struct DrivesBelow {
   /// Where the contents are.
   StorageKind kind = StorageKind::unknown;
   /// The system's names of the drives, such as "nvme0n1", in byte order: whole drives, not partitions.
-  /// Several for a combined device, and their traffic is more than that of the path. A disk image's own device
-  /// is not among them, but the drives that the image is on.
+  /// Several for a combined device, and their traffic is more than that of the path. A disk image's own
+  /// device is not among them, but the drives that the image is on.
   std::vector<std::string> drives;
 
   friend bool operator==(const DrivesBelow&, const DrivesBelow&) = default;
@@ -60,14 +60,16 @@ QUILLONIC_EXPORT DrivesBelow drivesBelowMount(const Mount& mount, const MountTab
 struct MeasuredDrive {
   /// The system's name, such as "sda" or "sda1".
   std::string name;
-  /// Whether it is a part of another one, which counts its bytes too. False where the system shows no devices.
+  /// Whether it is a part of another one, which counts its bytes too. False where the system shows no
+  /// devices.
   bool isPartition = false;
   /// Since the meter's first sample, or since the drive came. Written means that the system has passed it to
   /// the drive, up to half a minute after a program wrote.
   std::uint64_t bytesRead = 0;
   /// See `bytesRead`.
   std::uint64_t bytesWritten = 0;
-  /// Requests that have not been answered. A drive can be pulled when there is none and the volume was synced.
+  /// Requests that have not been answered. A drive can be pulled when there is none and the volume was
+  /// synced.
   std::uint64_t requestsInFlight = 0;
   /// The mean over the last few seconds; absent before the second sample.
   std::optional<double> bytesReadPerSecond;
@@ -76,8 +78,8 @@ struct MeasuredDrive {
 };
 
 /// Counts what drives read and write, by whatever program. Another drive under the name of an earlier one
-/// begins anew, and a counter that wraps at 32 bits goes on. Keeps one descriptor open, and one for each drive.
-/// One thread at a time.
+/// begins anew, and a counter that wraps at 32 bits goes on. Keeps one descriptor open, and one for each
+/// drive. One thread at a time.
 class QUILLONIC_EXPORT DriveMeter {
  public:
   /// The clock that moments are read from. It stops while the machine sleeps, when drives do too.

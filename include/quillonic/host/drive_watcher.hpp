@@ -53,8 +53,8 @@ class QUILLONIC_EXPORT DriveWatcher {
     all,
   };
 
-  /// Looks at the table for the first time and posts nothing. Posts at the centre, or at the default one if it
-  /// is null.
+  /// Looks at the table for the first time and posts nothing. Posts at the centre, or at the default one if
+  /// it is null.
   explicit DriveWatcher(std::shared_ptr<NotificationCenter> center = nullptr,
                         Volumes watched = Volumes::drives);
   DriveWatcher(const DriveWatcher&) = delete;
@@ -68,8 +68,8 @@ class QUILLONIC_EXPORT DriveWatcher {
 
   /// Compares, and posts on this thread: first what went, then what came. A volume that came and went between
   /// two calls is not told of. Returns after which time it wants to be called even if the descriptor does not
-  /// tell: the system says nothing when a drive is pulled. Nothing while there is no such drive. What observers
-  /// throw comes back as from `NotificationCenter::post`, after everything was posted.
+  /// tell: the system says nothing when a drive is pulled. Nothing while there is no such drive. What
+  /// observers throw comes back as from `NotificationCenter::post`, after everything was posted.
   std::optional<std::chrono::milliseconds> update();
 
   /// The volumes of the last look, in the order in which they were mounted.

@@ -57,8 +57,8 @@ inline constexpr Architecture Architecture::ppc64le{"ppc64le"};
 inline constexpr Architecture Architecture::s390x{"s390x"};
 inline constexpr Architecture Architecture::loongarch64{"loongarch64"};
 
-/// What the system tells of a machine; each field is absent where it tells nothing. Encoded, it is a record of
-/// the fields that are known.
+/// What the system tells of a machine; each field is absent where it tells nothing. Encoded, it is a record
+/// of the fields that are known.
 struct Machine {
   /// The maker; absent where the firmware has only a placeholder.
   std::optional<std::string> maker = {};
@@ -106,11 +106,12 @@ struct Machine {
   QUILLONIC_EXPORT std::string table() const;
 };
 
-/// Reads a few dozen small files in "proc", "sys", "etc" and "run" below `root`; runs nothing and never fails.
+/// Reads a few dozen small files in "proc", "sys", "etc" and "run" below `root`; runs nothing and never
+/// fails.
 QUILLONIC_EXPORT Machine describeMachine(const std::filesystem::path& root = "/");
 
-/// How many transcodes should run at once: the setting "kExplicitNumberOfConcurrentTranscodes", or where it is
-/// not set one for every four cores and every 4 GiB of memory that the process may use, of which the least
+/// How many transcodes should run at once: the setting "kExplicitNumberOfConcurrentTranscodes", or where it
+/// is not set one for every four cores and every 4 GiB of memory that the process may use, of which the least
 /// counts, from 1 to 16. Without known cores two processors count as one; what is translated gets half.
 QUILLONIC_EXPORT int recommendedConcurrentTranscodes(const Machine& machine,
                                                      const UserDefaults& defaults = *UserDefaults::current());
