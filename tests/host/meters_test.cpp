@@ -7,8 +7,9 @@
 #include <gtest/gtest.h>
 #include <linux/loop.h>
 #include <map>
+#include <numeric>
+#include <random>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <sys/ioctl.h>
 #include <vector>
@@ -152,111 +153,72 @@ TEST(DriveMeter, CountsTheBytesThatADiskGets) {
   close(disk);
 }
 
-// A child that does its work whenever it is told, and ends when it is told no more.
-class Worker {
- public:
-  explicit Worker(FunctionRef<void()> work) {
-    if (pipe(orders_) != 0 || pipe(answers_) != 0) throw std::runtime_error("no pipe");
-    std::fflush(nullptr);
-    process = fork();
-    if (process != 0) return;
-    char order = 0;
-    close(orders_[1]);
-    while (read(orders_[0], &order, 1) == 1) {
-      work();
-      if (write(answers_[1], &order, 1) != 1) break;
-    }
+// What a process of a family writes before and after its children.
+struct Plan {
+  explicit Plan(std::mt19937& random, int depth = 0)
+      : before(random() % 3), after(random() % 3), pause(random() % 2000) {
+    for (auto count = random() % (depth < 3 ? 4U : 1U); count > 0; --count)
+      children.emplace_back(random, depth + 1);
+  }
+
+  std::size_t blocks() const {
+    return std::accumulate(children.begin(), children.end(), before + after,
+                           [](std::size_t sum, const Plan& child) { return sum + child.blocks(); });
+  }
+
+  pid_t start() const {
+    const auto process = fork();
+    if (process != 0) return process;
+    writeTo("/dev/null", before * mebibyte);
+    std::vector<pid_t> started;
+    for (const auto& child : children) started.push_back(child.start());
+    usleep(static_cast<useconds_t>(pause));
+    for (const auto child : started) waitpid(child, nullptr, 0);
+    writeTo("/dev/null", after * mebibyte);
     _exit(0);
   }
-  void run() {
-    char order = 0;
-    EXPECT_EQ(write(orders_[1], &order, 1), 1);
-    EXPECT_EQ(read(answers_[0], &order, 1), 1);
-  }
-  void end() { close(orders_[1]); }
-  void waitFor() const { waitpid(process, nullptr, 0); }
 
-  pid_t process = 0;
-
- private:
-  int orders_[2];   // NOLINT(modernize-avoid-c-arrays)
-  int answers_[2];  // NOLINT(modernize-avoid-c-arrays)
+  std::size_t before;
+  std::size_t after;
+  std::size_t pause;
+  std::vector<Plan> children;
 };
 
-// In a child of its own, whose other children are not this test's.
-TEST(ProcessMeter, CountsTheBytesOfChildrenOnce) {
-  const TemporaryFolder folder;
-  runPrivately([&] {
-    mountAt(folder.folder("memory"));
-    const auto file = folder / "memory/file";
-    Worker worker([&] {
-      // A child that no sample sees, and one that is waited for after a sample has seen it.
-      Worker brief([&] { writeTo(file, mebibyte); });
-      brief.run();
-      brief.end();
-      brief.waitFor();
-      writeTo(file, 2 * mebibyte);
-    });
+// However families of processes live and end, and whenever samples are taken. This process waits for the first
+// and so inherits the counts of all; where nobody waits, what is written after the last sample is lost.
+TEST(ProcessMeter, CountsEveryByteOfAFamilyOnce) {
+  for (unsigned seed = 0; seed < 40; ++seed) {
+    const bool isWaitedFor = seed % 4 != 0;
+    std::mt19937 random(seed);
+    const Plan plan(random);
     ProcessMeter meter;
     Moment now{};
     ASSERT_EQ(meter.follow(getpid(), ProcessMeter::Children::included), ProcessAnswer::counted);
     meter.sample(now);
-    ASSERT_EQ(meter.processes().size(), 2U);
-    const auto before = meter.total().writtenByCalls;
-
-    worker.run();
-    meter.sample(now += 1s);
-    const auto written = meter.total().writtenByCalls - before;
-    EXPECT_GE(written, 3 * mebibyte);
-    EXPECT_LT(written, 3 * mebibyte + 100);
-    EXPECT_NEAR(meter.totalSpeeds()->writtenByCalls, static_cast<double>(written), 1);
-    EXPECT_EQ(meter.processes()[1].parent, getpid());
-    EXPECT_LT(meter.processes()[0].bytes.writtenByCalls, before + 100);
-
-    // Ended and not waited for; then its parent inherits its counts, of which the meter knows all but the
-    // last.
-    worker.run();
-    worker.end();
-    siginfo_t ended;
-    waitid(P_PID, static_cast<id_t>(worker.process), &ended, WEXITED | WNOWAIT);
-    for (const auto answer : {ProcessAnswer::counted, ProcessAnswer::ended}) {
-      meter.sample(now += 1s);
-      ASSERT_EQ(meter.processes().size(), 2U);
-      EXPECT_EQ(meter.processes()[1].answer, answer);
-      EXPECT_LT(meter.processes()[0].bytes.writtenByCalls, before + 100);
-      EXPECT_LT(meter.total().writtenByCalls - before, 6 * mebibyte + 200);
-      EXPECT_GE(meter.total().writtenByCalls - before, 6 * mebibyte);
-      worker.waitFor();
+    const auto own = meter.total().writtenByCalls;
+    std::signal(SIGCHLD, isWaitedFor ? SIG_DFL : SIG_IGN);
+    const auto family = plan.start();
+    auto last = own;
+    const auto sample = [&] {
+      meter.sample(now += 100ms);
+      EXPECT_GE(meter.total().writtenByCalls, last) << seed;
+      last = meter.total().writtenByCalls;
+    };
+    while (waitpid(family, nullptr, WNOHANG) == 0) sample();
+    sample();
+    sample();
+    EXPECT_LE(last - own, plan.blocks() * mebibyte) << seed;
+    if (isWaitedFor) {
+      EXPECT_EQ(last - own, plan.blocks() * mebibyte) << seed;
     }
-    meter.sample(now += 1s);
-    EXPECT_EQ(meter.processes().size(), 1U);
-    EXPECT_LT(meter.total().writtenByCalls - before, 6 * mebibyte + 200);
-    EXPECT_GE(meter.total().writtenByCalls - before, 6 * mebibyte);
-    EXPECT_EQ(meter.follow(worker.process), ProcessAnswer::ended);
-  });
-}
+    EXPECT_EQ(meter.processes().size(), 1U) << seed;
 
-// Processes that nobody waits for, and that another adopts, lose nothing of what was counted.
-TEST(ProcessMeter, KeepsTheBytesOfChildrenThatNobodyWaitsFor) {
-  const TemporaryFolder folder;
-  runPrivately([&] {
-    std::signal(SIGCHLD, SIG_IGN);
-    mountAt(folder.folder("memory"));
-    Worker worker([&] { writeTo(folder / "memory/file", mebibyte); });
-    ProcessMeter meter;
-    ASSERT_EQ(meter.follow(worker.process), ProcessAnswer::counted);
-    ASSERT_EQ(meter.follow(getpid()), ProcessAnswer::counted);
-    meter.sample();
-    worker.run();
-    meter.sample();
-    const auto total = meter.total().writtenByCalls;
-    worker.end();
-    worker.waitFor();
-    writeTo(folder / "memory/file", mebibyte);
-    meter.sample();
-    EXPECT_GE(meter.total().writtenByCalls, total + mebibyte);
-    EXPECT_LT(meter.total().writtenByCalls, total + mebibyte + 100);
-  });
+    meter.sample(now += 1h);
+    writeTo("/dev/null", 2 * mebibyte);
+    meter.sample(now += 4s);
+    EXPECT_EQ(meter.totalSpeeds()->writtenByCalls, 2.0 * mebibyte / 4) << seed;
+  }
+  std::signal(SIGCHLD, SIG_DFL);
 }
 
 TEST(ProcessMeter, SaysWhyItKnowsNothing) {

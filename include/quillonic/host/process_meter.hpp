@@ -73,8 +73,9 @@ struct ProcessActivity {
 };
 
 /// Counts what processes read and write, each byte once: the system adds the counts of a child to those of
-/// the parent that waits for it, and the meter subtracts what it has counted for the child. Keeps one
-/// descriptor open for each process. One thread at a time.
+/// the parent that waits for it, and the meter subtracts what it has counted for the child. Where nobody
+/// waits for a child that ends, what it did after the last sample is lost. Keeps one descriptor open for each
+/// process. One thread at a time.
 class QUILLONIC_EXPORT ProcessMeter {
  public:
   /// Whether children of a process are followed too, and theirs, from the first sample that sees them. One
