@@ -8,21 +8,10 @@
 #include <sstream>
 #include <string>
 
-#include "temporary_folder.hpp"
-#include "texts.hpp"
+#include "host/stored_tree.hpp"
 
 namespace quillonic::host {
 namespace {
-
-// Replaces "\n", "\t", "\0" and "\\".
-std::string unescaped(const std::string& text) {
-  std::string result;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const auto code = text[at] == '\\' && at + 1 < text.size() ? std::string("nt0").find(text[++at]) : 4;
-    result.push_back(code < 3 ? "\n\t\0"[code] : text[at]);
-  }
-  return result;
-}
 
 using Told = std::map<std::string, std::string>;
 
@@ -37,34 +26,27 @@ Told rowsOf(const Machine& machine) {
 }
 
 TEST(Machine, IsDescribedAsFarAsItsFilesTell) {
-  const auto cases = contentOf(std::filesystem::path(HOST_DATA) / "machines.txt");
-  int count = 0;
-  for (auto at = cases.find("== "); at < cases.size(); ++count) {
-    const auto end = std::min(cases.find("\n== ", at), cases.size());
-    const auto lines = split(std::string_view(cases).substr(at, end - at), '\n');
-    at = end + 1;
+  const auto lines = storedLines("machines.txt");
+  const auto isTitle = [](const std::string& line) { return line.starts_with("== "); };
+  auto title = std::ranges::find_if(lines, isTitle);
+  for (; title != lines.end();) {
+    const auto end = std::find_if(title + 1, lines.end(), isTitle);
     const TemporaryFolder root;
-    Told expected;
-    for (const auto& line : std::span(lines).subspan(1)) {
-      const auto equals = line.find(" =");
-      if (equals == std::string::npos) continue;
-      const auto value = line.substr(std::min(equals + 3, line.size()));
-      if (line.starts_with("> ")) {
-        expected[line.substr(2, equals - 2)] = value;
-      } else {
-        root.file(line.substr(0, equals), unescaped(value));
-      }
-    }
+    storeTree(root, {title + 1, end});
     const auto machine = describeMachine(root.path());
-    expected["program architecture"] = Architecture::ofThisProgram().rawValue();
+    Told expected{{"program architecture", std::string(Architecture::ofThisProgram().rawValue())}};
     if (machine.architecture) {
       expected["is translated"] = *machine.architecture == Architecture::ofThisProgram() ? "no" : "yes";
     }
-    EXPECT_EQ(rowsOf(machine), expected) << lines[0];
+    for (const auto& line : std::span(title + 1, end)) {
+      if (line.starts_with("> "))
+        expected[line.substr(2, line.find(" = ") - 2)] = line.substr(line.find(" = ") + 3);
+    }
+    EXPECT_EQ(rowsOf(machine), expected) << *title;
     EXPECT_EQ(decode<Machine>(encode(machine)), machine);
     EXPECT_EQ(machine.line().find('\n'), std::string::npos);
+    title = end;
   }
-  EXPECT_EQ(count, 5);
 }
 
 TEST(Machine, KnowsTheNamesOfArchitectures) {

@@ -9,14 +9,12 @@
 #include <map>
 #include <numeric>
 #include <random>
-#include <span>
 #include <string>
 #include <sys/ioctl.h>
 #include <vector>
 
+#include "host/stored_tree.hpp"
 #include "private_process.hpp"
-#include "temporary_folder.hpp"
-#include "texts.hpp"
 
 namespace quillonic::host {
 namespace {
@@ -24,7 +22,6 @@ namespace {
 using namespace std::chrono_literals;
 
 using Moment = DriveMeter::Clock::time_point;
-using Names = std::vector<std::string>;
 
 // A line of the system's statistics.
 std::string diskLine(const std::string& name, std::uint64_t read, std::uint64_t written, int inFlight = 0) {
@@ -71,38 +68,19 @@ TEST(DriveMeter, FollowsCountersThatWrapAndDrivesThatGo) {
   EXPECT_EQ(DriveMeter(root / "missing").sample(now), std::errc::no_such_file_or_directory);
 }
 
-// Adds a device to the tree that a line describes.
-void addDevice(const TemporaryFolder& root, const Names& words) {
-  const auto folder = root.folder("sys/devices/" + words[1]);
-  const auto name = folder.filename().native();
-  root.link("sys/dev/block/" + words[0], folder);
-  root.link("sys/class/block/" + name, folder);
-  if (name != words[1]) root.file("sys/devices/" + words[1] + "/partition", "1\n");
-  for (std::size_t i = 3; i < words.size() && words[2] == "parts"; ++i)
-    root.link("sys/devices/" + words[1] + "/slaves/" + words[i], root / "sys/class/block" / words[i]);
-  if (words.size() > 2 && words[2] == "image") {
-    const auto path = joined(std::span(words).subspan(3));
-    root.file("sys/devices/" + words[1] + "/loop/backing_file", path + "\n");
-  }
-}
-
 TEST(DrivesBelow, AreFoundThroughAllKindsOfDevices) {
-  const auto data = contentOf(std::filesystem::path(HOST_DATA) / "drives.txt");
+  const auto lines = storedLines("drives.txt");
   const TemporaryFolder root;
-  const auto table = MountTable::fromText(data);
-  root.link("sys/fs/btrfs/1234/devices/sda1", root / "sys/class/block/sda1");
-  root.link("sys/fs/btrfs/1234/devices/sdb", root / "sys/class/block/sdb");
-  root.folder("sys/fs/btrfs/features");
+  storeTree(root, lines);
+  const auto table = MountTable::fromText(joined(lines, '\n'));
   const std::map<std::string, StorageKind> kinds{{"drives", StorageKind::drives},
                                                  {"memory", StorageKind::memory},
                                                  {"network", StorageKind::network},
                                                  {"unknown", StorageKind::unknown}};
   std::size_t points = 0;
-  for (const auto& line : split(data, '\n')) {
+  for (const auto& line : lines) {
     const auto words = split(line);
-    if (words.empty() || words[0] == "#") continue;
-    if (words[0].find(':') != std::string::npos) addDevice(root, words);
-    if (words[0][0] != '/') continue;
+    if (words.empty() || words[0][0] != '/') continue;
     const auto& mount = *table.withLongestMountPoint(words[0]);
     const DrivesBelow expected{kinds.at(words[1]), {words.begin() + 2, words.end()}};
     EXPECT_EQ(drivesBelowMount(mount, table, root.path()), expected) << line;
