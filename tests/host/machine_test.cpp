@@ -29,7 +29,7 @@ TEST(Machine, IsDescribedAsFarAsItsFilesTell) {
   const auto lines = storedLines("machines.txt");
   const auto isTitle = [](const std::string& line) { return line.starts_with("== "); };
   auto title = std::ranges::find_if(lines, isTitle);
-  for (; title != lines.end();) {
+  while (title != lines.end()) {
     const auto end = std::find_if(title + 1, lines.end(), isTitle);
     const TemporaryFolder root;
     storeTree(root, {title + 1, end});
@@ -47,15 +47,7 @@ TEST(Machine, IsDescribedAsFarAsItsFilesTell) {
     EXPECT_EQ(machine.line().find('\n'), std::string::npos);
     title = end;
   }
-}
-
-TEST(Machine, KnowsTheNamesOfArchitectures) {
-  const std::map<std::string, std::string> rows{{"x86_64", "x86-64"}, {"aarch64", "arm64"},   {"i586", "x86"},
-                                                {"armv7l", "arm"},    {"riscv64", "riscv64"}, {"vax", "vax"}};
-  for (const auto& [name, text] : rows) EXPECT_EQ(Architecture::fromSystemName(name).rawValue(), text);
-  const auto own = describeMachine();
-  EXPECT_EQ(own.programArchitecture, Architecture::ofThisProgram());
-  EXPECT_TRUE(own.line().starts_with(own.system.value_or("")));
+  EXPECT_EQ(describeMachine().programArchitecture, Architecture::ofThisProgram());
 }
 
 struct Chosen final : UserDefaults {
