@@ -91,7 +91,8 @@ struct DriveMeter::State {
     drive.isPartition = device && BlockDevices::isPartition(*device);
     drive.bytesRead = drive.bytesWritten = 0;
     memory.sequenceFile = KeptFile(devices.sequenceFile(drive.name));
-    static_cast<void>(memory.sequenceFile.read(memory.sequence));
+    static_cast<void>(memory.sequenceFile.read(sequence));
+    memory.sequence = sequence;
     memory.window.restart();
   }
 

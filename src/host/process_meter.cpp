@@ -143,6 +143,7 @@ struct ProcessMeter::State {
       if (facts) candidates.emplace_back(process, *facts);
     }
     std::swap(seen, listed);
+    listed.reserve(seen.size());
     const auto isChild = [&](const auto& candidate) {
       const auto& [process, facts] = candidate;
       const auto* parent = find(facts.parent);
