@@ -113,6 +113,7 @@ class Watch {
     if (processes_.follow(command, ProcessMeter::Children::included) == ProcessAnswer::notKnown) {
       std::cerr << "The system does not tell what processes read and write.\n";
     }
+    processes_.sample();
     if (const auto error = drives_.sample()) {
       std::cerr << "The system does not tell what drives read and write: " << error.message() << '\n';
     }
