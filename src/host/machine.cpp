@@ -179,7 +179,7 @@ bool runsItself(const Architecture& processor, const Architecture& program) {
 
 Architecture Architecture::fromSystemName(std::string_view name) {
   for (const auto& [systemName, own] : systemNames) {
-    if (systemName == name) return Architecture(own);
+    if (systemName == name) name = own;
   }
   return name.starts_with("armv") ? arm : Architecture(name);
 }

@@ -168,7 +168,8 @@ std::shared_ptr<NotificationCenter> NotificationCenter::current() {
 }
 
 void NotificationCenter::replace(std::shared_ptr<NotificationCenter> center) {
-  defaultCenter().replace(center ? std::move(center) : builtIn());
+  if (!center) center = builtIn();
+  defaultCenter().replace(std::move(center));
 }
 
 }  // namespace quillonic::host

@@ -24,8 +24,9 @@ void addValue(NotificationPayload& values, std::string_view key, const std::opti
 template <class T> bool readValue(const NotificationPayload& values, std::string_view key, T& value) {
   const auto entry = values.find(key);
   auto found = entry != values.end() ? entry->second.as<T>() : std::nullopt;
-  if (found) value = *std::move(found);
-  return found.has_value();
+  if (!found) return false;
+  value = *std::move(found);
+  return true;
 }
 template <class T>
 bool readValue(const NotificationPayload& values, std::string_view key, std::optional<T>& value) {
