@@ -36,9 +36,9 @@ std::string shown(const DriveMeter& meter) {
     const auto speed = [](std::optional<double> bytes) {
       return bytes ? std::to_string(std::lround(*bytes / 512)) : "-";
     };
-    return drive.name + (drive.isPartition ? " part " : " ") + std::to_string(drive.bytesRead / 512) + " " +
-           std::to_string(drive.bytesWritten / 512) + " " + std::to_string(drive.requestsInFlight) + " " +
-           speed(drive.bytesReadPerSecond) + " " + speed(drive.bytesWrittenPerSecond);
+    return drive.name + (drive.isPartition ? " partition " : " ") + std::to_string(drive.bytesRead / 512) +
+           " " + std::to_string(drive.bytesWritten / 512) + " " + std::to_string(drive.requestsInFlight) +
+           " " + speed(drive.bytesReadPerSecond) + " " + speed(drive.bytesWrittenPerSecond);
   });
 }
 
@@ -57,7 +57,7 @@ TEST(DriveMeter, FollowsCountersThatWrapAndDrivesThatGo) {
   };
   EXPECT_EQ(
       look(diskLine("sda", 4294967290, 100) + diskLine("sdb1", 1, 1) + diskLine("sdb", 9, 9) + "cut short\n"),
-      "sda 0 0 0 - -\nsdb 0 0 0 - -\nsdb1 part 0 0 0 - -");
+      "sda 0 0 0 - -\nsdb 0 0 0 - -\nsdb1 partition 0 0 0 - -");
   // One wraps at 32 bits; the other is another drive now.
   root.file("sys/block/sdb/diskseq", "8\n");
   EXPECT_EQ(look(diskLine("sda", 14, 300, 3) + diskLine("sdb", 6000, 6000)),
