@@ -116,7 +116,12 @@ struct ProcessMeter::State {
 
   ProcessAnswer read(Followed& process) {
     const auto identifier = process.activity.process;
-    if (!process.file.isOpen()) process.file = processes.counts(identifier);
+    if (!process.file.isOpen()) {
+      process.file = processes.counts(identifier);
+      // Another process may have got the identifier before the file was open, but not later.
+      const auto facts = processes.factsOf(identifier);
+      if (!facts || facts->began != process.began) return ProcessAnswer::ended;
+    }
     const auto error = process.file.read(buffer);
     if (!error) {
       const auto counts = Counts::fromText(buffer);
@@ -124,8 +129,6 @@ struct ProcessMeter::State {
       return counts ? ProcessAnswer::counted : ProcessAnswer::notKnown;
     }
     if (error.value() == ESRCH) return ProcessAnswer::ended;
-    const auto facts = processes.factsOf(identifier);
-    if (!facts || facts->began != process.began) return ProcessAnswer::ended;
     const bool isRefused = error.value() == EACCES || error.value() == EPERM;
     return isRefused ? ProcessAnswer::notAllowed : ProcessAnswer::notKnown;
   }
