@@ -86,10 +86,10 @@ void ActiveJob::end() noexcept {
   bytes_ = nullptr;
 }
 
-namespace {
+namespace detail {
 
-struct Job {
-  std::shared_ptr<detail::JobRecord> record;
+struct TrackedJob {
+  std::shared_ptr<JobRecord> record;
   RateWindow<1> window;
   // The part of its bytes that is in the totals.
   std::uint64_t counted = 0;
@@ -104,8 +104,8 @@ struct Job {
 };
 
 // The jobs of an application, or all.
-struct Group {
-  explicit Group(Clock::duration length) : window(length) { total.progress.bytesExpected = 0; }
+struct TrackedGroup {
+  explicit TrackedGroup(Clock::duration length) : window(length) { total.progress.bytesExpected = 0; }
 
   void enter() {
     if (activeJobs++ > 0) return;
@@ -136,8 +136,8 @@ struct Group {
   ActivityTotal total;
 };
 
-struct Drive {
-  explicit Drive(Clock::duration length) : window(length) {}
+struct TrackedDrive {
+  explicit TrackedDrive(Clock::duration length) : window(length) {}
 
   void enter() {
     if (activeJobs++ == 0) window.restart();
@@ -161,9 +161,13 @@ struct Drive {
   DriveSpeed told;
 };
 
-}  // namespace
+}  // namespace detail
 
 struct ActivityTracker::State {
+  using Job = detail::TrackedJob;
+  using Group = detail::TrackedGroup;
+  using Drive = detail::TrackedDrive;
+
   State(std::shared_ptr<NotificationCenter> postsAt, Clock::duration window)
       : center(std::move(postsAt)), length(window), total(window), toldTotal(total.total) {}
 

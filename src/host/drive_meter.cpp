@@ -50,9 +50,13 @@ std::optional<std::uint64_t> growth(std::uint64_t before, std::uint64_t now, dou
   return static_cast<double>(wrapped) <= fastest * seconds ? std::optional(wrapped) : std::nullopt;
 }
 
-// What is remembered of a drive beside what is shown.
-struct Memory {
-  explicit Memory(Clock::duration length) : window(length) {}
+}  // namespace
+
+namespace detail {
+
+// What is remembered of a drive and not shown.
+struct DriveMemory {
+  explicit DriveMemory(Clock::duration length) : window(length) {}
 
   std::uint64_t sectorsRead = 0;
   std::uint64_t sectorsWritten = 0;
@@ -64,9 +68,11 @@ struct Memory {
   bool isThere = false;
 };
 
-}  // namespace
+}  // namespace detail
 
 struct DriveMeter::State {
+  using Memory = detail::DriveMemory;
+
   State(const std::filesystem::path& root, Clock::duration window)
       : length(window), devices(root), statisticsFile((root / "proc/diskstats").native()) {}
 

@@ -37,13 +37,17 @@ bool isSame(const Mount& a, const Mount& b) {
   return identity(a) == identity(b);
 }
 
-struct Volume {
+}  // namespace
+
+namespace detail {
+
+struct WatchedVolume {
   Mount mount;
   std::vector<std::string> drives;
   VolumeChange change;
 };
 
-}  // namespace
+}  // namespace detail
 
 NotificationPayload VolumeChange::payload() const {
   NotificationPayload values(description);
@@ -64,6 +68,8 @@ std::optional<VolumeChange> VolumeChange::fromPayload(const NotificationPayload&
 }
 
 struct DriveWatcher::State {
+  using Volume = detail::WatchedVolume;
+
   State(std::shared_ptr<NotificationCenter> postsAt, Volumes which)
       : center(std::move(postsAt)), watched(which), devices("/"), tableFile("/proc/self/mountinfo") {}
 

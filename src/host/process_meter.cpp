@@ -16,15 +16,15 @@
 #include "text/pieces.hpp"
 
 namespace quillonic::host {
-namespace {
+namespace detail {
 
 // What the system counts for a process, in the order of its lines.
-class Counts {
+class ProcessCounts {
  public:
-  Counts() = default;
+  ProcessCounts() = default;
 
-  static std::optional<Counts> fromText(std::string_view text) {
-    Counts counts;
+  static std::optional<ProcessCounts> fromText(std::string_view text) {
+    ProcessCounts counts;
     for (std::size_t i = 0; i < names.size(); ++i) {
       const auto value = text::valueInLines(text, names[i]);
       const auto number = value ? number_text::read<std::uint64_t>(*value) : std::nullopt;
@@ -34,16 +34,16 @@ class Counts {
     return counts;
   }
 
-  bool covers(const Counts& other) const {
+  bool covers(const ProcessCounts& other) const {
     return std::ranges::equal(values_, other.values_, std::greater_equal<>());
   }
-  Counts& operator+=(const Counts& other) {
+  ProcessCounts& operator+=(const ProcessCounts& other) {
     std::ranges::transform(values_, other.values_, values_.begin(), std::plus<>());
     return *this;
   }
   // A count that fell was not the same one, and did not grow.
-  Counts operator-(const Counts& other) const {
-    Counts difference;
+  ProcessCounts operator-(const ProcessCounts& other) const {
+    ProcessCounts difference;
     std::ranges::transform(values_, other.values_, difference.values_.begin(),
                            [](std::uint64_t a, std::uint64_t b) { return a - std::min(a, b); });
     return difference;
@@ -56,6 +56,34 @@ class Counts {
 
   std::array<std::uint64_t, names.size()> values_{};
 };
+
+struct FollowedProcess {
+  FollowedProcess(std::int32_t process, const Processes::Facts& facts, bool withChildren,
+                  Clock::duration length)
+      : began(facts.began), includesChildren(withChildren), window(length) {
+    activity.process = process;
+    activity.parent = facts.parent;
+  }
+
+  bool hasEnded() const { return activity.answer == ProcessAnswer::ended; }
+  // A parent never sorts after its child.
+  auto order() const { return std::pair(began, activity.process); }
+
+  ProcessActivity activity;
+  std::uint64_t began;
+  bool includesChildren;
+  KeptFile file;
+  ProcessCounts counts;
+  // Those of the sample before.
+  ProcessCounts earlier;
+  // The part of the counts that others have counted before.
+  ProcessCounts inherited;
+  RateWindow<4> window;
+};
+
+}  // namespace detail
+
+namespace {
 
 RateWindow<4>::Counts channels(const ProcessBytes& bytes) {
   return {bytes.readByCalls, bytes.writtenByCalls, bytes.readFromDrives, bytes.writtenToDrives};
@@ -74,32 +102,12 @@ void add(ProcessBytes& sum, const ProcessBytes& bytes) {
   sum.writtenToDrives += bytes.writtenToDrives;
 }
 
-struct Followed {
-  Followed(std::int32_t process, const Processes::Facts& facts, bool withChildren, Clock::duration length)
-      : began(facts.began), includesChildren(withChildren), window(length) {
-    activity.process = process;
-    activity.parent = facts.parent;
-  }
-
-  bool hasEnded() const { return activity.answer == ProcessAnswer::ended; }
-  // A parent never sorts after its child.
-  auto order() const { return std::pair(began, activity.process); }
-
-  ProcessActivity activity;
-  std::uint64_t began;
-  bool includesChildren;
-  KeptFile file;
-  Counts counts;
-  // Those of the sample before.
-  Counts earlier;
-  // The part of the counts that others have counted before.
-  Counts inherited;
-  RateWindow<4> window;
-};
-
 }  // namespace
 
 struct ProcessMeter::State {
+  using Counts = detail::ProcessCounts;
+  using Followed = detail::FollowedProcess;
+
   State(const std::filesystem::path& root, Clock::duration window)
       : processes(root), length(window), totalWindow(window) {}
 
@@ -256,7 +264,7 @@ ProcessAnswer ProcessMeter::follow(std::int32_t process, Children children) {
       if (state_->processes.isHidden(process)) return ProcessAnswer::notAllowed;
       return state_->processes.areShown() ? ProcessAnswer::ended : ProcessAnswer::notKnown;
     }
-    followed = &state_->insert(Followed(process, *facts, isIncluded, state_->length));
+    followed = &state_->insert(State::Followed(process, *facts, isIncluded, state_->length));
     followed->activity.answer = state_->read(*followed);
     followed->activity.bytes = followed->counts.bytes();
   }
