@@ -7,7 +7,9 @@
 #include <quillonic/media/conversion_options.hpp>
 #include <quillonic/media/enumerated_setting.hpp>
 #include <quillonic/media/file_extension.hpp>
+#include <quillonic/media/formats_table.hpp>
 #include <quillonic/media/frame_rate.hpp>
+#include <quillonic/media/media_format.hpp>
 #include <quillonic/media/sample_rate.hpp>
 #include <quillonic/media/video_data_rate.hpp>
 #include <quillonic/media/video_dimension.hpp>

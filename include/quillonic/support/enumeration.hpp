@@ -63,8 +63,11 @@ constexpr auto rowWhere(const Rows& rows, Member member, const Value& value) noe
 
 // The row of a case; null for an unlisted value.
 template <ClosedEnumeration E> constexpr const auto* rowOf(E value) noexcept {
-  using Row = std::remove_cvref_t<decltype(CaseTable<E>::rows[0])>;
-  return rowWhere(CaseTable<E>::rows, &Row::value, value);
+  constexpr auto& rows = CaseTable<E>::rows;
+  // Most tables have the row of each case at its number.
+  const auto number = static_cast<std::size_t>(value);
+  if (number < rows.size() && rows[number].value == value) return &rows[number];
+  return rowWhere(rows, &std::remove_cvref_t<decltype(rows[0])>::value, value);
 }
 
 template <class E> struct RawValueOf { using Type = std::string_view; };
