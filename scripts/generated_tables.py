@@ -8,7 +8,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
 def made_by(script, *sources):
-    names = " and ".join(str(source.relative_to(ROOT)) for source in sources)
+    names = ", ".join(str(source.relative_to(ROOT)) for source in sources)
     changed = "that file" if len(sources) == 1 else "those files"
     return f"Made by scripts/{script} from {names}; change {changed}, not this one."
 

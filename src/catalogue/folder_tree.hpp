@@ -1,0 +1,86 @@
+// A folder and what is below it, listed as far as anybody asks.
+#pragma once
+
+#include <quillonic/catalogue/card.hpp>
+#include <quillonic/platform/file_type.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <ranges>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/items.hpp"
+
+namespace quillonic::catalogue {
+
+// Goes from folder to folder by descriptors: swapping a folder for a link redirects nothing.
+class FolderTree {
+ public:
+  using Index = std::uint32_t;
+
+  struct Item {
+    std::string name;
+    Index parent;
+    FileType type;
+    std::uint64_t size = 0;
+    bool isListed = false;
+    // The items in it, in byte order of their names.
+    Index first = 0;
+    Index count = 0;
+
+    bool isFolder() const noexcept { return type == FileType::directory; }
+  };
+
+  static constexpr Index root = 0;
+
+  // With sizes, looks at every file when its folder is listed.
+  FolderTree(const std::filesystem::path& folder, bool hasSizes, WalkProgress progress);
+
+  // By value: listing a folder moves all items.
+  auto children(Index folder) {
+    if (!items_[folder].isListed) list(folder);
+    return std::views::iota(items_[folder].first, items_[folder].first + items_[folder].count);
+  }
+  const Item& operator[](Index item) const noexcept { return items_[item]; }
+  std::size_t depth(Index item) const noexcept;
+  bool isWithin(Index item, Index folder) const noexcept;
+
+  // The name of the folder itself, with its links followed.
+  const std::string& rootName() const noexcept { return rootName_; }
+  // Relative to the folder; empty for itself.
+  std::string path(Index item) const { return path(item, root); }
+  std::string path(Index item, Index from) const;
+
+  Result<std::string> firstBytes(Index file, std::size_t limit);
+
+  void miss(Index item, std::error_code error) { unread.push_back({path(item), error}); }
+
+  std::vector<UnreadItem> unread;
+  bool isStopped = false;
+
+ private:
+  // More than cards have; each folder on the way keeps a descriptor.
+  static constexpr std::size_t greatestDepth = 100;
+
+  struct Opened {
+    Index index;
+    items::Folder folder;
+  };
+
+  void list(Index folder);
+  void look(Index file, const items::Folder& folder);
+  Result<const items::Folder*> open(Index folder);
+
+  std::string physical_;
+  std::string rootName_;
+  bool hasSizes_;
+  WalkProgress progress_;
+  std::vector<Item> items_;
+  // The folders from the root to the one that was opened last.
+  std::vector<Opened> opened_;
+};
+
+}  // namespace quillonic::catalogue

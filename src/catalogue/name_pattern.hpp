@@ -1,0 +1,96 @@
+// Patterns of names: matched in one pass, so that a hostile name costs no more than its length times that of
+// the pattern.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillonic::catalogue {
+
+// ASCII characters as capitals, and whether all other bytes belong too.
+struct ByteSet {
+  std::array<std::uint64_t, 2> ascii;
+  bool hasOthers;
+
+  constexpr bool contains(unsigned char byte) const noexcept {
+    return byte < 0x80 ? (ascii[byte / 64] >> (byte % 64U) & 1U) != 0 : hasOthers;
+  }
+};
+
+// One character of a pattern.
+struct Atom {
+  std::uint8_t set;
+  bool isOptional;
+  bool repeats;
+  // Which of the pattern's segments it belongs to; they follow each other.
+  std::uint8_t segment;
+};
+
+struct Pattern {
+  std::span<const Atom> atoms;
+  // What each segment captures: 'k' the key, 'f' its folder, 'p', 'z' and 'o' numbers, ' ' nothing.
+  std::string_view segments;
+};
+
+constexpr char capital(char c) noexcept {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// Appends a name as capitals, in ASCII alone.
+inline void appendCapitals(std::string& text, std::string_view name) {
+  for (const char c : name) text.push_back(capital(c));
+}
+
+inline std::string capitals(std::string_view name) {
+  std::string text;
+  appendCapitals(text, name);
+  return text;
+}
+
+// The ways in which a pattern can match the text so far. It can be copied, to go on with several names in one
+// folder.
+class PatternMatch {
+ public:
+  explicit PatternMatch(const Pattern& pattern);
+
+  // Goes on with more of the text. Returns whether the pattern can still match.
+  bool feed(std::string_view text);
+
+  // Whether the pattern matches the text as it is.
+  bool isWhole() const noexcept;
+
+  // Where each segment begins, and the last one ends, in the text that matches.
+  std::vector<std::size_t> bounds() const;
+
+  const Pattern& pattern() const noexcept { return *pattern_; }
+
+ private:
+  static constexpr std::size_t greatestSegmentCount = 12;
+
+  // The last atom that took a character, counted from 1, and where the segments up to it begin.
+  struct Way {
+    std::uint8_t taken = 0;
+    std::array<std::uint16_t, greatestSegmentCount> starts{};
+  };
+
+  bool canEndAfter(std::size_t taken) const noexcept;
+  void take(const Way& way, std::size_t atom, std::uint64_t& reached);
+
+  const Pattern* pattern_;
+  std::uint16_t length_ = 0;
+  std::vector<Way> ways_;
+  std::vector<Way> next_;
+};
+
+// Whether a pattern matches a whole name.
+bool matches(const Pattern& pattern, std::string_view name);
+
+// Whether one of several alternatives does.
+bool matchesAny(std::span<const Pattern> patterns, std::string_view name);
+
+}  // namespace quillonic::catalogue
