@@ -6,4 +6,6 @@
 #include <quillonic/catalogue/clip.hpp>
 #include <quillonic/catalogue/identification.hpp>
 #include <quillonic/catalogue/layouts_table.hpp>
+#include <quillonic/catalogue/metadata_key.hpp>
+#include <quillonic/catalogue/metadata_keys_table.hpp>
 #include <quillonic/catalogue/signatures_table.hpp>

@@ -27,25 +27,35 @@ bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept {
   return std::ranges::equal(a, b, {}, small, small);
 }
 
+bool needsBytes(const Identification& file) noexcept {
+  const auto* meanings = file.extension ? ambiguity(*file.extension) : nullptr;
+  return meanings && meanings->told == MeaningTold::byBytes;
+}
+
+// Whether bytes of a family that the format can have leave the name no other meaning.
+bool confirms(const Shown& shown, const Identification& file) noexcept {
+  if (!hasSignature(*file.byName, shown.signature)) return false;
+  // Of a text that may be anything, only a known root element tells.
+  return !needsBytes(file) || !isTextSignature(shown.signature) || shown.xmlContent;
+}
+
 // Adds what the bytes show to what the name says, and settles the format.
 Identification settled(Identification file, std::string_view bytes) {
   const auto shown = shownBy(bytes);
-  const bool isNamedOnly = !shown && file.byName;
   if (shown) {
     file.signature = shown->signature;
     file.xmlContent = shown->xmlContent;
     if (shown->isVerified) file.byBytes = shown->format;
   }
-  if (file.role != NameRole::ordinary || file.signature == Signature::appledouble) {
-    file.role = file.role == NameRole::ordinary ? NameRole::companion : file.role;
+  if (file.signature == Signature::appledouble && file.role == NameRole::ordinary)
+    file.role = NameRole::companion;
+  if (file.role != NameRole::ordinary) {
     file.format.reset();
-  } else if (isNamedOnly) {
-    const auto* meanings = ambiguity(*file.extension);
-    const bool needsBytes = meanings && meanings->told == MeaningTold::byBytes;
-    if (needsBytes && hasSignatures(*file.byName)) file.format.reset();
   } else if (!file.byName) {
     file.format = file.byBytes;
-  } else if (hasSignature(*file.byName, shown->signature)) {
+  } else if (!shown) {
+    if (needsBytes(file)) file.format.reset();
+  } else if (confirms(*shown, file)) {
     // Together, what is weak alone is enough. The root of an XML file tells more than "xml".
     file.format = file.byName == MediaFormat::xml && shown->format ? shown->format : file.byName;
   } else if (shown->isVerified && hasSignatures(*file.byName)) {

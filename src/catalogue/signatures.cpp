@@ -83,10 +83,6 @@ bool isText(std::string_view bytes) noexcept {
                             }));
 }
 
-constexpr bool isTextSignature(Signature signature) noexcept {
-  return signature >= Signature::scc && signature <= Signature::text;
-}
-
 std::string lowered(std::string text) {
   for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   return text;
@@ -115,9 +111,11 @@ bool hasRunIn(std::string_view bytes) noexcept {
 
 std::optional<Shown> shownBy(std::string_view bytes) {
   for (const auto& row : signatureRows) {
-    if (hasAll(bytes, row.parts)) {
-      return Shown{row.signature, memberOf(row, bytes), row.isVerified};
-    }
+    if (!hasAll(bytes, row.parts)) continue;
+    // A text that may be more is a text at least.
+    const bool isPlain = !row.isVerified && isTextSignature(row.signature);
+    if (isPlain) return Shown{row.signature, MediaFormat::plainText, true};
+    return Shown{row.signature, memberOf(row, bytes), row.isVerified};
   }
   if (auto text = shownByText(bytes)) return text;
   if (hasRunIn(bytes)) return Shown{Signature::mxf, MediaFormat::mxf, false};

@@ -21,6 +21,11 @@ struct Shown {
 // The family that the bytes show.
 std::optional<Shown> shownBy(std::string_view bytes);
 
+// Whether files of the family are texts.
+constexpr bool isTextSignature(Signature signature) noexcept {
+  return signature >= Signature::scc && signature <= Signature::text;
+}
+
 // Whether files of the format begin as the family does. All texts are one family.
 bool hasSignature(MediaFormat format, Signature signature) noexcept;
 

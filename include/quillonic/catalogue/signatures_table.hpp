@@ -134,7 +134,7 @@ namespace catalogue {
 
 /// What an XML file is, by its root element.
 enum class XmlContent : std::uint8_t {
-  p2Clip, sonyClip, sonyCardIndex, sonyClipList, soundMetadata, mediaHashList, finalCutX, finalCut7,
+  p2Clip, sonyClip, sonyCardIndex, clipList, soundMetadata, mediaHashList, finalCutX, finalCut7,
   colorDecisionList, colorCorrections, colorCorrection, commonLut, xmp, timedText, svg, assetMap,
   packingList, composition,
 };
@@ -147,7 +147,7 @@ template <> struct CaseTable<catalogue::XmlContent> {
       {catalogue::XmlContent::p2Clip, "p2Clip"},
       {catalogue::XmlContent::sonyClip, "sonyClip"},
       {catalogue::XmlContent::sonyCardIndex, "sonyCardIndex"},
-      {catalogue::XmlContent::sonyClipList, "sonyClipList"},
+      {catalogue::XmlContent::clipList, "clipList"},
       {catalogue::XmlContent::soundMetadata, "soundMetadata"},
       {catalogue::XmlContent::mediaHashList, "mediaHashList"},
       {catalogue::XmlContent::finalCutX, "finalCutX"},
