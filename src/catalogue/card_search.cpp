@@ -31,7 +31,7 @@ class Search {
 
   std::vector<Card> cards() {
     std::deque<Index> candidates{FolderTree::root};
-    while (!candidates.empty() && !tree_.isStopped) {
+    while (!candidates.empty()) {
       const auto root = candidates.front();
       candidates.pop_front();
       searchAt(root);

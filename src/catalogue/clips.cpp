@@ -362,6 +362,8 @@ CardContents contentsOf(const std::filesystem::path& folder) {
 
 CardContents contentsOf(const std::filesystem::path& folder, WalkProgress progress) {
   FolderTree tree(folder, true, progress);
+  // Files tell of a recorder without markers at any depth.
+  tree.listAll();
   auto cards = cardsInTree(tree);
   return contentsOfTree(tree, std::move(cards));
 }

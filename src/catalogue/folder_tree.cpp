@@ -18,6 +18,12 @@ FolderTree::FolderTree(const std::filesystem::path& folder, bool hasSizes, WalkP
   rootName_ = std::filesystem::path(physical_).filename().native();
 }
 
+void FolderTree::listAll(Index folder) {
+  for (const auto child : children(folder)) {
+    if (items_[child].isFolder()) listAll(child);
+  }
+}
+
 std::size_t FolderTree::depth(Index item) const noexcept {
   std::size_t found = 0;
   for (; item != root; item = items_[item].parent) ++found;

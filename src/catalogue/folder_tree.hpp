@@ -44,6 +44,7 @@ class FolderTree {
     if (!items_[folder].isListed) list(folder);
     return std::views::iota(items_[folder].first, items_[folder].first + items_[folder].count);
   }
+  void listAll(Index folder = root);
   const Item& operator[](Index item) const noexcept { return items_[item]; }
   std::size_t depth(Index item) const noexcept;
   bool isWithin(Index item, Index folder) const noexcept;
