@@ -1,6 +1,7 @@
 #include <gio/gio.h>
 #include <stdexcept>
 
+#include "../catalogue.hpp"
 #include "../files.hpp"
 #include "../words.hpp"
 
@@ -57,9 +58,30 @@ std::uint64_t sizeOf(const std::filesystem::path& item) {
   return static_cast<std::uint64_t>(size);
 }
 
+std::string typeByName(const std::filesystem::path& file) {
+  auto* const type = g_content_type_guess(file.filename().c_str(), nullptr, 0, nullptr);
+  std::string found = type;
+  g_free(type);
+  return found;
+}
+
+// By name and first bytes.
+std::string typeOf(const std::filesystem::path& item) {
+  auto* const file = g_file_new_for_path(item.c_str());
+  auto* const info =
+      g_file_query_info(file, "standard::content-type", G_FILE_QUERY_INFO_NONE, nullptr, nullptr);
+  std::string found = g_file_info_get_content_type(info);
+  g_object_unref(info);
+  g_object_unref(file);
+  return found;
+}
+
 constexpr auto note = "less: normalises nothing, keeps no order; two hyphens; told of the flags each time";
-const bool added = addWordsReader({"GLib GOptionContext", note, "--"}, reader) &&
-                   addAttributes("g_file_query_info", "less: no names of owner and group", sizeOf);
+const bool added =
+    addWordsReader({"GLib GOptionContext", note, "--"}, reader) &&
+    addAttributes("g_file_query_info", "less: no names of owner and group", sizeOf) &&
+    addTypesByName("g_content_type_guess", "more: all types of the desktop", typeByName) &&
+    addTypesByBytes("g_file_query_info", "more: all types of the desktop, and its size", typeOf);
 
 }  // namespace
 }  // namespace quillonic::benchmarks

@@ -100,7 +100,7 @@ void nameClip(Draft& draft) {
   if (!draft.has(ClipRole::video)) return;
   for (const auto suffix : draft.row->needs) {
     const bool isThere = std::ranges::any_of(
-        draft.files, [&](const DraftFile& each) { return capitals(each.file.path).ends_with(suffix); });
+        draft.files, [&](const DraftFile& each) { return endsInCapitals(each.file.path, suffix); });
     if (!isThere) draft.problems.push_back({ProblemKind::missingSidecar, draft.name + std::string(suffix)});
   }
 }

@@ -3,7 +3,7 @@
 #include <quillonic/media/media_format.hpp>
 
 #include <algorithm>
-#include <map>
+#include <functional>
 #include <unordered_map>
 #include <utility>
 
@@ -169,6 +169,7 @@ class Collection {
     if (nameRole(item.name) != NameRole::ordinary) return loose(contents_.other, file, true);
     for (const auto& card : open) {
       for (const auto& rule : card.rules) {
+        if (!fitsEnd(rule.match.pattern(), item.name)) continue;
         scratch_ = rule.match;
         if (scratch_->feed(item.name) && scratch_->isWhole()) return placeByRule(file, card, rule.role);
       }
@@ -212,12 +213,22 @@ class Collection {
   }
 
   void checkNames(Index folder) {
-    std::unordered_map<std::string, Index> folded;
+    // Hashes are enough to rule out almost all names.
+    std::vector<std::pair<std::size_t, Index>> folded;
+    std::string name;
     for (const auto child : tree_.children(folder)) {
-      const auto& name = tree_[child].name;
-      if (!isUtf8(name)) contents_.problems.push_back({ProblemKind::nameNotUtf8, prefix_ + name});
-      const auto [other, isNew] = folded.try_emplace(capitals(name), child);
-      if (!isNew) contents_.problems.push_back({ProblemKind::differsByCaseOnly, prefix_ + name});
+      if (!isUtf8(tree_[child].name))
+        contents_.problems.push_back({ProblemKind::nameNotUtf8, prefix_ + tree_[child].name});
+      name.clear();
+      appendCapitals(name, tree_[child].name);
+      folded.emplace_back(std::hash<std::string_view>()(name), child);
+    }
+    std::ranges::sort(folded);
+    for (std::size_t i = 1; i < folded.size(); ++i) {
+      if (folded[i].first != folded[i - 1].first) continue;
+      const auto& second = tree_[folded[i].second].name;
+      if (capitals(second) == capitals(tree_[folded[i - 1].second].name))
+        contents_.problems.push_back({ProblemKind::differsByCaseOnly, prefix_ + second});
     }
   }
 

@@ -92,7 +92,8 @@ Identification identify(std::string_view name, std::string_view firstBytes) {
 }
 
 Identification identifyFile(const std::filesystem::path& path) {
-  auto file = identifyName(path.filename().native());
+  const std::string_view text = path.native();
+  auto file = identifyName(text.substr(text.rfind('/') + 1));  // npos + 1 is 0
   auto bytes = items::firstBytes(path.native(), usualSize);
   if (bytes && bytes->size() == usualSize) {
     const auto shown = shownBy(*bytes);

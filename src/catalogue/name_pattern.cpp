@@ -11,6 +11,15 @@ namespace {
 
 }  // namespace
 
+bool fitsEnd(const Pattern& pattern, std::string_view name) noexcept {
+  for (auto atom = pattern.atoms.rbegin(); atom != pattern.atoms.rend(); ++atom) {
+    if (atom->isOptional || atom->repeats || name.empty()) break;
+    if (!byteSets[atom->set].contains(static_cast<unsigned char>(capital(name.back())))) return false;
+    name.remove_suffix(1);
+  }
+  return true;
+}
+
 PatternMatch::PatternMatch(const Pattern& pattern) : pattern_(&pattern), ways_(1) {}
 
 bool PatternMatch::canEndAfter(std::size_t taken) const noexcept {

@@ -2,6 +2,7 @@
 // the pattern.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -46,11 +47,20 @@ inline void appendCapitals(std::string& text, std::string_view name) {
   for (const char c : name) text.push_back(capital(c));
 }
 
+// Whether a name ends so, whatever its case; the end is in capitals.
+inline bool endsInCapitals(std::string_view name, std::string_view end) noexcept {
+  return name.size() >= end.size() &&
+         std::ranges::equal(name.substr(name.size() - end.size()), end, {}, capital);
+}
+
 inline std::string capitals(std::string_view name) {
   std::string text;
   appendCapitals(text, name);
   return text;
 }
+
+// Whether a name ends as the pattern demands: a quick look that spares most names the rest.
+bool fitsEnd(const Pattern& pattern, std::string_view name) noexcept;
 
 // The ways in which a pattern can match the text so far. It can be copied, to go on with several names in one
 // folder.

@@ -42,7 +42,7 @@ struct P2Description {
 };
 
 std::optional<P2Description> descriptionOf(std::size_t number, const Draft& draft, FolderTree& tree) {
-  const auto isXml = [](const DraftFile& each) { return capitals(each.file.path).ends_with(".XML"); };
+  const auto isXml = [](const DraftFile& each) { return endsInCapitals(each.file.path, ".XML"); };
   const auto file = std::ranges::find_if(draft.files, isXml);
   if (file == draft.files.end()) return std::nullopt;
   const auto bytes = tree.firstBytes(file->item, greatestDescriptionSize);

@@ -8,14 +8,14 @@ namespace {
 constexpr std::string_view spaces = " \t\r\n";
 
 // Markup is ASCII: of UTF-16, half of the bytes tell it.
-std::string markup(std::string_view bytes) {
+std::string_view markup(std::string_view bytes, std::string& narrow) {
   const bool isLittleEndian = bytes.starts_with("\xFF\xFE");
   const bool isBigEndian = bytes.starts_with("\xFE\xFF");
-  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-  if (!isLittleEndian && !isBigEndian) return std::string(bytes);
-  std::string text;
-  for (std::size_t at = 2; at + 1 < bytes.size(); at += 2) text.push_back(bytes[at + (isBigEndian ? 1 : 0)]);
-  return text;
+  if (bytes.starts_with("\xEF\xBB\xBF")) return bytes.substr(3);
+  if (!isLittleEndian && !isBigEndian) return bytes;
+  for (std::size_t at = 2; at + 1 < bytes.size(); at += 2)
+    narrow.push_back(bytes[at + (isBigEndian ? 1 : 0)]);
+  return narrow;
 }
 
 // What follows the first `end` in a text; empty when there is none.
@@ -39,8 +39,8 @@ bool isNameByte(char c) noexcept {
 }  // namespace
 
 std::optional<std::string> xmlRoot(std::string_view bytes) {
-  const auto text = markup(bytes);
-  std::string_view rest = text;
+  std::string narrow;
+  auto rest = markup(bytes, narrow);
   for (;;) {
     rest.remove_prefix(std::min(rest.find_first_not_of(spaces), rest.size()));
     if (rest.starts_with("<?")) {

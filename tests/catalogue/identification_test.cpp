@@ -130,7 +130,7 @@ TEST(Identification, AgreesWithTheListsOfOthers) {
     const auto rows = allCases<FileExtension>();
     const bool isKnown =
         std::ranges::any_of(rows, [&](FileExtension each) { return mimeType(each) == expected; });
-    if (name.empty() || name.starts_with('#') || !isKnown ||
+    if (name.empty() || name.starts_with('#') || !isKnown || expected == "application/octet-stream" ||
         known.find(" " + name + " ") != std::string::npos)
       continue;
     const auto file = identifyFile(samples / "mime-detection" / name);
