@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -59,8 +60,8 @@ struct PlayList {
 };
 
 // Joins the clips that continue each other according to what the cards themselves say.
-void joinP2Spans(std::vector<Draft>& drafts, FolderTree& tree);
-void joinAvchdSpans(std::vector<Draft>& drafts, FolderTree& tree, const std::vector<PlayList>& playLists);
+void joinP2Spans(std::deque<Draft>& drafts, FolderTree& tree);
+void joinAvchdSpans(std::deque<Draft>& drafts, FolderTree& tree, const std::vector<PlayList>& playLists);
 
 // The clip of a draft, with its files in order and its problems named.
 Clip finishedClip(Draft draft);

@@ -50,7 +50,7 @@ void sort(std::vector<DraftFile>& files, ClipKind kind) {
     const auto order = isStillFirst && role == ClipRole::still ? -1 : static_cast<int>(role);
     return std::tuple(!isEssence(kind, role), order, each.span, each.file.number.value_or(0));
   };
-  std::ranges::stable_sort(files, [&](const DraftFile& a, const DraftFile& b) {
+  std::ranges::sort(files, [&](const DraftFile& a, const DraftFile& b) {
     const auto first = rank(a);
     const auto second = rank(b);
     return first != second ? first < second : a.file.path < b.file.path;

@@ -3,6 +3,7 @@
 #include <quillonic/media/media_format.hpp>
 
 #include <algorithm>
+#include <deque>
 #include <functional>
 #include <unordered_map>
 #include <utility>
@@ -104,6 +105,7 @@ class Collection {
     for (auto& draft : drafts_) nameClip(draft);
     joinP2Spans(drafts_, tree_);
     joinAvchdSpans(drafts_, tree_, playLists_);
+    contents_.clips.reserve(drafts_.size());
     for (auto& draft : drafts_) {
       if (!draft.isJoined) contents_.clips.push_back(finishedClip(std::move(draft)));
     }
@@ -213,12 +215,17 @@ class Collection {
   }
 
   void checkNames(Index folder) {
+    bool hasSmall = false;
+    for (const auto child : tree_.children(folder)) {
+      const auto& name = tree_[child].name;
+      if (!isUtf8(name)) contents_.problems.push_back({ProblemKind::nameNotUtf8, prefix_ + name});
+      hasSmall = hasSmall || std::ranges::any_of(name, [](char c) { return c != capital(c); });
+    }
+    if (!hasSmall) return;
     // Hashes are enough to rule out almost all names.
     std::vector<std::pair<std::size_t, Index>> folded;
     std::string name;
     for (const auto child : tree_.children(folder)) {
-      if (!isUtf8(tree_[child].name))
-        contents_.problems.push_back({ProblemKind::nameNotUtf8, prefix_ + tree_[child].name});
       name.clear();
       appendCapitals(name, tree_[child].name);
       folded.emplace_back(std::hash<std::string_view>()(name), child);
@@ -348,7 +355,7 @@ class Collection {
 
   FolderTree& tree_;
   CardContents& contents_;
-  std::vector<Draft> drafts_;
+  std::deque<Draft> drafts_;
   std::unordered_map<std::string, std::size_t> byKey_;
   std::vector<PlayList> playLists_;
   // The path of the folder that is visited, with a trailing slash unless it is empty.

@@ -78,15 +78,18 @@ void FolderTree::list(Index folder) {
   items_[folder].isListed = true;
   if (isStopped || !items_[folder].isFolder()) return;
   const auto opened = open(folder);
-  auto entries = opened ? items::entries(**opened) : opened.error();
-  if (!entries) return miss(folder, entries.error());
-  items_[folder].first = static_cast<Index>(items_.size());
-  items_[folder].count = static_cast<Index>(entries->size());
-  auto found = *std::move(entries);
-  for (auto& entry : found) {
+  const auto first = items_.size();
+  const auto add = [&](items::Entry&& entry) {
     items_.push_back({.name = std::move(entry.name), .parent = folder, .type = entry.type});
     look(static_cast<Index>(items_.size() - 1), **opened);
-  }
+  };
+  const auto error = opened ? items::forEachEntry(**opened, add) : opened.error();
+  // What was listed before an error counts.
+  if (error) miss(folder, error);
+  std::sort(items_.begin() + static_cast<std::ptrdiff_t>(first), items_.end(),
+            [](const Item& a, const Item& b) { return a.name < b.name; });
+  items_[folder].first = static_cast<Index>(first);
+  items_[folder].count = static_cast<Index>(items_.size() - first);
   progress_(items_.size() - 1, isStopped);
 }
 

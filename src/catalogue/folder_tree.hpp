@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <ranges>
 #include <string>
@@ -39,7 +40,6 @@ class FolderTree {
   // With sizes, looks at every file when its folder is listed.
   FolderTree(const std::filesystem::path& folder, bool hasSizes, WalkProgress progress);
 
-  // By value: listing a folder moves all items.
   auto children(Index folder) {
     if (!items_[folder].isListed) list(folder);
     return std::views::iota(items_[folder].first, items_[folder].first + items_[folder].count);
@@ -79,7 +79,7 @@ class FolderTree {
   std::string rootName_;
   bool hasSizes_;
   WalkProgress progress_;
-  std::vector<Item> items_;
+  std::deque<Item> items_;
   // The folders from the root to the one that was opened last.
   std::vector<Opened> opened_;
 };

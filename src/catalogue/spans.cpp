@@ -95,7 +95,7 @@ std::vector<PlayItem> playItems(std::string_view bytes) {
 
 }  // namespace
 
-void joinP2Spans(std::vector<Draft>& drafts, FolderTree& tree) {
+void joinP2Spans(std::deque<Draft>& drafts, FolderTree& tree) {
   std::map<std::string, std::vector<P2Description>> shots;
   std::set<std::string> clips;
   for (std::size_t i = 0; i < drafts.size(); ++i) {
@@ -119,7 +119,7 @@ void joinP2Spans(std::vector<Draft>& drafts, FolderTree& tree) {
   }
 }
 
-void joinAvchdSpans(std::vector<Draft>& drafts, FolderTree& tree, const std::vector<PlayList>& playLists) {
+void joinAvchdSpans(std::deque<Draft>& drafts, FolderTree& tree, const std::vector<PlayList>& playLists) {
   std::map<std::pair<std::optional<std::size_t>, std::string>, std::size_t> byName;
   for (std::size_t i = 0; i < drafts.size(); ++i) {
     if (drafts[i].row && drafts[i].row->layout == CardLayout::avchd)

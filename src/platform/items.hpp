@@ -4,6 +4,7 @@
 
 #include <quillonic/platform/file_type.hpp>
 #include <quillonic/support/date.hpp>
+#include <quillonic/support/function_ref.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -93,8 +94,11 @@ struct Entry {
   FileType type;
 };
 
-// The entries of a folder in byte order of their names, without "." and "..". Callers must ask only once per
-// folder.
+// Calls the block with each entry of a folder but "." and "..", in the order of the file system: looking at an
+// item right then costs least. Callers must ask only once per folder.
+std::error_code forEachEntry(const Folder& folder, FunctionRef<void(Entry&& entry)> block);
+
+// The entries in byte order of their names. Callers must ask only once per folder.
 Result<std::vector<Entry>> entries(const Folder& folder);
 
 // The absolute path of an existing item with all links followed.

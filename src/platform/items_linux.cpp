@@ -210,20 +210,25 @@ std::error_code create(const std::string& path, std::string_view bytes) {
   return error;
 }
 
-Result<std::vector<Entry>> entries(const Folder& folder) {
+std::error_code forEachEntry(const Folder& folder, FunctionRef<void(Entry&& entry)> block) {
   // The stream owns its descriptor; the folder's own stays open for look-ups.
   Descriptor descriptor(::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0));
   const std::unique_ptr<DIR, CloseFolder> stream(descriptor ? ::fdopendir(descriptor.number()) : nullptr);
   if (!stream) return lastError();
   static_cast<void>(descriptor.release());
-  std::vector<Entry> found;
   errno = 0;
   while (const dirent* entry = ::readdir(stream.get())) {
     const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") found.push_back({std::string(name), typeOfEntry(*entry)});
+    if (name != "." && name != "..") block({std::string(name), typeOfEntry(*entry)});
     errno = 0;
   }
-  if (errno != 0) return lastError();
+  return errno != 0 ? lastError() : std::error_code();
+}
+
+Result<std::vector<Entry>> entries(const Folder& folder) {
+  std::vector<Entry> found;
+  const auto error = forEachEntry(folder, [&](Entry&& entry) { found.push_back(std::move(entry)); });
+  if (error) return error;
   std::ranges::sort(found, {}, &Entry::name);
   return found;
 }
