@@ -129,10 +129,12 @@ class Search {
   }
 
   bool isConfirmed(const Found& found) {
-    return std::ranges::any_of(found.markers, [&](Index marker) {
-      return std::ranges::any_of(tree_.children(marker),
-                                 [&](Index item) { return namesMaker(*found.row, item); });
-    });
+    for (const auto marker : found.markers) {
+      for (const auto item : tree_.children(marker)) {
+        if (namesMaker(*found.row, item)) return true;
+      }
+    }
+    return false;
   }
 
   void add(const Found& found, Index root) {

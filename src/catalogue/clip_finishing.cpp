@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
+#include <span>
 #include <tuple>
 #include <utility>
 
@@ -75,7 +75,7 @@ void findMissingParts(const std::vector<DraftFile>& files, ClipRole role, std::v
 std::string spansText(const std::vector<FrameSpan>& spans) {
   constexpr std::size_t greatestCount = 10;
   std::string text;
-  for (const auto& span : spans | std::views::take(greatestCount)) {
+  for (const auto& span : std::span(spans).first(std::min(spans.size(), greatestCount))) {
     if (!text.empty()) text += ", ";
     text += std::to_string(span.first);
     if (span.last > span.first) text += "-" + std::to_string(span.last);

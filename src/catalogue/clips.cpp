@@ -21,6 +21,9 @@ namespace {
 
 using Index = FolderTree::Index;
 
+// A clip with its description, proxy and thumbnail.
+constexpr std::size_t usualFileCount = 4;
+
 // A rule's patterns, matched as far as the folder that is visited.
 struct OpenRule {
   RuleRole role;
@@ -44,14 +47,18 @@ struct Captured {
   char counts = ' ';
 };
 
-Captured captured(const PatternMatch& match, std::string_view path) {
+// Of a file's path, which is a folder with a trailing slash, and a name. Most keys are in the name alone.
+Captured captured(const PatternMatch& match, std::string_view folder, std::string_view name) {
   Captured found;
   const auto bounds = match.bounds();
   const auto segments = match.pattern().segments;
   for (std::size_t i = 0; i < segments.size(); ++i) {
-    const auto text = path.substr(bounds[i], bounds[i + 1] - bounds[i]);
-    if (segments[i] == 'k') found.key += text;
-    if (segments[i] == 'f') found.folder += text;
+    const auto inFolder = [&](std::size_t at) { return std::min(at, folder.size()); };
+    const auto inName = [&](std::size_t at) { return at - inFolder(at); };
+    const auto above = folder.substr(inFolder(bounds[i]), inFolder(bounds[i + 1]) - inFolder(bounds[i]));
+    const auto text = name.substr(inName(bounds[i]), inName(bounds[i + 1]) - inName(bounds[i]));
+    if (segments[i] == 'k') found.key.append(above).append(text);
+    if (segments[i] == 'f') found.folder.append(above).append(text);
     if (segments[i] == 'p' || segments[i] == 'z' || segments[i] == 'o') {
       found.counts = segments[i];
       found.number = number_text::read<std::uint64_t>(text);
@@ -188,7 +195,7 @@ class Collection {
         playLists_.push_back({card.card, file});
       return loose(contents_.bookkeeping, file);
     }
-    auto found = captured(*scratch_, card.path + name);
+    auto found = captured(*scratch_, card.path, name);
     auto key = std::to_string(card.card) + "/";
     appendCapitals(key, found.folder);
     key.push_back('\0');
@@ -199,6 +206,7 @@ class Collection {
       draft.row = card.row;
       draft.card = card.card;
       draft.name = std::move(found.key);
+      draft.files.reserve(usualFileCount);
     }
     add(drafts_[place->second], file, roleOf(role, name), found.number, found.counts);
   }

@@ -6,9 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <filesystem>
-#include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,14 +33,30 @@ class FolderTree {
     bool isFolder() const noexcept { return type == FileType::directory; }
   };
 
+  // Indexes in a row, for loops.
+  struct Children {
+    struct Iterator {
+      Index index;
+      Index operator*() const noexcept { return index; }
+      void operator++() noexcept { ++index; }
+      bool operator==(const Iterator&) const = default;
+    };
+
+    Index first;
+    Index last;
+    Iterator begin() const noexcept { return {first}; }
+    Iterator end() const noexcept { return {last}; }
+  };
+
   static constexpr Index root = 0;
 
   // With sizes, looks at every file when its folder is listed.
   FolderTree(const std::filesystem::path& folder, bool hasSizes, WalkProgress progress);
 
-  auto children(Index folder) {
+  // Listing a folder moves all items.
+  Children children(Index folder) {
     if (!items_[folder].isListed) list(folder);
-    return std::views::iota(items_[folder].first, items_[folder].first + items_[folder].count);
+    return {items_[folder].first, items_[folder].first + items_[folder].count};
   }
   void listAll(Index folder = root);
   const Item& operator[](Index item) const noexcept { return items_[item]; }
@@ -79,7 +93,7 @@ class FolderTree {
   std::string rootName_;
   bool hasSizes_;
   WalkProgress progress_;
-  std::deque<Item> items_;
+  std::vector<Item> items_;
   // The folders from the root to the one that was opened last.
   std::vector<Opened> opened_;
 };

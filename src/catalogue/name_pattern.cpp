@@ -65,9 +65,10 @@ bool PatternMatch::isWhole() const noexcept {
   return std::ranges::any_of(ways_, [&](const Way& way) { return canEndAfter(way.taken); });
 }
 
-std::vector<std::size_t> PatternMatch::bounds() const {
+std::array<std::size_t, PatternMatch::greatestSegmentCount + 1> PatternMatch::bounds() const noexcept {
   const auto way = std::ranges::find_if(ways_, [&](const Way& each) { return canEndAfter(each.taken); });
-  std::vector<std::size_t> found(pattern_->segments.size() + 1, length_);
+  std::array<std::size_t, greatestSegmentCount + 1> found{};
+  found.fill(length_);
   if (way == ways_.end()) return found;
   const auto begun = way->taken == 0 ? 0U : pattern_->atoms[way->taken - 1U].segment + 1U;
   std::copy_n(way->starts.begin(), begun, found.begin());

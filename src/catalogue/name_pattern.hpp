@@ -44,7 +44,9 @@ constexpr char capital(char c) noexcept {
 
 // Appends a name as capitals, in ASCII alone.
 inline void appendCapitals(std::string& text, std::string_view name) {
-  for (const char c : name) text.push_back(capital(c));
+  const auto length = text.size();
+  text.append(name);
+  std::transform(name.begin(), name.end(), text.begin() + static_cast<std::ptrdiff_t>(length), capital);
 }
 
 // Whether a name ends so, whatever its case; the end is in capitals.
@@ -66,6 +68,8 @@ bool fitsEnd(const Pattern& pattern, std::string_view name) noexcept;
 // folder.
 class PatternMatch {
  public:
+  static constexpr std::size_t greatestSegmentCount = 12;
+
   explicit PatternMatch(const Pattern& pattern);
 
   // Goes on with more of the text. Returns whether the pattern can still match.
@@ -75,13 +79,11 @@ class PatternMatch {
   bool isWhole() const noexcept;
 
   // Where each segment begins, and the last one ends, in the text that matches.
-  std::vector<std::size_t> bounds() const;
+  std::array<std::size_t, greatestSegmentCount + 1> bounds() const noexcept;
 
   const Pattern& pattern() const noexcept { return *pattern_; }
 
  private:
-  static constexpr std::size_t greatestSegmentCount = 12;
-
   // The last atom that took a character, counted from 1, and where the segments up to it begin.
   struct Way {
     std::uint8_t taken = 0;

@@ -114,7 +114,7 @@ TEST(Identification, ReadsFilesOnceAndOnlyFiles) {
   EXPECT_EQ(identifyFile(folder / "missing.wav").readError, std::errc::no_such_file_or_directory);
 }
 
-// Files that others made, where they were fetched. Formats that the catalogue knows are told as their list says.
+// Files that others made, where they were fetched: known formats are told as their list says.
 TEST(Identification, AgreesWithTheListsOfOthers) {
   const std::filesystem::path samples(SAMPLES);
   std::ifstream list(samples / "mime-detection" / "list");

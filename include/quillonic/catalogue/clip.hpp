@@ -194,11 +194,11 @@ struct CardContents {
   bool isStopped = false;
 };
 
-/// The clips in a folder: of the cards in it, and of files beside them, which belong together by stem. Files
-/// that alone name a maker tell of a card at any depth, markers down to the third level as in `cardsIn`. Reads
-/// the folder to its end with one look at each file; opens no file but the short clip descriptions and play
-/// lists that alone tell how P2 and AVCHD cards continue a clip. Follows no link but those in `folder`
-/// itself. Parts that neither their names nor such a list connect are clips of their own.
+/// The clips in a folder: of the cards in it, and of files outside of them, by stem. Files that alone name a
+/// maker tell of a card at any depth; markers count down to the third level, as in `cardsIn`. Reads the folder
+/// to its end with one look at each file. Opens no file but the short clip descriptions and play lists that
+/// alone tell how P2 and AVCHD cards continue a clip. Follows no link but those in `folder` itself. Parts that
+/// neither their names nor such a list connect are clips of their own.
 QUILLONIC_EXPORT CardContents contentsOf(const std::filesystem::path& folder);
 
 /// The same, with a progress block.
