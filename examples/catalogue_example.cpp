@@ -10,7 +10,7 @@ using namespace quillonic;
 using namespace quillonic::catalogue;
 
 int main() {
-  const auto card = std::filesystem::temp_directory_path() / "catalogue_example" / "card";
+  const auto card = std::filesystem::temp_directory_path() / "catalogue_card" / "card";
   std::filesystem::remove_all(card);
   for (const char* name :
        {"DCIM/100GOPRO/GH010001.MP4", "DCIM/100GOPRO/GH010002.MP4", "DCIM/100GOPRO/GH020001.MP4",

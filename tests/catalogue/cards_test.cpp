@@ -220,7 +220,7 @@ TEST(Cards, KeepWhatIsHostile) {
   }
   EXPECT_EQ(placesOf(contents).size(), items.size() - (isRoot ? 0 : 1));
   EXPECT_EQ(joined(contents.problems, ' ', [](const Problem& each) { return rawValue(each.kind); }),
-            "differsByCaseOnly nameNotUtf8");
+            "nameNotUtf8 differsByCaseOnly");
   EXPECT_EQ(joined(contents.other, ' ', &LooseFile::path),
             ".DS_Store DCIM/loop DCIM/100GOPRO/._GH010001.MP4 DCIM/100GOPRO/GH020001.MP4");
 }
