@@ -78,7 +78,7 @@ std::string spansText(const std::vector<FrameSpan>& spans) {
   for (const auto& span : std::span(spans).first(std::min(spans.size(), greatestCount))) {
     if (!text.empty()) text += ", ";
     text += std::to_string(span.first);
-    if (span.last > span.first) text += "-" + std::to_string(span.last);
+    if (span.last > span.first) text.append("-").append(std::to_string(span.last));
   }
   return spans.size() > greatestCount ? text + ", ..." : text;
 }
