@@ -64,8 +64,8 @@ const std::vector<fs::path>& media() {
     for (std::size_t i = 0; i < fileCount; ++i) {
       auto [extension, head] = kinds.at(i % kinds.size());
       head.resize(headSize, head.starts_with('<') ? ' ' : '\0');
-      const auto name =
-          "reel " + std::to_string(i / 100) + "/A001C" + std::to_string(i) + "_201112." + extension;
+      const auto name = std::string("reel ").append(std::to_string(i / 100)) + "/A001C" + std::to_string(i) +
+                        "_201112." + extension;
       folder.file(name, head);
       all.push_back(folder.root / name);
     }
@@ -79,7 +79,7 @@ const fs::path& card() {
   static const Folder folder;
   static const bool isMade = [] {
     for (std::size_t i = 0; i < cardFileCount / 4; ++i) {
-      const auto clip = "C" + std::to_string(10'000 + i);
+      const auto clip = std::string("C").append(std::to_string(10'000 + i));
       folder.file("PRIVATE/M4ROOT/CLIP/" + clip + ".MP4");
       folder.file("PRIVATE/M4ROOT/CLIP/" + clip + "M01.XML");
       folder.file("PRIVATE/M4ROOT/SUB/" + clip + "S03.MP4");
@@ -96,8 +96,8 @@ const fs::path& stills() {
   static const Folder folder;
   static const bool isMade = [] {
     for (std::size_t i = 0; i < cardFileCount / 2; ++i) {
-      const auto shot =
-          "DCIM/" + std::to_string(100 + i / 1000) + "CANON/IMG_" + std::to_string(1000 + i % 1000);
+      const auto shot = std::string("DCIM/").append(std::to_string(100 + i / 1000)) + "CANON/IMG_" +
+                        std::to_string(1000 + i % 1000);
       folder.file(shot + ".CR3");
       folder.file(shot + ".JPG");
     }

@@ -94,6 +94,8 @@ ClipRole roleOf(RuleRole role, std::string_view name) noexcept {
 }
 
 bool isUtf8(std::string_view name) noexcept {
+  const bool isAscii = std::ranges::all_of(name, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  if (isAscii) return true;
   while (!name.empty()) {
     const auto scalar = utf8::decode(name);
     if (!scalar.valid) return false;
