@@ -140,7 +140,7 @@ std::size_t Clip::essenceCount() const noexcept {
 std::string description(const Problem& problem) {
   switch (problem.kind) {
     case ProblemKind::missingPart:
-      return Localization::localized("Part {} is missing.", {problem.subject});
+      return Localization::localized("File {} of the clip is missing.", {problem.subject});
     case ProblemKind::missingSidecar:
       return Localization::localized("{} is missing.", {problem.subject});
     case ProblemKind::missingEssence:

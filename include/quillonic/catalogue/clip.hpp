@@ -112,7 +112,7 @@ struct Problem {
   friend bool operator==(const Problem&, const Problem&) = default;
 };
 
-/// A sentence for users, in their language: "Part 2 is missing.".
+/// A sentence for users, in their language: "File 2 of the clip is missing.".
 QUILLONIC_EXPORT std::string description(const Problem& problem);
 
 /// A file of a clip.
