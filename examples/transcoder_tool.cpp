@@ -1,12 +1,17 @@
-// A child tool: reads the command line that a parent application built, prints what it understood, and does
-// the work: it joins the input files into the output file, which shows progress without a codec.
+// A transcoder: reads the command line that a parent application built, and does the work with one run of
+// ffmpeg. What each flag becomes is a table, transcoder/mapping.cpp.
+//
+//     transcoder_tool -in /media/a.mov -vcodec h264 -dims 960x540 -tc_burn -out /media/review.mov
+//
+// All files of all groups make one programme, in order; with several groups each is a chapter. The output
+// appears when it is complete. Exit statuses: 64 for settings that cannot be, 66 for an unreadable input, 69
+// where ffmpeg is missing, 70 when ffmpeg fails, 73 for an output that cannot be written.
 
 #include <quillonic/time.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
-#include <cstdint>
-#include <cstdio>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iomanip>
@@ -16,13 +21,15 @@
 #include <string_view>
 #include <vector>
 
+#include "child.hpp"
+#include "run.hpp"
+
 using namespace quillonic;
 
 namespace {
 
 constexpr int badUsage = 64;
-constexpr int noInput = 66;
-constexpr int cannotCreate = 73;
+constexpr int noFfmpeg = 69;
 
 // A text as one line: a file name may hold line breaks and other control characters.
 std::string printable(std::string_view text) {
@@ -42,12 +49,8 @@ std::string printable(std::string_view text) {
   return line.str();
 }
 
-void printRow(std::string_view name, std::string_view value) {
-  std::cout << "  " << std::left << std::setw(18) << name << printable(value) << '\n';
-}
-
 template <class Value> void printValues() {
-  for (const auto& value : allCases<Value>()) std::cout << value << '\n';
+  for (const auto& value : allCases<Value>()) std::cout << value.rawValue() << '\n';
 }
 
 constexpr int helpColumn = 29;
@@ -56,11 +59,8 @@ template <class Flag> void printFlags(std::string_view family) {
   std::cout << family << '\n';
   for (const auto& flag : allCases<Flag>()) {
     std::cout << "  " << std::left << std::setw(helpColumn)
-              << std::string(flag).append(" ").append(rawValue(flag.valueKind())) << flag.meaning() << '\n';
-    if (flag.fixedValues().empty()) continue;
-    std::cout << std::setw(helpColumn + 1) << "";
-    for (const auto value : flag.fixedValues()) std::cout << ' ' << value;
-    std::cout << '\n';
+              << std::string(flag.cliFlag()).append(" ").append(rawValue(flag.valueKind())) << flag.meaning()
+              << '\n';
   }
 }
 
@@ -77,157 +77,122 @@ void printHelp() {
 
 void printPresets() {
   for (const auto preset : allCases<TranscodeCliPreset>()) {
-    std::cout << presetCliValue(preset) << " (" << description(preset) << ")\n";
+    std::cout << presetCliValue(preset).rawValue() << " (" << description(preset) << ")\n";
   }
 }
 
-using Command = CaseOf<VAVTranscodeCliCommand>;
+struct Command {
+  const VAVTranscodeCliCommand& flag;
+  void (*print)();
+};
 
-// The compiler warns when the vocabulary has another command.
-void print(Command command) {
-  switch (command) {
-    case Command::cliHelpFlag:
-      return printHelp();
-    case Command::cliCodecsFlag:
-      return printValues<VAVTranscodeArgumentVideoCodecValue>();
-    case Command::cliFormatsFlag:
-      return printValues<VAVTranscodeArgumentFileFormatValue>();
-    case Command::cliVersionFlag:
-      std::cout << "transcoder_tool " TOOL_VERSION "\n";
-      return;
-    case Command::cliAcknowledgementFlag:
-      std::cout << "Built on Quillonic and the C++ standard library.\n";
-      return;
-    case Command::cliPresetsFlag:
-      return printPresets();
-    case Command::cliAspectRatioScalingsFlag:
-      return printValues<VAVTranscodeArgumentAspectRatioValue>();
-    case Command::cliColorSpacesFlag:
-      return printValues<VAVTranscodeArgumentColorSpaceValue>();
-    case Command::cliAudioChannelLayoutsFlag:
-      return printValues<VAVTranscodeArgumentAudioChannelLayoutValue>();
-    case Command::cliCropAnchorsFlag:
-    case Command::cliTimecodeBurnAnchorsFlag:
-      return printValues<VAVTranscodeArgumentOverlayAnchorValue>();
-    case Command::cliGpuPlatformsFlag:
-      for (const auto platform : VAVGpuPlatforms) std::cout << platform << '\n';
-      return;
+constexpr auto commands = std::to_array<Command>({
+    {VAVCliHelpFlag, printHelp},
+    {VAVCliCodecsFlag, printValues<VAVTranscodeArgumentVideoCodecValue>},
+    {VAVCliFormatsFlag, printValues<VAVTranscodeArgumentFileFormatValue>},
+    {VAVCliVersionFlag, [] { std::cout << "transcoder_tool " TOOL_VERSION "\n"; }},
+    {VAVCliAcknowledgementFlag, [] { std::cout << "Built on Quillonic and the C++ standard library.\n"; }},
+    {VAVCliPresetsFlag, printPresets},
+    {VAVCliAspectRatioScalingsFlag, printValues<VAVTranscodeArgumentAspectRatioValue>},
+    {VAVCliCropAnchorsFlag, printValues<VAVTranscodeArgumentOverlayAnchorValue>},
+    {VAVCliColorSpacesFlag, printValues<VAVTranscodeArgumentColorSpaceValue>},
+    {VAVCliAudioChannelLayoutsFlag, printValues<VAVTranscodeArgumentAudioChannelLayoutValue>},
+    {VAVCliTimecodeBurnAnchorsFlag, printValues<VAVTranscodeArgumentOverlayAnchorValue>},
+    {VAVCliGpuPlatformsFlag,
+     [] {
+       for (const auto platform : VAVGpuPlatforms) std::cout << platform << '\n';
+     }},
+});
+static_assert(commands.size() == VAVTranscodeCliCommand::allCases().size(), "every command is handled");
+
+// Splits off the flags that a parent adds for every child, which the transcoder's model does not know.
+std::vector<std::string_view> withoutCustodialFlags(ArgumentWords words, pid_t& parent) {
+  constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
+  const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
+  auto [custodial, rest] = sanitizer.splitByValidity(words);
+  sanitizer.enumerateSanitizedCLIEntries(
+      custodial, [=](std::string_view) { return form; },
+      [&](std::string_view flag, std::optional<std::string_view> value) {
+        if (flag == form.sanitize(cliFlag(CLICustodialFlag::parentPid)))
+          parent = std::atoi(std::string(value.value_or("")).c_str());
+      },
+      [](std::string_view, std::optional<std::string_view>) {});
+  return std::move(rest);
+}
+
+// The settings, on top of those of a preset.
+TranscodeCliArguments withPreset(TranscodeCliArguments settings) {
+  for (const auto preset : allCases<TranscodeCliPreset>()) {
+    if (settings.preset() != presetCliValue(preset)) continue;
+    auto all = presetArguments(preset);
+    for (const auto& [flag, value] : settings.flagValueLookup()) all.insert_or_assign(flag, value);
+    return TranscodeCliArguments::fromArgumentLookup(all);
   }
+  return settings;
 }
 
-void printSettings(const TranscodeCliArguments& settings) {
-  std::cout << "settings\n";
-  for (const auto& [flag, value] : settings.flagValueLookup()) printRow(flag, value);
-  settings.enumerateInputFileGroups([](std::span<const std::string_view> files, std::int64_t group) {
-    std::cout << "input group " << group << '\n';
-    for (const auto file : files) std::cout << "  " << printable(file) << '\n';
-  });
-}
-
-void printColor(std::string_view name, const std::optional<Color>& color) {
-  if (color) printRow(name, color->description());
-}
-
-// The settings by option.
-void printBurnIns(const TranscodeCliArguments& settings) {
-  if (settings.timecodeAddBurn()) {
-    std::cout << "timecode burn-in\n";
-    if (const auto source = settings.timecodeSource()) printRow("source", rawValue(*source));
-    if (const auto start = settings.timecodeComponents()) printRow("start", start->timecodeString());
-    printRow("counting", settings.timecodeIsDropFrame() ? "drop frame" : "non-drop");
-    printColor("font", settings.timecodeBurnFontColor());
-    printColor("box", settings.timecodeBurnBoxColor());
-  }
-  if (settings.watermarkTextAddBurn()) {
-    std::cout << "text watermark\n";
-    printRow("text", settings.watermarkTextBurnText().value_or(""));
-    if (const auto anchor = settings.watermarkTextBurnAnchor()) printRow("anchor", *anchor);
-    printColor("font", settings.watermarkTextBurnFontColor());
-  }
-}
-
-// Writes the progress to the progress file and, after the prefix, to standard output.
-class Progress {
+// Writes progress lines to standard output, after the prefix, and to the progress file.
+class ProgressLines {
  public:
-  Progress(const TranscodeCliArguments& settings, std::uintmax_t total)
-      : prefix_(settings.progressOutputPrefix().value_or("")), total_(total) {
+  explicit ProgressLines(const TranscodeCliArguments& settings)
+      : prefix_(settings.progressOutputPrefix().value_or("")) {
     if (const auto path = settings.progressFile()) file_.open(*path, std::ios::trunc);
   }
 
-  void advance(std::uintmax_t bytes) {
-    done_ += bytes;
-    const auto percent = total_ > 0 ? static_cast<int>(done_ * 100 / total_) : 100;
-    if (percent / 10 == reported_ / 10 && percent != 100) return;
-    reported_ = percent;
-    std::cout << prefix_ << percent << '%' << std::endl;
-    if (file_) file_ << percent << '%' << std::endl;
+  void write(const transcoder::Progress& progress) {
+    const auto line = std::to_string(static_cast<int>(progress.fraction * 100)) + "%";
+    std::cout << prefix_ << line << std::endl;
+    if (file_.is_open()) file_ << line << std::endl;
   }
 
  private:
   std::string prefix_;
-  std::uintmax_t total_;
-  std::uintmax_t done_ = 0;
-  int reported_ = -10;
   std::ofstream file_;
 };
 
-void joinFiles(const TranscodeCliArguments& settings) {
-  const auto inputs = settings.inputFilePaths();
-  const auto output = settings.outputFile();
-  if (inputs.empty() || !output)
-    throw CLIExitCodeError(badUsage, "an input file and an output file are needed");
-  std::error_code error;
-  if (std::filesystem::exists(*output, error) && !settings.overwriteExisting()) {
-    throw CLIExitCodeError(cannotCreate, "the output file exists: " + printable(output->native()));
-  }
-
-  std::uintmax_t total = 0;
-  for (const auto& input : inputs) {
-    total += std::filesystem::file_size(input, error);
-    if (error) {
-      throw CLIExitCodeError(noInput, "cannot read " + printable(input.native()) + ": " + error.message());
-    }
-  }
-
-  std::ofstream out(*output, std::ios::binary | std::ios::trunc);
-  Progress progress(settings, total);
-  progress.advance(0);
-  std::vector<char> block(65536);
-  for (const auto& input : inputs) {
-    std::ifstream in(input, std::ios::binary);
-    while (in.read(block.data(), static_cast<std::streamsize>(block.size())) || in.gcount() > 0) {
-      out.write(block.data(), in.gcount());
-      progress.advance(static_cast<std::uintmax_t>(in.gcount()));
-    }
-  }
-  if (!out.flush()) throw CLIExitCodeError(cannotCreate, "cannot write " + printable(output->native()));
-}
-
 void run(ArgumentWords words) {
-  const auto [parent, rest] = CLICustodialOptions::read(words);
-  if (parent) std::cout << "parent " << shellQuoted(parent->launchArguments()) << '\n';
-  const TranscodeCliArguments settings(rest, true);
+  pid_t parent = 0;
+  const auto rest = withoutCustodialFlags(words, parent);
+  child::watch(parent);
+  const auto settings = withPreset(TranscodeCliArguments(rest, true));
 
-  std::string refused;
-  for (const auto& problem : settings.problems()) refused.append("\n  ").append(problem.description());
-  if (!refused.empty()) throw CLIExitCodeError(badUsage, "cannot use these settings" + refused);
-  for (const auto& command : VAVTranscodeCliCommand::allCases()) {
-    if (settings.hasArgumentFlag(command)) return print(*command.listedCase());
+  if (const auto unknown = settings.unknownFlags()) {
+    std::string message = "unknown flags:";
+    for (const auto& flag : *unknown) message.append(" ").append(flag);
+    throw CLIExitCodeError(badUsage, message);
   }
-  printSettings(settings);
-  printBurnIns(settings);
-  joinFiles(settings);
+  for (const auto& [flag, print] : commands) {
+    if (settings.hasArgumentFlag(flag)) return print();
+  }
+  if (!settings.outputFile()) transcoder::refuse("an input file and an output file are needed");
+
+  const child::PrivateFolder folder(
+      settings.workDirectory().value_or(std::filesystem::temp_directory_path()));
+  transcoder::Job job(settings, folder);
+  ProgressLines lines(settings);
+  transcoder::run(job, [&](const transcoder::Progress& progress) { lines.write(progress); });
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+  const auto say = [](std::string_view sentence) {
+    std::cout.flush();
+    std::cerr << "transcoder_tool: " << printable(sentence) << '\n';
+  };
   try {
     run(ArgumentWords::fromMain(argc, argv));
     return 0;
   } catch (const CLIExitCodeError& error) {
-    std::cout.flush();
-    std::cerr << "transcoder_tool: " << error.what() << '\n';
+    say(error.what());
     return error.exitStatus();
+  } catch (const child::MissingProgram& program) {
+    say(std::string(program.what()) + " is missing: install the package ffmpeg");
+    return noFfmpeg;
+  } catch (const child::Interrupted& interrupted) {
+    child::endBy(interrupted.signal);
+  } catch (const std::exception& error) {
+    say(error.what());
+    return 1;
   }
 }

@@ -1,0 +1,220 @@
+#include "mapping.hpp"
+
+#include <algorithm>
+
+#include "burn_ins.hpp"
+#include "picture.hpp"
+#include "sound.hpp"
+
+namespace transcoder {
+namespace {
+
+using namespace quillonic;
+using enum Stage;
+
+constexpr auto rows = std::to_array<Row>({
+    // Commands
+    {VAVCliHelpFlag, command, "prints every flag with its sentence"},
+    {VAVCliCodecsFlag, command, "prints the values of -vcodec"},
+    {VAVCliFormatsFlag, command, "prints the values of -file_format"},
+    {VAVCliVersionFlag, command, "prints the version"},
+    {VAVCliAcknowledgementFlag, command, "prints what the tool is built on"},
+    {VAVCliPresetsFlag, command, "prints the values of -preset"},
+    {VAVCliAspectRatioScalingsFlag, command, "prints the values of -aspect_scaling"},
+    {VAVCliCropAnchorsFlag, command, "prints the values of -crop_anchor"},
+    {VAVCliColorSpacesFlag, command, "prints the values of -c_space"},
+    {VAVCliAudioChannelLayoutsFlag, command, "prints the values of -acl"},
+    {VAVCliTimecodeBurnAnchorsFlag, command, "prints the values of -tc_burn_anchor"},
+    {VAVCliGpuPlatformsFlag, command, "prints the names of GPU platforms"},
+
+    // Files
+    {VAVInputPrefixFlag, tool, "-i, under a harmless name; all groups in order make one output"},
+    {VAVOutputFileFlag, tool, "written hidden beside its place, and renamed when complete"},
+    {VAVProgressFileFlag, tool, "gets the progress lines without their prefix"},
+    {VAVProgressOutputPrefixFlag, tool, "before each progress line"},
+    {VAVOverwriteExistingFlag, tool, "lets the finished output replace a file"},
+    {VAVFileFormatFlag, tool, "-f; without it the output's extension decides"},
+    {VAVColorLutFileFlag, bySource, "lut3d or lut1d, on the source's picture", lut},
+    {VAVPrepareForWebFlag, beforeStart, "-movflags +faststart", web},
+    {VAVPresetFlag, tool, "settings that apply where the command line has none"},
+    {VAVWorkDirectoryFlag, tool, "the folder of the work folder"},
+
+    // Video
+    {VAVNoVideoFlag, tool, "-vn"},
+    {VAVVideoFormatFlag, beforeStart, "-c:v and the encoder's own words", videoFormat},
+    {VAVVideoFrameRateFlag, bySource, "fps; 23.98 means 24000/1001", frameRate},
+    {VAVVideoDimensionsFlag, bySource, "scale to square pixels", dimensions},
+    {VAVVideoAspectScalingFlag,
+     tool,
+     "match: the size that fits; stretch: scale; letterbox (also without the flag): pad; crop",
+     nullptr,
+     {VAVVideoDimensionsFlag}},
+    {VAVVideoAspectCropAnchorFlag, tool, "the place of crop", nullptr, {VAVVideoAspectScalingFlag}},
+    {VAVVideoBitRateFlag, beforeStart, "-b:v, in megabits per second", videoBitRate},
+    {VAVVideoBitDepthFlag, bySource, "format: a pixel format of that depth", bitDepth},
+    {VAVVideoColorSpaceFlag, bySource, "zscale converts, and the output is tagged", colorSpace},
+    {VAVVideoKeyFramesFlag, beforeStart, "-g and -keyint_min, without others at cuts", keyFrames},
+    {VAVVideoGPUDecodingFlag, beforeStart, "-hwaccel auto, which falls back to the processor", gpuDecoding},
+    {VAVVideoGPUEncodingFlag, notHere, "frames are encoded on the processor"},
+    {VAVRedRocketDeviceFlag, notHere, "there is no driver for decoder cards"},
+    {VAVVideoProfileFlag, beforeStart, "-profile:v", profile},
+
+    // Audio
+    {VAVNoAudioFlag, tool, "-an"},
+    {VAVCopyAudioFlag, beforeStart, "-c:a copy", copyAudio},
+    {VAVAudioIgnoreTracksPrefixFlag, tool, "a negative -map"},
+    {VAVDiscreteAudioFlag, tool, "pan: each channel becomes a track of its own, not mixed"},
+    {VAVAudioFormatFlag, tool, "-c:a"},
+    {VAVAudioBitsPerChannelFlag, tool, "the kind of PCM, or the sample format of Apple Lossless"},
+    {VAVAudioSampleRateFlag, beforeStart, "-ar", sampleRate},
+    {VAVAudioChannelLayoutFlag, tool, "aformat, which mixes; with -adiscrete the number of tracks"},
+    {VAVAudioBitRateFlag, beforeStart, "-b:a, in kilobits per second", audioBitRate},
+
+    // Timecode
+    {VAVTimecodeAddTrackFlag, bySource, "metadata, from which the container's timecode is written",
+     timecodeTrack},
+    {VAVTimecodeAddBurnFlag, bySource, "drawtext", burnTimecode},
+    {VAVTimecodeBurnAnchorFlag,
+     tool,
+     "drawtext's x and y; bottom centre without it",
+     nullptr,
+     {VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeBurnFontSize,
+     tool,
+     "fontsize, in pixels; a twentieth of the height without it",
+     nullptr,
+     {VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeBurnFontRGB, tool, "fontcolor", nullptr, {VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeBurnBoxRGB,
+     tool,
+     "boxcolor, opaque; half-transparent black without it",
+     nullptr,
+     {VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeMatchSourceFlag,
+     tool,
+     "the first input's timecode",
+     nullptr,
+     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeFromCreationDateFlag,
+     tool,
+     "the local time at which the first input was made",
+     nullptr,
+     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeCustomFlag,
+     tool,
+     "this timecode",
+     nullptr,
+     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeFrameRateFlag,
+     bySource,
+     "must be that of the video, because ffmpeg counts frames",
+     timecodeRate,
+     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeIsDropFlag,
+     tool,
+     "\";\" before the frames; refused unless the rate is 29.97 or 59.94",
+     nullptr,
+     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
+
+    // Image watermark
+    {VAVWatermarkFileBurnAnchorFlag,
+     tool,
+     "overlay's x and y; top right without it",
+     nullptr,
+     {VAVWatermarkFileBurnFilePathFlag}},
+    {VAVWatermarkFileBurnFilePathFlag, bySource, "movie and overlay", burnImage},
+    {VAVWatermarkFileBurnScaleFlag, tool, "scale", nullptr, {VAVWatermarkFileBurnFilePathFlag}},
+
+    // Text watermark
+    {VAVWatermarkTextAddBurnFlag, bySource, "drawtext", burnText},
+    {VAVWatermarkTextBurnTextFlag,
+     tool,
+     "a text file for drawtext, without expansion",
+     nullptr,
+     {VAVWatermarkTextAddBurnFlag}},
+    {VAVWatermarkTextBurnFontSizeFlag,
+     tool,
+     "fontsize, in pixels; a twentieth of the height without it",
+     nullptr,
+     {VAVWatermarkTextAddBurnFlag}},
+    {VAVWatermarkTextBurnAnchorFlag,
+     tool,
+     "drawtext's x and y; bottom right without it",
+     nullptr,
+     {VAVWatermarkTextAddBurnFlag}},
+    {VAVWatermarkTextBurnFontRGBFlag, tool, "fontcolor", nullptr, {VAVWatermarkTextAddBurnFlag}},
+    {VAVWatermarkTextBurnBoxRGBFlag,
+     tool,
+     "boxcolor, opaque; no box without it",
+     nullptr,
+     {VAVWatermarkTextAddBurnFlag}},
+
+    // Look
+    {VAVArriLookColorSpacePrimaryFlag, notHere, "raw camera files are not developed"},
+    {VAVArriLookColorSpaceWhitePointFlag, notHere, "raw camera files are not developed"},
+    {VAVArriLookColorSpaceCurveFlag, notHere, "raw camera files are not developed"},
+    {VAVArriLookInvalidLookResolutionFlag, notHere, "raw camera files are not developed"},
+});
+
+constexpr const Row* rowOf(std::string_view flag) {
+  for (const auto& row : rows) {
+    if (row.flag == flag) return &row;
+  }
+  return nullptr;
+}
+
+// A new flag needs a row before the tool can be built.
+static_assert(std::ranges::all_of(TranscodeCliArguments::allKnownCommandFlags(), rowOf),
+              "every flag has a row");
+static_assert(rows.size() == TranscodeCliArguments::allKnownCommandFlags().size() + 1,
+              "and no other but the burn anchor's");
+
+template <class Family> bool isOf(std::string_view flag) {
+  return Family::fromStringValue(flag).has_value();
+}
+
+// Why a flag that is set has no effect in this job; empty if it has one.
+std::string reasonAgainst(const Job& job, const Row& row) {
+  if (row.stage == notHere) return std::string(row.becomes);
+  if (row.flag == VAVNoVideoFlag || row.flag == VAVNoAudioFlag) return {};
+  const bool isBurnIn = row.flag.starts_with(VAVTimecodeAddBurnFlag.cliFlag()) ||
+                        isOf<VAVTranscodeWatermarkFileArgumentFlag>(row.flag) ||
+                        isOf<VAVTranscodeWatermarkTextArgumentFlag>(row.flag) ||
+                        row.flag == VAVColorLutFileFlag;
+  const bool isVideo = isBurnIn || isOf<VAVTranscodeVideoArgumentFlag>(row.flag);
+  if (isVideo && !job.hasVideo) return "the output has no video";
+  if (isVideo && !job.encoder && row.flag != VAVVideoFormatFlag) return "copied video stays as it is";
+  if (isOf<VAVTranscodeAudioArgumentFlag>(row.flag) && !job.hasAudio) return "the output has no audio";
+  if (row.needs[0].empty() ||
+      std::ranges::any_of(row.needs, [&](auto flag) { return !flag.empty() && job.hasFlag(flag); }))
+    return {};
+  return "it has no effect without " + std::string(row.needs[0]) +
+         (row.needs[1].empty() ? "" : " or " + std::string(row.needs[1]));
+}
+
+}  // namespace
+
+std::span<const Row> mapping() noexcept {
+  return rows;
+}
+
+void mapBeforeStart(Job& job) {
+  for (const auto& row : rows) {
+    if (!job.hasFlag(row.flag)) continue;
+    if (const auto why = reasonAgainst(job, row); !why.empty()) {
+      job.cannot(row.flag, why);
+    } else if (row.stage == beforeStart) {
+      row.map(job);
+    }
+  }
+  soundFormat(job);
+}
+
+void mapBySource(Job& job) {
+  for (const auto& row : rows) {
+    if (row.stage == bySource && job.hasFlag(row.flag) && reasonAgainst(job, row).empty()) row.map(job);
+  }
+  pixels(job);
+}
+
+}  // namespace transcoder

@@ -1,0 +1,261 @@
+#include "picture.hpp"
+
+#include <algorithm>
+#include <fstream>
+
+namespace transcoder {
+namespace {
+
+using namespace quillonic;
+
+const Encoder encoders[] = {
+    {"dnxhd",
+     {"-c:v", "dnxhd", "-profile:v", "dnxhr_hq"},
+     {{8, "yuv422p"}, {10, "yuv422p10le"}},
+     {"dnxhd", "dnxhr_lb", "dnxhr_sq", "dnxhr_hq", "dnxhr_hqx", "dnxhr_444"},
+     false,
+     true},
+    {"h264",
+     {"-c:v", "libx264"},
+     {{8, "yuv420p"}, {10, "yuv420p10le"}},
+     {"baseline", "main", "high", "high10", "high422", "high444"},
+     true,
+     true},
+    {"h265",
+     {"-c:v", "libx265", "-tag:v", "hvc1", "-x265-params", "log-level=error"},
+     {{8, "yuv420p"}, {10, "yuv420p10le"}, {12, "yuv420p12le"}},
+     {"main", "main10", "main12"},
+     true,
+     true},
+    {"mjpeg", {"-c:v", "mjpeg", "-q:v", "3", "-huffman", "optimal"}, {{8, "yuvj422p"}}, {}, false, true},
+    {"mp4", {"-c:v", "mpeg4", "-q:v", "3"}, {{8, "yuv420p"}}, {}, true, true},
+    {"prores4444",
+     {"-c:v", "prores_ks", "-profile:v", "4", "-vendor", "apl0"},
+     {{10, "yuv444p10le"}},
+     {},
+     false,
+     false},
+    {"prores4444xq",
+     {"-c:v", "prores_ks", "-profile:v", "5", "-vendor", "apl0"},
+     {{10, "yuv444p10le"}},
+     {},
+     false,
+     false},
+    {"prores422",
+     {"-c:v", "prores_ks", "-profile:v", "2", "-vendor", "apl0"},
+     {{10, "yuv422p10le"}},
+     {},
+     false,
+     false},
+    {"prores422hq",
+     {"-c:v", "prores_ks", "-profile:v", "3", "-vendor", "apl0"},
+     {{10, "yuv422p10le"}},
+     {},
+     false,
+     false},
+    {"prores422lt",
+     {"-c:v", "prores_ks", "-profile:v", "1", "-vendor", "apl0"},
+     {{10, "yuv422p10le"}},
+     {},
+     false,
+     false},
+    {"prores422proxy",
+     {"-c:v", "prores_ks", "-profile:v", "0", "-vendor", "apl0"},
+     {{10, "yuv422p10le"}},
+     {},
+     false,
+     false},
+};
+
+constexpr Container containers[] = {
+    {"qt", "mov", "mov", true, true}, {"mp4", "mp4", "mp4", true, true},   {"wav", "wav", "wav", false, true},
+    {"", "mxf", "mxf", true, true},   {"", "mjpeg", "mjpeg", true, false},
+};
+
+// Primaries, transfer curve and matrix by their numbers in ITU-T H.273.
+struct ColorNumbers {
+  std::string_view space;
+  std::string_view primaries;
+  std::string_view transfer;
+  std::string_view matrix;
+};
+constexpr ColorNumbers colorSpaces[] = {
+    {"rec_2020", "9", "14", "9"}, {"rec_709", "1", "1", "1"},  {"sRGB", "1", "13", "1"},
+    {"smpte_c", "6", "1", "6"},   {"ebu_3213", "5", "1", "6"},
+};
+
+std::filesystem::path extensionOf(const TranscodeCliArguments& settings) {
+  auto extension = settings.outputFile().value_or("").extension().native();
+  std::ranges::transform(extension, extension.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+  return extension;
+}
+
+std::string even(const std::string& expression) {
+  return "'2*round((" + expression + ")/2)'";
+}
+
+// How far a crop's corner is from the top left corner, for one of its two directions.
+std::string_view cropOffset(char first, char second, char low, char high, std::string_view spare) {
+  if (first == low || second == low) return "0";
+  return first == high || second == high ? spare : (spare == "iw-ow" ? "(iw-ow)/2" : "(ih-oh)/2");
+}
+
+}  // namespace
+
+const Container& containerFor(const TranscodeCliArguments& settings) {
+  if (const auto format = settings.fileFormat()) {
+    const bool asksForMxf = settings.videoFormat() == VAVDnxhdCodec && extensionOf(settings) == ".mxf";
+    if (!asksForMxf) return *std::ranges::find(containers, format->rawValue(), &Container::format);
+  }
+  for (const auto& container : containers) {
+    if (extensionOf(settings).native() == "." + std::string(container.extension)) return container;
+  }
+  return containers[0];
+}
+
+const Encoder* encoderFor(const TranscodeCliArguments& settings, const Container& container) {
+  if (!container.hasVideo || settings.noVideo()) return nullptr;
+  if (settings.argumentFlagValue(VAVVideoFormatFlag) == VAVCopySourceValue) return nullptr;
+  const auto fallback = container.extension == "mxf"     ? VAVDnxhdCodec
+                        : container.extension == "mjpeg" ? VAVMotionJpegCodec
+                                                         : VAVAvcH264Codec;
+  const auto codec = settings.videoFormat().value_or(fallback);
+  if (container.extension == "mp4" && !codecWithText(codec)->limits.livesInMp4) {
+    refuse("mp4 files do not hold " + std::string(codec.rawValue()) + "; -file_format qt does");
+  }
+  return std::ranges::find(encoders, codec.rawValue(), &Encoder::codec);
+}
+
+void web(Job& job) {
+  if (!job.container.format.empty() && job.container.hasVideo) {
+    job.outputWords.insert(job.outputWords.end(), {"-movflags", "+faststart"});
+  } else {
+    job.cannot(VAVPrepareForWebFlag, "the container has no such layout");
+  }
+}
+
+void videoFormat(Job& job) {
+  if (job.hasVideo && !job.encoder) job.outputWords.insert(job.outputWords.end(), {"-c:v", "copy"});
+}
+
+void videoBitRate(Job& job) {
+  if (!job.encoder) return;
+  if (!job.encoder->takesBitRate)
+    return job.cannot(VAVVideoBitRateFlag, "it follows from size and rate in this codec");
+  const auto bits = static_cast<std::int64_t>(*job.settings.videoBitRate() * 1e6);
+  job.outputWords.insert(job.outputWords.end(), {"-b:v", std::to_string(bits)});
+}
+
+void keyFrames(Job& job) {
+  if (!job.encoder) return;
+  if (!job.encoder->hasKeyFrames)
+    return job.cannot(VAVVideoKeyFramesFlag, "every frame is a key frame in this codec");
+  const auto interval = std::to_string(*job.settings.videoKeyFrames());
+  job.outputWords.insert(job.outputWords.end(), {"-g", interval, "-keyint_min", interval});
+  if (job.encoder->codec == "h265") {
+    job.outputWords.insert(job.outputWords.end(), {"-x265-params", "log-level=error:scenecut=0"});
+  } else {
+    job.outputWords.insert(job.outputWords.end(), {"-sc_threshold", "0"});
+  }
+}
+
+void profile(Job& job) {
+  if (!job.encoder) return;
+  const auto name = *job.settings.videoProfile();
+  if (job.encoder->profiles.empty()) return job.cannot(VAVVideoProfileFlag, "this codec has none to choose");
+  if (std::ranges::find(job.encoder->profiles, name) == job.encoder->profiles.end()) {
+    std::string sentence = "-vprofile: " + name + " is not one of";
+    for (const auto known : job.encoder->profiles) sentence.append(" ").append(known);
+    refuse(sentence);
+  }
+  job.outputWords.insert(job.outputWords.end(), {"-profile:v", name});
+}
+
+void gpuDecoding(Job& job) {
+  job.inputWords.insert(job.inputWords.end(), {"-hwaccel", "auto"});
+}
+
+void lut(Job& job) {
+  const auto file = *job.settings.colorLutFile();
+  std::ifstream in(file);
+  if (!in) throw CLIExitCodeError(66, "cannot read the look-up table " + file.native());
+  bool hasOneDimension = false;
+  for (std::string line; std::getline(in, line);) hasOneDimension |= line.starts_with("LUT_1D_SIZE");
+  auto extension = file.extension().native();
+  if (!std::ranges::all_of(extension,
+                           [](unsigned char c) { return c == '.' || (c < 0x80 && std::isalnum(c)); })) {
+    extension.clear();
+  }
+  job.picture[static_cast<std::size_t>(Step::lut)] =
+      (hasOneDimension ? "lut1d=file=" : "lut3d=file=") + job.folder.link(file, "lut" + extension);
+}
+
+void frameRate(Job& job) {
+  job.picture[static_cast<std::size_t>(Step::rate)] = "fps=" + job.rate().text();
+}
+
+void dimensions(Job& job) {
+  const auto size = *job.settings.videoDimensions();
+  if (size.width <= 0 || size.height <= 0 || size.width % 2 != 0 || size.height % 2 != 0) {
+    refuse("-dims: codecs take even numbers of pixels above 0");
+  }
+  const auto width = std::to_string(size.width);
+  const auto height = std::to_string(size.height);
+  const auto scaling = job.settings.videoAspectScaling().value_or(VAVLetterboxAspect);
+  auto& filter = job.picture[static_cast<std::size_t>(Step::size)];
+  const auto scaled = [&](const std::string& choice) {
+    return "scale=w=" + even(choice + "(" + width + "," + height + "*dar)") +
+           ":h=" + even(choice + "(" + height + "," + width + "/dar)");
+  };
+  if (scaling == VAVStretchAspect) {
+    filter = "scale=" + width + ":" + height;
+  } else if (scaling == VAVCropAspect) {
+    const std::string anchor(job.settings.videoAspectCropAnchor().value_or(VAVAnchorCenter).rawValue());
+    const char first = anchor[0];
+    const char second = anchor.back();
+    filter = scaled("max") + ",crop=" + width + ":" + height + ":" +
+             std::string(cropOffset(anchor.size() == 2 ? second : 'c', 'c', 'l', 'r', "iw-ow")) + ":" +
+             std::string(cropOffset(first, 'c', 't', 'b', "ih-oh"));
+  } else {
+    filter = scaled("min");
+    if (scaling == VAVLetterboxAspect) filter += ",pad=" + width + ":" + height + ":(ow-iw)/2:(oh-ih)/2";
+  }
+  filter += ",setsar=1";
+}
+
+void bitDepth(Job& job) {
+  if (!job.encoder) return;
+  const auto bits = *job.settings.videoBitDepth();
+  if (std::ranges::find(job.encoder->depths, bits, &Encoder::Depth::bits) == job.encoder->depths.end()) {
+    job.cannot(VAVVideoBitDepthFlag,
+               "the encoder has " + std::to_string(job.encoder->depths[0].bits) + " bits");
+  }
+}
+
+void colorSpace(Job& job) {
+  const auto space = job.settings.videoColorSpace()->rawValue();
+  const auto& to = *std::ranges::find(colorSpaces, space, &ColorNumbers::space);
+  // Files without tags are taken for what their height suggests.
+  const auto& source = job.source();
+  const auto& from = colorSpaces[source.height >= 720 ? 1 : 3];
+  std::string filter = "zscale=p=" + std::string(to.primaries) + ":t=" + std::string(to.transfer) +
+                       ":m=" + std::string(to.matrix);
+  if (!source.knowsPrimaries) filter.append(":pin=").append(from.primaries);
+  if (!source.knowsTransfer) filter.append(":tin=").append(from.transfer);
+  if (!source.knowsMatrix) filter.append(":min=").append(from.matrix);
+  job.picture[static_cast<std::size_t>(Step::color)] = filter;
+}
+
+void pixels(Job& job) {
+  if (!job.encoder) return;
+  const auto& depths = job.encoder->depths;
+  const auto chosen =
+      std::ranges::find(depths, job.settings.videoBitDepth().value_or(0), &Encoder::Depth::bits);
+  const auto format = (chosen == depths.end() ? depths.front() : *chosen).pixels;
+  // Colour samples are shared by two pixels in most formats, so an odd row or column cannot be written.
+  job.picture[static_cast<std::size_t>(Step::pixels)] =
+      "format=" + std::string(format) + ",crop=trunc(iw/2)*2:trunc(ih/2)*2:0:0";
+}
+
+}  // namespace transcoder

@@ -1,0 +1,26 @@
+// The picture's settings: codec, size, rate, colours.
+#pragma once
+
+#include "job.hpp"
+
+namespace transcoder {
+
+const Container& containerFor(const quillonic::TranscodeCliArguments& settings);
+const Encoder* encoderFor(const quillonic::TranscodeCliArguments& settings, const Container& container);
+
+void web(Job& job);
+void videoFormat(Job& job);
+void videoBitRate(Job& job);
+void keyFrames(Job& job);
+void profile(Job& job);
+void gpuDecoding(Job& job);
+
+void lut(Job& job);
+void frameRate(Job& job);
+void dimensions(Job& job);
+void bitDepth(Job& job);
+void colorSpace(Job& job);
+// The format of the pixels that the encoder gets, whatever the source has.
+void pixels(Job& job);
+
+}  // namespace transcoder

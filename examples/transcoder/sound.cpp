@@ -1,0 +1,97 @@
+#include "sound.hpp"
+
+#include <algorithm>
+
+namespace transcoder {
+namespace {
+
+using namespace quillonic;
+
+struct Layout {
+  std::string_view value;
+  std::string_view name;
+  std::int64_t channels;
+};
+constexpr Layout layouts[] = {{"mono", "mono", 1}, {"stereo", "stereo", 2}, {"quad", "quad", 4},
+                              {"pent", "5.0", 5},  {"hex", "5.1", 6},       {"oct", "7.1", 8}};
+
+const Layout* layout(const Job& job) {
+  const auto value = job.settings.audioChannelLayout();
+  return value ? std::ranges::find(layouts, value->rawValue(), &Layout::value) : nullptr;
+}
+
+struct Sample {
+  std::int64_t bits;
+  std::string_view pcm;
+  std::string_view lossless;  // the sample format of Apple Lossless
+};
+constexpr Sample samples[] = {
+    {16, "pcm_s16le", "s16p"}, {24, "pcm_s24le", "s32p"}, {32, "pcm_s32le", ""}, {8, "pcm_u8", ""}};
+
+}  // namespace
+
+std::string layoutName(const Job& job) {
+  return layout(job) ? std::string(layout(job)->name) : std::string();
+}
+
+std::int64_t discreteChannels(Job& job, const child::AudioTrack& track) {
+  return layout(job) ? layout(job)->channels : track.channels;
+}
+
+void copyAudio(Job& job) {
+  if (job.isJoined()) refuse("-acopy copies one file's tracks: it does not join files or part channels");
+  for (const std::string_view flag :
+       {VAVAudioFormatFlag.cliFlag(), VAVAudioBitsPerChannelFlag.cliFlag(), VAVAudioSampleRateFlag.cliFlag(),
+        VAVAudioChannelLayoutFlag.cliFlag(), VAVAudioBitRateFlag.cliFlag()}) {
+    if (job.hasFlag(flag)) job.cannot(flag, "copied audio stays as it is");
+  }
+}
+
+void sampleRate(Job& job) {
+  if (!job.settings.copyAudio())
+    job.outputWords.insert(job.outputWords.end(), {"-ar", std::to_string(*job.settings.audioSampleRate())});
+}
+
+void audioBitRate(Job& job) {
+  if (job.settings.copyAudio()) return;
+  if (job.settings.audioFormat() != VAVAacAudioFormatValue)
+    return job.cannot(VAVAudioBitRateFlag, "only aac takes one");
+  job.outputWords.insert(job.outputWords.end(), {"-b:a", std::to_string(*job.settings.audioBitRate()) + "k"});
+}
+
+void soundFormat(Job& job) {
+  if (!job.hasAudio) return;
+  auto& words = job.outputWords;
+  if (job.settings.copyAudio() || job.settings.argumentFlagValue(VAVAudioFormatFlag) == VAVCopySourceValue) {
+    words.insert(words.end(), {"-c:a", "copy"});
+    return;
+  }
+  const auto* family = job.encoder ? codecWithText(job.encoder->codec) : nullptr;
+  const bool forEditing =
+      !family || family->family == CodecFamily::proRes || family->family == CodecFamily::avidDNx;
+  const auto fallback =
+      job.container.extension == "mp4" || !forEditing ? VAVAacAudioFormatValue : VAVLpcmAudioFormatValue;
+  const auto codec = job.settings.audioFormat().value_or(fallback);
+  const auto& extension = job.container.extension;
+  if (codec == VAVLpcmAudioFormatValue ? extension == "mp4" : extension == "wav" || extension == "mxf") {
+    refuse(std::string(extension) + " files do not hold " + std::string(codec.rawValue()));
+  }
+
+  const auto bits = job.settings.audioBitsPerChannel();
+  const auto sample = std::ranges::find(samples, bits.value_or(16), &Sample::bits);
+  const bool isLossless = codec == VAVAppleLosslessAudioFormatValue;
+  const bool isPossible = sample != std::end(samples) && (!isLossless || !sample->lossless.empty());
+  if (bits && (!isPossible || codec == VAVAacAudioFormatValue)) {
+    job.cannot(VAVAudioBitsPerChannelFlag, "the audio codec does not have that many bits");
+  }
+  const auto& chosen = isPossible ? *sample : samples[0];
+  if (codec == VAVAacAudioFormatValue) words.insert(words.end(), {"-c:a", "aac"});
+  if (codec == VAVLpcmAudioFormatValue) words.insert(words.end(), {"-c:a", std::string(chosen.pcm)});
+  if (isLossless) words.insert(words.end(), {"-c:a", "alac", "-sample_fmt", std::string(chosen.lossless)});
+  // The only rate that mxf files have.
+  if (extension == "mxf" && !job.settings.audioSampleRate()) words.insert(words.end(), {"-ar", "48000"});
+  if (!job.settings.discreteAudio() && layout(job))
+    job.sound.push_back("aformat=channel_layouts=" + layoutName(job));
+}
+
+}  // namespace transcoder
