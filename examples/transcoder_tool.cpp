@@ -7,16 +7,13 @@
 // appears when it is complete. Exit statuses: 64 for settings that cannot be, 66 for an unreadable input, 69
 // where ffmpeg is missing, 70 when ffmpeg fails, 73 for an output that cannot be written.
 
-#include <quillonic/time.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
-#include <array>
 #include <filesystem>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,29 +25,10 @@ using namespace quillonic;
 
 namespace {
 
-constexpr int badUsage = 64;
 constexpr int noFfmpeg = 69;
 
-// A text as one line: a file name may hold line breaks and other control characters.
-std::string printable(std::string_view text) {
-  std::ostringstream line;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '\\') {
-      line << "\\\\";
-    } else if (c == '\n') {
-      line << "\\n";
-    } else if (byte < 0x20 || byte == 0x7F) {
-      line << "\\x" << std::hex << std::setw(2) << std::setfill('0') << static_cast<int>(byte) << std::dec;
-    } else {
-      line << c;
-    }
-  }
-  return line.str();
-}
-
 template <class Value> void printValues() {
-  for (const auto& value : allCases<Value>()) std::cout << value.rawValue() << '\n';
+  for (const auto& value : allCases<Value>()) std::cout << value << '\n';
 }
 
 constexpr int helpColumn = 29;
@@ -59,8 +37,11 @@ template <class Flag> void printFlags(std::string_view family) {
   std::cout << family << '\n';
   for (const auto& flag : allCases<Flag>()) {
     std::cout << "  " << std::left << std::setw(helpColumn)
-              << std::string(flag.cliFlag()).append(" ").append(rawValue(flag.valueKind())) << flag.meaning()
-              << '\n';
+              << std::string(flag).append(" ").append(rawValue(flag.valueKind())) << flag.meaning() << '\n';
+    if (flag.fixedValues().empty()) continue;
+    std::cout << std::setw(helpColumn + 1) << "";
+    for (const auto value : flag.fixedValues()) std::cout << ' ' << value;
+    std::cout << '\n';
   }
 }
 
@@ -77,58 +58,53 @@ void printHelp() {
 
 void printPresets() {
   for (const auto preset : allCases<TranscodeCliPreset>()) {
-    std::cout << presetCliValue(preset).rawValue() << " (" << description(preset) << ")\n";
+    std::cout << presetCliValue(preset) << " (" << description(preset) << ")\n";
   }
 }
 
-struct Command {
-  const VAVTranscodeCliCommand& flag;
-  void (*print)();
-};
+using Command = CaseOf<VAVTranscodeCliCommand>;
 
-constexpr auto commands = std::to_array<Command>({
-    {VAVCliHelpFlag, printHelp},
-    {VAVCliCodecsFlag, printValues<VAVTranscodeArgumentVideoCodecValue>},
-    {VAVCliFormatsFlag, printValues<VAVTranscodeArgumentFileFormatValue>},
-    {VAVCliVersionFlag, [] { std::cout << "transcoder_tool " TOOL_VERSION "\n"; }},
-    {VAVCliAcknowledgementFlag, [] { std::cout << "Built on Quillonic and the C++ standard library.\n"; }},
-    {VAVCliPresetsFlag, printPresets},
-    {VAVCliAspectRatioScalingsFlag, printValues<VAVTranscodeArgumentAspectRatioValue>},
-    {VAVCliCropAnchorsFlag, printValues<VAVTranscodeArgumentOverlayAnchorValue>},
-    {VAVCliColorSpacesFlag, printValues<VAVTranscodeArgumentColorSpaceValue>},
-    {VAVCliAudioChannelLayoutsFlag, printValues<VAVTranscodeArgumentAudioChannelLayoutValue>},
-    {VAVCliTimecodeBurnAnchorsFlag, printValues<VAVTranscodeArgumentOverlayAnchorValue>},
-    {VAVCliGpuPlatformsFlag,
-     [] {
-       for (const auto platform : VAVGpuPlatforms) std::cout << platform << '\n';
-     }},
-});
-static_assert(commands.size() == VAVTranscodeCliCommand::allCases().size(), "every command is handled");
-
-// Splits off the flags that a parent adds for every child, which the transcoder's model does not know.
-std::vector<std::string_view> withoutCustodialFlags(ArgumentWords words, pid_t& parent) {
-  constexpr auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
-  const CLIArgumentSanitizer sanitizer(sanitizeAllCLIFlags<CLICustodialFlag>(form), form);
-  auto [custodial, rest] = sanitizer.splitByValidity(words);
-  sanitizer.enumerateSanitizedCLIEntries(
-      custodial, [=](std::string_view) { return form; },
-      [&](std::string_view flag, std::optional<std::string_view> value) {
-        if (flag == form.sanitize(cliFlag(CLICustodialFlag::parentPid)))
-          parent = std::atoi(std::string(value.value_or("")).c_str());
-      },
-      [](std::string_view, std::optional<std::string_view>) {});
-  return std::move(rest);
+// The compiler warns when the vocabulary has another command.
+void print(Command command) {
+  switch (command) {
+    case Command::cliHelpFlag:
+      return printHelp();
+    case Command::cliCodecsFlag:
+      return printValues<VAVTranscodeArgumentVideoCodecValue>();
+    case Command::cliFormatsFlag:
+      return printValues<VAVTranscodeArgumentFileFormatValue>();
+    case Command::cliVersionFlag:
+      std::cout << "transcoder_tool " TOOL_VERSION "\n";
+      return;
+    case Command::cliAcknowledgementFlag:
+      std::cout << "Built on Quillonic, the C++ standard library and JSON for Modern C++. Runs ffmpeg.\n";
+      return;
+    case Command::cliPresetsFlag:
+      return printPresets();
+    case Command::cliAspectRatioScalingsFlag:
+      return printValues<VAVTranscodeArgumentAspectRatioValue>();
+    case Command::cliColorSpacesFlag:
+      return printValues<VAVTranscodeArgumentColorSpaceValue>();
+    case Command::cliAudioChannelLayoutsFlag:
+      return printValues<VAVTranscodeArgumentAudioChannelLayoutValue>();
+    case Command::cliCropAnchorsFlag:
+    case Command::cliTimecodeBurnAnchorsFlag:
+      return printValues<VAVTranscodeArgumentOverlayAnchorValue>();
+    case Command::cliGpuPlatformsFlag:
+      for (const auto platform : VAVGpuPlatforms) std::cout << platform << '\n';
+      return;
+  }
 }
 
-// The settings, on top of those of a preset.
-TranscodeCliArguments withPreset(TranscodeCliArguments settings) {
-  for (const auto preset : allCases<TranscodeCliPreset>()) {
-    if (settings.preset() != presetCliValue(preset)) continue;
-    auto all = presetArguments(preset);
-    for (const auto& [flag, value] : settings.flagValueLookup()) all.insert_or_assign(flag, value);
-    return TranscodeCliArguments::fromArgumentLookup(all);
+// Ends the tool with a sentence for each setting that it cannot use. "copy" is no codec, but can be asked for.
+void check(const TranscodeCliArguments& settings) {
+  std::string refused;
+  for (const auto& problem : settings.problems()) {
+    const bool isCopy = problem.value == VAVCopySourceValue &&
+                        (problem.flag == VAVVideoFormatFlag || problem.flag == VAVAudioFormatFlag);
+    if (!isCopy) refused.append("\n  ").append(problem.description());
   }
-  return settings;
+  if (!refused.empty()) transcoder::refuse("cannot use these settings" + refused);
 }
 
 // Writes progress lines to standard output, after the prefix, and to the progress file.
@@ -151,20 +127,17 @@ class ProgressLines {
 };
 
 void run(ArgumentWords words) {
-  pid_t parent = 0;
-  const auto rest = withoutCustodialFlags(words, parent);
-  child::watch(parent);
-  const auto settings = withPreset(TranscodeCliArguments(rest, true));
-
-  if (const auto unknown = settings.unknownFlags()) {
-    std::string message = "unknown flags:";
-    for (const auto& flag : *unknown) message.append(" ").append(flag);
-    throw CLIExitCodeError(badUsage, message);
+  const auto [parent, rest] = CLICustodialOptions::read(words);
+  child::watch(parent ? parent->parentProcessId : 0);
+  TranscodeCliArguments settings(rest, true);
+  check(settings);
+  for (const auto& command : VAVTranscodeCliCommand::allCases()) {
+    if (settings.hasArgumentFlag(command)) return print(*command.listedCase());
   }
-  for (const auto& [flag, print] : commands) {
-    if (settings.hasArgumentFlag(flag)) return print();
-  }
-  if (!settings.outputFile()) transcoder::refuse("an input file and an output file are needed");
+  if (const auto name = settings.preset())
+    settings.apply(*presetWithCliValue(*name), ApplyLayer::belowWhatIsSet);
+  if (settings.inputFilePaths().empty() || !settings.outputFile())
+    transcoder::refuse("an input file and an output file are needed");
 
   const child::PrivateFolder folder(
       settings.workDirectory().value_or(std::filesystem::temp_directory_path()));
@@ -176,23 +149,21 @@ void run(ArgumentWords words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto say = [](std::string_view sentence) {
+  const auto end = [](const std::string& sentence, int status) {
     std::cout.flush();
-    std::cerr << "transcoder_tool: " << printable(sentence) << '\n';
+    std::cerr << "transcoder_tool: " << sentence << '\n';
+    return status;
   };
   try {
     run(ArgumentWords::fromMain(argc, argv));
     return 0;
   } catch (const CLIExitCodeError& error) {
-    say(error.what());
-    return error.exitStatus();
+    return end(error.what(), error.exitStatus());
   } catch (const child::MissingProgram& program) {
-    say(std::string(program.what()) + " is missing: install the package ffmpeg");
-    return noFfmpeg;
+    return end(std::string(program.what()) + " is missing: install the package ffmpeg", noFfmpeg);
   } catch (const child::Interrupted& interrupted) {
     child::endBy(interrupted.signal);
   } catch (const std::exception& error) {
-    say(error.what());
-    return 1;
+    return end(error.what(), 1);
   }
 }

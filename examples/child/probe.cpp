@@ -1,5 +1,7 @@
 #include "probe.hpp"
 
+#include <quillonic/time.hpp>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -102,13 +104,8 @@ Program ffprobe(const PrivateFolder& folder, const std::string& file, bool count
 }  // namespace
 
 Rate Rate::fromNumber(double perSecond) {
-  const auto nominal = std::round(perSecond);
-  for (const double slow : {24.0, 30.0, 48.0, 60.0, 120.0}) {
-    const double exact = slow * 1000 / 1001;
-    // 23.967 is what stored presets have for it.
-    if (std::abs(perSecond - exact) < 0.011) return {static_cast<std::int64_t>(slow) * 1000, 1001};
-  }
-  if (std::abs(perSecond - nominal) < 0.001) return {static_cast<std::int64_t>(nominal), 1};
+  if (const auto rate = quillonic::TimecodeRate::fromDecimal(perSecond))
+    return {rate->numerator(), rate->denominator()};
   return {static_cast<std::int64_t>(std::round(perSecond * 1000)), 1000};
 }
 
@@ -122,6 +119,7 @@ const Media& Probe::media() {
     if (result.status != 0 || !found.is_object() || found.value("streams", json::array()).empty()) {
       throw UnreadableMedia(result.errors.empty() ? "no media in it" : result.errors);
     }
+    damage_ = result.errors;
     media_ = read(std::move(found));
   }
   return *media_;

@@ -18,11 +18,9 @@ struct Rate {
   std::int64_t seconds = 1;
 
   double perSecond() const { return static_cast<double>(frames) / static_cast<double>(seconds); }
-  // What a second of timecode has: 30 for 29.97.
-  std::int64_t nominal() const { return (frames + seconds / 2) / seconds; }
-  // Whether it is 29.97 or a multiple of it, for which drop frame was made.
-  bool mayDropFrames() const { return seconds == 1001 && nominal() % 30 == 0; }
   std::string text() const { return std::to_string(frames) + "/" + std::to_string(seconds); }
+
+  friend bool operator==(const Rate&, const Rate&) = default;
 
   // Takes a rounded number such as 23.98 for the broadcast rate that it means.
   static Rate fromNumber(double perSecond);
@@ -60,10 +58,13 @@ class Probe {
   Probe(const PrivateFolder& folder, const std::string& file, bool countFrames = false);
   // Throws UnreadableMedia with ffprobe's own words.
   const Media& media();
+  // What ffprobe said of damage in a file that can be read all the same; empty if nothing.
+  const std::string& damage() const { return damage_; }
 
  private:
   Child child_;
   std::optional<Media> media_;
+  std::string damage_;
 };
 
 }  // namespace child

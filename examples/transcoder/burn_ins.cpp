@@ -13,21 +13,21 @@ namespace {
 using namespace quillonic;
 
 // A place in the frame as the options x and y of a filter. Something is a fortieth of the height off the edge.
-std::string place(std::string_view anchor, const std::string& width, const std::string& height,
-                  const std::string& ownWidth, const std::string& ownHeight) {
-  const auto along = [&](char low, char high, const std::string& size, const std::string& own) {
-    const auto margin = height + "/40";
-    if (anchor[0] == low || anchor.back() == low) return margin;
-    if (anchor[0] == high || anchor.back() == high) return size + "-" + own + "-" + margin;
-    return "(" + size + "-" + own + ")/2";
+std::string place(const VAVTranscodeArgumentOverlayAnchorValue& anchor, const std::string& width,
+                  const std::string& height, const std::string& ownWidth, const std::string& ownHeight) {
+  const auto along = [&](int position, const std::string& size, const std::string& own) {
+    const std::string places[] = {height + "/40", "(" + size + "-" + own + ")/2",
+                                  size + "-" + own + "-" + height + "/40"};
+    return places[position];
   };
-  return "x=" + along('l', 'r', width, ownWidth) + ":y=" + along('t', 'b', height, ownHeight);
+  return "x=" + along(static_cast<int>(*anchorColumn(anchor)), width, ownWidth) +
+         ":y=" + along(static_cast<int>(*anchorRow(anchor)), height, ownHeight);
 }
 
 std::string hex(const Color& color) {
-  const auto rgb = color.rgbComponents().value_or(Color::RgbComponents{});
+  const auto rgb = color.outOf255().value_or(Color::RgbComponents{});
   const auto byte = [](double part) {
-    return static_cast<unsigned>(std::clamp(std::round(part * 255), 0.0, 255.0));
+    return static_cast<unsigned>(std::clamp(std::round(part), 0.0, 255.0));
   };
   char text[16];
   std::snprintf(text, sizeof text, "0x%02x%02x%02x", byte(rgb.red), byte(rgb.green), byte(rgb.blue));
@@ -36,7 +36,7 @@ std::string hex(const Color& color) {
 
 // How a burnt-in text looks.
 struct Style {
-  std::string_view anchor;
+  VAVTranscodeArgumentOverlayAnchorValue anchor;
   std::optional<std::int64_t> size;
   std::optional<Color> font;
   std::optional<Color> box;
@@ -53,7 +53,7 @@ std::string drawtext(const std::string& what, const Style& style) {
 }
 
 // When the first input was made, as a time of day here.
-TimecodeComponents creationTimecode(Job& job, const child::Rate& rate) {
+TimecodeComponents creationTimecode(Job& job, const TimecodeRate& rate) {
   std::time_t seconds = 0;
   double fraction = 0;
   std::tm parts{};
@@ -71,26 +71,25 @@ TimecodeComponents creationTimecode(Job& job, const child::Rate& rate) {
   }
   localtime_r(&seconds, &parts);
   return {parts.tm_hour, parts.tm_min, std::min(parts.tm_sec, 59),
-          static_cast<std::int64_t>(fraction * static_cast<double>(rate.nominal())), false};
+          static_cast<std::int64_t>(fraction * static_cast<double>(rate.count())), false};
 }
 
 // The timecode of the first frame.
 TimecodeComponents startOf(Job& job) {
-  const auto rate = job.rate();
+  const auto rate = job.timecodeRate();
   const auto source = job.settings.timecodeSource().value_or(TimecodeSource::match);
   TimecodeComponents start;
   if (source == TimecodeSource::custom) {
-    const auto text = job.settings.timecode().value_or("");
-    const auto read = TimecodeComponents::fromTimecode(text);
-    if (!read) refuse("-tc_custom: " + text + " is no timecode such as 01:00:00:00");
-    start = *read;
+    start = job.settings.timecodeComponents().value();  // readable, or the tool would not have begun
   } else if (source == TimecodeSource::creationDate) {
     start = creationTimecode(job, rate);
   } else if (const auto& text = job.source().timecode) {
     start = TimecodeComponents::sanitizedTimecode(*text);
     // Another rate counts other frames: frame 12 of 25 comes as late in its second as frame 24 of 50.
-    const auto nominal = job.source().rate.nominal();
-    if (nominal > 0) start.frames = start.frames * rate.nominal() / nominal;
+    const auto& counted = job.source().rate;
+    if (const auto original = TimecodeRate::fromFraction(counted.frames, counted.seconds)) {
+      start.frames = start.frames * rate.count() / original->count();
+    }
     start.isDropFrame = start.isDropFrame && rate.mayDropFrames();
   } else if (job.settings.timecodeMatchSource()) {
     job.cannot(VAVTimecodeMatchSourceFlag, "the source has no timecode, so it starts at zero");
@@ -98,21 +97,14 @@ TimecodeComponents startOf(Job& job) {
 
   start.isDropFrame = start.isDropFrame || job.settings.timecodeIsDropFrame();
   if (start.isDropFrame && !rate.mayDropFrames()) {
-    refuse("drop frame needs 29.97 or 59.94 frames per second, not " + std::to_string(rate.perSecond()));
+    refuse("drop frame needs 29.97 or 59.94 frames per second, not " + std::to_string(rate.decimal()));
   }
-  // Drop frame skips the first numbers of each minute but every tenth.
-  const auto dropped = rate.nominal() / 15;
-  const bool isSkipped =
-      start.isDropFrame && start.seconds == 0 && start.minutes % 10 != 0 && start.frames < dropped;
+  if (rate.frameNumber(start)) return start;
   if (source == TimecodeSource::custom) {
-    const bool isInRange = start.minutes < 60 && start.seconds < 60 && start.frames < rate.nominal();
-    if (!isInRange || isSkipped) {
-      refuse("-tc_custom: there is no " + start.timecodeString() + " at " + std::to_string(rate.nominal()) +
-             " frames per second");
-    }
-  } else if (isSkipped) {
-    start.frames = dropped;
+    refuse("-tc_custom: " + start.timecodeString() + " is never counted at " +
+           std::to_string(rate.decimal()) + " frames per second");
   }
+  start.frames = rate.count() / 15;  // the first number after those that drop frame skips
   return start;
 }
 
@@ -133,18 +125,18 @@ void timecodeTrack(Job& job) {
     // Broadcast wave files count samples since midnight.
     const auto samples = job.settings.audioSampleRate().value_or(
         job.source().audio.empty() ? 48000 : job.source().audio[0].sampleRate);
-    const auto rate = job.rate();
-    const auto frames =
-        ((first.hours * 60 + first.minutes) * 60 + first.seconds) * rate.nominal() + first.frames;
-    job.metadata += "time_reference=" + std::to_string(frames * rate.seconds * samples / rate.frames) + "\n";
+    const auto rate = job.timecodeRate();
+    const auto frames = rate.frameNumber(first).value();
+    const auto reference = frames * rate.denominator() * samples / rate.numerator();
+    job.metadata += "time_reference=" + std::to_string(reference) + "\n";
   }
 }
 
 void timecodeRate(Job& job) {
   const auto wanted = child::Rate::fromNumber(*job.settings.timecodeFrameRate());
-  if (std::abs(wanted.perSecond() - job.rate().perSecond()) > 0.001) {
-    job.cannot(VAVTimecodeFrameRateFlag, "the timecode counts the frames of the video, " +
-                                             std::to_string(job.rate().perSecond()) + " per second");
+  if (wanted != job.rate()) {
+    job.cannot(VAVTimecodeFrameRateFlag,
+               "the timecode counts the frames of the video, " + job.rate().text() + " per second");
   }
 }
 
@@ -156,10 +148,10 @@ void burnTimecode(Job& job) {
   const auto rate = job.rate().text();
   // Frames are counted, so each must last as long as the others.
   job.picture[static_cast<std::size_t>(Step::rate)] = "fps=" + rate;
-  job.picture[static_cast<std::size_t>(Step::timecode)] = drawtext(
-      "font=monospace:timecode='" + text + "':rate=" + rate,
-      {anchor ? anchor->rawValue() : VAVAnchorBottomCenter.rawValue(), settings.timecodeBurnFontSize(),
-       settings.timecodeBurnFontColor(), settings.timecodeBurnBoxColor(), "black@0.5"});
+  job.picture[static_cast<std::size_t>(Step::timecode)] =
+      drawtext("font=monospace:timecode='" + text + "':rate=" + rate,
+               {anchor ? anchor->anchorArgument : VAVAnchorBottomCenter, settings.timecodeBurnFontSize(),
+                settings.timecodeBurnFontColor(), settings.timecodeBurnBoxColor(), "black@0.5"});
 }
 
 void burnImage(Job& job) {
@@ -181,7 +173,7 @@ void burnImage(Job& job) {
   job.picture[static_cast<std::size_t>(Step::image)] =
       "null[under];movie=" + job.folder.link(file, "image") + ",scale=iw*" + factor + ":ih*" + factor +
       ",format=rgba[image];[under][image]overlay=format=" + kind + ":" +
-      place(anchor ? anchor->rawValue() : VAVAnchorTopRight.rawValue(), "W", "H", "w", "h");
+      place(anchor ? anchor->anchorArgument : VAVAnchorTopRight, "W", "H", "w", "h");
 }
 
 void burnText(Job& job) {
@@ -195,7 +187,7 @@ void burnText(Job& job) {
   const auto& settings = job.settings;
   job.picture[static_cast<std::size_t>(Step::text)] =
       drawtext("textfile=" + job.folder.write("text", text) + ":expansion=none",
-               {settings.watermarkTextBurnAnchor().value_or(VAVAnchorBottomRight).rawValue(),
+               {settings.watermarkTextBurnAnchor().value_or(VAVAnchorBottomRight),
                 settings.watermarkTextBurnFontSize(), settings.watermarkTextBurnFontColor(),
                 settings.watermarkTextBurnBoxColor(), ""});
 }

@@ -41,7 +41,6 @@ std::vector<Input> inputsOf(const TranscodeCliArguments& settings, const child::
     for (const auto file : files) add(file, groups);
     ++groups;
   });
-  if (inputs.empty()) refuse("an input file and an output file are needed");
   return inputs;
 }
 
@@ -83,6 +82,12 @@ child::Rate Job::rate() {
   if (const auto counted = settings.timecodeFrameRate(); counted && *counted > 0)
     return child::Rate::fromNumber(*counted);
   refuse("the source has no frame rate; give one with -vr or -tc_rate");
+}
+
+TimecodeRate Job::timecodeRate() {
+  const auto counted = rate();
+  if (const auto result = TimecodeRate::fromFraction(counted.frames, counted.seconds)) return *result;
+  refuse("no timecode counts " + std::to_string(counted.perSecond()) + " frames per second");
 }
 
 void Job::cannot(std::string_view flag, std::string_view why) {

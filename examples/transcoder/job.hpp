@@ -60,6 +60,7 @@ struct Job {
   const child::Media& media(std::size_t input);
   double duration();   // of the whole output, in seconds
   child::Rate rate();  // of the output
+  quillonic::TimecodeRate timecodeRate();
   bool hasFlag(std::string_view flag) const { return settings.hasArgumentFlag(flag); }
   // One ffmpeg run does everything; several inputs, and channels of their own, need its larger kind of graph.
   bool isJoined() const { return inputs.size() > 1 || settings.discreteAudio(); }

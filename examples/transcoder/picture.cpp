@@ -95,12 +95,6 @@ std::string even(const std::string& expression) {
   return "'2*round((" + expression + ")/2)'";
 }
 
-// How far a crop's corner is from the top left corner, for one of its two directions.
-std::string_view cropOffset(char first, char second, char low, char high, std::string_view spare) {
-  if (first == low || second == low) return "0";
-  return first == high || second == high ? spare : (spare == "iw-ow" ? "(iw-ow)/2" : "(ih-oh)/2");
-}
-
 }  // namespace
 
 const Container& containerFor(const TranscodeCliArguments& settings) {
@@ -211,12 +205,10 @@ void dimensions(Job& job) {
   if (scaling == VAVStretchAspect) {
     filter = "scale=" + width + ":" + height;
   } else if (scaling == VAVCropAspect) {
-    const std::string anchor(job.settings.videoAspectCropAnchor().value_or(VAVAnchorCenter).rawValue());
-    const char first = anchor[0];
-    const char second = anchor.back();
-    filter = scaled("max") + ",crop=" + width + ":" + height + ":" +
-             std::string(cropOffset(anchor.size() == 2 ? second : 'c', 'c', 'l', 'r', "iw-ow")) + ":" +
-             std::string(cropOffset(first, 'c', 't', 'b', "ih-oh"));
+    const auto anchor = job.settings.videoAspectCropAnchor().value_or(VAVAnchorCenter);
+    filter = scaled("max") + ",crop=" + width + ":" + height + ":(iw-ow)*" +
+             std::to_string(static_cast<int>(*anchor.column())) + "/2:(ih-oh)*" +
+             std::to_string(static_cast<int>(*anchor.row())) + "/2";
   } else {
     filter = scaled("min");
     if (scaling == VAVLetterboxAspect) filter += ",pad=" + width + ":" + height + ":(ow-iw)/2:(oh-ih)/2";
