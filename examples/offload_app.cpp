@@ -1,180 +1,227 @@
-// A parent application. It builds a transcoder command line from a preset, starts the transcoder tool as a
-// child process with exactly that list and shows its progress. Then it compares the output with its source,
-// and starts the media-analysis tool on it.
+// A parent application. From the files of a card it makes a copy for review and one for editing, by two
+// transcoder tools that run side by side, and then has the media-analysis tool look at both. It shows one
+// progress bar a job; Ctrl-C ends the children too.
 //
-//     offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER FILE...
+//     offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...
 
 #include <quillonic/filesystem.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
 #include <algorithm>
-#include <cstdio>
-#include <fcntl.h>
+#include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <spawn.h>
-#include <stdexcept>
+#include <list>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
 #include <vector>
 
-using namespace quillonic;
+#include "child.hpp"
 
 namespace {
 
+using namespace quillonic;
+using Path = std::filesystem::path;
+
 constexpr std::string_view progressPrefix = "progress:";
+constexpr int thisApplication = 7;
 
-TranscodeCliArguments settingsFor(const std::vector<std::filesystem::path>& files,
-                                  const std::filesystem::path& output) {
+struct Job {
+  std::string name;
+  Path program;
+  std::vector<std::string> words;
+};
+
+// What both copies have in common.
+TranscodeCliArguments common(const std::vector<Path>& files) {
   TranscodeCliArguments settings;
-
   // For example, the first half was shot in the morning and the rest after lunch.
   const auto middle = files.begin() + static_cast<std::ptrdiff_t>((files.size() + 1) / 2);
   settings.setInputFileGroup(0, {files.begin(), middle});
   settings.setInputFileGroup(1, {middle, files.end()});
-
-  settings.setOutputFile(output);
-  settings.setProgressFile(std::filesystem::path(output).replace_extension("progress"));
   settings.setProgressOutputPrefix(progressPrefix);
-
-  settings.setTimecodeIsDropFrame(true);
-  settings.setTimecode(TimecodeComponents{.hours = 1});
-  settings.setTimecodeAddBurn(true);
-  settings.setTimecodeBurnFontColor(Color::rgb(0.9, 0.9, 0.9));
-  settings.setTimecodeBurnBoxColor(Color::grey(0.1));
-  settings.setWatermarkTextAddBurn(true);
-  settings.setWatermarkTextBurnText("for review only");
-  settings.setWatermarkTextBurnAnchor(VAVAnchorBottomRight);
-  settings.setWatermarkTextBurnFontColor(Color::cmyk(0, 0.2, 0.8, 0));
-
-  settings.apply(TranscodeCliPreset::vantiroCloud, ApplyLayer::belowWhatIsSet);
-  for (const auto& problem : settings.problems()) throw std::invalid_argument(problem.description());
+  settings.setTimecodeSource(TimecodeSource::match);
+  settings.setTimecodeAddTrack(true);
   return settings;
 }
 
-// The child's words: the settings, and then its parent.
-std::vector<std::string> wordsOf(const CliArgumentStore& settings) {
-  constexpr int thisApplication = 7;
-  auto words = settings.launchArguments();
-  CLICustodialOptions(getpid(), thisApplication).appendTo(words);
-  return words;
+TranscodeCliArguments forReview(const TranscodeCliArguments& common, const std::optional<Path>& watermark) {
+  auto settings = common.clone();
+  settings.apply(TranscodeCliPreset::vantiroCloud, ApplyLayer::aboveWhatIsSet);
+  settings.setVideoAspectScaling(VAVLetterboxAspect);
+  settings.setTimecodeAddBurn(true);
+  settings.setTimecodeBurnFontColor(Color::rgb255(255, 255, 255));
+  settings.setTimecodeBurnBoxColor(Color::grey(0.1));
+  settings.setWatermarkTextAddBurn(true);
+  settings.setWatermarkTextBurnText("for review only");
+  settings.setWatermarkTextBurnAnchor(VAVAnchorTopLeft);
+  settings.setWatermarkTextBurnFontColor(Color::cmyk(0, 0.2, 0.8, 0));
+  settings.setWatermarkFileBurnFilePath(watermark);
+  if (watermark) settings.setWatermarkFileBurnAnchor(VAVAnchorTopRight);
+  return settings;
 }
 
-void check(int error, const char* what) {
-  if (error != 0) throw std::system_error(error, std::generic_category(), what);
+TranscodeCliArguments forEditing(const TranscodeCliArguments& common) {
+  auto settings = common.clone();
+  settings.setFileFormat(VAVQuickTimeFileFormat);
+  settings.setVideoFormat(VAVProRes422LT);
+  settings.setAudioFormat(VAVLpcmAudioFormatValue);
+  settings.setAudioBitsPerChannel(24);
+  return settings;
 }
 
-// Prints a child's lines; on a terminal, its progress becomes a bar.
-void showOutput(std::FILE* output) {
-  const bool terminal = isatty(STDOUT_FILENO) == 1;
-  char* line = nullptr;
-  std::size_t size = 0;
-  for (ssize_t length = 0; (length = getline(&line, &size, output)) > 0;) {
-    const std::string_view text(line, static_cast<std::size_t>(length));
-    if (terminal && text.starts_with(progressPrefix)) {
-      const int percent = std::clamp(std::atoi(line + progressPrefix.size()), 0, 100);
-      const auto done = static_cast<std::size_t>(percent / 5);
-      std::cout << "\r[" << std::string(done, '#') << std::string(20 - done, '.') << "] " << percent << '%'
-                << (percent == 100 ? "\n" : "") << std::flush;
-    } else {
-      std::cout << text << std::flush;
-    }
-  }
-  std::free(line);
-}
-
-//! [run a child]
-// Runs a program without a shell, so that each word arrives unchanged. Returns its exit status.
-int runTool(std::string program, std::vector<std::string> words) {
-  std::vector<char*> argv{program.data()};
-  for (auto& word : words) argv.push_back(word.data());
-  argv.push_back(nullptr);
-
-  int ends[2];
-  check(pipe2(ends, O_CLOEXEC) == 0 ? 0 : errno, "pipe2");
-  posix_spawn_file_actions_t actions;
-  check(posix_spawn_file_actions_init(&actions), "posix_spawn_file_actions_init");
-  check(posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO),
-        "posix_spawn_file_actions_adddup2");
-  pid_t process = 0;
-  const int error = posix_spawn(&process, program.c_str(), &actions, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  close(ends[1]);
-  check(error, program.c_str());
-
-  std::FILE* output = fdopen(ends[0], "r");
-  showOutput(output);
-  std::fclose(output);
-  int status = 0;
-  check(waitpid(process, &status, 0) == process ? 0 : errno, "waitpid");
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-//! [run a child]
-
-class Item : public AttributeBasedStore {
+// The path of a watermark arrives in lower case. One that would change gets a link that does not.
+class Watermark {
  public:
-  explicit Item(const std::filesystem::path& path)
-      : attributes_(expandedAttributesOfItem(path).value_or(FileAttributes())) {}
-  FileAttributes attributes() const override { return attributes_.intersection(attributeKeys()); }
+  explicit Watermark(const Path& image) : path_(image) {
+    TranscodeCliArguments settings;
+    settings.setWatermarkFileBurnFilePath(image);
+    if (settings.problems().empty()) return;
+    link_ = path_ = "/tmp/watermark-" + std::to_string(getpid());
+    std::filesystem::create_symlink(image, path_);
+  }
+  Watermark(const Watermark&) = delete;
+  Watermark& operator=(const Watermark&) = delete;
+  ~Watermark() {
+    std::error_code ignored;
+    if (link_) std::filesystem::remove(*link_, ignored);
+  }
+  const Path& path() const { return path_; }
 
  private:
-  FileAttributes attributes_;
+  Path path_;
+  std::optional<Path> link_;
 };
 
-// This application's rule: another size means another file; any other missing or different attribute means a
-// partial match.
-MatchLevel matchLevel(const Item& source, const Item& copy) {
-  const auto keys = FileSystemAttributesStore::attributeKeys();
-  const auto original = source.attributes();
-  const auto other = copy.attributes();
-  auto level = MatchLevel::full;
-  if (original.missingEqualityAttributes(keys) || other.missingEqualityAttributes(keys))
-    level = MatchLevel::partial;
-  original.compare(
-      other, [](const FileAttributeKey&, const AnyValue&, bool&) {},
-      [&](const FileAttributeKey&, const AnyValue&, const AnyValue&, bool& /*stop*/) {
-        level = MatchLevel::partial;
-      });
-  return source.fileSize() == copy.fileSize() ? level : MatchLevel::unmatched;
+// One bar for each job on a terminal; elsewhere a line for each tenth of its work.
+class Bars {
+ public:
+  explicit Bars(const std::vector<Job>& jobs) : progress_(jobs.size()) {
+    for (const auto& job : jobs) names_.push_back(job.name);
+    if (isTerminal_) draw(false);
+  }
+
+  void show(std::size_t job, const ProgressLine& progress) {
+    const auto tenth = [](const ProgressLine& line) { return static_cast<int>(line.fraction.value_or(0) * 10); };
+    const bool isNews = !progress_[job] || tenth(*progress_[job]) != tenth(progress);
+    progress_[job] = progress;
+    if (isTerminal_) {
+      draw(true);
+    } else if (isNews) {
+      std::cout << names_[job] << ": " << progress.text() << std::endl;
+    }
+  }
+
+  // A line above the bars.
+  void log(std::size_t job, std::string_view line) {
+    if (isTerminal_) std::cout << "\033[" << names_.size() << "A\033[J";
+    std::cout << names_[job] << ": " << line << std::endl;
+    if (isTerminal_) draw(false);
+  }
+
+ private:
+  void draw(bool over) const {
+    if (over) std::cout << "\033[" << names_.size() << "A";
+    for (std::size_t job = 0; job < names_.size(); ++job) {
+      const auto text = progress_[job] ? progress_[job]->text() : "";
+      const auto done = static_cast<std::size_t>((progress_[job] ? progress_[job]->fraction.value_or(0) : 0) * 30);
+      std::cout << "\033[K[" << std::string(done, '#') << std::string(30 - done, '.') << "] " << names_[job] << ' ' << text << '\n';
+    }
+    std::cout << std::flush;
+  }
+
+  bool isTerminal_ = isatty(STDOUT_FILENO) == 1;
+  std::vector<std::string> names_;
+  std::vector<std::optional<ProgressLine>> progress_;
+};
+
+//! [run a child]
+// Runs the jobs side by side, and returns the first exit status that tells of a failure. The words of a job are
+// `settings.launchArguments()` and the flags that a parent adds.
+int run(std::vector<Job> jobs) {
+  std::list<child::Child> children;
+  std::vector<child::Child*> pointers;
+  for (auto& job : jobs) {
+    CLICustodialOptions(getpid(), thisApplication).appendTo(job.words);
+    std::cout << job.program.native() << ' ' << shellQuoted(job.words) << std::endl;
+  }
+  for (const auto& job : jobs) pointers.push_back(&children.emplace_back(child::Program{job.program, job.words}));
+
+  Bars bars(jobs);
+  child::readLines(pointers, [&](std::size_t job, child::Stream, std::string_view line) {
+    if (const auto progress = ProgressLine::fromText(line, progressPrefix)) {
+      bars.show(job, *progress);
+    } else {
+      bars.log(job, line);
+    }
+  });
+
+  int result = 0;
+  for (std::size_t i = 0; i < jobs.size(); ++i) {
+    const int status = pointers[i]->wait();
+    if (status == 0) continue;
+    const auto known = fromRawValue<TranscodeExitStatus>(status);
+    std::cerr << jobs[i].name << " ended with " << status << ": " << (known ? meaning(*known) : "") << '\n';
+    if (result == 0) result = status;
+  }
+  return result;
 }
+//! [run a child]
 
-int run(const std::string& transcoder, const std::string& analyzer, const std::filesystem::path& folder,
-        const std::vector<std::filesystem::path>& files) {
+int run(const Path& transcoder, const Path& analyzer, const Path& folder, const std::optional<Path>& image,
+        const std::vector<Path>& files) {
   const FileManager fileManager;
-  const auto output = fileManager.filePathAdjustedForCollision(folder / "review.mov");
+  const auto freePath = [&](const char* name) { return fileManager.filePathAdjustedForCollision(folder / name); };
+  std::optional<Watermark> watermark;
+  if (image) watermark.emplace(*image);
 
-  if (const int status = runTool(transcoder, wordsOf(settingsFor(files, output))); status != 0) return status;
+  auto review = forReview(common(files), watermark ? std::optional(watermark->path()) : std::nullopt);
+  auto editing = forEditing(common(files));
+  review.setOutputFile(freePath("review.mov"));
+  editing.setOutputFile(freePath("edit.mov"));
+  for (const auto* settings : {&review, &editing}) {
+    for (const auto& problem : settings->problems()) std::cerr << problem.description() << '\n';
+  }
+  if (const int status = run({{"review", transcoder, review.launchArguments()}, {"edit", transcoder, editing.launchArguments()}})) {
+    return status;
+  }
 
-  std::cout << "output beside its first source: " << rawValue(matchLevel(Item(files.front()), Item(output)))
-            << '\n';
-
-  const auto results = std::filesystem::path(output).replace_extension("analysis");
-  const auto analysis =
-      MediaAnalysisCLIArgumentFactory::buildBasicOptions({output}, folder, results, "review", false);
-  if (const int status = runTool(analyzer, wordsOf(analysis)); status != 0) return status;
-  std::cout << std::ifstream(results).rdbuf();
+  const auto results = freePath("analysis.json");
+  auto words = MediaAnalysisCLIArgumentFactory::buildBasicOptions({*review.outputFile(), *editing.outputFile()}, folder, results, "review", false).launchArguments();
+  MediaAnalysisCLIArgumentFactory::buildImageOptions({0, 0.5F, 1}, 480, 0.9F, false).appendTo(words);
+  if (const int status = run({{"analysis", analyzer, words}})) return status;
+  std::cout << "results: " << results.native() << '\n';
   return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 5) {
-    std::cerr << "usage: offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER FILE...\n";
-    return 64;
+  // Absolute, because a path with a leading hyphen would be read as a flag.
+  std::vector<Path> words;
+  for (int i = 1; i < argc; ++i) words.push_back(argv[i]);
+  std::optional<Path> watermark;
+  if (words.size() > 4 && words[3] == "--watermark") {
+    watermark = std::filesystem::absolute(words[4]);
+    words.erase(words.begin() + 3, words.begin() + 5);
+  }
+  if (words.size() < 4) {
+    std::cerr << "usage: offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
+    return rawValue(TranscodeExitStatus::badUsage);
   }
   try {
-    // Absolute, because a path with a leading hyphen would be read as a flag.
-    std::vector<std::filesystem::path> files;
-    for (int i = 4; i < argc; ++i) files.push_back(std::filesystem::absolute(argv[i]));
-    return run(argv[1], argv[2], std::filesystem::absolute(argv[3]), files);
+    for (auto& word : words) word = std::filesystem::absolute(word);
+    child::watch(0);
+    return run(words[0], words[1], words[2], watermark, {words.begin() + 3, words.end()});
+  } catch (const child::Interrupted& interrupted) {
+    std::cerr << "offload_app: stopped\n";
+    child::endBy(interrupted.signal);
   } catch (const std::exception& error) {
     std::cerr << "offload_app: " << error.what() << '\n';
-    return 1;
+    return rawValue(TranscodeExitStatus::failure);
   }
 }

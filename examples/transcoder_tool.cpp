@@ -4,8 +4,7 @@
 //     transcoder_tool -in /media/a.mov -vcodec h264 -dims 960x540 -tc_burn -out /media/review.mov
 //
 // All files of all groups make one programme, in order; with several groups each is a chapter. The output
-// appears when it is complete. Exit statuses: 64 for settings that cannot be, 66 for an unreadable input, 69
-// where ffmpeg is missing, 70 when ffmpeg fails, 73 for an output that cannot be written.
+// appears when it is complete. The tool ends with a TranscodeExitStatus: 69 where ffmpeg is missing.
 
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
@@ -24,8 +23,6 @@
 using namespace quillonic;
 
 namespace {
-
-constexpr int noFfmpeg = 69;
 
 template <class Value> void printValues() {
   for (const auto& value : allCases<Value>()) std::cout << value << '\n';
@@ -115,10 +112,9 @@ class ProgressLines {
     if (const auto path = settings.progressFile()) file_.open(*path, std::ios::trunc);
   }
 
-  void write(const transcoder::Progress& progress) {
-    const auto line = std::to_string(static_cast<int>(progress.fraction * 100)) + "%";
-    std::cout << prefix_ << line << std::endl;
-    if (file_.is_open()) file_ << line << std::endl;
+  void write(const ProgressLine& progress) {
+    std::cout << progress.text(prefix_) << std::endl;
+    if (file_.is_open()) file_ << progress.text() << std::endl;
   }
 
  private:
@@ -143,7 +139,7 @@ void run(ArgumentWords words) {
       settings.workDirectory().value_or(std::filesystem::temp_directory_path()));
   transcoder::Job job(settings, folder);
   ProgressLines lines(settings);
-  transcoder::run(job, [&](const transcoder::Progress& progress) { lines.write(progress); });
+  transcoder::run(job, [&](const ProgressLine& progress) { lines.write(progress); });
 }
 
 }  // namespace
@@ -160,10 +156,10 @@ int main(int argc, char** argv) {
   } catch (const CLIExitCodeError& error) {
     return end(error.what(), error.exitStatus());
   } catch (const child::MissingProgram& program) {
-    return end(std::string(program.what()) + " is missing: install the package ffmpeg", noFfmpeg);
+    return end(std::string(program.what()) + " is missing: install the package ffmpeg", rawValue(TranscodeExitStatus::unavailable));
   } catch (const child::Interrupted& interrupted) {
     child::endBy(interrupted.signal);
   } catch (const std::exception& error) {
-    return end(error.what(), 1);
+    return end(error.what(), rawValue(TranscodeExitStatus::failure));
   }
 }

@@ -50,8 +50,11 @@ need() {
 }
 
 need_build_tools() { need g++ cmake ninja-build; }
+# What the example tools run. The font is for burnt-in texts.
+need_ffmpeg() { need ffmpeg fonts-dejavu-core; }
 need_test_tools() {
   need_build_tools
+  need_ffmpeg
   need libgtest-dev libgmock-dev nlohmann-json3-dev libavutil-dev python3 doxygen
   need binutils dpkg-dev file pkgconf xz-utils # what the packaging is tested with
 }

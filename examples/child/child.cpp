@@ -226,7 +226,8 @@ Result collect(Child& child) {
   Result result;
   Child* const children[] = {&child};
   readLines(children, [&](std::size_t, Stream stream, std::string_view line) {
-    (stream == Stream::output ? result.output : result.errors).append(line).append("\n");
+    auto& text = stream == Stream::output ? result.output : result.errors;
+    text.append(text.empty() ? "" : "\n").append(line);
   });
   result.status = child.wait();
   return result;

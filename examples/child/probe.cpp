@@ -12,7 +12,7 @@
 namespace child {
 namespace {
 
-using nlohmann::json;
+using json = nlohmann::ordered_json;
 
 // ffprobe writes most numbers as texts.
 template <class Number> Number number(const json& object, const char* key) {
@@ -81,7 +81,7 @@ Media read(json&& found) {
   media.creationTime = tag(format, "creation_time");
   for (const auto& stream : found.value("streams", json::array())) {
     const auto kind = text(stream, "codec_type");
-    const bool cover = stream.value("/disposition/attached_pic"_json_pointer, 0) == 1;
+    const bool cover = stream.value(json::json_pointer("/disposition/attached_pic"), 0) == 1;
     if (kind == "video" && !cover && !media.hasVideo) readVideo(stream, media);
     if (kind == "audio") {
       media.audio.push_back({number<std::int64_t>(stream, "channels"),
@@ -117,7 +117,7 @@ const Media& Probe::media() {
     const auto result = collect(child_);
     auto found = json::parse(result.output, nullptr, false);
     if (result.status != 0 || !found.is_object() || found.value("streams", json::array()).empty()) {
-      throw UnreadableMedia(result.errors.empty() ? "no media in it" : result.errors);
+      throw UnreadableMedia(result.errors.empty() ? "it has no media" : result.errors);
     }
     damage_ = result.errors;
     media_ = read(std::move(found));

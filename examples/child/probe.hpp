@@ -44,7 +44,7 @@ struct Media {
   std::vector<AudioTrack> audio;
   std::optional<std::string> timecode;
   std::optional<std::string> creationTime;  // ISO 8601
-  nlohmann::json json;                      // all of it
+  nlohmann::ordered_json json;                      // all of it
 };
 
 struct UnreadableMedia : std::runtime_error {

@@ -157,8 +157,8 @@ void burnTimecode(Job& job) {
 void burnImage(Job& job) {
   const auto file = *job.settings.watermarkFileBurnFilePath();
   if (!std::ifstream(file)) {
-    throw CLIExitCodeError(
-        66, "cannot read the watermark " + file.native() + " (its path arrives in lower case)");
+    fail(TranscodeExitStatus::noInput,
+         "cannot read the watermark " + file.native() + " (its path arrives in lower case)");
   }
   const auto scale = job.settings.watermarkFileBurnScale().value_or(1);
   if (scale <= 0) refuse("-wmf_scale: an image without size cannot be seen");

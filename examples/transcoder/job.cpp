@@ -29,8 +29,8 @@ std::vector<Input> inputsOf(const TranscodeCliArguments& settings, const child::
     const child::Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status {};
     if (!file.isOpen() || fstat(file.number(), &status) != 0)
-      throw CLIExitCodeError(66, path.native() + ": " + std::strerror(errno));
-    if (!S_ISREG(status.st_mode)) throw CLIExitCodeError(66, path.native() + ": not a file");
+      fail(TranscodeExitStatus::noInput, path.native() + ": " + std::strerror(errno));
+    if (!S_ISREG(status.st_mode)) fail(TranscodeExitStatus::noInput, path.native() + ": not a file");
     auto name = folder.link(path, "in" + std::to_string(inputs.size()) + harmlessExtension(path));
     child::Probe probe(folder, name);
     inputs.push_back({path, std::move(name), group, std::move(probe)});
@@ -46,8 +46,12 @@ std::vector<Input> inputsOf(const TranscodeCliArguments& settings, const child::
 
 }  // namespace
 
+void fail(TranscodeExitStatus status, const std::string& sentence) {
+  throw CLIExitCodeError(rawValue(status), sentence);
+}
+
 void refuse(const std::string& sentence) {
-  throw CLIExitCodeError(64, sentence);
+  fail(TranscodeExitStatus::badUsage, sentence);
 }
 
 Job::Job(const TranscodeCliArguments& theSettings, const child::PrivateFolder& theFolder)
@@ -65,7 +69,7 @@ const child::Media& Job::media(std::size_t input) {
   try {
     return inputs.at(input).probe.media();
   } catch (const child::UnreadableMedia& error) {
-    throw CLIExitCodeError(66, "cannot read " + inputs[input].path.native() + ": " + error.what());
+    fail(TranscodeExitStatus::badInput, "cannot read " + inputs[input].path.native() + ": " + error.what());
   }
 }
 

@@ -85,7 +85,9 @@ struct Job {
   std::vector<std::string> notHonoured;                // one sentence each
 };
 
-// Ends the tool because the settings ask for what cannot be.
+// Ends the tool.
+[[noreturn]] void fail(quillonic::TranscodeExitStatus status, const std::string& sentence);
+// Ends it because the settings ask for what cannot be.
 [[noreturn]] void refuse(const std::string& sentence);
 
 // What becomes of the settings before ffmpeg starts, and what may depend on the source.

@@ -173,7 +173,7 @@ void gpuDecoding(Job& job) {
 void lut(Job& job) {
   const auto file = *job.settings.colorLutFile();
   std::ifstream in(file);
-  if (!in) throw CLIExitCodeError(66, "cannot read the look-up table " + file.native());
+  if (!in) fail(TranscodeExitStatus::noInput, "cannot read the look-up table " + file.native());
   bool hasOneDimension = false;
   for (std::string line; std::getline(in, line);) hasOneDimension |= line.starts_with("LUT_1D_SIZE");
   auto extension = file.extension().native();

@@ -1,7 +1,10 @@
 #include "run.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cmath>
+#include <cstring>
 #include <iostream>
 
 #include "mapping.hpp"
@@ -133,7 +136,7 @@ std::vector<std::string> plainMaps(const Job& job) {
   return maps;
 }
 
-bool isJoinedFromGroups(const Job& job) {
+bool hasChapters(const Job& job) {
   return job.inputs.back().group > 0;
 }
 
@@ -157,7 +160,7 @@ std::string chapters(Job& job) {
 }
 
 child::Program ffmpeg(Job& job, std::string& filters) {
-  const bool hasMetadata = job.settings.timecodeAddTrack() || isJoinedFromGroups(job);
+  const bool hasMetadata = job.settings.timecodeAddTrack() || hasChapters(job);
   child::Program program{"ffmpeg",
                          {"-nostdin", "-hide_banner", "-v", "error", "-nostats", "-progress", "pipe:1",
                           "-stats_period", "0.25", "-y"},
@@ -172,7 +175,7 @@ child::Program ffmpeg(Job& job, std::string& filters) {
     const auto number = std::to_string(job.inputs.size());
     words.insert(words.end(),
                  {"-f", "ffmetadata", "-i", "pipe:4", "-map_metadata", number, "-map_metadata", "0"});
-    words.insert(words.end(), {"-map_chapters", isJoinedFromGroups(job) ? number : "0"});
+    words.insert(words.end(), {"-map_chapters", hasChapters(job) ? number : "0"});
   }
   std::vector<std::string> maps;
   if (job.isJoined()) {
@@ -208,23 +211,40 @@ std::string withRealNames(std::string line, const Job& job) {
   return line;
 }
 
+// Reads one line of ffmpeg's machine-readable progress. Whether a report is complete.
+bool readProgress(std::string_view line, Job& job, ProgressLine& progress) {
+  const auto equals = std::min(line.find('='), line.size());
+  const auto key = line.substr(0, equals);
+  const auto value = line.substr(std::min(equals + 1, line.size()));
+  if (key == "frame") progress.frame = numberIn<std::int64_t>(value);
+  if (key == "speed") progress.speed = numberIn<double>(value);
+  if (key == "out_time_us" && job.duration() > 0) {
+    progress.fraction = std::clamp(numberIn<double>(value) / 1e6 / job.duration(), 0.0, 1.0);
+    const auto left = (1 - *progress.fraction) * job.duration() / progress.speed.value_or(0);
+    progress.secondsLeft = left < 1e9 ? std::optional(std::llround(left)) : std::nullopt;
+  }
+  return key == "progress" && value == "continue";
+}
+
 }  // namespace
 
-void run(Job& job, const std::function<void(const Progress&)>& onProgress) {
+void run(Job& job, const std::function<void(const ProgressLine&)>& onProgress) {
   const auto target = *job.settings.outputFile();
-  std::error_code error;
-  const auto cannotWrite = [&](const std::string& why) -> CLIExitCodeError {
-    return CLIExitCodeError(73, target.native() + ": " + why);
+  const auto cannotCreate = [&](const std::string& why) {
+    fail(TranscodeExitStatus::cannotCreate, target.native() + ": " + why);
   };
-  const auto status = std::filesystem::symlink_status(target, error);
-  if (std::filesystem::is_directory(status)) throw cannotWrite("is a folder");
-  if (std::filesystem::exists(status) && !job.settings.overwriteExisting())
-    throw cannotWrite("exists, and -overwrite is not set");
+  const bool overwrite = job.settings.overwriteExisting();
+  std::error_code error;
+  const auto existing = std::filesystem::status(target, error);
+  if (std::filesystem::exists(existing)) {
+    if (!overwrite) cannotCreate("exists, and -overwrite is not set");
+    if (!std::filesystem::is_regular_file(existing)) cannotCreate("is not a file");
+  }
   std::optional<child::PartFile> part;
   try {
     part.emplace(target);
   } catch (const std::system_error& failure) {
-    throw cannotWrite(failure.what());
+    cannotCreate(failure.what());
   }
   job.folder.link(part->path(), "out");
 
@@ -232,41 +252,33 @@ void run(Job& job, const std::function<void(const Progress&)>& onProgress) {
   std::string filters;
   child::Child process(ffmpeg(job, filters));
   if (!job.isJoined()) {
+    // ffmpeg reads these when it has started and opened its input, and ffprobe looked at that meanwhile.
     mapBySource(job);
     filters = pictureChain(job);
   }
   process.feed(0, filters);
-  process.feed(1, ";FFMETADATA1\n" + job.metadata + (isJoinedFromGroups(job) ? chapters(job) : ""));
+  process.feed(1, ";FFMETADATA1\n" + job.metadata + (hasChapters(job) ? chapters(job) : ""));
   for (const auto& sentence : job.notHonoured) std::cerr << "transcoder_tool: " << sentence << '\n';
 
-  Progress progress;
-  child::Child* const children[] = {&process};
+  ProgressLine progress;
   std::string lastError;
+  child::Child* const children[] = {&process};
   child::readLines(children, [&](std::size_t, child::Stream stream, std::string_view line) {
     if (stream == child::Stream::errors) {
       lastError = withRealNames(std::string(line), job);
       std::cerr << "ffmpeg: " << lastError << '\n';
-      return;
+    } else if (readProgress(line, job, progress)) {
+      onProgress(progress);
     }
-    const auto equals = line.find('=');
-    if (equals == line.npos) return;
-    const auto key = line.substr(0, equals);
-    const auto value = line.substr(equals + 1);
-    if (key == "frame") progress.frame = numberIn<std::int64_t>(value);
-    if (key == "speed") progress.speed = numberIn<double>(value);
-    if (key == "out_time_us") {
-      const auto duration = job.duration();
-      if (duration > 0) progress.fraction = std::clamp(numberIn<double>(value) / 1e6 / duration, 0.0, 1.0);
-    }
-    if (key == "progress" && value == "continue") onProgress(progress);
   });
   if (process.wait() != 0) {
-    job.duration();  // names an input that cannot be read
-    throw CLIExitCodeError(70, "ffmpeg failed: " + lastError);
+    job.duration();  // an input that cannot be read is named
+    const bool isFull = lastError.find(std::strerror(ENOSPC)) != std::string::npos;
+    fail(isFull ? TranscodeExitStatus::cannotWrite : TranscodeExitStatus::failure, "ffmpeg: " + lastError);
   }
-  if (const auto failure = part->finish(job.settings.overwriteExisting()))
-    throw cannotWrite(failure.message());
+  if (const auto failure = part->finish(overwrite)) cannotCreate(failure.message());
   progress.fraction = 1;
+  progress.secondsLeft = std::nullopt;
   onProgress(progress);
 }
 
