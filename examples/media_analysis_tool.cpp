@@ -63,7 +63,9 @@ void check(const MediaAnalysisCLIArguments& arguments) {
 }
 
 // A path is bytes; JSON has them even where they are no text.
-ordered_json jsonOf(const std::filesystem::path& path) { return toJson(CodedValue(path.native())); }
+ordered_json jsonOf(const std::filesystem::path& path) {
+  return toJson(CodedValue(path.native()));
+}
 
 // The still frames of one file, at the places that are asked for.
 class Snapshots {
@@ -89,21 +91,41 @@ class Snapshots {
   void takeOne(const std::string& name, const child::Media& media, double location, ordered_json& one) {
     // The last frame begins one frame before the end.
     const double frame = media.rate.frames > 0 ? 1 / media.rate.perSecond() : 0;
-    const double seconds = std::clamp(location * media.duration, 0.0, std::max(0.0, media.duration - frame));
+    const double last = std::max(0.0, media.pictureDuration - frame);
+    const double seconds = std::min(location * media.pictureDuration, last);
     one["seconds"] = seconds;
-    const auto file = results_.parent_path() /
-                      (results_.stem().native() + "-" + std::to_string(++number_) + ".jpg");
+    const auto file =
+        results_.parent_path() / (results_.stem().native() + "-" + std::to_string(++number_) + ".jpg");
     const auto width = std::to_string(options_.maxImageWidth);
-    const auto fit = options_.imageHeight ? "min(" + width + "," + std::to_string(*options_.imageHeight) + "*dar)" : width;
+    const auto fit =
+        options_.imageHeight ? "min(" + width + "," + std::to_string(*options_.imageHeight) + "*dar)" : width;
     const double quality = std::clamp<double>(options_.compressionFactor.value_or(0.8F), 0, 1);
     child::PartFile part(file);
     const auto out = folder_.link(part.path(), "out" + std::to_string(number_));
-    child::Child ffmpeg({"ffmpeg",
-                         {"-nostdin", "-v", "error", "-y", "-ss", std::to_string(seconds), "-protocol_whitelist",
-                          "file", "-i", name, "-map", "0:V:0", "-frames:v", "1", "-vf",
-                          "scale=w='max(1,min(iw*sar," + fit + "))':h='max(1,ow/dar)',setsar=1,format=yuvj420p",
-                          "-q:v", std::to_string(std::lround(31 - 29 * quality)), "-f", "mjpeg", out},
-                         folder_.path()});
+    child::Child ffmpeg(
+        {"ffmpeg",
+         {"-nostdin",
+          "-v",
+          "error",
+          "-y",
+          "-ss",
+          std::to_string(seconds),
+          "-protocol_whitelist",
+          "file",
+          "-i",
+          name,
+          "-map",
+          "0:V:0",
+          "-frames:v",
+          "1",
+          "-vf",
+          "scale=w='max(1,min(iw*sar," + fit + "))':h='max(1,round(ow/dar))',setsar=1,format=yuvj420p",
+          "-q:v",
+          std::to_string(std::lround(31 - 29 * quality)),
+          "-f",
+          "mjpeg",
+          out},
+         folder_.path()});
     const auto result = child::collect(ffmpeg);
     if (result.status != 0 || std::filesystem::file_size(part.path()) == 0) {
       one["error"] = result.errors.empty() ? "no frame there" : result.errors;
@@ -178,7 +200,8 @@ void analyze(const MediaAnalysisCLIArguments& arguments) {
     if (arguments.image) snapshots.emplace(arguments, folder);
     for (const auto& path : files) {
       const auto name = "in" + std::to_string(results["files"].size());
-      results["files"].push_back(resultFor(path, folder, name, basic.deepAnalysis, snapshots ? &*snapshots : nullptr));
+      results["files"].push_back(
+          resultFor(path, folder, name, basic.deepAnalysis, snapshots ? &*snapshots : nullptr));
     }
     std::ofstream(part.path()) << results.dump(2) << '\n';
     if (const auto error = part.finish(false)) throw std::system_error(error);

@@ -106,7 +106,9 @@ class Bars {
   }
 
   void show(std::size_t job, const ProgressLine& progress) {
-    const auto tenth = [](const ProgressLine& line) { return static_cast<int>(line.fraction.value_or(0) * 10); };
+    const auto tenth = [](const ProgressLine& line) {
+      return static_cast<int>(line.fraction.value_or(0) * 10);
+    };
     const bool isNews = !progress_[job] || tenth(*progress_[job]) != tenth(progress);
     progress_[job] = progress;
     if (isTerminal_) {
@@ -128,8 +130,10 @@ class Bars {
     if (over) std::cout << "\033[" << names_.size() << "A";
     for (std::size_t job = 0; job < names_.size(); ++job) {
       const auto text = progress_[job] ? progress_[job]->text() : "";
-      const auto done = static_cast<std::size_t>((progress_[job] ? progress_[job]->fraction.value_or(0) : 0) * 30);
-      std::cout << "\033[K[" << std::string(done, '#') << std::string(30 - done, '.') << "] " << names_[job] << ' ' << text << '\n';
+      const auto done =
+          static_cast<std::size_t>((progress_[job] ? progress_[job]->fraction.value_or(0) : 0) * 30);
+      std::cout << "\033[K[" << std::string(done, '#') << std::string(30 - done, '.') << "] " << names_[job]
+                << ' ' << text << '\n';
     }
     std::cout << std::flush;
   }
@@ -149,7 +153,8 @@ int run(std::vector<Job> jobs) {
     CLICustodialOptions(getpid(), thisApplication).appendTo(job.words);
     std::cout << job.program.native() << ' ' << shellQuoted(job.words) << std::endl;
   }
-  for (const auto& job : jobs) pointers.push_back(&children.emplace_back(child::Program{job.program, job.words}));
+  for (const auto& job : jobs)
+    pointers.push_back(&children.emplace_back(child::Program{job.program, job.words}));
 
   Bars bars(jobs);
   child::readLines(pointers, [&](std::size_t job, child::Stream, std::string_view line) {
@@ -175,7 +180,9 @@ int run(std::vector<Job> jobs) {
 int run(const Path& transcoder, const Path& analyzer, const Path& folder, const std::optional<Path>& image,
         const std::vector<Path>& files) {
   const FileManager fileManager;
-  const auto freePath = [&](const char* name) { return fileManager.filePathAdjustedForCollision(folder / name); };
+  const auto freePath = [&](const char* name) {
+    return fileManager.filePathAdjustedForCollision(folder / name);
+  };
   std::optional<Watermark> watermark;
   if (image) watermark.emplace(*image);
 
@@ -186,12 +193,15 @@ int run(const Path& transcoder, const Path& analyzer, const Path& folder, const 
   for (const auto* settings : {&review, &editing}) {
     for (const auto& problem : settings->problems()) std::cerr << problem.description() << '\n';
   }
-  if (const int status = run({{"review", transcoder, review.launchArguments()}, {"edit", transcoder, editing.launchArguments()}})) {
+  if (const int status = run({{"review", transcoder, review.launchArguments()},
+                              {"edit", transcoder, editing.launchArguments()}})) {
     return status;
   }
 
   const auto results = freePath("analysis.json");
-  auto words = MediaAnalysisCLIArgumentFactory::buildBasicOptions({*review.outputFile(), *editing.outputFile()}, folder, results, "review", false).launchArguments();
+  auto words = MediaAnalysisCLIArgumentFactory::buildBasicOptions(
+                   {*review.outputFile(), *editing.outputFile()}, folder, results, "review", false)
+                   .launchArguments();
   MediaAnalysisCLIArgumentFactory::buildImageOptions({0, 0.5F, 1}, 480, 0.9F, false).appendTo(words);
   if (const int status = run({{"analysis", analyzer, words}})) return status;
   std::cout << "results: " << results.native() << '\n';
@@ -210,11 +220,12 @@ int main(int argc, char** argv) {
     words.erase(words.begin() + 3, words.begin() + 5);
   }
   if (words.size() < 4) {
-    std::cerr << "usage: offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
+    std::cerr
+        << "usage: offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
     return rawValue(TranscodeExitStatus::badUsage);
   }
   try {
-    for (auto& word : words) word = std::filesystem::absolute(word);
+    for (auto& word : words) word = std::filesystem::absolute(word).lexically_normal();
     child::watch(0);
     return run(words[0], words[1], words[2], watermark, {words.begin() + 3, words.end()});
   } catch (const child::Interrupted& interrupted) {

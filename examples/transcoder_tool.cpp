@@ -156,7 +156,8 @@ int main(int argc, char** argv) {
   } catch (const CLIExitCodeError& error) {
     return end(error.what(), error.exitStatus());
   } catch (const child::MissingProgram& program) {
-    return end(std::string(program.what()) + " is missing: install the package ffmpeg", rawValue(TranscodeExitStatus::unavailable));
+    return end(std::string(program.what()) + " is missing: install the package ffmpeg",
+               rawValue(TranscodeExitStatus::unavailable));
   } catch (const child::Interrupted& interrupted) {
     child::endBy(interrupted.signal);
   } catch (const std::exception& error) {

@@ -35,7 +35,7 @@ struct Program {
   std::string name;  // looked up in PATH unless it has a slash
   std::vector<std::string> words;
   std::filesystem::path folder{};  // its working folder; empty for that of this process
-  int feeds = 0;                 // pipes that the child reads, as its descriptors 3, 4 and so on
+  int feeds = 0;                   // pipes that the child reads, as its descriptors 3, 4 and so on
 };
 
 // The program is not there.

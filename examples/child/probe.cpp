@@ -53,6 +53,8 @@ bool isTurned(const json& stream) {
 
 void readVideo(const json& stream, Media& media) {
   media.hasVideo = true;
+  const auto duration = number<double>(stream, "duration");
+  media.pictureDuration = duration > 0 ? duration : media.duration;
   media.width = number<std::int64_t>(stream, "width");
   media.height = number<std::int64_t>(stream, "height");
   if (const auto [x, y] = fraction(text(stream, "sample_aspect_ratio")); x > 0 && y > 0) {

@@ -33,7 +33,8 @@ struct AudioTrack {
 };
 
 struct Media {
-  double duration = 0;  // seconds; 0 if unknown
+  double duration = 0;         // seconds; 0 if unknown
+  double pictureDuration = 0;  // sound may go on for a while
   bool hasVideo = false;
   std::int64_t width = 0;  // as shown: pixels made square, rotation applied
   std::int64_t height = 0;
@@ -44,7 +45,7 @@ struct Media {
   std::vector<AudioTrack> audio;
   std::optional<std::string> timecode;
   std::optional<std::string> creationTime;  // ISO 8601
-  nlohmann::ordered_json json;                      // all of it
+  nlohmann::ordered_json json;              // all of it
 };
 
 struct UnreadableMedia : std::runtime_error {

@@ -26,7 +26,8 @@ struct Encoder {
   };
   std::string_view codec;  // the value of "-vcodec"
   std::vector<std::string> words;
-  std::vector<Depth> depths;  // the first one unless "-vbd" asks for another
+  std::vector<std::string> withoutBitRate;  // how well it encodes unless "-vbr" says so
+  std::vector<Depth> depths;                // the first one unless "-vbd" asks for another
   std::vector<std::string_view> profiles;
   bool hasKeyFrames;  // or every frame is one
   bool takesBitRate;

@@ -10,57 +10,66 @@ using namespace quillonic;
 
 const Encoder encoders[] = {
     {"dnxhd",
-     {"-c:v", "dnxhd", "-profile:v", "dnxhr_hq"},
+     {"-c:v", "dnxhd"},
+     {"-profile:v", "dnxhr_hq"},
      {{8, "yuv422p"}, {10, "yuv422p10le"}},
      {"dnxhd", "dnxhr_lb", "dnxhr_sq", "dnxhr_hq", "dnxhr_hqx", "dnxhr_444"},
      false,
      true},
     {"h264",
      {"-c:v", "libx264"},
+     {},
      {{8, "yuv420p"}, {10, "yuv420p10le"}},
      {"baseline", "main", "high", "high10", "high422", "high444"},
      true,
      true},
     {"h265",
      {"-c:v", "libx265", "-tag:v", "hvc1", "-x265-params", "log-level=error"},
+     {},
      {{8, "yuv420p"}, {10, "yuv420p10le"}, {12, "yuv420p12le"}},
      {"main", "main10", "main12"},
      true,
      true},
-    {"mjpeg", {"-c:v", "mjpeg", "-q:v", "3", "-huffman", "optimal"}, {{8, "yuvj422p"}}, {}, false, true},
-    {"mp4", {"-c:v", "mpeg4", "-q:v", "3"}, {{8, "yuv420p"}}, {}, true, true},
+    {"mjpeg", {"-c:v", "mjpeg", "-huffman", "optimal"}, {"-q:v", "3"}, {{8, "yuvj422p"}}, {}, false, true},
+    {"mp4", {"-c:v", "mpeg4"}, {"-q:v", "3"}, {{8, "yuv420p"}}, {}, true, true},
     {"prores4444",
      {"-c:v", "prores_ks", "-profile:v", "4", "-vendor", "apl0"},
+     {},
      {{10, "yuv444p10le"}},
      {},
      false,
      false},
     {"prores4444xq",
      {"-c:v", "prores_ks", "-profile:v", "5", "-vendor", "apl0"},
+     {},
      {{10, "yuv444p10le"}},
      {},
      false,
      false},
     {"prores422",
      {"-c:v", "prores_ks", "-profile:v", "2", "-vendor", "apl0"},
+     {},
      {{10, "yuv422p10le"}},
      {},
      false,
      false},
     {"prores422hq",
      {"-c:v", "prores_ks", "-profile:v", "3", "-vendor", "apl0"},
+     {},
      {{10, "yuv422p10le"}},
      {},
      false,
      false},
     {"prores422lt",
      {"-c:v", "prores_ks", "-profile:v", "1", "-vendor", "apl0"},
+     {},
      {{10, "yuv422p10le"}},
      {},
      false,
      false},
     {"prores422proxy",
      {"-c:v", "prores_ks", "-profile:v", "0", "-vendor", "apl0"},
+     {},
      {{10, "yuv422p10le"}},
      {},
      false,
@@ -127,6 +136,16 @@ void web(Job& job) {
   } else {
     job.cannot(VAVPrepareForWebFlag, "the container has no such layout");
   }
+}
+
+std::vector<std::string> encoderWords(const Job& job) {
+  if (!job.encoder) return {};
+  auto words = job.encoder->words;
+  if (job.settings.videoBitRate()) return words;
+  words.insert(words.end(), job.encoder->withoutBitRate.begin(), job.encoder->withoutBitRate.end());
+  // The profile of dnxhd that has more than 8 bits and, like the other, any size.
+  if (job.encoder->codec == "dnxhd" && job.settings.videoBitDepth() == 10) words.back() = "dnxhr_hqx";
+  return words;
 }
 
 void videoFormat(Job& job) {

@@ -8,6 +8,9 @@ namespace transcoder {
 const Container& containerFor(const quillonic::TranscodeCliArguments& settings);
 const Encoder* encoderFor(const quillonic::TranscodeCliArguments& settings, const Container& container);
 
+// What selects the encoder; settings add to it.
+std::vector<std::string> encoderWords(const Job& job);
+
 void web(Job& job);
 void videoFormat(Job& job);
 void videoBitRate(Job& job);

@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "mapping.hpp"
+#include "picture.hpp"
 #include "sound.hpp"
 
 namespace transcoder {
@@ -186,7 +187,8 @@ child::Program ffmpeg(Job& job, std::string& filters) {
     maps = plainMaps(job);
   }
   words.insert(words.end(), maps.begin(), maps.end());
-  if (job.encoder) words.insert(words.end(), job.encoder->words.begin(), job.encoder->words.end());
+  const auto encoder = encoderWords(job);
+  words.insert(words.end(), encoder.begin(), encoder.end());
   words.insert(words.end(), job.outputWords.begin(), job.outputWords.end());
   const bool isQuickTime = job.container.extension == "mov" || job.container.extension == "mp4";
   if (isQuickTime && !job.settings.timecodeAddTrack()) words.insert(words.end(), {"-write_tmcd", "0"});
@@ -219,7 +221,8 @@ bool readProgress(std::string_view line, Job& job, ProgressLine& progress) {
   if (key == "frame") progress.frame = numberIn<std::int64_t>(value);
   if (key == "speed") progress.speed = numberIn<double>(value);
   if (key == "out_time_us" && job.duration() > 0) {
-    progress.fraction = std::clamp(numberIn<double>(value) / 1e6 / job.duration(), 0.0, 1.0);
+    // It is all done only when the output has its name.
+    progress.fraction = std::clamp(numberIn<double>(value) / 1e6 / job.duration(), 0.0, 0.9999);
     const auto left = (1 - *progress.fraction) * job.duration() / progress.speed.value_or(0);
     progress.secondsLeft = left < 1e9 ? std::optional(std::llround(left)) : std::nullopt;
   }
