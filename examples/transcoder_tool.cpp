@@ -109,7 +109,10 @@ class ProgressLines {
  public:
   explicit ProgressLines(const TranscodeCliArguments& settings)
       : prefix_(settings.progressOutputPrefix().value_or("")) {
-    if (const auto path = settings.progressFile()) file_.open(*path, std::ios::trunc);
+    const auto path = settings.progressFile();
+    if (path) file_.open(*path, std::ios::trunc);
+    if (path && !file_)
+      transcoder::fail(TranscodeExitStatus::cannotCreate, "-progress_file: cannot write " + path->native());
   }
 
   void write(const ProgressLine& progress) {
@@ -135,8 +138,10 @@ void run(ArgumentWords words) {
   if (settings.inputFilePaths().empty() || !settings.outputFile())
     transcoder::refuse("an input file and an output file are needed");
 
-  const child::PrivateFolder folder(
-      settings.workDirectory().value_or(std::filesystem::temp_directory_path()));
+  const auto work = settings.workDirectory().value_or(std::filesystem::temp_directory_path());
+  if (!std::filesystem::is_directory(work))
+    transcoder::fail(TranscodeExitStatus::cannotCreate, "-work_dir: " + work.native() + " is no folder");
+  const child::PrivateFolder folder(work);
   transcoder::Job job(settings, folder);
   ProgressLines lines(settings);
   transcoder::run(job, [&](const ProgressLine& progress) { lines.write(progress); });

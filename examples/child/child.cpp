@@ -255,32 +255,50 @@ std::string PrivateFolder::write(std::string name, std::string_view text) const 
   return name;
 }
 
-PartFile::PartFile(const std::filesystem::path& target) : target_(target) {
-  auto name = (std::filesystem::absolute(target).parent_path() / ".part-XXXXXX").native();
-  const Descriptor file(mkostemp(name.data(), O_CLOEXEC));
-  if (!file.isOpen()) fail("cannot write there");
-  // A temporary file is for its owner alone; the finished one has the rights that any new file gets.
-  const auto mask = umask(0);
-  umask(mask);
-  fchmod(file.number(), 0666 & ~mask);
-  path_ = name;
+PartFile::PartFile(const std::filesystem::path& target) : target_(std::filesystem::absolute(target)) {
+  unnamed_ = Descriptor(open(target_.parent_path().c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
+  if (unnamed_.isOpen()) {
+    path_ = "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(unnamed_.number());
+    return;
+  }
+  path_ = hidden_ = hiddenName();
+  const Descriptor file(open(path_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0666));
+  if (file.isOpen()) return;
+  hidden_.clear();
+  fail("cannot write there");
 }
 
 PartFile::~PartFile() {
-  if (!path_.empty()) unlink(path_.c_str());
+  if (!hidden_.empty()) unlink(hidden_.c_str());
+}
+
+std::string PartFile::hiddenName() const {
+  return target_.parent_path() /
+         (".part-" + std::to_string(getpid()) + "-" + std::to_string(unnamed_.number()));
 }
 
 std::error_code PartFile::finish(bool overwrite) {
-  const auto move = [&](unsigned flags) {
-    return syscall(SYS_renameat2, AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), flags) == 0 ? 0 : errno;
+  const auto failed = [](bool isFailure) {
+    return std::error_code(isFailure ? errno : 0, std::generic_category());
   };
+  const auto moveTo = [&](unsigned flags) {
+    return failed(syscall(SYS_renameat2, AT_FDCWD, hidden_.c_str(), AT_FDCWD, target_.c_str(), flags) != 0);
+  };
+  if (unnamed_.isOpen()) {
+    const auto name = overwrite ? std::filesystem::path(hiddenName()) : target_;
+    const auto error =
+        failed(linkat(AT_FDCWD, path_.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0);
+    if (error || !overwrite) return error;
+    hidden_ = name;
+  }
   constexpr unsigned keepExisting = 1;  // RENAME_NOREPLACE
-  int error = move(overwrite ? 0 : keepExisting);
+  auto error = moveTo(overwrite ? 0 : keepExisting);
   // Some file systems cannot promise that; there it can only be asked just before.
-  if (error == EINVAL && !overwrite) error = access(target_.c_str(), F_OK) == 0 ? EEXIST : move(0);
-  if (error != 0) return {error, std::generic_category()};
-  path_.clear();
-  return {};
+  if (error == std::errc::invalid_argument && !overwrite) {
+    error = access(target_.c_str(), F_OK) == 0 ? make_error_code(std::errc::file_exists) : moveTo(0);
+  }
+  if (!error) hidden_.clear();
+  return error;
 }
 
 }  // namespace child

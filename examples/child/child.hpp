@@ -110,20 +110,26 @@ class PrivateFolder {
   std::filesystem::path path_;
 };
 
-// A file that appears under its name only when it is complete. Until then it is hidden beside that place.
+// A file that appears under its name only when it is complete. Until then it has no name, so that nothing stays
+// whatever ends this process; or, where the file system needs one, a hidden name beside that place.
 class PartFile {
  public:
   explicit PartFile(const std::filesystem::path& target);  // throws std::system_error
   PartFile(const PartFile&) = delete;
   PartFile& operator=(const PartFile&) = delete;
   ~PartFile();
+  // Where this process and its children can write it.
   const std::filesystem::path& path() const noexcept { return path_; }
   // Gives the file its name. Without `overwrite` an existing file stays, and the error says so.
   std::error_code finish(bool overwrite);
 
  private:
+  std::string hiddenName() const;
+
   std::filesystem::path target_;
   std::filesystem::path path_;
+  Descriptor unnamed_;
+  std::filesystem::path hidden_;
 };
 
 }  // namespace child

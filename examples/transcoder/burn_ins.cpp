@@ -97,12 +97,12 @@ TimecodeComponents startOf(Job& job) {
 
   start.isDropFrame = start.isDropFrame || job.settings.timecodeIsDropFrame();
   if (start.isDropFrame && !rate.mayDropFrames()) {
-    refuse("drop frame needs 29.97 or 59.94 frames per second, not " + std::to_string(rate.decimal()));
+    refuse("drop frame needs 29.97 or 59.94 frames per second, not " + text(rate.decimal()));
   }
   if (rate.frameNumber(start)) return start;
   if (source == TimecodeSource::custom) {
-    refuse("-tc_custom: " + start.timecodeString() + " is never counted at " +
-           std::to_string(rate.decimal()) + " frames per second");
+    refuse("-tc_custom: " + start.timecodeString() + " is never counted at " + text(rate.decimal()) +
+           " frames per second");
   }
   start.frames = rate.count() / 15;  // the first number after those that drop frame skips
   return start;
@@ -147,8 +147,8 @@ void burnTimecode(Job& job) {
   const auto anchor = settings.timecodeBurnAnchor();
   const auto rate = job.rate().text();
   // Frames are counted, so each must last as long as the others.
-  job.picture[static_cast<std::size_t>(Step::rate)] = "fps=" + rate;
-  job.picture[static_cast<std::size_t>(Step::timecode)] =
+  job.filter(Step::rate) = "fps=" + rate;
+  job.filter(Step::timecode) =
       drawtext("font=monospace:timecode='" + text + "':rate=" + rate,
                {anchor ? anchor->anchorArgument : VAVAnchorBottomCenter, settings.timecodeBurnFontSize(),
                 settings.timecodeBurnFontColor(), settings.timecodeBurnBoxColor(), "black@0.5"});
@@ -170,10 +170,10 @@ void burnImage(Job& job) {
                          : pixels.find("422") != pixels.npos ? "yuv422"
                          : pixels.find("444") != pixels.npos ? "yuv444"
                                                              : "yuv420");
-  job.picture[static_cast<std::size_t>(Step::image)] =
-      "null[under];movie=" + job.folder.link(file, "image") + ",scale=iw*" + factor + ":ih*" + factor +
-      ",format=rgba[image];[under][image]overlay=format=" + kind + ":" +
-      place(anchor ? anchor->anchorArgument : VAVAnchorTopRight, "W", "H", "w", "h");
+  job.filter(Step::image) = "null[under];movie=" + job.folder.link(file, "image") + ",scale=iw*" + factor +
+                            ":ih*" + factor + ",format=rgba[image];[under][image]overlay=format=" + kind +
+                            ":" +
+                            place(anchor ? anchor->anchorArgument : VAVAnchorTopRight, "W", "H", "w", "h");
 }
 
 void burnText(Job& job) {
@@ -185,7 +185,7 @@ void burnText(Job& job) {
     refuse("-wmt_text: the text is not UTF-8");
   }
   const auto& settings = job.settings;
-  job.picture[static_cast<std::size_t>(Step::text)] =
+  job.filter(Step::text) =
       drawtext("textfile=" + job.folder.write("text", text) + ":expansion=none",
                {settings.watermarkTextBurnAnchor().value_or(VAVAnchorBottomRight),
                 settings.watermarkTextBurnFontSize(), settings.watermarkTextBurnFontColor(),

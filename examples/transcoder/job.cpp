@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "picture.hpp"
+#include "sound.hpp"
 
 namespace transcoder {
 namespace {
@@ -32,8 +34,7 @@ std::vector<Input> inputsOf(const TranscodeCliArguments& settings, const child::
       fail(TranscodeExitStatus::noInput, path.native() + ": " + std::strerror(errno));
     if (!S_ISREG(status.st_mode)) fail(TranscodeExitStatus::noInput, path.native() + ": not a file");
     auto name = folder.link(path, "in" + std::to_string(inputs.size()) + harmlessExtension(path));
-    child::Probe probe(folder, name);
-    inputs.push_back({path, std::move(name), group, std::move(probe)});
+    inputs.push_back({path, std::move(name), group, {}});
   };
   std::size_t groups = 0;
   if (const auto single = settings.inputPrefix(); single && !single->empty()) add(*single, groups++);
@@ -45,6 +46,12 @@ std::vector<Input> inputsOf(const TranscodeCliArguments& settings, const child::
 }
 
 }  // namespace
+
+std::string text(double number) {
+  std::ostringstream out;
+  out << number;
+  return out.str();
+}
 
 void fail(TranscodeExitStatus status, const std::string& sentence) {
   throw CLIExitCodeError(rawValue(status), sentence);
@@ -61,13 +68,22 @@ Job::Job(const TranscodeCliArguments& theSettings, const child::PrivateFolder& t
       container(containerFor(settings)),
       encoder(encoderFor(settings, container)),
       hasVideo(container.hasVideo && !settings.noVideo()),
-      hasAudio(container.hasAudio && !settings.noAudio()) {
+      hasAudio(container.hasAudio && !settings.noAudio()),
+      copiesAudio(transcoder::copiesAudio(settings)) {
   if (!hasVideo && !hasAudio) refuse("nothing is left to write without video and audio");
+  const bool copiesVideo = hasVideo && !encoder;
+  if (isJoined() && (copiesVideo || copiesAudio)) {
+    refuse("copying does not join files, and does not part channels");
+  }
+  if (copiesVideo) add({"-c:v", "copy"});
 }
 
 const child::Media& Job::media(std::size_t input) {
+  for (auto& each : inputs) {
+    if (!each.probe) each.probe.emplace(folder, each.name);
+  }
   try {
-    return inputs.at(input).probe.media();
+    return inputs.at(input).probe->media();
   } catch (const child::UnreadableMedia& error) {
     fail(TranscodeExitStatus::badInput, "cannot read " + inputs[input].path.native() + ": " + error.what());
   }
@@ -91,7 +107,7 @@ child::Rate Job::rate() {
 TimecodeRate Job::timecodeRate() {
   const auto counted = rate();
   if (const auto result = TimecodeRate::fromFraction(counted.frames, counted.seconds)) return *result;
-  refuse("no timecode counts " + std::to_string(counted.perSecond()) + " frames per second");
+  refuse("no timecode counts " + text(counted.perSecond()) + " frames per second");
 }
 
 void Job::cannot(std::string_view flag, std::string_view why) {

@@ -45,18 +45,18 @@ struct Container {
 enum class Step { lut, color, size, rate, image, timecode, text, pixels };
 constexpr std::size_t stepCount = 8;
 
-// One input file. ffprobe looks at it from the start, beside whatever else is done.
+// One input file.
 struct Input {
   std::filesystem::path path;
   std::string name;   // its harmless name in the work folder
   std::size_t group;  // files of one group belong together
-  child::Probe probe;
+  std::optional<child::Probe> probe;
 };
 
 struct Job {
   Job(const quillonic::TranscodeCliArguments& settings, const child::PrivateFolder& folder);
 
-  // The source's properties; the first call waits for ffprobe.
+  // The source's properties. The first call runs ffprobe, for all inputs side by side.
   const child::Media& source() { return media(0); }
   const child::Media& media(std::size_t input);
   double duration();   // of the whole output, in seconds
@@ -65,6 +65,12 @@ struct Job {
   bool hasFlag(std::string_view flag) const { return settings.hasArgumentFlag(flag); }
   // One ffmpeg run does everything; several inputs, and channels of their own, need its larger kind of graph.
   bool isJoined() const { return inputs.size() > 1 || settings.discreteAudio(); }
+
+  // Adds words before the output.
+  void add(const std::vector<std::string>& words) {
+    outputWords.insert(outputWords.end(), words.begin(), words.end());
+  }
+  std::string& filter(Step step) { return picture[static_cast<std::size_t>(step)]; }
 
   // Names a setting that is not honoured, and why.
   void cannot(std::string_view flag, std::string_view why);
@@ -76,15 +82,19 @@ struct Job {
   const Encoder* encoder;  // null for a copy, and where there is no video
   bool hasVideo;
   bool hasAudio;
+  bool copiesAudio;
 
   std::vector<std::string> inputWords;   // before each input
   std::vector<std::string> outputWords;  // before the output
-  std::vector<std::string> sound;        // filters of each audio track
+  std::string sound;                     // filters of each audio track
   std::array<std::string, stepCount> picture;
   std::string metadata;                                // lines for ffmpeg's own form of it
   std::optional<quillonic::TimecodeComponents> start;  // of the timecode, when there is one
   std::vector<std::string> notHonoured;                // one sentence each
 };
+
+// A number for people.
+std::string text(double number);
 
 // Ends the tool.
 [[noreturn]] void fail(quillonic::TranscodeExitStatus status, const std::string& sentence);

@@ -12,6 +12,12 @@ namespace {
 using namespace quillonic;
 using enum Stage;
 
+// What some flags need to have an effect: one of these.
+constexpr Needs timecode{VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag};
+constexpr Needs burntTimecode{VAVTimecodeAddBurnFlag};
+constexpr Needs burntImage{VAVWatermarkFileBurnFilePathFlag};
+constexpr Needs burntText{VAVWatermarkTextAddBurnFlag};
+
 constexpr auto rows = std::to_array<Row>({
     // Commands
     {VAVCliHelpFlag, command, "prints every flag with its sentence"},
@@ -41,15 +47,13 @@ constexpr auto rows = std::to_array<Row>({
 
     // Video
     {VAVNoVideoFlag, tool, "-vn"},
-    {VAVVideoFormatFlag, beforeStart, "-c:v and the encoder's own words", videoFormat},
+    {VAVVideoFormatFlag, tool, "-c:v and the encoder's own words"},
     {VAVVideoFrameRateFlag, bySource, "fps; 23.98 means 24000/1001", frameRate},
     {VAVVideoDimensionsFlag, bySource, "scale to square pixels", dimensions},
-    {VAVVideoAspectScalingFlag,
-     tool,
-     "match: the size that fits; stretch: scale; letterbox (also without the flag): pad; crop",
-     nullptr,
-     {VAVVideoDimensionsFlag}},
-    {VAVVideoAspectCropAnchorFlag, tool, "the place of crop", nullptr, {VAVVideoAspectScalingFlag}},
+    {VAVVideoAspectScalingFlag, tool,
+     "match: the size that fits; stretch: scale; letterbox (also without the flag): pad; crop", nullptr,
+     Needs{VAVVideoDimensionsFlag}},
+    {VAVVideoAspectCropAnchorFlag, tool, "the place of crop", nullptr, Needs{VAVVideoAspectScalingFlag}},
     {VAVVideoBitRateFlag, beforeStart, "-b:v, in megabits per second", videoBitRate},
     {VAVVideoBitDepthFlag, bySource, "format: a pixel format of that depth", bitDepth},
     {VAVVideoColorSpaceFlag, bySource, "zscale converts, and the output is tagged", colorSpace},
@@ -61,7 +65,7 @@ constexpr auto rows = std::to_array<Row>({
 
     // Audio
     {VAVNoAudioFlag, tool, "-an"},
-    {VAVCopyAudioFlag, beforeStart, "-c:a copy", copyAudio},
+    {VAVCopyAudioFlag, tool, "-c:a copy"},
     {VAVAudioIgnoreTracksPrefixFlag, tool, "a negative -map"},
     {VAVDiscreteAudioFlag, tool, "pan: each channel becomes a track of its own, not mixed"},
     {VAVAudioFormatFlag, tool, "-c:a"},
@@ -74,80 +78,34 @@ constexpr auto rows = std::to_array<Row>({
     {VAVTimecodeAddTrackFlag, bySource, "metadata, from which the container's timecode is written",
      timecodeTrack},
     {VAVTimecodeAddBurnFlag, bySource, "drawtext", burnTimecode},
-    {VAVTimecodeBurnAnchorFlag,
-     tool,
-     "drawtext's x and y; bottom centre without it",
-     nullptr,
-     {VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeBurnFontSize,
-     tool,
-     "fontsize, in pixels; a twentieth of the height without it",
-     nullptr,
-     {VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeBurnFontRGB, tool, "fontcolor", nullptr, {VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeBurnBoxRGB,
-     tool,
-     "boxcolor, opaque; half-transparent black without it",
-     nullptr,
-     {VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeMatchSourceFlag,
-     tool,
-     "the first input's timecode",
-     nullptr,
-     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeFromCreationDateFlag,
-     tool,
-     "the local time at which the first input was made",
-     nullptr,
-     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeCustomFlag,
-     tool,
-     "this timecode",
-     nullptr,
-     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeFrameRateFlag,
-     bySource,
-     "must be that of the video, because ffmpeg counts frames",
-     timecodeRate,
-     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
-    {VAVTimecodeIsDropFlag,
-     tool,
-     "\";\" before the frames; refused unless the rate is 29.97 or 59.94",
-     nullptr,
-     {VAVTimecodeAddTrackFlag, VAVTimecodeAddBurnFlag}},
+    {VAVTimecodeBurnAnchorFlag, tool, "drawtext's x and y; bottom centre without it", nullptr, burntTimecode},
+    {VAVTimecodeBurnFontSize, tool, "fontsize, in pixels; a twentieth of the height without it", nullptr,
+     burntTimecode},
+    {VAVTimecodeBurnFontRGB, tool, "fontcolor", nullptr, burntTimecode},
+    {VAVTimecodeBurnBoxRGB, tool, "boxcolor, opaque; half-transparent black without it", nullptr,
+     burntTimecode},
+    {VAVTimecodeMatchSourceFlag, tool, "the first input's timecode", nullptr, timecode},
+    {VAVTimecodeFromCreationDateFlag, tool, "the local time at which the first input was made", nullptr,
+     timecode},
+    {VAVTimecodeCustomFlag, tool, "this timecode", nullptr, timecode},
+    {VAVTimecodeFrameRateFlag, bySource, "must be that of the video, because ffmpeg counts frames",
+     timecodeRate, timecode},
+    {VAVTimecodeIsDropFlag, tool, "\";\" before the frames; refused unless the rate is 29.97 or 59.94",
+     nullptr, timecode},
 
     // Image watermark
-    {VAVWatermarkFileBurnAnchorFlag,
-     tool,
-     "overlay's x and y; top right without it",
-     nullptr,
-     {VAVWatermarkFileBurnFilePathFlag}},
+    {VAVWatermarkFileBurnAnchorFlag, tool, "overlay's x and y; top right without it", nullptr, burntImage},
     {VAVWatermarkFileBurnFilePathFlag, bySource, "movie and overlay", burnImage},
-    {VAVWatermarkFileBurnScaleFlag, tool, "scale", nullptr, {VAVWatermarkFileBurnFilePathFlag}},
+    {VAVWatermarkFileBurnScaleFlag, tool, "scale", nullptr, burntImage},
 
     // Text watermark
     {VAVWatermarkTextAddBurnFlag, bySource, "drawtext", burnText},
-    {VAVWatermarkTextBurnTextFlag,
-     tool,
-     "a text file for drawtext, without expansion",
-     nullptr,
-     {VAVWatermarkTextAddBurnFlag}},
-    {VAVWatermarkTextBurnFontSizeFlag,
-     tool,
-     "fontsize, in pixels; a twentieth of the height without it",
-     nullptr,
-     {VAVWatermarkTextAddBurnFlag}},
-    {VAVWatermarkTextBurnAnchorFlag,
-     tool,
-     "drawtext's x and y; bottom right without it",
-     nullptr,
-     {VAVWatermarkTextAddBurnFlag}},
-    {VAVWatermarkTextBurnFontRGBFlag, tool, "fontcolor", nullptr, {VAVWatermarkTextAddBurnFlag}},
-    {VAVWatermarkTextBurnBoxRGBFlag,
-     tool,
-     "boxcolor, opaque; no box without it",
-     nullptr,
-     {VAVWatermarkTextAddBurnFlag}},
+    {VAVWatermarkTextBurnTextFlag, tool, "a text file for drawtext, without expansion", nullptr, burntText},
+    {VAVWatermarkTextBurnFontSizeFlag, tool, "fontsize, in pixels; a twentieth of the height without it",
+     nullptr, burntText},
+    {VAVWatermarkTextBurnAnchorFlag, tool, "drawtext's x and y; bottom right without it", nullptr, burntText},
+    {VAVWatermarkTextBurnFontRGBFlag, tool, "fontcolor", nullptr, burntText},
+    {VAVWatermarkTextBurnBoxRGBFlag, tool, "boxcolor, opaque; no box without it", nullptr, burntText},
 
     // Look
     {VAVArriLookColorSpacePrimaryFlag, notHere, "raw camera files are not developed"},
@@ -173,23 +131,33 @@ template <class Family> bool isOf(std::string_view flag) {
   return Family::fromStringValue(flag).has_value();
 }
 
+bool isOfPicture(std::string_view flag) {
+  return isOf<VAVTranscodeVideoArgumentFlag>(flag) || isOf<VAVTranscodeWatermarkFileArgumentFlag>(flag) ||
+         isOf<VAVTranscodeWatermarkTextArgumentFlag>(flag) || flag == VAVColorLutFileFlag ||
+         flag.starts_with(VAVTimecodeAddBurnFlag.cliFlag());
+}
+
 // Why a flag that is set has no effect in this job; empty if it has one.
 std::string reasonAgainst(const Job& job, const Row& row) {
+  const auto isAnyOf = [&](std::initializer_list<std::string_view> flags) {
+    return std::ranges::find(flags, row.flag) != flags.end();
+  };
   if (row.stage == notHere) return std::string(row.becomes);
-  if (row.flag == VAVNoVideoFlag || row.flag == VAVNoAudioFlag) return {};
-  const bool isBurnIn = row.flag.starts_with(VAVTimecodeAddBurnFlag.cliFlag()) ||
-                        isOf<VAVTranscodeWatermarkFileArgumentFlag>(row.flag) ||
-                        isOf<VAVTranscodeWatermarkTextArgumentFlag>(row.flag) ||
-                        row.flag == VAVColorLutFileFlag;
-  const bool isVideo = isBurnIn || isOf<VAVTranscodeVideoArgumentFlag>(row.flag);
-  if (isVideo && !job.hasVideo) return "the output has no video";
-  if (isVideo && !job.encoder && row.flag != VAVVideoFormatFlag) return "copied video stays as it is";
-  if (isOf<VAVTranscodeAudioArgumentFlag>(row.flag) && !job.hasAudio) return "the output has no audio";
-  if (row.needs[0].empty() ||
-      std::ranges::any_of(row.needs, [&](auto flag) { return !flag.empty() && job.hasFlag(flag); }))
-    return {};
-  return "it has no effect without " + std::string(row.needs[0]) +
-         (row.needs[1].empty() ? "" : " or " + std::string(row.needs[1]));
+  if (isAnyOf({VAVNoVideoFlag, VAVNoAudioFlag})) return {};
+  if (isOfPicture(row.flag)) {
+    if (!job.hasVideo) return "the output has no video";
+    if (!job.encoder && !isAnyOf({VAVVideoFormatFlag})) return "copied video stays as it is";
+  }
+  if (isOf<VAVTranscodeAudioArgumentFlag>(row.flag)) {
+    if (!job.hasAudio) return "the output has no audio";
+    const bool selectsTracks = isAnyOf({VAVCopyAudioFlag, VAVAudioIgnoreTracksPrefixFlag});
+    const bool isCopy = job.settings.argumentFlagValue(row.flag) == VAVCopySourceValue;
+    if (job.copiesAudio && !selectsTracks && !isCopy) return "copied audio stays as it is";
+  }
+  const auto isSet = [&](std::string_view flag) { return !flag.empty() && job.hasFlag(flag); };
+  if (row.needs[0].empty() || std::ranges::any_of(row.needs, isSet)) return {};
+  const std::string other(row.needs[1]);
+  return "it has no effect without " + std::string(row.needs[0]) + (other.empty() ? "" : " or " + other);
 }
 
 }  // namespace

@@ -16,12 +16,15 @@ enum class Stage {
   notHere,      // named on standard error
 };
 
+// Of these flags one must be set for another to have an effect; an empty one is none.
+using Needs = std::array<std::string_view, 2>;
+
 struct Row {
   std::string_view flag;
   Stage stage;
-  std::string_view becomes;                 // for readers; for notHere the reason
-  void (*map)(Job&) = nullptr;              // called if the flag is set
-  std::array<std::string_view, 2> needs{};  // without any of these flags it has no effect
+  std::string_view becomes;     // for readers; for notHere the reason
+  void (*map)(Job&) = nullptr;  // called if the flag is set
+  Needs needs{};
 };
 
 std::span<const Row> mapping() noexcept;

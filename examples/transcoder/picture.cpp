@@ -132,7 +132,7 @@ const Encoder* encoderFor(const TranscodeCliArguments& settings, const Container
 
 void web(Job& job) {
   if (!job.container.format.empty() && job.container.hasVideo) {
-    job.outputWords.insert(job.outputWords.end(), {"-movflags", "+faststart"});
+    job.add({"-movflags", "+faststart"});
   } else {
     job.cannot(VAVPrepareForWebFlag, "the container has no such layout");
   }
@@ -148,33 +148,26 @@ std::vector<std::string> encoderWords(const Job& job) {
   return words;
 }
 
-void videoFormat(Job& job) {
-  if (job.hasVideo && !job.encoder) job.outputWords.insert(job.outputWords.end(), {"-c:v", "copy"});
-}
-
 void videoBitRate(Job& job) {
-  if (!job.encoder) return;
   if (!job.encoder->takesBitRate)
     return job.cannot(VAVVideoBitRateFlag, "it follows from size and rate in this codec");
   const auto bits = static_cast<std::int64_t>(*job.settings.videoBitRate() * 1e6);
-  job.outputWords.insert(job.outputWords.end(), {"-b:v", std::to_string(bits)});
+  job.add({"-b:v", std::to_string(bits)});
 }
 
 void keyFrames(Job& job) {
-  if (!job.encoder) return;
   if (!job.encoder->hasKeyFrames)
     return job.cannot(VAVVideoKeyFramesFlag, "every frame is a key frame in this codec");
   const auto interval = std::to_string(*job.settings.videoKeyFrames());
-  job.outputWords.insert(job.outputWords.end(), {"-g", interval, "-keyint_min", interval});
+  job.add({"-g", interval, "-keyint_min", interval});
   if (job.encoder->codec == "h265") {
-    job.outputWords.insert(job.outputWords.end(), {"-x265-params", "log-level=error:scenecut=0"});
+    job.add({"-x265-params", "log-level=error:scenecut=0"});
   } else {
-    job.outputWords.insert(job.outputWords.end(), {"-sc_threshold", "0"});
+    job.add({"-sc_threshold", "0"});
   }
 }
 
 void profile(Job& job) {
-  if (!job.encoder) return;
   const auto name = *job.settings.videoProfile();
   if (job.encoder->profiles.empty()) return job.cannot(VAVVideoProfileFlag, "this codec has none to choose");
   if (std::ranges::find(job.encoder->profiles, name) == job.encoder->profiles.end()) {
@@ -182,7 +175,7 @@ void profile(Job& job) {
     for (const auto known : job.encoder->profiles) sentence.append(" ").append(known);
     refuse(sentence);
   }
-  job.outputWords.insert(job.outputWords.end(), {"-profile:v", name});
+  job.add({"-profile:v", name});
 }
 
 void gpuDecoding(Job& job) {
@@ -200,12 +193,12 @@ void lut(Job& job) {
                            [](unsigned char c) { return c == '.' || (c < 0x80 && std::isalnum(c)); })) {
     extension.clear();
   }
-  job.picture[static_cast<std::size_t>(Step::lut)] =
+  job.filter(Step::lut) =
       (hasOneDimension ? "lut1d=file=" : "lut3d=file=") + job.folder.link(file, "lut" + extension);
 }
 
 void frameRate(Job& job) {
-  job.picture[static_cast<std::size_t>(Step::rate)] = "fps=" + job.rate().text();
+  job.filter(Step::rate) = "fps=" + job.rate().text();
 }
 
 void dimensions(Job& job) {
@@ -216,7 +209,7 @@ void dimensions(Job& job) {
   const auto width = std::to_string(size.width);
   const auto height = std::to_string(size.height);
   const auto scaling = job.settings.videoAspectScaling().value_or(VAVLetterboxAspect);
-  auto& filter = job.picture[static_cast<std::size_t>(Step::size)];
+  auto& filter = job.filter(Step::size);
   const auto scaled = [&](const std::string& choice) {
     return "scale=w=" + even(choice + "(" + width + "," + height + "*dar)") +
            ":h=" + even(choice + "(" + height + "," + width + "/dar)");
@@ -236,7 +229,6 @@ void dimensions(Job& job) {
 }
 
 void bitDepth(Job& job) {
-  if (!job.encoder) return;
   const auto bits = *job.settings.videoBitDepth();
   if (std::ranges::find(job.encoder->depths, bits, &Encoder::Depth::bits) == job.encoder->depths.end()) {
     job.cannot(VAVVideoBitDepthFlag,
@@ -255,7 +247,7 @@ void colorSpace(Job& job) {
   if (!source.knowsPrimaries) filter.append(":pin=").append(from.primaries);
   if (!source.knowsTransfer) filter.append(":tin=").append(from.transfer);
   if (!source.knowsMatrix) filter.append(":min=").append(from.matrix);
-  job.picture[static_cast<std::size_t>(Step::color)] = filter;
+  job.filter(Step::color) = filter;
 }
 
 void pixels(Job& job) {
@@ -265,8 +257,7 @@ void pixels(Job& job) {
       std::ranges::find(depths, job.settings.videoBitDepth().value_or(0), &Encoder::Depth::bits);
   const auto format = (chosen == depths.end() ? depths.front() : *chosen).pixels;
   // Colour samples are shared by two pixels in most formats, so an odd row or column cannot be written.
-  job.picture[static_cast<std::size_t>(Step::pixels)] =
-      "format=" + std::string(format) + ",crop=trunc(iw/2)*2:trunc(ih/2)*2:0:0";
+  job.filter(Step::pixels) = "format=" + std::string(format) + ",crop=trunc(iw/2)*2:trunc(ih/2)*2:0:0";
 }
 
 }  // namespace transcoder

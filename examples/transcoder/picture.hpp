@@ -12,7 +12,6 @@ const Encoder* encoderFor(const quillonic::TranscodeCliArguments& settings, cons
 std::vector<std::string> encoderWords(const Job& job);
 
 void web(Job& job);
-void videoFormat(Job& job);
 void videoBitRate(Job& job);
 void keyFrames(Job& job);
 void profile(Job& job);

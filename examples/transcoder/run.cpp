@@ -104,7 +104,7 @@ std::string graph(Job& job, std::vector<std::string>& maps) {
   for (const auto track : tracks) {
     const auto from = "[sound" + std::to_string(track) + "]";
     if (!job.settings.discreteAudio()) {
-      filters += ";\n" + from + joined({"anull", joined(job.sound, ",")}, ",") + label("out", track, 0);
+      filters += ";\n" + from + joined({"anull", job.sound}, ",") + label("out", track, 0);
       map(label("out", track, 0));
       continue;
     }
@@ -133,7 +133,7 @@ std::vector<std::string> plainMaps(const Job& job) {
     if (job.hasAudio) maps.insert(maps.end(), {"-map", "-0:a:" + std::to_string(track) + "?"});
   }
   if (job.encoder) maps.insert(maps.end(), {"-filter_script:v:0", "pipe:3"});
-  if (job.hasAudio && !job.sound.empty()) maps.insert(maps.end(), {"-filter:a", joined(job.sound, ",")});
+  if (job.hasAudio && !job.sound.empty()) maps.insert(maps.end(), {"-filter:a", job.sound});
   return maps;
 }
 
@@ -220,7 +220,9 @@ bool readProgress(std::string_view line, Job& job, ProgressLine& progress) {
   const auto value = line.substr(std::min(equals + 1, line.size()));
   if (key == "frame") progress.frame = numberIn<std::int64_t>(value);
   if (key == "speed") progress.speed = numberIn<double>(value);
-  if (key == "out_time_us" && job.duration() > 0) {
+  // The first report does not wait for what ffprobe finds.
+  const bool isFirst = !progress.speed;
+  if (key == "out_time_us" && !isFirst && job.duration() > 0) {
     // It is all done only when the output has its name.
     progress.fraction = std::clamp(numberIn<double>(value) / 1e6 / job.duration(), 0.0, 0.9999);
     const auto left = (1 - *progress.fraction) * job.duration() / progress.speed.value_or(0);
@@ -255,7 +257,7 @@ void run(Job& job, const std::function<void(const ProgressLine&)>& onProgress) {
   std::string filters;
   child::Child process(ffmpeg(job, filters));
   if (!job.isJoined()) {
-    // ffmpeg reads these when it has started and opened its input, and ffprobe looked at that meanwhile.
+    // ffmpeg reads its filters when it has opened its input, and ffprobe looks at that meanwhile, if need be.
     mapBySource(job);
     filters = pictureChain(job);
   }

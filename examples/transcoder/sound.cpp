@@ -38,43 +38,34 @@ std::int64_t discreteChannels(Job& job, const child::AudioTrack& track) {
   return layout(job) ? layout(job)->channels : track.channels;
 }
 
-void copyAudio(Job& job) {
-  if (job.isJoined()) refuse("-acopy copies one file's tracks: it does not join files or part channels");
-  for (const std::string_view flag :
-       {VAVAudioFormatFlag.cliFlag(), VAVAudioBitsPerChannelFlag.cliFlag(), VAVAudioSampleRateFlag.cliFlag(),
-        VAVAudioChannelLayoutFlag.cliFlag(), VAVAudioBitRateFlag.cliFlag()}) {
-    if (job.hasFlag(flag)) job.cannot(flag, "copied audio stays as it is");
-  }
+bool copiesAudio(const TranscodeCliArguments& settings) {
+  return settings.copyAudio() || settings.argumentFlagValue(VAVAudioFormatFlag) == VAVCopySourceValue;
+}
+
+VAVTranscodeArgumentAudioFormatValue audioCodec(const Job& job) {
+  const auto* codec = job.encoder ? codecWithText(job.encoder->codec) : nullptr;
+  const bool isForPlayback =
+      codec && codec->family != CodecFamily::proRes && codec->family != CodecFamily::avidDNx;
+  const bool isCompressed = job.container.extension == "mp4" || isForPlayback;
+  return job.settings.audioFormat().value_or(isCompressed ? VAVAacAudioFormatValue : VAVLpcmAudioFormatValue);
 }
 
 void sampleRate(Job& job) {
-  if (!job.settings.copyAudio())
-    job.outputWords.insert(job.outputWords.end(), {"-ar", std::to_string(*job.settings.audioSampleRate())});
+  job.add({"-ar", std::to_string(*job.settings.audioSampleRate())});
 }
 
 void audioBitRate(Job& job) {
-  if (job.settings.copyAudio()) return;
-  if (job.settings.audioFormat() != VAVAacAudioFormatValue)
-    return job.cannot(VAVAudioBitRateFlag, "only aac takes one");
-  job.outputWords.insert(job.outputWords.end(), {"-b:a", std::to_string(*job.settings.audioBitRate()) + "k"});
+  if (audioCodec(job) != VAVAacAudioFormatValue) return job.cannot(VAVAudioBitRateFlag, "only aac takes one");
+  job.add({"-b:a", std::to_string(*job.settings.audioBitRate()) + "k"});
 }
 
 void soundFormat(Job& job) {
   if (!job.hasAudio) return;
-  auto& words = job.outputWords;
-  if (job.settings.copyAudio() || job.settings.argumentFlagValue(VAVAudioFormatFlag) == VAVCopySourceValue) {
-    words.insert(words.end(), {"-c:a", "copy"});
-    return;
-  }
-  const auto* family = job.encoder ? codecWithText(job.encoder->codec) : nullptr;
-  const bool forEditing =
-      !family || family->family == CodecFamily::proRes || family->family == CodecFamily::avidDNx;
-  const auto fallback =
-      job.container.extension == "mp4" || !forEditing ? VAVAacAudioFormatValue : VAVLpcmAudioFormatValue;
-  const auto codec = job.settings.audioFormat().value_or(fallback);
-  const auto& extension = job.container.extension;
+  if (job.copiesAudio) return job.add({"-c:a", "copy"});
+  const auto codec = audioCodec(job);
+  const auto extension = job.container.extension;
   if (codec == VAVLpcmAudioFormatValue ? extension == "mp4" : extension == "wav" || extension == "mxf") {
-    refuse(std::string(extension) + " files do not hold " + std::string(codec.rawValue()));
+    refuse(std::string(extension) + " files do not hold " + std::string(codec));
   }
 
   const auto bits = job.settings.audioBitsPerChannel();
@@ -85,13 +76,12 @@ void soundFormat(Job& job) {
     job.cannot(VAVAudioBitsPerChannelFlag, "the audio codec does not have that many bits");
   }
   const auto& chosen = isPossible ? *sample : samples[0];
-  if (codec == VAVAacAudioFormatValue) words.insert(words.end(), {"-c:a", "aac"});
-  if (codec == VAVLpcmAudioFormatValue) words.insert(words.end(), {"-c:a", std::string(chosen.pcm)});
-  if (isLossless) words.insert(words.end(), {"-c:a", "alac", "-sample_fmt", std::string(chosen.lossless)});
+  if (codec == VAVAacAudioFormatValue) job.add({"-c:a", "aac"});
+  if (codec == VAVLpcmAudioFormatValue) job.add({"-c:a", std::string(chosen.pcm)});
+  if (isLossless) job.add({"-c:a", "alac", "-sample_fmt", std::string(chosen.lossless)});
   // The only rate that mxf files have.
-  if (extension == "mxf" && !job.settings.audioSampleRate()) words.insert(words.end(), {"-ar", "48000"});
-  if (!job.settings.discreteAudio() && layout(job))
-    job.sound.push_back("aformat=channel_layouts=" + layoutName(job));
+  if (extension == "mxf" && !job.settings.audioSampleRate()) job.add({"-ar", "48000"});
+  if (!job.settings.discreteAudio() && layout(job)) job.sound = "aformat=channel_layouts=" + layoutName(job);
 }
 
 }  // namespace transcoder

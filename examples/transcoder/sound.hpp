@@ -5,7 +5,8 @@
 
 namespace transcoder {
 
-void copyAudio(Job& job);
+bool copiesAudio(const quillonic::TranscodeCliArguments& settings);
+
 void sampleRate(Job& job);
 void audioBitRate(Job& job);
 // The codec, which depends on the container when no setting names it, and the channel layout.

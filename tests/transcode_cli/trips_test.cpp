@@ -82,8 +82,8 @@ class Trips : public testing::Test {
   // The frames with these numbers, one below the other.
   Frame frames(const std::filesystem::path& file, std::size_t width, const std::string& numbers) {
     const auto raw = folder / "frames.raw";
-    ffmpeg({"-i", "file:" + file.native(), "-vf", "select='" + numbers + "'", "-vsync", "0", "-pix_fmt", "rgb24", "-f",
-            "rawvideo", raw});
+    ffmpeg({"-i", "file:" + file.native(), "-vf", "select='" + numbers + "'", "-vsync", "0", "-pix_fmt",
+            "rgb24", "-f", "rawvideo", raw});
     Frame frame{width, contentOf(raw)};
     std::filesystem::remove(raw);
     return frame;
@@ -177,8 +177,8 @@ TEST_F(Trips, NameEachSettingThatIsNotHonouredOnce) {
   EXPECT_EQ(result.exitStatus, 0) << result.errors;
   const auto lines = split(result.errors, '\n');
   EXPECT_EQ(lines.size(), 12U) << result.errors;  // and nothing after the last line break
-  for (const auto flag : {"-vbr", "-gpu_encoding", "-arri_wp", "-key_frames", "-vprofile", "-abr", "-tc_burn_size",
-                          "-tc_match", "-vbd", "-crop_anchor", "-wmt_burn"}) {
+  for (const auto flag : {"-vbr", "-gpu_encoding", "-arri_wp", "-key_frames", "-vprofile", "-abr",
+                          "-tc_burn_size", "-tc_match", "-vbd", "-crop_anchor", "-wmt_burn"}) {
     EXPECT_THAT(lines, testing::Contains(HasSubstr(std::string(flag) + " is not honoured: ")));
   }
 }
@@ -367,7 +367,8 @@ TEST_F(Trips, ASignalOrTheEndOfTheParentEndsTheToolWithoutAFile) {
                        folder / "out.mov",
                        "-vcodec",
                        "prores4444xq",
-                       "-dims", "1280x720",
+                       "-dims",
+                       "1280x720",
                        "-progress_file",
                        folder / "progress",
                        "-work_dir",
