@@ -127,7 +127,9 @@ const Encoder* encoderFor(const TranscodeCliArguments& settings, const Container
   if (container.extension == "mp4" && !codecWithText(codec)->limits.livesInMp4) {
     refuse("mp4 files do not hold " + std::string(codec.rawValue()) + "; -file_format qt does");
   }
-  return std::ranges::find(encoders, codec.rawValue(), &Encoder::codec);
+  const auto* found = std::ranges::find(encoders, codec.rawValue(), &Encoder::codec);
+  if (found == std::end(encoders)) fail(TranscodeExitStatus::unavailable, "no encoder for " + std::string(codec));
+  return found;
 }
 
 void web(Job& job) {
