@@ -5,9 +5,9 @@
 //         -snapshotLocation 0.5 -maxImageWidth 640 -compressionFactor 0.8
 //
 // Its units: a location is a part of the duration, 0 the first frame and 1 the last; width and height are
-// pixels within which a still frame fits; the compression factor is the quality that stays, from 0 to 1. Still
-// frames are JPEG files beside the results file. A folder is analysed with all files in it. A deep analysis
-// decodes everything: it counts the frames and reports what is damaged.
+// pixels within which a still frame fits; the compression factor is the quality that stays, from 0 to 1.
+// Still frames are JPEG files beside the results file. A folder is analysed with all files in it. A deep
+// analysis decodes everything: it counts the frames and tells what is damaged.
 #include <quillonic/json.hpp>
 #include <quillonic/tool_cli.hpp>
 

@@ -144,8 +144,8 @@ class Bars {
 };
 
 //! [run a child]
-// Runs the jobs side by side, and returns the first exit status that tells of a failure. The words of a job are
-// `settings.launchArguments()` and the flags that a parent adds.
+// Runs the jobs side by side, and returns the first exit status that tells of a failure. The words of a job
+// are `settings.launchArguments()` and the flags that a parent adds.
 int run(std::vector<Job> jobs) {
   std::list<child::Child> children;
   std::vector<child::Child*> pointers;

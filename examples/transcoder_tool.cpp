@@ -93,7 +93,7 @@ void print(Command command) {
   }
 }
 
-// Ends the tool with a sentence for each setting that it cannot use. "copy" is no codec, but can be asked for.
+// Ends the tool with a sentence for each setting that it cannot use. "copy" is no codec, but it can be used.
 void check(const TranscodeCliArguments& settings) {
   std::string refused;
   for (const auto& problem : settings.problems()) {

@@ -110,8 +110,8 @@ class PrivateFolder {
   std::filesystem::path path_;
 };
 
-// A file that appears under its name only when it is complete. Until then it has no name, so that nothing stays
-// whatever ends this process; or, where the file system needs one, a hidden name beside that place.
+// A file that appears under its name only when it is complete. Until then it has no name, so that nothing
+// stays whatever ends this process; or, where the file system needs one, a hidden name beside that place.
 class PartFile {
  public:
   explicit PartFile(const std::filesystem::path& target);  // throws std::system_error

@@ -7,12 +7,14 @@
 #include <fstream>
 #include <sys/stat.h>
 
+#include "picture.hpp"
+
 namespace transcoder {
 namespace {
 
 using namespace quillonic;
 
-// A place in the frame as the options x and y of a filter. Something is a fortieth of the height off the edge.
+// A place in the frame as the options x and y of a filter, a fortieth of the height off the edge.
 std::string place(const VAVTranscodeArgumentOverlayAnchorValue& anchor, const std::string& width,
                   const std::string& height, const std::string& ownWidth, const std::string& ownHeight) {
   const auto along = [&](int position, const std::string& size, const std::string& own) {
@@ -165,7 +167,7 @@ void burnImage(Job& job) {
   const auto factor = std::to_string(scale);
   const auto anchor = job.settings.watermarkFileBurnAnchor();
   // Mixing in the encoder's own kind of pixels keeps what the picture has of bits and colour.
-  const auto pixels = job.encoder->depths[0].pixels;
+  const auto pixels = pixelFormat(job);
   const std::string kind(pixels.starts_with("yuv422p10")     ? "yuv422p10"
                          : pixels.find("422") != pixels.npos ? "yuv422"
                          : pixels.find("444") != pixels.npos ? "yuv444"

@@ -128,7 +128,9 @@ const Encoder* encoderFor(const TranscodeCliArguments& settings, const Container
     refuse("mp4 files do not hold " + std::string(codec.rawValue()) + "; -file_format qt does");
   }
   const auto* found = std::ranges::find(encoders, codec.rawValue(), &Encoder::codec);
-  if (found == std::end(encoders)) fail(TranscodeExitStatus::unavailable, "no encoder for " + std::string(codec));
+  if (found == std::end(encoders)) {
+    fail(TranscodeExitStatus::unavailable, "no encoder for " + std::string(codec));
+  }
   return found;
 }
 
@@ -252,14 +254,17 @@ void colorSpace(Job& job) {
   job.filter(Step::color) = filter;
 }
 
-void pixels(Job& job) {
-  if (!job.encoder) return;
+std::string pixelFormat(const Job& job) {
   const auto& depths = job.encoder->depths;
   const auto chosen =
       std::ranges::find(depths, job.settings.videoBitDepth().value_or(0), &Encoder::Depth::bits);
-  const auto format = (chosen == depths.end() ? depths.front() : *chosen).pixels;
+  return std::string((chosen == depths.end() ? depths.front() : *chosen).pixels);
+}
+
+void pixels(Job& job) {
+  if (!job.encoder) return;
   // Colour samples are shared by two pixels in most formats, so an odd row or column cannot be written.
-  job.filter(Step::pixels) = "format=" + std::string(format) + ",crop=trunc(iw/2)*2:trunc(ih/2)*2:0:0";
+  job.filter(Step::pixels) = "format=" + pixelFormat(job) + ",crop=trunc(iw/2)*2:trunc(ih/2)*2:0:0";
 }
 
 }  // namespace transcoder

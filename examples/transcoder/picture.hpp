@@ -22,7 +22,9 @@ void frameRate(Job& job);
 void dimensions(Job& job);
 void bitDepth(Job& job);
 void colorSpace(Job& job);
-// The format of the pixels that the encoder gets, whatever the source has.
+// The format of the pixels that the encoder gets, by ffmpeg's name.
+std::string pixelFormat(const Job& job);
+// Converts to that format, whatever the source has.
 void pixels(Job& job);
 
 }  // namespace transcoder

@@ -57,8 +57,24 @@ std::string label(std::string_view name, std::size_t number, std::size_t file) {
   return "[" + std::string(name) + std::to_string(number) + "_" + std::to_string(file) + "]";
 }
 
-// Several inputs, each made like the first one, follow each other in one programme; each channel can become a
-// track. Adds the maps of what comes out.
+// Makes each channel of a track a track of its own.
+std::string parted(Job& job, std::size_t track, const std::string& from, std::vector<std::string>& outputs) {
+  const auto model = trackModel(job, track);
+  const auto wanted = static_cast<std::size_t>(discreteChannels(job, model));
+  std::string filters = from + "asplit=" + std::to_string(wanted);
+  for (std::size_t channel = 0; channel < wanted; ++channel) filters += label("part", track, channel);
+  for (std::size_t channel = 0; channel < wanted; ++channel) {
+    // A channel that the source lacks is silent.
+    const bool isThere = static_cast<std::int64_t>(channel) < model.channels;
+    outputs.push_back(label("out", track, channel));
+    filters += ";\n" + label("part", track, channel) +
+               "pan=mono|c0=" + (isThere ? "c" + std::to_string(channel) : "0*c0") + outputs.back();
+  }
+  return filters;
+}
+
+// Several inputs, each made like the first one, follow each other in one programme. Adds the maps of its
+// streams.
 std::string graph(Job& job, std::vector<std::string>& maps) {
   const auto& first = job.source();
   const bool hasVideo = job.hasVideo && first.hasVideo;
@@ -70,12 +86,11 @@ std::string graph(Job& job, std::vector<std::string>& maps) {
     if (hasVideo && !media.hasVideo)
       refuse(job.inputs[i].path.native() + " has no video, unlike the first input");
     if (hasVideo) {
-      const auto width = std::to_string(first.width);
-      const auto height = std::to_string(first.height);
+      const auto width = std::to_string(first.width / 2 * 2);
+      const auto height = std::to_string(first.height / 2 * 2);
       filters += "[" + std::to_string(i) + ":V:0]fps=" + job.rate().text() + ",scale=w='min(" + width + "," +
                  height + "*dar)':h='min(" + height + "," + width + "/dar)',pad=" + width + ":" + height +
-                 ":(ow-iw)/2:(oh-ih)/2,setsar=1,format=" + std::string(job.encoder->depths[0].pixels) +
-                 label("v", 0, i) + ";\n";
+                 ":(ow-iw)/2:(oh-ih)/2,setsar=1,format=" + pixelFormat(job) + label("v", 0, i) + ";\n";
       pieces += label("v", 0, i);
     }
     for (const auto track : tracks) {
@@ -96,35 +111,25 @@ std::string graph(Job& job, std::vector<std::string>& maps) {
              ":a=" + std::to_string(tracks.size());
   if (hasVideo) filters += "[joined]";
   for (const auto track : tracks) filters += "[sound" + std::to_string(track) + "]";
-  const auto map = [&](const std::string& name) { maps.insert(maps.end(), {"-map", name}); };
+  std::vector<std::string> outputs;
   if (hasVideo) {
-    filters += ";\n[joined]" + pictureChain(job) + "[picture]";
-    map("[picture]");
+    outputs.emplace_back("[picture]");
+    filters += ";\n[joined]" + pictureChain(job) + outputs.back();
   }
   for (const auto track : tracks) {
     const auto from = "[sound" + std::to_string(track) + "]";
-    if (!job.settings.discreteAudio()) {
-      filters += ";\n" + from + joined({"anull", job.sound}, ",") + label("out", track, 0);
-      map(label("out", track, 0));
-      continue;
-    }
-    const auto has = trackModel(job, track).channels;
-    const auto wanted = discreteChannels(job, trackModel(job, track));
-    filters += ";\n" + from + "asplit=" + std::to_string(wanted);
-    for (std::int64_t channel = 0; channel < wanted; ++channel)
-      filters += label("part", track, static_cast<std::size_t>(channel));
-    for (std::int64_t channel = 0; channel < wanted; ++channel) {
-      const auto number = static_cast<std::size_t>(channel);
-      // A channel that the source lacks is silent.
-      const std::string volume = channel < has ? "c" + std::to_string(channel) : "0*c0";
-      filters += ";\n" + label("part", track, number) + "pan=mono|c0=" + volume + label("out", track, number);
-      map(label("out", track, number));
+    if (job.settings.discreteAudio()) {
+      filters += ";\n" + parted(job, track, from, outputs);
+    } else {
+      outputs.push_back(label("out", track, 0));
+      filters += ";\n" + from + joined({"anull", job.sound}, ",") + outputs.back();
     }
   }
+  for (const auto& output : outputs) maps.insert(maps.end(), {"-map", output});
   return filters;
 }
 
-// One input: ffmpeg needs to be told nothing about it, and so starts before ffprobe has ended.
+// One input: ffmpeg needs to be told nothing about it, and so starts before ffprobe.
 std::vector<std::string> plainMaps(const Job& job) {
   std::vector<std::string> maps;
   if (job.hasVideo) maps.insert(maps.end(), {"-map", "0:V:0?"});

@@ -247,8 +247,8 @@ TEST_F(Trips, BurnInsChangeThePictureInTheirPlacesOnly) {
   }
 }
 
-// One law over names: whatever bytes they have, inputs and outputs are files of that name, and a text is drawn as
-// it is or refused.
+// One law over names: whatever bytes they have, inputs and outputs are files of that name, and a text is
+// drawn as it is.
 TEST_F(Trips, NamesAndTextsAreNeverSyntax) {
   const auto source = clip("plain.mov", "color=black:s=320x180:r=25");
   const auto mark = folder / "mark.png";
