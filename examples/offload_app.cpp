@@ -118,6 +118,11 @@ class Bars {
     }
   }
 
+  // A job that tells nothing on its way ends all the same.
+  void finish(std::size_t job) {
+    if (!progress_[job]) show(job, {.fraction = 1});
+  }
+
   // A line above the bars.
   void log(std::size_t job, std::string_view line) {
     if (isTerminal_) std::cout << "\033[" << names_.size() << "A\033[J";
@@ -168,7 +173,10 @@ int run(std::vector<Job> jobs) {
   int result = 0;
   for (std::size_t i = 0; i < jobs.size(); ++i) {
     const int status = pointers[i]->wait();
-    if (status == 0) continue;
+    if (status == 0) {
+      bars.finish(i);
+      continue;
+    }
     const auto known = fromRawValue<TranscodeExitStatus>(status);
     std::cerr << jobs[i].name << " ended with " << status << ": " << (known ? meaning(*known) : "") << '\n';
     if (result == 0) result = status;
