@@ -80,7 +80,7 @@ class Snapshots {
       if (!(location >= 0 && location <= 1)) {
         one["error"] = "a location is a part of the duration, from 0 to 1";
       } else {
-        takeOne(name, media, double{location}, one);
+        takeOne(name, media, static_cast<double>(location), one);
       }
       taken.push_back(std::move(one));
     }
@@ -99,7 +99,8 @@ class Snapshots {
     const auto width = std::to_string(options_.maxImageWidth);
     const auto fit =
         options_.imageHeight ? "min(" + width + "," + std::to_string(*options_.imageHeight) + "*dar)" : width;
-    const double quality = std::clamp(double{options_.compressionFactor.value_or(0.8F)}, 0.0, 1.0);
+    const double quality =
+        std::clamp(static_cast<double>(options_.compressionFactor.value_or(0.8F)), 0.0, 1.0);
     child::PartFile part(file);
     const auto out = folder_.link(part.path(), "out" + std::to_string(number_));
     child::Child ffmpeg(
