@@ -195,8 +195,9 @@ child::Program ffmpeg(Job& job, std::string& filters) {
   const auto encoder = encoderWords(job);
   words.insert(words.end(), encoder.begin(), encoder.end());
   words.insert(words.end(), job.outputWords.begin(), job.outputWords.end());
-  const bool isQuickTime = job.container.extension == "mov" || job.container.extension == "mp4";
-  if (isQuickTime && !job.settings.timecodeAddTrack()) words.insert(words.end(), {"-write_tmcd", "0"});
+  // The source's own timecode, which may not fit the output's rate, does not come along unasked.
+  words.insert(words.end(), {"-metadata:s:v", "timecode="});
+  if (!job.settings.timecodeAddTrack()) words.insert(words.end(), {"-metadata", "timecode="});
   if (job.container.extension == "wav" && hasMetadata) words.insert(words.end(), {"-write_bext", "1"});
   words.insert(words.end(), {"-f", std::string(job.container.muxer), "out"});
   return program;
@@ -224,13 +225,12 @@ bool readProgress(std::string_view line, Job& job, ProgressLine& progress) {
   const auto key = line.substr(0, equals);
   const auto value = line.substr(std::min(equals + 1, line.size()));
   if (key == "frame") progress.frame = numberIn<std::int64_t>(value);
-  if (key == "speed") progress.speed = numberIn<double>(value);
-  // The first report does not wait for what ffprobe finds.
-  const bool isFirst = !progress.speed;
-  if (key == "out_time_us" && !isFirst && job.duration() > 0) {
+  if (const auto speed = numberIn<double>(value); key == "speed" && speed > 0) progress.speed = speed;
+  // The first report, which has no speed, does not wait for what ffprobe finds.
+  if (key == "out_time_us" && progress.speed && job.duration() > 0) {
     // It is all done only when the output has its name.
     progress.fraction = std::clamp(numberIn<double>(value) / 1e6 / job.duration(), 0.0, 0.9999);
-    const auto left = (1 - *progress.fraction) * job.duration() / progress.speed.value_or(0);
+    const auto left = (1 - *progress.fraction) * job.duration() / *progress.speed;
     progress.secondsLeft = left < 1e9 ? std::optional(std::llround(left)) : std::nullopt;
   }
   return key == "progress" && value == "continue";

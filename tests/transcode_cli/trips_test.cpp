@@ -164,6 +164,11 @@ TEST_F(Trips, WriteWhatIsAskedFor) {
   }
   EXPECT_THAT(probe(folder / "out3.mp4", {"-skip_frame", "nokey", "-count_frames"}),
               HasSubstr("nb_read_frames=\"5\""));
+  // A drop-frame timecode does not come along to a rate without it, and is converted where it is asked for.
+  const auto dropping = clip("drop.mov", "testsrc2=s=256x144:r=30000/1001", {"-timecode", "00:01:00;12"});
+  EXPECT_EQ(run(dropping, folder / "plain.mxf", split("-vr 25")).errors, "");
+  EXPECT_EQ(run(dropping, folder / "match.mxf", split("-vr 25 -tc_track -tc_match")).errors, "");
+  EXPECT_THAT(probe(folder / "match.mxf"), HasSubstr("format.tags.timecode=\"00:01:00:10\""));
   const auto web = contentOf(folder / "out0.mov");
   EXPECT_LT(web.find("moov"), web.find("mdat"));
 }
