@@ -60,12 +60,17 @@ template <> struct CaseTable<FlagValueKind> {
 struct TranscodeFlagRow {
   /// The flag with its hyphen.
   std::string_view text;
+  /// An English name for people, with the unit of a number: "Frame rate (fps)". Display code looks it up in
+  /// the user's language.
+  std::string_view label;
   /// What follows the flag.
   FlagValueKind valueKind;
   /// An English sentence for help texts.
   std::string_view meaning;
   /// The listed values, in order; none for a flag that takes anything else.
   std::span<const std::string_view> fixedValues{};
+  /// For each listed value an English name for people, "ProRes 422 HQ".
+  std::span<const std::string_view> fixedValueNames{};
 };
 
 /// The families of flags.
@@ -97,6 +102,12 @@ template <TranscodeFlagFamily family> class TranscodeFlag : public TextBacked<Tr
 
   /// Whether a value follows the flag: true for every kind but `none`.
   constexpr bool acceptsArguments() const noexcept { return valueKind() != FlagValueKind::none; }
+
+  /// An English name for people, with the unit of a number; empty for a text without a constant.
+  constexpr std::string_view label() const noexcept {
+    const auto* row = this->row();
+    return row ? row->label : std::string_view{};
+  }
 
   /// An English sentence for help texts; empty for a text without a constant.
   constexpr std::string_view meaning() const noexcept {

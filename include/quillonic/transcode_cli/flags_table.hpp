@@ -14,11 +14,16 @@ namespace quillonic {
 
 namespace detail {
 
-// The texts of the fixed values that follow flags.
+// The texts of the fixed values that follow flags, and what people see instead.
 inline constexpr std::array<std::string_view, 3> textsOfVAVTranscodeArgumentFileFormatValue{
     std::string_view("qt"),
     std::string_view("mp4"),
     std::string_view("wav"),
+};
+inline constexpr std::array<std::string_view, 3> namesOfVAVTranscodeArgumentFileFormatValue{
+    std::string_view("QuickTime"),
+    std::string_view("MPEG-4"),
+    std::string_view("Wave audio"),
 };
 inline constexpr std::array<std::string_view, 11> textsOfVAVTranscodeArgumentVideoCodecValue{
     std::string_view("dnxhd"),
@@ -33,11 +38,30 @@ inline constexpr std::array<std::string_view, 11> textsOfVAVTranscodeArgumentVid
     std::string_view("prores422lt"),
     std::string_view("prores422proxy"),
 };
+inline constexpr std::array<std::string_view, 11> namesOfVAVTranscodeArgumentVideoCodecValue{
+    std::string_view("Avid DNxHD"),
+    std::string_view("AVC, H.264"),
+    std::string_view("HEVC, H.265"),
+    std::string_view("Motion JPEG"),
+    std::string_view("MPEG-4 Visual"),
+    std::string_view("ProRes 4444"),
+    std::string_view("ProRes 4444 XQ"),
+    std::string_view("ProRes 422"),
+    std::string_view("ProRes 422 HQ"),
+    std::string_view("ProRes 422 LT"),
+    std::string_view("ProRes 422 Proxy"),
+};
 inline constexpr std::array<std::string_view, 4> textsOfVAVTranscodeArgumentAspectRatioValue{
     std::string_view("match"),
     std::string_view("stretch"),
     std::string_view("letterbox"),
     std::string_view("crop"),
+};
+inline constexpr std::array<std::string_view, 4> namesOfVAVTranscodeArgumentAspectRatioValue{
+    std::string_view("Keeps the source's aspect ratio"),
+    std::string_view("Stretches to the frame"),
+    std::string_view("Fits inside the frame, with bars"),
+    std::string_view("Fills the frame and crops"),
 };
 inline constexpr std::array<std::string_view, 9> textsOfVAVTranscodeArgumentOverlayAnchorValue{
     std::string_view("tl"),
@@ -50,6 +74,17 @@ inline constexpr std::array<std::string_view, 9> textsOfVAVTranscodeArgumentOver
     std::string_view("bc"),
     std::string_view("br"),
 };
+inline constexpr std::array<std::string_view, 9> namesOfVAVTranscodeArgumentOverlayAnchorValue{
+    std::string_view("Top left"),
+    std::string_view("Top centre"),
+    std::string_view("Top right"),
+    std::string_view("Centre left"),
+    std::string_view("Centre"),
+    std::string_view("Centre right"),
+    std::string_view("Bottom left"),
+    std::string_view("Bottom centre"),
+    std::string_view("Bottom right"),
+};
 inline constexpr std::array<std::string_view, 5> textsOfVAVTranscodeArgumentColorSpaceValue{
     std::string_view("rec_2020"),
     std::string_view("rec_709"),
@@ -57,10 +92,22 @@ inline constexpr std::array<std::string_view, 5> textsOfVAVTranscodeArgumentColo
     std::string_view("smpte_c"),
     std::string_view("ebu_3213"),
 };
+inline constexpr std::array<std::string_view, 5> namesOfVAVTranscodeArgumentColorSpaceValue{
+    std::string_view("ITU-R BT.2020"),
+    std::string_view("ITU-R BT.709"),
+    std::string_view("sRGB"),
+    std::string_view("SMPTE C"),
+    std::string_view("EBU Tech"),
+};
 inline constexpr std::array<std::string_view, 3> textsOfVAVTranscodeArgumentAudioFormatValue{
     std::string_view("lpcm"),
     std::string_view("aac"),
     std::string_view("apple_lossless"),
+};
+inline constexpr std::array<std::string_view, 3> namesOfVAVTranscodeArgumentAudioFormatValue{
+    std::string_view("Linear PCM"),
+    std::string_view("AAC"),
+    std::string_view("Apple Lossless"),
 };
 inline constexpr std::array<std::string_view, 6> textsOfVAVTranscodeArgumentAudioChannelLayoutValue{
     std::string_view("mono"),
@@ -70,9 +117,21 @@ inline constexpr std::array<std::string_view, 6> textsOfVAVTranscodeArgumentAudi
     std::string_view("hex"),
     std::string_view("oct"),
 };
+inline constexpr std::array<std::string_view, 6> namesOfVAVTranscodeArgumentAudioChannelLayoutValue{
+    std::string_view("One channel"),
+    std::string_view("Two channels"),
+    std::string_view("Four channels"),
+    std::string_view("Five channels"),
+    std::string_view("Six channels"),
+    std::string_view("Eight channels"),
+};
 inline constexpr std::array<std::string_view, 2> textsOfVAVTranscodePresetValue{
     std::string_view("vantiro_cloud"),
     std::string_view("vantiro_4444xq"),
+};
+inline constexpr std::array<std::string_view, 2> namesOfVAVTranscodePresetValue{
+    std::string_view("Small files for review in a browser"),
+    std::string_view("Mastering quality"),
 };
 inline constexpr std::array<std::string_view, 6> textsOfVAVArriLookColorSpaces{
     std::string_view("rec709"),
@@ -82,10 +141,23 @@ inline constexpr std::array<std::string_view, 6> textsOfVAVArriLookColorSpaces{
     std::string_view("awg3"),
     std::string_view("awg4"),
 };
+inline constexpr std::array<std::string_view, 6> namesOfVAVArriLookColorSpaces{
+    std::string_view("ITU-R BT.709"),
+    std::string_view("ITU-R BT.2020"),
+    std::string_view("DCI P3"),
+    std::string_view("ACES primaries 0"),
+    std::string_view("ARRI Wide Gamut 3"),
+    std::string_view("ARRI Wide Gamut 4"),
+};
 inline constexpr std::array<std::string_view, 3> textsOfVAVArriWhitePoints{
     std::string_view("d60"),
     std::string_view("dci"),
     std::string_view("d65"),
+};
+inline constexpr std::array<std::string_view, 3> namesOfVAVArriWhitePoints{
+    std::string_view("D60"),
+    std::string_view("DCI"),
+    std::string_view("D65"),
 };
 inline constexpr std::array<std::string_view, 7> textsOfVAVArriCurves{
     std::string_view("bt1886"),
@@ -96,9 +168,22 @@ inline constexpr std::array<std::string_view, 7> textsOfVAVArriCurves{
     std::string_view("logc4"),
     std::string_view("linear"),
 };
+inline constexpr std::array<std::string_view, 7> namesOfVAVArriCurves{
+    std::string_view("ITU-R BT.1886"),
+    std::string_view("DCI"),
+    std::string_view("Perceptual quantiser"),
+    std::string_view("Hybrid log-gamma"),
+    std::string_view("ARRI LogC3"),
+    std::string_view("ARRI LogC4"),
+    std::string_view("Linear light"),
+};
 inline constexpr std::array<std::string_view, 2> textsOfVAVArriLookResolutions{
     std::string_view("ignore"),
     std::string_view("first"),
+};
+inline constexpr std::array<std::string_view, 2> namesOfVAVArriLookResolutions{
+    std::string_view("Ignores it"),
+    std::string_view("Takes the first one"),
 };
 
 }  // namespace detail
@@ -163,19 +248,23 @@ struct CaseTable<VAVTranscodeCliCommand> {
     cliGpuPlatformsFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 13> flags{{
-      {"-h", FlagValueKind::none, "Prints how the tool is used."},
-      {"-codecs", FlagValueKind::none, "Prints the video codecs."},
-      {"-formats", FlagValueKind::none, "Prints the file formats."},
-      {"-version", FlagValueKind::none, "Prints the tool's version."},
-      {"-acknowledge", FlagValueKind::none, "Prints acknowledgements."},
-      {"-presets", FlagValueKind::none, "Prints the presets."},
-      {"-aspect_scalings", FlagValueKind::none, "Prints the ways to fit a picture into a frame."},
-      {"-crop_anchors", FlagValueKind::none, "Prints the anchors for cropping."},
-      {"-color_spaces", FlagValueKind::none, "Prints the colour spaces."},
-      {"-audio_channel_layouts", FlagValueKind::none, "Prints the channel layouts."},
-      {"-tc_burn_anchors", FlagValueKind::none, "Prints the anchors for a burnt-in timecode."},
-      {"-wmf_burn_anchors", FlagValueKind::none, "Prints the anchors for an image watermark."},
-      {"-gpu_platforms", FlagValueKind::none, "Prints the GPU platforms."},
+      {"-h", "Help", FlagValueKind::none, "Prints how the tool is used."},
+      {"-codecs", "List of codecs", FlagValueKind::none, "Prints the video codecs."},
+      {"-formats", "List of formats", FlagValueKind::none, "Prints the file formats."},
+      {"-version", "Version", FlagValueKind::none, "Prints the tool's version."},
+      {"-acknowledge", "Acknowledgements", FlagValueKind::none, "Prints acknowledgements."},
+      {"-presets", "List of presets", FlagValueKind::none, "Prints the presets."},
+      {"-aspect_scalings", "List of aspect scalings", FlagValueKind::none,
+       "Prints the ways to fit a picture into a frame."},
+      {"-crop_anchors", "List of crop anchors", FlagValueKind::none, "Prints the anchors for cropping."},
+      {"-color_spaces", "List of colour spaces", FlagValueKind::none, "Prints the colour spaces."},
+      {"-audio_channel_layouts", "List of channel layouts", FlagValueKind::none,
+       "Prints the channel layouts."},
+      {"-tc_burn_anchors", "List of timecode anchors", FlagValueKind::none,
+       "Prints the anchors for a burnt-in timecode."},
+      {"-wmf_burn_anchors", "List of watermark anchors", FlagValueKind::none,
+       "Prints the anchors for an image watermark."},
+      {"-gpu_platforms", "List of GPU platforms", FlagValueKind::none, "Prints the GPU platforms."},
   }};
 };
 
@@ -230,19 +319,19 @@ struct CaseTable<VAVTranscodeArgumentFlag> {
     workDirectoryFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 10> flags{{
-      {"-in", FlagValueKind::path,
+      {"-in", "Input", FlagValueKind::path,
        "An input file; also the prefix of numbered ones, as in \"-in_0_2\": group 0, position 2. Files are taken group by group, in each by position, both ascending."},
-      {"-out", FlagValueKind::path, "The output file."},
-      {"-progress_file", FlagValueKind::path, "The file that receives the progress."},
-      {"-progress_prefix", FlagValueKind::text, "A prefix for each progress line."},
-      {"-overwrite", FlagValueKind::none, "Replaces an existing output file."},
-      {"-file_format", FlagValueKind::listed,
-       "The container format.", detail::textsOfVAVTranscodeArgumentFileFormatValue},
-      {"-clut", FlagValueKind::path, "The file of a colour look-up table."},
-      {"-web", FlagValueKind::none, "Arranges the output for playback over a network."},
-      {"-preset", FlagValueKind::listed,
-       "A preset built into the tool.", detail::textsOfVAVTranscodePresetValue},
-      {"-work_dir", FlagValueKind::path, "The folder for temporary files."},
+      {"-out", "Output", FlagValueKind::path, "The output file."},
+      {"-progress_file", "Progress file", FlagValueKind::path, "The file that receives the progress."},
+      {"-progress_prefix", "Progress prefix", FlagValueKind::text, "A prefix for each progress line."},
+      {"-overwrite", "Overwrite", FlagValueKind::none, "Replaces an existing output file."},
+      {"-file_format", "Container", FlagValueKind::listed,
+       "The container format.", detail::textsOfVAVTranscodeArgumentFileFormatValue, detail::namesOfVAVTranscodeArgumentFileFormatValue},
+      {"-clut", "LUT", FlagValueKind::path, "The file of a colour look-up table."},
+      {"-web", "Prepare for web", FlagValueKind::none, "Arranges the output for playback over a network."},
+      {"-preset", "Built-in preset", FlagValueKind::listed,
+       "A preset built into the tool.", detail::textsOfVAVTranscodePresetValue, detail::namesOfVAVTranscodePresetValue},
+      {"-work_dir", "Work folder", FlagValueKind::path, "The folder for temporary files."},
   }};
 };
 
@@ -313,26 +402,27 @@ struct CaseTable<VAVTranscodeVideoArgumentFlag> {
     videoProfileFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 14> flags{{
-      {"-vn", FlagValueKind::none, "Leaves the video out."},
-      {"-vcodec", FlagValueKind::listed,
-       "The video codec.", detail::textsOfVAVTranscodeArgumentVideoCodecValue},
-      {"-vr", FlagValueKind::decimal, "Frames per second."},
-      {"-dims", FlagValueKind::size, "The frame size in pixels, as in \"960x540\"."},
-      {"-aspect_scaling", FlagValueKind::listed,
-       "How to fit a picture of another aspect ratio.", detail::textsOfVAVTranscodeArgumentAspectRatioValue},
-      {"-crop_anchor", FlagValueKind::listed,
-       "The part of the picture that a crop keeps.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
-      {"-vbr", FlagValueKind::decimal,
+      {"-vn", "No video", FlagValueKind::none, "Leaves the video out."},
+      {"-vcodec", "Video codec", FlagValueKind::listed,
+       "The video codec.", detail::textsOfVAVTranscodeArgumentVideoCodecValue, detail::namesOfVAVTranscodeArgumentVideoCodecValue},
+      {"-vr", "Frame rate (fps)", FlagValueKind::decimal, "Frames per second."},
+      {"-dims", "Frame size", FlagValueKind::size, "The frame size in pixels, as in \"960x540\"."},
+      {"-aspect_scaling", "Aspect scaling", FlagValueKind::listed,
+       "How to fit a picture of another aspect ratio.", detail::textsOfVAVTranscodeArgumentAspectRatioValue, detail::namesOfVAVTranscodeArgumentAspectRatioValue},
+      {"-crop_anchor", "Crop anchor", FlagValueKind::listed,
+       "The part of the picture that a crop keeps.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue, detail::namesOfVAVTranscodeArgumentOverlayAnchorValue},
+      {"-vbr", "Video bit rate (Mb/s)", FlagValueKind::decimal,
        "The video's bit rate in megabits per second; the cloud preset has 3."},
-      {"-vbd", FlagValueKind::integer, "Bits per colour component."},
-      {"-c_space", FlagValueKind::listed,
-       "The colour space; whether the picture is converted to it or only tagged with it is the tool's choice.", detail::textsOfVAVTranscodeArgumentColorSpaceValue},
-      {"-key_frames", FlagValueKind::integer, "Frames from one key frame to the next."},
-      {"-gpu_decoding", FlagValueKind::none, "Decodes on the GPU."},
-      {"-gpu_encoding", FlagValueKind::none, "Encodes on the GPU."},
-      {"-red_rocket_device", FlagValueKind::integer,
+      {"-vbd", "Bits per colour", FlagValueKind::integer, "Bits per colour component."},
+      {"-c_space", "Colour space", FlagValueKind::listed,
+       "The colour space; whether the picture is converted to it or only tagged with it is the tool's choice.", detail::textsOfVAVTranscodeArgumentColorSpaceValue, detail::namesOfVAVTranscodeArgumentColorSpaceValue},
+      {"-key_frames", "Key frame distance", FlagValueKind::integer, "Frames from one key frame to the next."},
+      {"-gpu_decoding", "Decode on GPU", FlagValueKind::none, "Decodes on the GPU."},
+      {"-gpu_encoding", "Encode on GPU", FlagValueKind::none, "Encodes on the GPU."},
+      {"-red_rocket_device", "Decoder card", FlagValueKind::integer,
        "The number of the decoder card, in the tool's own numbering."},
-      {"-vprofile", FlagValueKind::text, "The codec's profile, by the tool's own name for it."},
+      {"-vprofile", "Video profile", FlagValueKind::text,
+       "The codec's profile, by the tool's own name for it."},
   }};
 };
 
@@ -383,19 +473,19 @@ struct CaseTable<VAVTranscodeAudioArgumentFlag> {
     audioBitRateFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 9> flags{{
-      {"-an", FlagValueKind::none, "Leaves the audio out."},
-      {"-acopy", FlagValueKind::none, "Copies the source's audio."},
-      {"-ac_omit", FlagValueKind::integer,
+      {"-an", "No audio", FlagValueKind::none, "Leaves the audio out."},
+      {"-acopy", "Copy audio", FlagValueKind::none, "Copies the source's audio."},
+      {"-ac_omit", "Omitted audio tracks", FlagValueKind::integer,
        "The audio tracks to leave out, counted from 0, each under a flag that begins so, as in \"-ac_omit_0\"."},
-      {"-adiscrete", FlagValueKind::none,
+      {"-adiscrete", "Discrete channels", FlagValueKind::none,
        "Writes discrete output channels; what that makes of a channel layout is the tool's choice."},
-      {"-acodec", FlagValueKind::listed,
-       "The audio codec.", detail::textsOfVAVTranscodeArgumentAudioFormatValue},
-      {"-abpc", FlagValueKind::integer, "Bits per sample of each channel."},
-      {"-asr", FlagValueKind::integer, "Samples per second, in hertz."},
-      {"-acl", FlagValueKind::listed,
-       "The channel layout.", detail::textsOfVAVTranscodeArgumentAudioChannelLayoutValue},
-      {"-abr", FlagValueKind::integer,
+      {"-acodec", "Audio codec", FlagValueKind::listed,
+       "The audio codec.", detail::textsOfVAVTranscodeArgumentAudioFormatValue, detail::namesOfVAVTranscodeArgumentAudioFormatValue},
+      {"-abpc", "Bits per sample", FlagValueKind::integer, "Bits per sample of each channel."},
+      {"-asr", "Sample rate (Hz)", FlagValueKind::integer, "Samples per second, in hertz."},
+      {"-acl", "Channel layout", FlagValueKind::listed,
+       "The channel layout.", detail::textsOfVAVTranscodeArgumentAudioChannelLayoutValue, detail::namesOfVAVTranscodeArgumentAudioChannelLayoutValue},
+      {"-abr", "Audio bit rate", FlagValueKind::integer,
        "The audio's bit rate in the tool's own unit; the library does not scale it."},
   }};
 };
@@ -453,19 +543,22 @@ struct CaseTable<VAVTranscodeTimecodeArgumentFlag> {
     timecodeIsDropFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 11> flags{{
-      {"-tc_track", FlagValueKind::none, "Adds a timecode track."},
-      {"-tc_burn", FlagValueKind::none, "Burns the timecode into the picture."},
-      {"-tc_burn_anchor", FlagValueKind::listed,
-       "Where the timecode is burnt in; valid because it contains \"-tc_burn\".", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
-      {"-tc_burn_size", FlagValueKind::integer,
+      {"-tc_track", "Timecode track", FlagValueKind::none, "Adds a timecode track."},
+      {"-tc_burn", "Burn in timecode", FlagValueKind::none, "Burns the timecode into the picture."},
+      {"-tc_burn_anchor", "Timecode position", FlagValueKind::listed,
+       "Where the timecode is burnt in; valid because it contains \"-tc_burn\".", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue, detail::namesOfVAVTranscodeArgumentOverlayAnchorValue},
+      {"-tc_burn_size", "Timecode font size", FlagValueKind::integer,
        "The font size of the burnt-in timecode, in the tool's own unit."},
-      {"-tc_burn_font_rgb", FlagValueKind::color, "The font colour of the burnt-in timecode."},
-      {"-tc_burn_box_rgb", FlagValueKind::color, "The colour of the box around the burnt-in timecode."},
-      {"-tc_match", FlagValueKind::none, "Takes the timecode from the source."},
-      {"-tc_creation", FlagValueKind::none, "Takes the timecode from the creation date."},
-      {"-tc_custom", FlagValueKind::timecode, "Starts at this timecode."},
-      {"-tc_rate", FlagValueKind::decimal, "The timecode's frames per second."},
-      {"-tc_drop", FlagValueKind::none, "Counts in drop frame."},
+      {"-tc_burn_font_rgb", "Timecode font colour", FlagValueKind::color,
+       "The font colour of the burnt-in timecode."},
+      {"-tc_burn_box_rgb", "Timecode box colour", FlagValueKind::color,
+       "The colour of the box around the burnt-in timecode."},
+      {"-tc_match", "Timecode of the source", FlagValueKind::none, "Takes the timecode from the source."},
+      {"-tc_creation", "Timecode of the creation date", FlagValueKind::none,
+       "Takes the timecode from the creation date."},
+      {"-tc_custom", "Start timecode", FlagValueKind::timecode, "Starts at this timecode."},
+      {"-tc_rate", "Timecode rate (fps)", FlagValueKind::decimal, "The timecode's frames per second."},
+      {"-tc_drop", "Drop frame", FlagValueKind::none, "Counts in drop frame."},
   }};
 };
 
@@ -492,11 +585,11 @@ struct CaseTable<VAVTranscodeWatermarkFileArgumentFlag> {
     watermarkFileBurnScaleFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 3> flags{{
-      {"-wmf_anchor", FlagValueKind::listed,
-       "Where the image is placed.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
-      {"-wmf_path", FlagValueKind::path,
+      {"-wmf_anchor", "Watermark image position", FlagValueKind::listed,
+       "Where the image is placed.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue, detail::namesOfVAVTranscodeArgumentOverlayAnchorValue},
+      {"-wmf_path", "Watermark image", FlagValueKind::path,
        "The image file. Unlike other paths it is lower-cased when words are parsed; a fixed contract."},
-      {"-wmf_scale", FlagValueKind::decimal,
+      {"-wmf_scale", "Watermark image scale", FlagValueKind::decimal,
        "What both sides of the image are multiplied by; 1 keeps its size."},
   }};
 };
@@ -535,13 +628,15 @@ struct CaseTable<VAVTranscodeWatermarkTextArgumentFlag> {
     watermarkTextBurnBoxRGBFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 6> flags{{
-      {"-wmt_burn", FlagValueKind::none, "Burns a text into the picture."},
-      {"-wmt_text", FlagValueKind::text, "The text."},
-      {"-wmt_size", FlagValueKind::integer, "The font size of the text, in the tool's own unit."},
-      {"-wmt_anchor", FlagValueKind::listed,
-       "Where the text is placed.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue},
-      {"-wmt_font_rgb", FlagValueKind::color, "The font colour of the text."},
-      {"-wmt_box_rgb", FlagValueKind::color, "The colour of the box around the text."},
+      {"-wmt_burn", "Burn in text", FlagValueKind::none, "Burns a text into the picture."},
+      {"-wmt_text", "Watermark text", FlagValueKind::text, "The text."},
+      {"-wmt_size", "Watermark font size", FlagValueKind::integer,
+       "The font size of the text, in the tool's own unit."},
+      {"-wmt_anchor", "Watermark text position", FlagValueKind::listed,
+       "Where the text is placed.", detail::textsOfVAVTranscodeArgumentOverlayAnchorValue, detail::namesOfVAVTranscodeArgumentOverlayAnchorValue},
+      {"-wmt_font_rgb", "Watermark font colour", FlagValueKind::color, "The font colour of the text."},
+      {"-wmt_box_rgb", "Watermark box colour", FlagValueKind::color,
+       "The colour of the box around the text."},
   }};
 };
 
@@ -571,11 +666,14 @@ struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
     arriLookInvalidLookResolutionFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 4> flags{{
-      {"-arri_cs", FlagValueKind::text, "The colour primaries.", detail::textsOfVAVArriLookColorSpaces},
-      {"-arri_wp", FlagValueKind::text, "The white point.", detail::textsOfVAVArriWhitePoints},
-      {"-arri_curve", FlagValueKind::text, "The transfer curve.", detail::textsOfVAVArriCurves},
-      {"-arri_inv_res", FlagValueKind::text,
-       "What to do with an invalid look.", detail::textsOfVAVArriLookResolutions},
+      {"-arri_cs", "ARRI colour primaries", FlagValueKind::text,
+       "The colour primaries.", detail::textsOfVAVArriLookColorSpaces, detail::namesOfVAVArriLookColorSpaces},
+      {"-arri_wp", "ARRI white point", FlagValueKind::text,
+       "The white point.", detail::textsOfVAVArriWhitePoints, detail::namesOfVAVArriWhitePoints},
+      {"-arri_curve", "ARRI curve", FlagValueKind::text,
+       "The transfer curve.", detail::textsOfVAVArriCurves, detail::namesOfVAVArriCurves},
+      {"-arri_inv_res", "ARRI invalid look", FlagValueKind::text,
+       "What to do with an invalid look.", detail::textsOfVAVArriLookResolutions, detail::namesOfVAVArriLookResolutions},
   }};
 };
 
