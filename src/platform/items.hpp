@@ -89,6 +89,10 @@ Result<std::string> wholeFile(const std::string& path, std::size_t limit);
 // Creates a new file. Removes one that cannot be written whole.
 std::error_code create(const std::string& path, std::string_view bytes);
 
+// Gives a path a file with these bytes, which are on the disk before the earlier file is gone. Keeps the
+// permissions of an earlier file and refuses one that may not be written.
+std::error_code replace(const std::string& path, std::string_view bytes);
+
 struct Entry {
   std::string name;
   FileType type;

@@ -26,6 +26,19 @@ bool canExist(const std::string& path) noexcept {
   return !hasNul;
 }
 
+Descriptor openedNew(const std::string& path) noexcept {
+  return Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+}
+
+std::error_code write(const Descriptor& file, std::string_view bytes) noexcept {
+  while (!bytes.empty()) {
+    const auto count = uninterrupted([&] { return ::write(file.number(), bytes.data(), bytes.size()); });
+    if (count < 0) return lastError();
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return {};
+}
+
 struct CloseFolder {
   void operator()(DIR* stream) const noexcept { ::closedir(stream); }
 };
@@ -193,20 +206,37 @@ Result<std::string> wholeFile(const std::string& path, std::size_t limit) {
 
 std::error_code create(const std::string& path, std::string_view bytes) {
   if (!canExist(path)) return lastError();
-  Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+  Descriptor file(openedNew(path));
   if (!file) return lastError();
-  std::error_code error;
-  while (!bytes.empty() && !error) {
-    const auto count = uninterrupted([&] { return ::write(file.number(), bytes.data(), bytes.size()); });
-    if (count < 0) {
-      error = lastError();
-    } else {
-      bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-  }
+  auto error = write(file, bytes);
   const auto closing = file.close();
   if (!error) error = closing;
   if (error) ::unlink(path.c_str());
+  return error;
+}
+
+std::error_code replace(const std::string& path, std::string_view bytes) {
+  if (!canExist(path)) return lastError();
+  struct stat earlier {};
+  const bool isThere = ::stat(path.c_str(), &earlier) == 0;
+  if (isThere && !S_ISREG(earlier.st_mode)) return systemError(std::errc::invalid_argument);
+  if (isThere && ::access(path.c_str(), W_OK) != 0) return lastError();
+  // A hidden name of its own beside the path, short enough for every folder.
+  std::string name;
+  Descriptor file;
+  for (int number = 0; !file; ++number) {
+    name = path.substr(0, path.rfind('/') + 1) + ".new-" + std::to_string(::getpid()) + "-" +
+           std::to_string(number);
+    file = openedNew(name);
+    if (!file && errno != EEXIST) return lastError();
+  }
+  auto error = write(file, bytes);
+  if (!error && isThere && ::fchmod(file.number(), earlier.st_mode & 07777U) != 0) error = lastError();
+  if (!error && ::fsync(file.number()) != 0) error = lastError();
+  const auto closing = file.close();
+  if (!error) error = closing;
+  if (!error && ::rename(name.c_str(), path.c_str()) != 0) error = lastError();
+  if (error) ::unlink(name.c_str());
   return error;
 }
 
