@@ -29,8 +29,9 @@ install(TARGETS quillonic ${component_targets} EXPORT QuillonicTargets
   FILE_SET HEADERS COMPONENT Development)
 install(EXPORT QuillonicTargets DESTINATION ${package_folder} FILE Quillonic${kind}Targets.cmake
   NAMESPACE Quillonic:: COMPONENT Development)
-# The header for hosts with nlohmann-json, whether this machine has it or not.
-install(FILES include/quillonic/json.hpp DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillonic COMPONENT Development)
+# The headers for hosts with nlohmann-json, whether this machine has it or not.
+install(FILES include/quillonic/json.hpp include/quillonic/preset_json.hpp
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillonic COMPONENT Development)
 
 configure_package_config_file(cmake/QuillonicConfig.cmake.in ${PROJECT_BINARY_DIR}/QuillonicConfig.cmake
   INSTALL_DESTINATION ${package_folder} NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO)

@@ -1,0 +1,44 @@
+/// Choices that a video codec does not allow.
+///
+///     for (const auto& [choice, allowed] : codecConflicts(settings)) {
+///       warn(choice.name, choice.text, allowed);      // "Bits per colour", "8 bpp", {"10 bpp"}
+///     }
+#pragma once
+
+#include <quillonic/export.hpp>
+#include <quillonic/transcode_cli/arguments.hpp>
+
+#include <string>
+#include <vector>
+
+namespace quillonic {
+
+/// An option of a transcode for people, in the user's language; control characters are escaped.
+struct DisplayedOption {
+  /// The flag with its hyphen, which is never translated.
+  std::string flag;
+  /// What is set, with the unit of a number: "Frame rate (fps)".
+  std::string name;
+  /// What it is set to: "23.976", "ProRes 422 HQ", "On".
+  std::string text;
+
+  friend bool operator==(const DisplayedOption&, const DisplayedOption&) = default;
+};
+
+/// A choice that the codec does not allow.
+struct CodecConflict {
+  /// What is chosen.
+  DisplayedOption choice;
+  /// What the codec allows instead, in the user's language and the order of pickers. A text such as "Custom"
+  /// stands for all other numbers.
+  std::vector<std::string> allowed;
+
+  friend bool operator==(const CodecConflict&, const CodecConflict&) = default;
+};
+
+/// The settings' choices that their "-vcodec" does not allow: container, frame rate and size, data rate,
+/// depth; also values of these that cannot be read. None without a codec, for an unlisted one, and if the
+/// video is left out.
+QUILLONIC_EXPORT std::vector<CodecConflict> codecConflicts(const TranscodeCliArguments& settings);
+
+}  // namespace quillonic
