@@ -12,19 +12,6 @@ namespace {
 
 using Codec = VAVTranscodeArgumentVideoCodecValue;
 
-// A number that a person types stands in lists for all others.
-template <class Setting> bool isMember(const Setting& setting, std::span<const Setting> list) {
-  return std::ranges::any_of(list, [&](const Setting& other) {
-    if constexpr (std::same_as<Setting, ColorDepth>) {
-      return other == setting;
-    } else if constexpr (std::same_as<Setting, VideoDataRate>) {
-      return other.kind() == setting.kind();
-    } else {
-      return other == setting || (other.kind() == setting.kind() && setting.kind() == Setting::Kind::custom);
-    }
-  });
-}
-
 std::string pickerText(ColorDepth depth) {
   return description(depth);
 }
@@ -32,15 +19,32 @@ std::string pickerText(const auto& setting) {
   return setting.pickerDescription();
 }
 
+// Whether the case stands for all numbers that a person can type.
+template <class Setting> bool isTyped(const Setting& setting) {
+  if constexpr (std::same_as<Setting, ColorDepth>) {
+    return false;
+  } else if constexpr (std::same_as<Setting, VideoDataRate>) {
+    return setting.isRestrict();
+  } else {
+    return setting.kind() == Setting::Kind::custom;
+  }
+}
+
 template <class Setting>
 void add(std::vector<CodecConflict>& conflicts, const TranscodeCliArguments& settings, const Codec& codec,
          std::string_view flag) {
   const auto text = settings.argumentFlagValue(flag);
-  const auto list = allowed<Setting>(codec);
-  const auto setting = fromArguments<Setting>(settings);
-  if (!text || (setting && isMember(*setting, list))) return;
-  CodecConflict conflict{displayed(*transcodeFlagRow(flag), text), {}};
-  for (const auto& other : list) conflict.allowed.push_back(pickerText(other));
+  if (!text) return;
+  const auto chosen = fromArguments<Setting>(settings);
+  const auto& row = *transcodeFlagRow(flag);
+  CodecConflict conflict{displayed(row, text), {}};
+  for (const Setting& other : allowed<Setting>(codec)) {
+    if (chosen && (*chosen == other || (isTyped(*chosen) && isTyped(other)))) return;
+    TranscodeCliArguments said;
+    if (!isTyped(other) && !storeIn(other, said)) continue;
+    const auto value = said.argumentFlagValue(flag);
+    conflict.allowed.push_back(value ? displayed(row, value).text : pickerText(other));
+  }
   conflicts.push_back(std::move(conflict));
 }
 

@@ -74,13 +74,11 @@ TEST(StoredPreset, DisplaysItselfAndWhatItsCodecDoesNotAllow) {
   // Each line: settings, and the choices that are not allowed with what is.
   const std::pair<const char*, const char*> rows[] = {
       {"-vcodec prores422 -file_format mp4 -vbr 3 -vbd 9 -vr 12.5 -dims 7x7",
-       "MPEG-4: QuickTime|3: Auto|9: 10 bpp"},
-      {"-vcodec prores4444 -vbd 16", "16: 10 bpp/12 bpp"},
+       "MPEG-4: QuickTime|3: Auto|9: 10"},
+      {"-vcodec prores4444 -vbd 16", "16: 10/12"},
       {"-vcodec h264 -file_format wav -vr x -vbr 3",
-       "Wave audio: QuickTime/MPEG-4|x: Match/Half Step/23.97 fps/24 fps/"
-       "25 fps/29.97 fps/30 fps/50 fps/59.94 fps/60 fps/Custom"},
-      {"-vcodec dnxhd -vr 12.5 -dims 1920x1080",
-       "12.5: Match/23.97 fps/24 fps/25 fps/29.97 fps/50 fps/59.94 fps"},
+       "Wave audio: QuickTime/MPEG-4|x: Match/23.976/24.0/25.0/29.97/30.0/50.0/59.94/60.0/Custom"},
+      {"-vcodec dnxhd -vr 12.5 -dims 1920x1080", "12.5: Match/23.976/24.0/25.0/29.97/50.0/59.94"},
       {"-vcodec h264 -file_format mp4 -vr 12.5 -vbd 8 -dims 7x7", ""},
       {"-vcodec prores422 -vn -vbd 9", ""},
       {"-vcodec later -vbd 9", ""},

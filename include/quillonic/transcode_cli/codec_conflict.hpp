@@ -1,7 +1,7 @@
 /// Choices that a video codec does not allow.
 ///
 ///     for (const auto& [choice, allowed] : codecConflicts(settings)) {
-///       warn(choice.name, choice.text, allowed);      // "Bits per colour", "8 bpp", {"10 bpp"}
+///       warn(choice.name, choice.text, allowed);      // "Bits per colour", "8", {"10"}
 ///     }
 #pragma once
 
@@ -29,15 +29,16 @@ struct DisplayedOption {
 struct CodecConflict {
   /// What is chosen.
   DisplayedOption choice;
-  /// What the codec allows instead, in the user's language and the order of pickers. A text such as "Custom"
-  /// stands for all other numbers.
+  /// What the codec allows and a command line can say, in the form of `choice.text` and the order of pickers.
+  /// In the user's language are "Match" and "Auto", which a removed flag says, and "Custom", which stands for
+  /// all other numbers.
   std::vector<std::string> allowed;
 
   friend bool operator==(const CodecConflict&, const CodecConflict&) = default;
 };
 
 /// The settings' choices that their "-vcodec" does not allow: container, frame rate and size, data rate,
-/// depth; also values of these that cannot be read. None without a codec, for an unlisted one, and if the
+/// depth. Values of these that cannot be read are not allowed either. None without a codec, for an unlisted one, and if the
 /// video is left out.
 QUILLONIC_EXPORT std::vector<CodecConflict> codecConflicts(const TranscodeCliArguments& settings);
 
