@@ -19,7 +19,7 @@ std::string pickerText(const auto& setting) {
   return setting.pickerDescription();
 }
 
-// Whether the case stands for all numbers that a person can type.
+// Whether the case means any number that a person can type.
 template <class Setting> bool isTyped(const Setting& setting) {
   if constexpr (std::same_as<Setting, ColorDepth>) {
     return false;

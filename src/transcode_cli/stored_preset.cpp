@@ -27,7 +27,7 @@ bool belongsToJob(std::string_view flag) {
          detail::rowWhere(CaseTable<VAVTranscodeCliCommand>::flags, &TranscodeFlagRow::text, flag);
 }
 
-// What a menu tells, most important first. The marks stand for the option's text.
+// What a menu tells, most important first, with a mark in place of the option's text.
 struct MenuRow {
   std::string_view flag;
   std::string_view text;
@@ -111,23 +111,22 @@ std::vector<DisplayedOption> StoredPreset::setSettings(const Cloud_ConversionOpt
   add(storeIn(codec, model), VAVVideoFormatFlag, stored(codec));
 
   const auto container = fromProto<VideoExtension>(video);
-  const auto format = container ? VAVTranscodeArgumentFileFormatValue::fromStringValue(
-                                      *container == VideoExtension::mov ? VAVQuickTimeFileFormat.rawValue()
-                                                                        : VAVMp4Format.rawValue())
-                                : std::nullopt;
-  model.setFileFormat(format);
-  add(format || video.container == decltype(video.container){}, VAVFileFormatFlag, stored(video.container));
+  if (container)
+    model.setFileFormat(*container == VideoExtension::mov ? VAVQuickTimeFileFormat : VAVMp4Format);
+  add(container || video.container == decltype(video.container){}, VAVFileFormatFlag,
+      stored(video.container));
 
   const auto rate = FrameRate::fromProto(video);
   add(rate && storeIn(*rate, model), VAVVideoFrameRateFlag,
       rate ? rate->description() : number_text::shortest(video.frameRate));
 
   const auto size = VideoDimension::fromProto(video);
-  const bool isFit =
-      size != VideoDimension::match || (video.width == 0 && video.height == 0 && video.scale == 0);
+  const bool isPixels = video.width != 0 || video.height != 0;
+  const bool isFit = size != VideoDimension::match || (!isPixels && video.scale == 0);
   add(storeIn(size, model) && isFit, VAVVideoDimensionsFlag,
-      isFit ? size.description()
-            : number_text::shortest(video.width) + " x " + number_text::shortest(video.height));
+      isFit      ? size.description()
+      : isPixels ? number_text::shortest(video.width) + " x " + number_text::shortest(video.height)
+                 : number_text::shortest(video.scale));
 
   const auto dataRate = VideoDataRate::fromProto(video);
   add(storeIn(dataRate, model) && (dataRate.isRestrict() || video.dataRate == 0), VAVVideoBitRateFlag,

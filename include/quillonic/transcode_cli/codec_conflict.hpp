@@ -30,16 +30,16 @@ struct CodecConflict {
   /// What is chosen.
   DisplayedOption choice;
   /// What the codec allows and a command line can say, in the form of `choice.text` and the order of pickers.
-  /// In the user's language are "Match" and "Auto", which a removed flag says, and "Custom", which stands for
-  /// all other numbers.
+  /// In the user's language are "Match" and "Auto", which a removed flag says, and "Custom", which means any
+  /// other number.
   std::vector<std::string> allowed;
 
   friend bool operator==(const CodecConflict&, const CodecConflict&) = default;
 };
 
 /// The settings' choices that their "-vcodec" does not allow: container, frame rate and size, data rate,
-/// depth. Values of these that cannot be read are not allowed either. None without a codec, for an unlisted one, and if the
-/// video is left out.
+/// depth. Values of these that cannot be read are not allowed either. None without a codec, for an unlisted
+/// one, and if the video is left out.
 QUILLONIC_EXPORT std::vector<CodecConflict> codecConflicts(const TranscodeCliArguments& settings);
 
 }  // namespace quillonic

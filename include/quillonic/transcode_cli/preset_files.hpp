@@ -47,8 +47,8 @@ struct PresetFolder {
 
 /// Reads all files of a folder whose names end in `extension`, in capitals or not. Follows links; does not
 /// look into folders, nor at names with a leading dot. A file is broken if it cannot be read, is larger than
-/// `greatestPresetFileSize`, is a pipe or a device, if `parse` throws a `std::exception` for its text, or if an
-/// earlier file has the same identifier. Throws a `std::system_error` if the folder cannot be read.
+/// `greatestPresetFileSize`, is a pipe or a device, if `parse` throws a `std::exception` for its text, or if
+/// an earlier file has the same identifier. Throws a `std::system_error` if the folder cannot be read.
 QUILLONIC_EXPORT PresetFolder loadPresets(const std::filesystem::path& folder, std::string_view extension,
                                           FunctionRef<CodedValue(std::string_view text)> parse);
 
