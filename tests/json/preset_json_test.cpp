@@ -35,7 +35,7 @@ bool isOfJob(const std::string& flag) {
 TEST(PresetJson, KeepsPresetsWhichAreWhatTheirSettingsMakeAndLeaveJobsAlone) {
   std::mt19937 random(20);
   for (int i = 0; i < 1000; ++i) {
-    StoredPreset preset("id \xff", "Größe\n");
+    StoredPreset preset;
     preset.setChanges(randomChanges(random, false));
     auto again = preset;
     again.setSettings(preset.settings());
@@ -44,24 +44,16 @@ TEST(PresetJson, KeepsPresetsWhichAreWhatTheirSettingsMakeAndLeaveJobsAlone) {
     TranscodeCliArguments job;
     randomChanges(random, false).apply(job);
     const auto before = job.clone();
-    StoredPreset changing;
-    changing.setChanges(randomChanges(random, true));
-    changing.applyTo(job);
-    for (const auto& [flag, text] : changing.changes().byFlag()) {
-      EXPECT_EQ(job.hasArgumentFlag(flag), text.has_value()) << flag;
-    }
-    for (const auto& [flag, was, is] : job.differencesFrom(before)) {
-      EXPECT_TRUE(changing.changes().byFlag().contains(flag) || flag.starts_with("-ac_omit") ||
-                  flag == "-tc_custom");
-    }
     preset.replaceIn(job);
     for (const auto& [flag, was, is] : job.differencesFrom(before)) EXPECT_FALSE(isOfJob(flag)) << flag;
     again.setSettings(job);
     EXPECT_EQ(again, preset);
 
+    StoredPreset changing("id \xff", "Größe\n");
+    changing.setChanges(randomChanges(random, true));
     changing.otherMembers.add("$later", CodedList{CodedValue(), 1.5, CodedRecord()});
-    EXPECT_EQ(decode<StoredPreset>(fromJson(nlohmann::ordered_json::parse(toJson(encode(changing)).dump()))),
-              changing);
+    const auto text = toJson(encode(changing)).dump();
+    EXPECT_EQ(decode<StoredPreset>(fromJson(nlohmann::ordered_json::parse(text))), changing);
   }
 }
 
@@ -81,8 +73,6 @@ TEST(PresetJson, LoadsAFolderAndTellsWhatIsBroken) {
   folder.file("c.json", R"({"identifier": "b", "name": "C", "options": {}})");
   folder.file("d.json", R"({"identifier": "d", "options": {}})");
   folder.file("e.json", R"({"identifier": "e", "name": "E", "options": {"-Out": "/o"}})");
-  folder.file("f.json", R"({"identifier": "f", "name": "F", "options": {"-later": ""}})");
-  folder.file("g.json", R"({"identifier": "g", "name": "G", "options": {"-vbr": 3}})");
   folder.file("i.json", std::string(greatestPresetFileSize + 1, ' '));
   folder.link("j.json", "nowhere");
   ASSERT_EQ(mkfifo((folder / "k.json").c_str(), 0600), 0);
@@ -93,8 +83,6 @@ TEST(PresetJson, LoadsAFolderAndTellsWhatIsBroken) {
             "c.json: cannot decode 'identifier': an earlier file has \"b\"\n"
             "d.json: cannot decode 'name': the key is missing\n"
             "e.json: cannot decode '-out': the option belongs to a job, not to a preset\n"
-            "f.json: cannot decode '-later': the flag is not valid\n"
-            "g.json: cannot decode '-vbr': the value has another type\n"
             "i.json: larger than 1 MiB\n"
             "j.json: No such file or directory\n"
             "k.json: not a regular file\n");

@@ -17,18 +17,14 @@ TEST(StoredPreset, DisplaysItself) {
   StoredPreset preset("x", "Cut\n");
   EXPECT_EQ(preset.description(), "Cut\\n");
   auto changes = TranscodeOptionChanges::between(
-      {},
-      TranscodeCliArguments(split("-vcodec prores422 -vr 23.98 -ac_omit_2 2 -ac_omit_0 0 -acl stereo -web  "
-                                  "-tc_burn_later 1 -wmt_burn  -clut /L -out /o")));
+      {}, TranscodeCliArguments(split("-vr 23.98 -ac_omit_2 2 -ac_omit_0 0 -acl stereo -tc_burn_later 1")));
   changes.remove("-abr");
-  changes.remove("-an");
   preset.setChanges(changes);
-  EXPECT_EQ(preset.description(), "Cut\\n: ProRes 422, 23.98 fps, Two channels, LUT, burnt-in text");
+  EXPECT_EQ(preset.description(), "Cut\\n: 23.98 fps, Two channels");
   EXPECT_EQ(
       joined(preset.details(), '|', [](const auto& option) { return option.name + ": " + option.text; }),
-      "LUT: /L|Prepare for web: On|Video codec: ProRes 422|Frame rate (fps): 23.98|No audio: Off|"
-      "Omitted audio tracks: 0, 2|Channel layout: Two channels|Audio bit rate: Not set|Burn in text: On|"
-      "-tc_burn_later: 1");
+      "Frame rate (fps): 23.98|Omitted audio tracks: 0, 2|Channel layout: Two channels|"
+      "Audio bit rate: Not set|-tc_burn_later: 1");
   class Bracketed final : public Localizer {
     std::string localized(std::string_view text) const override { return "<" + std::string(text) + ">"; }
   };
