@@ -1,5 +1,6 @@
 // A menu of presets, built-in ones and those of a folder; jobs that start from one; a changed one that is
 // kept. Needs nlohmann-json and the target Quillonic::json, because the files are JSON.
+#include <quillonic/filesystem.hpp>
 #include <quillonic/preset_json.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -41,16 +42,18 @@ int main() {
     std::cout << '\n';
   }
 
-  // A changed one, kept beside it with a name of its own.
+  // A changed one, kept with a name of its own in a new file with a legal name.
   auto changes = dailies.changes();
   changes.set(VAVVideoBitDepthFlag, 10);
   changes.forget(VAVWatermarkTextAddBurnFlag);
   changes.forget(VAVWatermarkTextBurnTextFlag);
   dailies.setChanges(changes);
   dailies.identifier = "dailies-clean";
-  dailies.name = "Dailies, clean";
-  storeJsonPreset(dailies, folder / "dailies-clean.json");
-  std::cout << '\n' << std::ifstream(folder / "dailies-clean.json").rdbuf();
+  dailies.name = "Dailies 1/2, clean";
+  const auto fileName = removingDisallowedMacOSFilesystemCharacters(dailies.name) + ".json";
+  const auto file = FileManager().filePathAdjustedForCollision(folder / fileName);
+  storeJsonPreset(dailies, file);
+  std::cout << '\n' << file.filename() << ' ' << std::ifstream(file).rdbuf();
 
   // A job gets its files, then one preset after another: the files stay, the first preset does not.
   TranscodeCliArguments job;
