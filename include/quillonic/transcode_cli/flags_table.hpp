@@ -97,7 +97,7 @@ inline constexpr std::array<std::string_view, 5> namesOfVAVTranscodeArgumentColo
     std::string_view("ITU-R BT.709"),
     std::string_view("sRGB"),
     std::string_view("SMPTE C"),
-    std::string_view("EBU Tech"),
+    std::string_view("EBU Tech. 3213"),
 };
 inline constexpr std::array<std::string_view, 3> textsOfVAVTranscodeArgumentAudioFormatValue{
     std::string_view("lpcm"),
