@@ -20,7 +20,8 @@ int main() {
   std::ofstream(folder / "dailies.json") << R"({
     "identifier": "dailies", "name": "Dailies", "version": "1", "color": "orange",
     "options": {"-vcodec": "prores422lt", "-vbd": "8", "-file_format": "qt", "-clut": "/luts/Show.cube",
-                "-tc_burn": "", "-tc_match": "", "-wmt_burn": "", "-wmt_text": "for review", "-web": null}
+                "-tc_burn": "", "-tc_match": "", "-wmt_burn": "", "-wmt_text": "for review", "-web": null, "-ac_omit_3": "3",
+                "-ac_omit_1": "1", "-abr": null}
   })";
   std::ofstream(folder / "notes.json")
       << R"({"identifier": "notes", "name": "Notes", "options": {"-out": "/a"}})";

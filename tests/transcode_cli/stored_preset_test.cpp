@@ -13,24 +13,15 @@ namespace {
 using Options = Cloud_ConversionOptions;
 using Video = Options::VideoTranscodeOptions;
 
-TEST(StoredPreset, DisplaysItself) {
-  StoredPreset preset("x", "Cut\n");
-  EXPECT_EQ(preset.description(), "Cut\\n");
-  auto changes = TranscodeOptionChanges::between(
-      {}, TranscodeCliArguments(split("-vr 23.98 -ac_omit_2 2 -ac_omit_0 0 -acl stereo -tc_burn_later 1")));
-  changes.remove("-abr");
-  preset.setChanges(changes);
-  EXPECT_EQ(preset.description(), "Cut\\n: 23.98 fps, Two channels");
-  EXPECT_EQ(
-      joined(preset.details(), '|', [](const auto& option) { return option.name + ": " + option.text; }),
-      "Frame rate (fps): 23.98|Omitted audio tracks: 0, 2|Channel layout: Two channels|"
-      "Audio bit rate: Not set|-tc_burn_later: 1");
+TEST(StoredPreset, DisplaysItselfInTheUsersLanguageOnOneLine) {
   class Bracketed final : public Localizer {
     std::string localized(std::string_view text) const override { return "<" + std::string(text) + ">"; }
   };
+  auto preset = StoredPreset::builtIn(TranscodeCliPreset::proRes4444XQ);
+  preset.name = "Cut\n";
   Localization::setLocalizer(std::make_shared<const Bracketed>());
-  EXPECT_EQ(StoredPreset::builtIn(TranscodeCliPreset::proRes4444XQ).description(),
-            "<ProRes 4444 XQ: <<ProRes 4444 XQ>>, <<Linear PCM>>, <<QuickTime>>>");
+  EXPECT_EQ(preset.description(), "<Cut\\n: <<ProRes 4444 XQ>>, <<Linear PCM>>, <<QuickTime>>>");
+  EXPECT_EQ(preset.details().front(), (DisplayedOption{"-file_format", "<Container>", "<QuickTime>"}));
   Localization::setLocalizer(nullptr);
 }
 
