@@ -10,4 +10,6 @@
 #include <quillonic/platform/logging.hpp>
 #include <quillonic/platform/mount_table.hpp>
 #include <quillonic/platform/script_runner.hpp>
+#include <quillonic/platform/unheld.hpp>
 #include <quillonic/platform/user_defaults.hpp>
+#include <quillonic/platform/volume_traits.hpp>

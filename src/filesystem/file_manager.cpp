@@ -31,13 +31,6 @@ std::vector<std::string> namePrefixes(std::span<const std::filesystem::path> fol
   return prefixes;
 }
 
-// The position of the extension's full stop in a name; the name's size when it has no extension.
-std::size_t extensionStart(std::string_view name) {
-  const auto stop = name.rfind('.');
-  const bool hasExtension = stop != std::string_view::npos && stop > 0 && stop + 1 < name.size();
-  return hasExtension ? stop : name.size();
-}
-
 // A path that no program reads as an option; nothing when the working folder is gone.
 std::optional<std::string> absolutePath(std::string_view path) {
   if (path.starts_with('/')) return std::string(path);
@@ -93,7 +86,7 @@ std::filesystem::path FileManager::filePathAdjustedForCollision(const std::files
   const std::string taken(path_text::withoutTrailingSlashes(path.native()));
   if (!isTaken(taken)) return path;
   const auto folderSize = path_text::folderPrefix(taken).size();
-  const auto stemEnd = folderSize + extensionStart(taken.substr(folderSize));
+  const auto stemEnd = folderSize + path_text::extensionStart(taken.substr(folderSize));
   auto candidate = taken.substr(0, stemEnd) + ' ';
   for (std::uint64_t counter = 2;; ++counter) {
     candidate.resize(stemEnd + 1);

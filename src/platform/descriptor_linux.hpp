@@ -1,7 +1,11 @@
-// Descriptors that close at the end of their scope.
+// Descriptors that close at the end of their scope, and what else system calls take and give.
 #pragma once
 
+#include <quillonic/support/date.hpp>
+
 #include <cerrno>
+#include <chrono>
+#include <ctime>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -17,6 +21,14 @@ template <class Call> auto uninterrupted(Call call) {
   auto result = call();
   for (int triesLeft = 10'000; result < 0 && errno == EINTR && triesLeft > 0; --triesLeft) result = call();
   return result;
+}
+
+inline timespec timeOf(Date date) noexcept {
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(date);
+  timespec time{};
+  time.tv_sec = seconds.time_since_epoch().count();
+  time.tv_nsec = (date - seconds).count();
+  return time;
 }
 
 class Descriptor {

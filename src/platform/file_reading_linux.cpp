@@ -8,6 +8,14 @@
 
 namespace quillonic {
 
+Descriptor openedUntouched(int folder, const char* path, int flags) noexcept {
+  const auto openedWith = [&](int more) {
+    return Descriptor(uninterrupted([&] { return ::openat(folder, path, flags | O_CLOEXEC | more); }));
+  };
+  auto item = openedWith(O_NOATIME);
+  return item || errno != EPERM ? std::move(item) : openedWith(0);
+}
+
 Result<std::string> bytesOf(int file, std::size_t limit, std::size_t expected) {
   std::string bytes;
   std::size_t size = 0;

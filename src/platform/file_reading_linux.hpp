@@ -2,11 +2,22 @@
 #pragma once
 
 #include <cstddef>
+#include <fcntl.h>
 #include <string>
 
+#include "platform/descriptor_linux.hpp"
+#include "platform/items.hpp"
 #include "support/result.hpp"
 
 namespace quillonic {
+
+// The folder that a relative path counts from, for system calls.
+inline int descriptorOf(const items::Folder* folder) noexcept {
+  return folder ? folder->descriptor() : AT_FDCWD;
+}
+
+// Opens without a change of the access time, which only the owner may.
+Descriptor openedUntouched(int folder, const char* path, int flags) noexcept;
 
 // The rest of an open file, at most `limit` bytes. One of the expected size is read without a copy.
 Result<std::string> bytesOf(int file, std::size_t limit, std::size_t expected = 0);

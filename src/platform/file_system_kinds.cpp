@@ -10,9 +10,15 @@ using enum FileSystemServer;
 using enum LinkHolding;
 
 constexpr NameRules anyName{};
-constexpr NameRules windowsNames{
-    .illegalCharacters = "\\:*?\"<>|", .allowsControls = false, .allowsTrailingStopOrSpace = false};
-constexpr NameRules macNames{.illegalCharacters = ":"};
+constexpr NameRules windowsNames{.illegalCharacters = "\\:*?\"<>|",
+                                 .allowsControls = false,
+                                 .allowsTrailingStopOrSpace = false,
+                                 .allowsDeviceNames = false,
+                                 .ignoresCase = true,
+                                 .characters = NameCharacters::unicode};
+constexpr NameRules macNames{
+    .illegalCharacters = ":", .ignoresCase = true, .characters = NameCharacters::unicode};
+constexpr NameRules tapeNames{.illegalCharacters = {}, .characters = NameCharacters::tape};
 
 constexpr FileSystemKind local(std::string_view name, std::uint32_t magic, NameRules names,
                                std::chrono::nanoseconds dateGrain, FileSystemServer server = kernel) {
@@ -22,6 +28,20 @@ constexpr FileSystemKind local(std::string_view name, std::uint32_t magic, NameR
 constexpr FileSystemKind withoutLinks(FileSystemKind kind) {
   kind.symbolicLinks = no;
   kind.hardLinks = no;
+  return kind;
+}
+
+constexpr FileSystemKind fat(std::string_view name, std::uint32_t magic, FileSystemServer server) {
+  auto kind = withoutLinks(local(name, magic, windowsNames, 2s, server));
+  kind.greatestFileSize = 0xFFFF'FFFF;
+  kind.holdsOwners = false;
+  return kind;
+}
+
+// The programs drop what the kind holds of a second.
+constexpr FileSystemKind exfat(std::string_view name, std::uint32_t magic, FileSystemServer server) {
+  auto kind = withoutLinks(local(name, magic, windowsNames, server == kernel ? 10ms : 1s, server));
+  kind.holdsOwners = false;
   return kind;
 }
 
@@ -44,19 +64,21 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     local("xfs", 0x58465342, anyName, 1ns),
     local("btrfs", 0x9123683E, anyName, 1ns),
     local("tmpfs", 0x01021994, anyName, 1ns),
-    withoutLinks(local("vfat", 0x4D44, windowsNames, 2s, either)),
-    withoutLinks(local("msdos", 0x4D44, windowsNames, 2s, either)),
-    withoutLinks(local("exfat", 0x2011BAB0, windowsNames, 10ms, either)),
-    withoutLinks(local("exfat-fuse", 0, windowsNames, 10ms, program)),
-    withoutLinks(local("fuse-exfat", 0, windowsNames, 10ms, program)),
-    withoutLinks(local("fusefat", 0, windowsNames, 2s, program)),
-    withoutLinks(local("fatfuse", 0, windowsNames, 2s, program)),
-    withoutLinks(local("umfuse-fat", 0, windowsNames, 2s, program)),
+    fat("vfat", 0x4D44, either),
+    fat("msdos", 0x4D44, either),
+    exfat("exfat", 0x2011BAB0, kernel),
+    exfat("exfat", 0, program),
+    exfat("exfat-fuse", 0, program),
+    exfat("fuse-exfat", 0, program),
+    fat("fusefat", 0, program),
+    fat("fatfuse", 0, program),
+    fat("umfuse-fat", 0, program),
     // The older driver; its successor supports links.
     withoutLinks(local("ntfs", 0x5346544E, windowsNames, 100ns)),
     local("ntfs", 0, windowsNames, 100ns, program),
     local("ntfs-3g", 0, windowsNames, 100ns, program),
     local("ntfs3", 0x7366746E, windowsNames, 100ns),
+    local("ltfs", 0, tapeNames, 1ns, program),
     withoutLinks(local("hfs", 0x4244, macNames, 1s)),
     local("hfsplus", 0x482B, macNames, 1s),
     withoutLinks(local("hpfs", 0xF995E849, windowsNames, 1s)),

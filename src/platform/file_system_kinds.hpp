@@ -5,6 +5,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,11 +24,26 @@ enum class LinkHolding : std::uint8_t {
   asMounted,
 };
 
+// Which characters a kind's names have.
+enum class NameCharacters : std::uint8_t {
+  // Any bytes, of which the length is counted.
+  bytes,
+  // Unicode, counted in units of UTF-16.
+  unicode,
+  // Those of a tape, counted in bytes.
+  tape,
+};
+
 // Which names volumes of a kind support; a slash and a NUL are never allowed.
 struct NameRules {
   std::string_view illegalCharacters;
   bool allowsControls = true;
   bool allowsTrailingStopOrSpace = true;
+  // Names of devices, such as "con" and "lpt1", name no file, whatever their extension.
+  bool allowsDeviceNames = true;
+  bool ignoresCase = false;
+  NameCharacters characters = NameCharacters::bytes;
+  std::size_t greatestLength = 255;
 };
 
 struct FileSystemKind {
@@ -42,6 +58,10 @@ struct FileSystemKind {
   std::optional<NameRules> names = std::nullopt;
   // The granularity of modification dates; 0 when unknown.
   std::chrono::nanoseconds dateGrain{0};
+  // In bytes; 0 when no file that exists is too large.
+  std::uint64_t greatestFileSize = 0;
+  // Whether items have owners and permissions of their own.
+  bool holdsOwners = true;
   // Another machine serves it.
   bool isNetwork = false;
   // Looking at a name in such a folder mounts something there.

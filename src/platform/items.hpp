@@ -32,6 +32,8 @@ inline bool isMissing(std::error_code error) noexcept {
 struct Status {
   FileType type = FileType::unknown;
   std::uint64_t size = 0;
+  // What it takes up on its volume, in bytes.
+  std::uint64_t allocated = 0;
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
   // Without the short name that NTFS keeps beside the only other one.
@@ -40,6 +42,7 @@ struct Status {
   std::uint32_t owner = 0;
   std::uint32_t group = 0;
   std::optional<Date> created;
+  Date accessed;
   Date modified;
 };
 
@@ -64,6 +67,9 @@ class Folder {
 // One system call, and a second one for a file with two names; wakes no automounter. A relative path counts
 // from the folder, or without one from the working folder, here and below.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
+
+// The status of an open item; counts the short name that NTFS keeps.
+Result<Status> statusOfOpen(int descriptor);
 
 // No error when an item exists at a path with all its links followed; a trailing slash requires a folder. One
 // system call; wakes no automounter.

@@ -43,10 +43,6 @@ struct CloseFolder {
   void operator()(DIR* stream) const noexcept { ::closedir(stream); }
 };
 
-int descriptorOf(const Folder* folder) noexcept {
-  return folder ? folder->descriptor() : AT_FDCWD;
-}
-
 constexpr FileType typeOfMode(unsigned mode) noexcept {
   switch (mode & S_IFMT) {
     case S_IFREG:
@@ -80,6 +76,7 @@ Date dateOf(const statx_timestamp& time) noexcept {
 Status statusOf(const struct statx& item) noexcept {
   Status status{.type = typeOfMode(item.stx_mode),
                 .size = item.stx_size,
+                .allocated = item.stx_blocks * 512,
                 .device = makedev(item.stx_dev_major, item.stx_dev_minor),
                 .inode = item.stx_ino,
                 .names = item.stx_nlink,
@@ -87,6 +84,7 @@ Status statusOf(const struct statx& item) noexcept {
                 .owner = item.stx_uid,
                 .group = item.stx_gid,
                 .created = {},
+                .accessed = dateOf(item.stx_atime),
                 .modified = dateOf(item.stx_mtime)};
   if ((item.stx_mask & STATX_BTIME) != 0) status.created = dateOf(item.stx_btime);
   return status;
@@ -97,15 +95,6 @@ Status statusOf(const struct statx& item) noexcept {
 bool hasShortName(const Folder* folder, const std::string& path) {
   const auto place = folder ? "/proc/self/fd/" + std::to_string(folder->descriptor()) + "/" : std::string();
   return ::lgetxattr((place + path).c_str(), "system.ntfs_dos_name", nullptr, 0) >= 0;
-}
-
-// Opens without a change of the access time, which only the owner may.
-Descriptor opened(int folder, const char* path, int flags) noexcept {
-  const auto openedWith = [&](int more) {
-    return Descriptor(uninterrupted([&] { return ::openat(folder, path, flags | O_CLOEXEC | more); }));
-  };
-  auto item = openedWith(O_NOATIME);
-  return item || errno != EPERM ? std::move(item) : openedWith(0);
 }
 
 // Opened for reading, if it is a regular file. The second descriptor names exactly the item that the first
@@ -120,13 +109,13 @@ Descriptor openedAfterLease(int folder, const char* path) noexcept {
   }
   std::array<char, 32> name{};
   std::snprintf(name.data(), name.size(), "/proc/self/fd/%d", item.number());
-  return opened(AT_FDCWD, name.data(), O_RDONLY);
+  return openedUntouched(AT_FDCWD, name.data(), O_RDONLY);
 }
 
 // Opened for reading, if it is a regular file after its links are followed; else the last error tells why.
 Descriptor openedTarget(const std::string& path, struct stat& status) noexcept {
   if (!canExist(path)) return Descriptor();
-  auto file = opened(AT_FDCWD, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  auto file = openedUntouched(AT_FDCWD, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY);
   if (!file || ::fstat(file.number(), &status) != 0) return Descriptor();
   if (S_ISREG(status.st_mode)) return file;
   static_cast<void>(file.close());
@@ -147,7 +136,7 @@ Folder::~Folder() {
 
 Result<Folder> Folder::open(const std::string& path, const Folder* parent) {
   if (!canExist(path)) return lastError();
-  auto descriptor = opened(descriptorOf(parent), path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+  auto descriptor = openedUntouched(descriptorOf(parent), path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
   if (!descriptor) return lastError();
   return Folder(descriptor.release());
 }
@@ -161,6 +150,12 @@ Result<Status> status(const std::string& path, const Folder* folder) {
   auto status = statusOf(item);
   if (status.type == FileType::regular && status.names == 2 && hasShortName(folder, path)) status.names = 1;
   return status;
+}
+
+Result<Status> statusOfOpen(int descriptor) {
+  struct statx item {};
+  if (!readStatus(descriptor, "", AT_EMPTY_PATH, STATX_BASIC_STATS | STATX_BTIME, item)) return lastError();
+  return statusOf(item);
 }
 
 std::error_code reach(const std::string& path) {
@@ -179,7 +174,8 @@ Result<std::string> linkText(const std::string& path, const Folder* folder) {
 
 Result<std::string> firstBytes(const std::string& path, std::size_t limit, const Folder* folder) {
   if (!canExist(path)) return lastError();
-  auto file = opened(descriptorOf(folder), path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+  auto file =
+      openedUntouched(descriptorOf(folder), path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
   if (!file && errno == EAGAIN) file = openedAfterLease(descriptorOf(folder), path.c_str());
   struct stat status {};
   if (!file || ::fstat(file.number(), &status) != 0) return lastError();

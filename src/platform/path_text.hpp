@@ -28,6 +28,13 @@ constexpr std::string_view folderOf(std::string_view path) noexcept {
   return withoutTrailingSlashes(folderPrefix(path));
 }
 
+// The position of the extension's full stop in a name; the name's size when it has no extension.
+constexpr std::size_t extensionStart(std::string_view name) noexcept {
+  const auto stop = name.rfind('.');
+  const bool hasExtension = stop != std::string_view::npos && stop > 0 && stop + 1 < name.size();
+  return hasExtension ? stop : name.size();
+}
+
 // The names between the slashes.
 inline std::vector<std::string> components(std::string_view path) {
   std::vector<std::string> names;

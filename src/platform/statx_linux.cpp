@@ -25,6 +25,9 @@ bool readStatus(int folder, const char* path, int flags, unsigned mask, struct s
   item.stx_nlink = static_cast<std::uint32_t>(older.st_nlink);
   item.stx_uid = older.st_uid;
   item.stx_gid = older.st_gid;
+  item.stx_blocks = static_cast<std::uint64_t>(older.st_blocks);
+  item.stx_atime.tv_sec = older.st_atim.tv_sec;
+  item.stx_atime.tv_nsec = static_cast<std::uint32_t>(older.st_atim.tv_nsec);
   item.stx_mtime.tv_sec = older.st_mtim.tv_sec;
   item.stx_mtime.tv_nsec = static_cast<std::uint32_t>(older.st_mtim.tv_nsec);
   return true;

@@ -1,0 +1,290 @@
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <utility>
+#include <vector>
+
+#include "platform/descriptor_linux.hpp"
+#include "platform/file_copies.hpp"
+#include "platform/file_reading_linux.hpp"
+#include "platform/path_text.hpp"
+
+namespace quillonic {
+namespace {
+
+bool isLocked(int file) noexcept {
+  if (uninterrupted([&] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0) return false;
+  // Some servers know no locks; their users have to do without a second program.
+  return errno == EWOULDBLOCK;
+}
+
+bool areSame(const struct stat& a, const struct stat& b) noexcept {
+  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+// Removes what a killed program left; EBUSY while a program has it locked, no error when it is gone.
+std::error_code removeLeftover(int folder, const std::string& hidden) {
+  const Descriptor file(
+      ::openat(folder, hidden.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  struct stat opened {};
+  struct stat named {};
+  if (file) {
+    if (::fstat(file.number(), &opened) != 0) return lastError();
+    if (isLocked(file.number())) return items::systemError(std::errc::device_or_resource_busy);
+  } else if (errno == ENOENT) {
+    return {};
+  }
+  if (::fstatat(folder, hidden.c_str(), &named, AT_SYMLINK_NOFOLLOW) != 0) {
+    return errno == ENOENT ? std::error_code() : lastError();
+  }
+  // Its writer may have given it its name before it was locked here.
+  if (file && !areSame(opened, named)) return {};
+  return ::unlinkat(folder, hidden.c_str(), 0) == 0 || errno == ENOENT ? std::error_code() : lastError();
+}
+
+// The names of all extended attributes.
+std::vector<std::string> attributeNames(int file) {
+  std::string names;
+  for (ssize_t size = ::flistxattr(file, nullptr, 0); size > 0;) {
+    names.resize(static_cast<std::size_t>(size));
+    const auto count = ::flistxattr(file, names.data(), names.size());
+    if (count >= 0) {
+      names.resize(static_cast<std::size_t>(count));
+      break;
+    }
+    names.clear();
+    size = errno == ERANGE ? ::flistxattr(file, nullptr, 0) : 0;
+  }
+  std::vector<std::string> list;
+  for (auto pieces = text::split(names, '\0'); const auto name = pieces.next();) {
+    if (!name->empty()) list.emplace_back(*name);
+  }
+  return list;
+}
+
+bool copyAttribute(int from, int to, const char* name) {
+  std::string value;
+  // It may grow between the two calls.
+  for (int tries = 0; tries < 3; ++tries) {
+    const auto size = ::fgetxattr(from, name, nullptr, 0);
+    if (size < 0) return errno == ENODATA;
+    value.resize(static_cast<std::size_t>(size));
+    const auto count = ::fgetxattr(from, name, value.data(), value.size());
+    if (count < 0 && errno == ERANGE) continue;
+    if (count < 0) return errno == ENODATA;
+    return ::fsetxattr(to, name, value.data(), static_cast<std::size_t>(count), 0) == 0;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::string partialNameOf(std::string_view name) {
+  // Of fixed length, because the other name may be as long as the volume allows.
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3;
+  std::array<char, 17> digits{};
+  std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(hash));
+  return std::string(".quillonic-").append(digits.data()).append(".partial");
+}
+
+Result<SourceFile> SourceFile::open(const std::string& path, const items::Folder* folder) {
+  auto file =
+      openedUntouched(descriptorOf(folder), path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+  if (!file) return lastError();
+  const auto status = items::statusOfOpen(file.number());
+  if (!status) return status.error();
+  if (status->type != FileType::regular) return items::systemError(std::errc::invalid_argument);
+  constexpr std::uint64_t large = std::uint64_t{1} << 20;
+  if (status->size >= large) static_cast<void>(::posix_fadvise(file.number(), 0, 0, POSIX_FADV_SEQUENTIAL));
+  return SourceFile(file.release(), *status);
+}
+
+Result<SourceFile> SourceFile::ofOpen(int descriptor, const items::Status& status) {
+  return SourceFile(descriptor, status);
+}
+
+SourceFile::SourceFile(SourceFile&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)), status_(other.status_) {}
+
+SourceFile::~SourceFile() {
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+Result<std::size_t> SourceFile::read(std::uint64_t offset, std::span<std::byte> bytes) const {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const auto count = uninterrupted([&] {
+      return ::pread(descriptor_, bytes.data() + done, bytes.size() - done,
+                     static_cast<off_t>(offset + done));
+    });
+    if (count < 0) return lastError();
+    if (count == 0) break;
+    done += static_cast<std::size_t>(count);
+  }
+  return done;
+}
+
+SourceFile::Extent SourceFile::nextData(std::uint64_t offset) const {
+  const auto size = status_.size;
+  const auto begin = ::lseek(descriptor_, static_cast<off_t>(offset), SEEK_DATA);
+  if (begin < 0) return errno == ENXIO ? Extent{size, size} : Extent{offset, size};
+  const auto end = ::lseek(descriptor_, begin, SEEK_HOLE);
+  const auto first = static_cast<std::uint64_t>(begin);
+  if (first >= size) return {size, size};
+  return {first, end < 0 ? size : std::min(static_cast<std::uint64_t>(end), size)};
+}
+
+bool SourceFile::isUnchanged() const {
+  const auto now = items::statusOfOpen(descriptor_);
+  return now && now->size == status_.size && now->modified == status_.modified;
+}
+
+void SourceFile::forgetCached() const noexcept {
+  static_cast<void>(::posix_fadvise(descriptor_, 0, 0, POSIX_FADV_DONTNEED));
+}
+
+Result<PartialFile> PartialFile::create(const std::string& name,
+                                        std::shared_ptr<const items::Folder> folder) {
+  auto hidden = partialNameOf(name);
+  for (int tries = 0; tries < 100; ++tries) {
+    Descriptor file(uninterrupted([&] {
+      constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+      return ::openat(folder->descriptor(), hidden.c_str(), flags, 0600);
+    }));
+    if (file && isLocked(file.number())) return items::systemError(std::errc::device_or_resource_busy);
+    if (file) return PartialFile(file.release(), std::move(folder), std::move(hidden));
+    if (errno != EEXIST) return lastError();
+    if (const auto error = removeLeftover(folder->descriptor(), hidden)) return error;
+  }
+  return items::systemError(std::errc::device_or_resource_busy);
+}
+
+PartialFile::PartialFile(PartialFile&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)),
+      folder_(std::move(other.folder_)),
+      hidden_(std::exchange(other.hidden_, {})) {}
+
+PartialFile::~PartialFile() {
+  // Removed while locked: afterwards another program may have its own there.
+  if (!hidden_.empty()) ::unlinkat(folder_->descriptor(), hidden_.c_str(), 0);
+  if (descriptor_ >= 0) ::close(descriptor_);
+}
+
+Unheld copyAttributes(int source, int copy) {
+  Unheld unheld;
+  struct stat own {};
+  struct stat other {};
+  if (::fstat(source, &other) != 0 || ::fstat(copy, &own) != 0) {
+    return Unheld::owner | Unheld::permissions | Unheld::extendedAttributes;
+  }
+  // The owner first, since a change of owner takes permission bits away; then the attributes, since an access
+  // control list changes some.
+  if (own.st_uid != other.st_uid || own.st_gid != other.st_gid) {
+    if (::fchown(copy, other.st_uid, other.st_gid) != 0) {
+      static_cast<void>(::fchown(copy, static_cast<uid_t>(-1), other.st_gid));
+    }
+  }
+  for (const auto& name : attributeNames(source)) {
+    if (!copyAttribute(source, copy, name.c_str())) {
+      unheld = unheld | Unheld::extendedAttributes;
+    }
+  }
+  // The volume may ignore them without an error.
+  static_cast<void>(::fchmod(copy, other.st_mode & 07777U));
+  if (::fstat(copy, &own) != 0 || own.st_mode != other.st_mode) unheld = unheld | Unheld::permissions;
+  if (own.st_uid != other.st_uid || own.st_gid != other.st_gid) unheld = unheld | Unheld::owner;
+  const auto isSparse = [](const struct stat& item) { return item.st_blocks * 512 < item.st_size; };
+  if (isSparse(other) && !isSparse(own)) unheld = unheld | Unheld::holes;
+  return unheld;
+}
+
+bool PartialFile::clone(const SourceFile& source) const noexcept {
+  return uninterrupted([&] { return ::ioctl(descriptor_, FICLONE, source.descriptor()); }) == 0;
+}
+
+Result<std::size_t> PartialFile::copyWithin(const SourceFile& source, std::uint64_t offset,
+                                            std::size_t count) const {
+  auto from = static_cast<off_t>(offset);
+  auto to = from;
+  const auto copied = uninterrupted(
+      [&] { return ::copy_file_range(source.descriptor(), &from, descriptor_, &to, count, 0); });
+  if (copied >= 0) return static_cast<std::size_t>(copied);
+  // The volumes may differ, and some kinds do not offer it.
+  const bool isRefused = errno == EXDEV || errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP ||
+                         errno == EPERM || errno == EBADF || errno == ETXTBSY;
+  if (isRefused) return std::size_t{0};
+  return lastError();
+}
+
+std::error_code PartialFile::write(std::uint64_t offset, std::span<const std::byte> bytes) const {
+  while (!bytes.empty()) {
+    const auto count = uninterrupted(
+        [&] { return ::pwrite(descriptor_, bytes.data(), bytes.size(), static_cast<off_t>(offset)); });
+    if (count < 0) return lastError();
+    // A volume that takes nothing and says nothing is full.
+    if (count == 0) return items::systemError(std::errc::no_space_on_device);
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+    offset += static_cast<std::uint64_t>(count);
+  }
+  return {};
+}
+
+std::error_code PartialFile::setSize(std::uint64_t size) const {
+  const auto set = [&] { return ::ftruncate(descriptor_, static_cast<off_t>(size)); };
+  return uninterrupted(set) == 0 ? std::error_code() : lastError();
+}
+
+Result<SourceFile> PartialFile::reading() const {
+  Descriptor file(::fcntl(descriptor_, F_DUPFD_CLOEXEC, 0));
+  if (!file) return lastError();
+  const auto status = items::statusOfOpen(file.number());
+  return status ? SourceFile::ofOpen(file.release(), *status) : status.error();
+}
+
+std::error_code PartialFile::sync() const {
+  return uninterrupted([&] { return ::fsync(descriptor_); }) == 0 ? std::error_code() : lastError();
+}
+
+Result<Date> PartialFile::takeDates(Date accessed, Date modified) const {
+  const std::array<timespec, 2> dates{timeOf(accessed), timeOf(modified)};
+  if (::futimens(descriptor_, dates.data()) != 0) return lastError();
+  const auto own = items::statusOfOpen(descriptor_);
+  return own ? Result<Date>(own->modified) : own.error();
+}
+
+std::error_code PartialFile::publish(const std::string& name) {
+  const int folder = folder_->descriptor();
+  const auto rename = [&](unsigned flags) {
+    return uninterrupted([&] { return ::renameat2(folder, hidden_.c_str(), folder, name.c_str(), flags); });
+  };
+  if (rename(RENAME_NOREPLACE) != 0) {
+    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return lastError();
+    if (::linkat(folder, hidden_.c_str(), folder, name.c_str(), 0) == 0) {
+      ::unlinkat(folder, hidden_.c_str(), 0);
+    } else {
+      if (errno == EEXIST) return lastError();
+      // Without either, an empty file of one's own is what is replaced.
+      const Descriptor own(
+          ::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+      if (!own) return lastError();
+      if (rename(0) != 0) {
+        const auto error = lastError();
+        ::unlinkat(folder, name.c_str(), 0);
+        return error;
+      }
+    }
+  }
+  hidden_.clear();
+  return {};
+}
+
+}  // namespace quillonic
