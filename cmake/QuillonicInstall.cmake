@@ -29,8 +29,8 @@ install(TARGETS quillonic ${component_targets} EXPORT QuillonicTargets
   FILE_SET HEADERS COMPONENT Development)
 install(EXPORT QuillonicTargets DESTINATION ${package_folder} FILE Quillonic${kind}Targets.cmake
   NAMESPACE Quillonic:: COMPONENT Development)
-# The headers for hosts with nlohmann-json, whether this machine has it or not.
-install(FILES include/quillonic/json.hpp include/quillonic/preset_json.hpp
+# The headers for hosts with other libraries, whether this machine has these or not.
+install(FILES include/quillonic/json.hpp include/quillonic/preset_json.hpp include/quillonic/checksums.hpp
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quillonic COMPONENT Development)
 
 configure_package_config_file(cmake/QuillonicConfig.cmake.in ${PROJECT_BINARY_DIR}/QuillonicConfig.cmake
@@ -81,7 +81,8 @@ if(QUILLONIC_BUILD_EXAMPLES)
   foreach(example IN LISTS examples)
     set_target_properties(${example} PROPERTIES INSTALL_RPATH "$ORIGIN/../..")
     install(TARGETS ${example} RUNTIME DESTINATION ${examples_folder} COMPONENT Examples)
-    get_target_property(source ${example} SOURCES)
-    install(FILES examples/${source} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Examples)
+    get_target_property(sources ${example} SOURCES)
+    list(TRANSFORM sources PREPEND examples/)
+    install(FILES ${sources} DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples COMPONENT Examples)
   endforeach()
 endif()

@@ -55,7 +55,7 @@ need_ffmpeg() { need ffmpeg fonts-dejavu-core; }
 need_test_tools() {
   need_build_tools
   need_ffmpeg
-  need libgtest-dev libgmock-dev nlohmann-json3-dev libavutil-dev python3 doxygen
+  need libgtest-dev libgmock-dev nlohmann-json3-dev libavutil-dev libxxhash-dev libssl-dev python3 doxygen
   need binutils dpkg-dev file pkgconf xz-utils # what the packaging is tested with
 }
 

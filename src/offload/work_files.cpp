@@ -1,0 +1,189 @@
+#include <quillonic/offload/offload_error.hpp>
+
+#include <chrono>
+#include <utility>
+
+#include "offload/planned_items.hpp"
+#include "offload/work.hpp"
+#include "platform/item_changes.hpp"
+
+namespace quillonic::offload {
+namespace {
+
+// As lists of verified files have them.
+Date wholeSeconds(Date date) {
+  return std::chrono::floor<std::chrono::seconds>(date);
+}
+
+}  // namespace
+
+// Whether a file is missing in a target. Adds the target to `unverified` if the file is there.
+bool OffloadRun::Work::isToCopy(std::size_t index, std::size_t t, const Result<SharedFolder>& folder,
+                                std::vector<std::size_t>& unverified) {
+  const auto& item = plan_.items[index];
+  const auto& target = targets_[t];
+  const auto& volume = target.plan->volume;
+  auto& copy = copyOf(index, t);
+  if (copy.state != CopyState::waiting || !isCopied(item, volume)) return false;
+  if (isTooLarge(item, volume)) {
+    copy = {CopyState::unheld, {}, Unheld::size};
+    return false;
+  }
+  const auto path = target.plan->writtenPath(item.path);
+  const auto there = folder ? items::status(nameOf(path), folder->get()) : folder.error();
+  if (folder && !there && items::isMissing(there.error())) return true;
+  if (!there || !hasSizeOf(item, *there)) {
+    fail(index, t, there ? OffloadError::nameIsTaken : there.error());
+    return false;
+  }
+  const bool hasDate = hasDateOf(item, *there, volume);
+  const auto listed = target.verified.find(path);
+  const bool isListed = listed != target.verified.end() && listed->second->size == there->size &&
+                        listed->second->modified == wholeSeconds(modificationDateOf(item));
+  if (hasDate && (isListed || !options_.checksum)) {
+    copy.state = CopyState::found;
+  } else if (options_.checksum) {
+    // Some volumes hold no dates: the bytes decide.
+    if (!hasDate) copy.unheld = Unheld::date;
+    unverified.push_back(t);
+  } else {
+    fail(index, t, OffloadError::nameIsTaken);
+  }
+  return false;
+}
+
+void OffloadRun::Work::copyItem(std::size_t index, Folders& folders, std::vector<Pending>& pending) {
+  const auto& item = plan_.items[index];
+  Pending next{index, {}, {}};
+  std::vector<std::size_t> unverified;
+  for (std::size_t t = 0; t < targets_.size(); ++t) {
+    const auto path = targets_[t].plan->writtenPath(item.path);
+    const auto folder = targets_[t].root ? folders.targets[t].folderOf(path) : targets_[t].root.error();
+    if (!isToCopy(index, t, folder, unverified)) continue;
+    next.copying.addTarget(nameOf(path), folder, targets_[t].plan->volume);
+    next.targets.push_back(t);
+  }
+  if (next.targets.empty() && unverified.empty()) return;
+
+  const bool isElsewhere = item.kind == PlannedKind::file && !item.origin.empty();
+  const auto folder = isElsewhere ? Result<SharedFolder>(SharedFolder()) : folders.source.folderOf(item.path);
+  const auto source = folder ? SourceFile::open(isElsewhere ? item.origin : nameOf(item.path), folder->get())
+                             : folder.error();
+  if (!source) return failAll(index, source.error());
+  const bool isAsPlanned = source->status().size == static_cast<std::uint64_t>(item.size) &&
+                           source->status().modified == modificationDateOf(item);
+  if (!isAsPlanned) return failAll(index, OffloadError::sourceChanged);
+
+  if (!next.targets.empty()) {
+    std::uint64_t reported = 0;
+    const auto report = [&](std::uint64_t bytes) {
+      bool goesOn = true;
+      for (const auto t : next.targets)
+        goesOn = progressed({.target = t, .copied = bytes - reported}) && goesOn;
+      reported = bytes;
+      return goesOn;
+    };
+    if (const auto error = next.copying.write(*source, options_.checksum, ProgressBlock(report))) {
+      return failAll(index, error);
+    }
+    if (next.copying.checksum()) {
+      report_.checksums[index] = *next.copying.checksum();
+      report_.dates[index] = wholeSeconds(std::chrono::system_clock::now());
+    }
+  }
+  verifyFound(index, *source, unverified, folders, next.copying.checksum());
+  if (!next.targets.empty()) pending.push_back(std::move(next));
+}
+
+std::error_code OffloadRun::Work::verify(const SourceFile& copy, std::size_t target,
+                                         const std::string& checksum) {
+  std::uint64_t reported = 0;
+  const auto report = [&](std::uint64_t bytes) {
+    const bool goesOn = progressed({.target = target, .verified = bytes - reported});
+    reported = bytes;
+    return goesOn;
+  };
+  const auto read = checksumOf(copy, *options_.checksum, ProgressBlock(report));
+  if (!read) return read.error();
+  return *read == checksum ? std::error_code() : OffloadError::contentDiffers;
+}
+
+// Verifies copies of an earlier run, of which nobody knows whether they were.
+void OffloadRun::Work::verifyFound(std::size_t index, const SourceFile& source,
+                                   const std::vector<std::size_t>& targets, Folders& folders,
+                                   std::optional<std::string> checksum) {
+  if (targets.empty()) return;
+  if (!checksum) {
+    auto read = checksumOf(source, *options_.checksum, std::nullopt);
+    if (!read || !source.isUnchanged()) {
+      return failAll(index, read ? OffloadError::sourceChanged : read.error());
+    }
+    checksum = *std::move(read);
+    report_.checksums[index] = *checksum;
+    report_.dates[index] = wholeSeconds(std::chrono::system_clock::now());
+  }
+  for (const auto t : targets) {
+    const auto path = targets_[t].plan->writtenPath(plan_.items[index].path);
+    const auto folder = folders.targets[t].folderOf(path);
+    const auto copy = folder ? SourceFile::open(nameOf(path), folder->get()) : folder.error();
+    const auto error = copy ? verify(*copy, t, *checksum) : copy.error();
+    if (error)
+      fail(index, t, error);
+    else
+      set(index, t, CopyState::verified);
+  }
+}
+
+// Waits until the volumes have the bytes of all files of a group.
+void OffloadRun::Work::sync(std::vector<Pending>& pending) {
+  for (std::size_t t = 0; t < targets_.size(); ++t) {
+    std::vector<Copying::Target*> written;
+    for (auto& file : pending) {
+      for (std::size_t i = 0; i < file.targets.size(); ++i) {
+        if (file.targets[i] == t && file.copying.targets()[i].file)
+          written.push_back(&file.copying.targets()[i]);
+      }
+    }
+    // Few files are waited for alone, so that other programs' bytes are not waited for too.
+    const bool isAtOnce = targets_[t].plan->volume.syncsAtOnce && written.size() > 4;
+    const auto error = isAtOnce ? items::syncVolume(**targets_[t].root) : std::error_code();
+    for (auto* target : written) Copying::settle(*target, isAtOnce ? error : target->file->sync());
+  }
+}
+
+void OffloadRun::Work::complete(Pending& pending) {
+  for (std::size_t i = 0; i < pending.targets.size(); ++i) {
+    auto& target = pending.copying.targets()[i];
+    const auto t = pending.targets[i];
+    auto error = target.error;
+    if (!error && options_.checksum) {
+      const auto copy = target.file->reading();
+      error = copy ? verify(*copy, t, *pending.copying.checksum()) : copy.error();
+    }
+    if (!error) error = pending.copying.publish(target);
+    if (error == std::errc::file_exists) error = OffloadError::nameIsTaken;
+    if (error) {
+      Copying::settle(target, error);
+      fail(pending.item, t, error);
+    } else {
+      set(pending.item, t, options_.checksum ? CopyState::verified : CopyState::copied);
+      const bool isLinkLost = plan_.items[pending.item].kind == PlannedKind::hardName;
+      copyOf(pending.item, t).unheld = isLinkLost ? target.unheld | Unheld::link : target.unheld;
+    }
+  }
+}
+
+void OffloadRun::Work::run(std::size_t step) {
+  const auto group = groups_[step];
+  auto opened = folders();
+  std::vector<Pending> pending;
+  for (auto item = group.begin; item < group.end; ++item) {
+    if (isStopped_) break;
+    const auto kind = plan_.items[item].kind;
+    if (kind == PlannedKind::file || kind == PlannedKind::hardName) copyItem(item, opened, pending);
+  }
+  sync(pending);
+  for (auto& file : pending) complete(file);
+}
+
+}  // namespace quillonic::offload

@@ -1,0 +1,131 @@
+#include <quillonic/filesystem/reference_links.hpp>
+#include <quillonic/offload/link_replication.hpp>
+#include <quillonic/offload/offload_error.hpp>
+
+#include <filesystem>
+
+#include "offload/planned_items.hpp"
+#include "offload/work.hpp"
+#include "platform/item_changes.hpp"
+
+namespace quillonic::offload {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Whether what is there is what would be made.
+bool isMade(const LinkReplica& replica, const PlannedItem& item, const items::Status& there,
+            const VolumeTraits& volume) {
+  switch (replica.form) {
+    case LinkForm::symbolicLink:
+      return items::linkText(replica.place.native()).value_or({}) == replica.target.native();
+    case LinkForm::aliasFile:
+      return referenceLinkTypeOfItem(replica.place) == ReferenceLinkType::aliasReference &&
+             standardizedResolvedAliasReference(replica.place) == replica.target;
+    case LinkForm::hardName: {
+      const auto other = items::status(replica.target.native());
+      return other && other->device == there.device && other->inode == there.inode;
+    }
+    case LinkForm::copy: {
+      const auto source = items::status(replica.target.native());
+      return source && source->type == there.type && source->size == there.size &&
+             hasDateOf(item, there, volume);
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& folders) {
+  const auto& item = plan_.items[index];
+  const auto& target = *targets_[t].plan;
+  const auto path = target.writtenPath(item.path);
+  // Links are made by paths, which may mean another volume by now.
+  const auto folder = folders.folderOf(path);
+  const auto open = items::status(".", folder ? folder->get() : nullptr);
+  const auto named = items::status((fs::path(target.root) / path).parent_path().native());
+  if (!folder || !open || !named || open->device != named->device || open->inode != named->inode) {
+    return fail(index, t, folder ? items::systemError(std::errc::no_such_device) : folder.error());
+  }
+  const LinkReplication how{.source = plan_.source,
+                            .copy = target.root,
+                            .resolution = plan_.links,
+                            .outside = plan_.outside,
+                            .writtenPaths = &target.writtenPaths,
+                            .volume = target.volume};
+  const auto source = fs::path(plan_.source) / item.path;
+  const bool hasFirst = item.kind == PlannedKind::hardName;
+  const auto first = !hasFirst ? std::nullopt : std::optional(fs::path(plan_.source) / item.origin);
+  const auto replica = linkReplica(source, how, first);
+  if (replica.refusal == OffloadError::notHeld) {
+    copyOf(index, t) = {CopyState::unheld, {}, Unheld::link};
+    return;
+  }
+  if (replica.refusal) return fail(index, t, replica.refusal);
+  if (const auto there = items::status(nameOf(path), folder->get())) {
+    if (!isMade(replica, item, *there, target.volume)) return fail(index, t, OffloadError::nameIsTaken);
+    return set(index, t, CopyState::found);
+  }
+  offload::makeLink(replica);
+  if (replica.form == LinkForm::symbolicLink || replica.form == LinkForm::aliasFile) {
+    items::setModified(nameOf(path), modificationDateOf(item), folder->get());
+  }
+  set(index, t, CopyState::copied);
+}
+
+void OffloadRun::Work::makeLinks() {
+  auto opened = folders();
+  // An alias file can be made when its target is there, which may be another link: those that miss theirs are
+  // tried again until nothing more can be made.
+  for (bool isProgress = true; isProgress && !isStopped_;) {
+    isProgress = false;
+    forEachLink([&](std::size_t item, std::size_t target) {
+      try {
+        makeLink(item, target, opened.targets[target]);
+        isProgress = true;
+      } catch (const std::system_error& error) {
+        fail(item, target, error.code());
+        if (items::isMissing(error.code())) set(item, target, CopyState::waiting);
+      }
+    });
+  }
+  forEachLink([&](std::size_t item, std::size_t target) {
+    if (copyOf(item, target).error) set(item, target, CopyState::failed);
+  });
+}
+
+// Visits links that wait to be made.
+void OffloadRun::Work::forEachLink(FunctionRef<void(std::size_t item, std::size_t target)> block) {
+  for (std::size_t i = 0; i < plan_.items.size() && !isStopped_; ++i) {
+    const auto kind = plan_.items[i].kind;
+    if (kind != PlannedKind::link && kind != PlannedKind::hardName) continue;
+    for (std::size_t t = 0; t < targets_.size(); ++t) {
+      if (copyOf(i, t).state == CopyState::waiting) block(i, t);
+    }
+  }
+}
+
+// Innermost folders first, since what is made in a folder changes its date.
+void OffloadRun::Work::completeFolders() {
+  auto opened = folders();
+  for (std::size_t i = plan_.items.size(); i-- > 0;) {
+    const auto& item = plan_.items[i];
+    if (item.kind != PlannedKind::folder) continue;
+    const auto source = item.origin.empty() ? opened.source.open(item.path) : openedRoot(item.origin);
+    for (std::size_t t = 0; t < targets_.size(); ++t) {
+      if (!isThere(copyOf(i, t).state)) continue;
+      const auto copy = opened.targets[t].open(targets_[t].plan->writtenPath(item.path));
+      if (!source || !copy) {
+        fail(i, t, source ? copy.error() : source.error());
+        continue;
+      }
+      copyOf(i, t).unheld = copyAttributes((*source)->descriptor(), (*copy)->descriptor());
+      items::setModified(".", modificationDateOf(item), copy->get());
+      if (targets_[t].plan->volume.syncsAtOnce) continue;
+      if (const auto error = items::syncFolder(**copy)) fail(i, t, error);
+    }
+  }
+}
+
+}  // namespace quillonic::offload
