@@ -19,8 +19,8 @@ inline std::string contentOf(const std::filesystem::path& file) {
 // The name may contain folders, which are created too.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::string name = std::filesystem::temp_directory_path() / "quillonic-XXXXXX";
+  explicit TemporaryFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+    std::string name = parent / "quillonic-XXXXXX";
     if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
     path_ = std::filesystem::canonical(name);
   }
