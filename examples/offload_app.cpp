@@ -3,8 +3,13 @@
 // progress bar a job; Ctrl-C ends the children too.
 //
 //     offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...
+//
+// Given a card instead, it copies that to each target, and then starts the tools on what is new:
+//
+//     offload_app CARD TARGET... [--json] [--unverified]
 
 #include <quillonic/filesystem.hpp>
+#include <quillonic/media.hpp>
 #include <quillonic/tool_cli.hpp>
 #include <quillonic/transcode_cli.hpp>
 
@@ -20,6 +25,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "card_offload.hpp"
 #include "child.hpp"
 
 namespace {
@@ -216,23 +222,47 @@ int run(const Path& transcoder, const Path& analyzer, const Path& folder, const 
   return 0;
 }
 
+bool isVideo(const Path& file) {
+  const auto extension = fileExtensionOfName(file.filename().native());
+  return extension && isOfKind(*extension, FileKind::video);
+}
+
+int offloadAndReview(std::vector<Path> words) {
+  const bool asJson = std::erase(words, "--json") != 0;
+  const bool verifies = std::erase(words, "--unverified") == 0;
+  const auto copied = offloadCard(words.front(), {words.begin() + 1, words.end()}, asJson, verifies);
+  if (!copied.isGood) return rawValue(TranscodeExitStatus::failure);
+  std::vector<Path> clips;
+  for (const auto& file : copied.newFiles) {
+    if (isVideo(file)) clips.push_back(std::filesystem::absolute(file));
+  }
+  if (clips.empty() || asJson) return 0;
+  child::watch(0);
+  const auto tools = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  return run(tools / "transcoder_tool", tools / "media_analysis_tool", std::filesystem::absolute(words[1]),
+             std::nullopt, clips);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Absolute, because a path with a leading hyphen would be read as a flag.
   std::vector<Path> words;
   for (int i = 1; i < argc; ++i) words.push_back(argv[i]);
+  const bool hasCard = words.size() > 1 && std::filesystem::is_directory(words[0]);
   std::optional<Path> watermark;
   if (words.size() > 4 && words[3] == "--watermark") {
     watermark = std::filesystem::absolute(words[4]);
     words.erase(words.begin() + 3, words.begin() + 5);
   }
-  if (words.size() < 4) {
+  if (!hasCard && words.size() < 4) {
     std::cerr
-        << "usage: offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
+        << "usage: offload_app CARD TARGET... [--json] [--unverified]\n"
+           "       offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
     return rawValue(TranscodeExitStatus::badUsage);
   }
   try {
+    if (hasCard) return offloadAndReview(std::move(words));
+    // Absolute, because a path with a leading hyphen would be read as a flag.
     for (auto& word : words) word = std::filesystem::absolute(word).lexically_normal();
     child::watch(0);
     return run(words[0], words[1], words[2], watermark, {words.begin() + 3, words.end()});
