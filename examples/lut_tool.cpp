@@ -117,7 +117,7 @@ std::optional<Rgb> colorOf(const std::string& line) {
     const char* const end = word.data() + word.size();
     double wide = 0;
     const auto [last, error] = std::from_chars(first, end, wide);
-    if (last != end || error == std::errc::invalid_argument) return std::nullopt;
+    if (last != end || error != std::errc()) return std::nullopt;
     value = static_cast<float>(wide);
   }
   return words >> word ? std::nullopt : std::optional(color);
