@@ -166,7 +166,8 @@ void printTable(const CardContents& contents) {
             << " others\n";
   for (const auto& problem : contents.problems) std::cout << "! " << shown(description(problem)) << '\n';
   for (const auto& item : contents.unread)
-    std::cout << "! " << shown(item.path) << " cannot be read: " << item.error.message() << '\n';
+    std::cout << "! " << (item.path.empty() ? "The folder" : shown(item.path))
+              << " cannot be read: " << item.error.message() << '\n';
 }
 
 }  // namespace
