@@ -57,7 +57,8 @@ Identification settled(Identification file, std::string_view bytes) {
     if (needsBytes(file)) file.format.reset();
   } else if (confirms(*shown, file)) {
     // Together, what is weak alone is enough. The root of an XML file tells more than "xml".
-    file.format = file.byName == MediaFormat::xml && shown->format ? shown->format : file.byName;
+    const bool tellsMore = shown->signature == Signature::xml && shown->format;
+    file.format = file.byName == MediaFormat::xml && tellsMore ? shown->format : file.byName;
   } else if (shown->isVerified && hasSignatures(*file.byName)) {
     file.isContradictory = true;
     file.format.reset();

@@ -79,6 +79,7 @@ TEST(Identification, LetsBytesDecideTheFamilyAndTheNameTheMember) {
       {"a.cc", "<ColorCorrection id=\"1\">", "colorDecisions"},
       {"a.smi", "<SAMI><HEAD>", "sonyClipList or plainText"},
       {"a.smi", "<?xml version='1.0'?><smil/>", "sonyClipList"},
+      {"a.xml", "<anything/>", "xml"},
       {"a.mpl", "MPLS0100", "avchdPlayList"},
       {"a.xml", "\xEF\xBB\xBF<?xml version=\"1.0\"?><!-- c --><fcpxml version=\"1.9\">", "finalCutXml"},
       {"a.xml",
