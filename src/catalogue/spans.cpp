@@ -108,10 +108,12 @@ void joinP2Spans(std::deque<Draft>& drafts, FolderTree& tree) {
   for (auto& [shot, parts] : shots) {
     std::ranges::stable_sort(parts, {}, &P2Description::offset);
     auto& whole = drafts[parts.front().draft];
+    std::set<std::string> missing;
     for (std::size_t i = 0; i < parts.size(); ++i) {
       // The rest of a shot may be on another card.
       for (const auto& neighbour : parts[i].neighbours) {
-        if (!neighbour.empty() && !clips.contains(neighbour))
+        // The clips before and after it both name it.
+        if (!neighbour.empty() && !clips.contains(neighbour) && missing.insert(neighbour).second)
           whole.problems.push_back({ProblemKind::missingPart, neighbour});
       }
       if (i > 0) join(drafts[parts[i].draft], whole, i);
