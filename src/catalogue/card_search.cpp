@@ -165,7 +165,7 @@ class Search {
       if (!tree_[next].isListed) continue;
       for (const auto item : tree_.children(next)) {
         if (tree_[item].isFolder()) {
-          if (!isClaimed(item)) folders.push_back(item);
+          if (!isClaimed(item) && nameRole(tree_[item].name) != NameRole::leftover) folders.push_back(item);
         } else if (isWanted(item)) {
           found.push_back(item);
         }

@@ -44,7 +44,7 @@ ClipKind kindOf(const Draft& draft) {
 }
 
 void sort(std::vector<DraftFile>& files, ClipKind kind) {
-  const auto isStillFirst = kind == ClipKind::imageSequence || kind == ClipKind::livePhoto;
+  const bool isStillFirst = kind != ClipKind::video && kind != ClipKind::sound;
   const auto rank = [=](const DraftFile& each) {
     const auto role = each.file.role;
     const auto order = isStillFirst && role == ClipRole::still ? -1 : static_cast<int>(role);
@@ -91,7 +91,7 @@ bool Draft::has(ClipRole role) const noexcept {
 
 void nameClip(Draft& draft) {
   if (!draft.row) return;
-  if (draft.row->titlesByStem || draft.name.empty()) {
+  if (draft.row->titlesByStem) {
     const auto first = std::ranges::min_element(draft.files, {}, [](const DraftFile& each) {
       return std::tuple(each.file.role, each.file.number.value_or(0));
     });

@@ -145,7 +145,11 @@ class Collection {
     group(rest, open);
     for (const auto child : folders) {
       auto below = opened(open, tree_[child].name);
+      // What a desktop threw away or indexed is no media, whatever it was.
+      const bool isLeftover = isInLeftover_ || nameRole(tree_[child].name) == NameRole::leftover;
+      const bool wasInLeftover = std::exchange(isInLeftover_, isLeftover);
       visit(child, below);
+      isInLeftover_ = wasInLeftover;
     }
   }
 
@@ -177,7 +181,7 @@ class Collection {
   void place(Index file, const std::vector<OpenCard>& open, std::vector<Index>& rest) {
     const auto& item = tree_[file];
     if (item.type != FileType::regular) return loose(contents_.other, file);
-    if (nameRole(item.name) != NameRole::ordinary) return loose(contents_.other, file, true);
+    if (isInLeftover_ || nameRole(item.name) != NameRole::ordinary) return loose(contents_.other, file, true);
     for (const auto& card : open) {
       for (const auto& rule : card.rules) {
         if (!fitsEnd(rule.match.pattern(), item.name)) continue;
@@ -207,7 +211,7 @@ class Collection {
       auto& draft = drafts_.emplace_back();
       draft.row = card.row;
       draft.card = card.card;
-      draft.name = std::move(found.key);
+      draft.name = found.key.empty() ? folderName(contents_.cards[card.card].root) : std::move(found.key);
       draft.files.reserve(usualFileCount);
     }
     add(drafts_[place->second], file, roleOf(role, name), found.number, found.counts);
@@ -217,6 +221,11 @@ class Collection {
            char counts = ' ') {
     const auto& item = tree_[file];
     draft.files.push_back({{prefix_ + item.name, role, number, item.size}, file, counts});
+  }
+
+  // Of a folder, by its path.
+  std::string folderName(std::string_view path) const {
+    return path.empty() ? tree_.rootName() : std::string(fileName(path));
   }
 
   void loose(std::vector<LooseFile>& place, Index file, bool isLeftover = false) const {
@@ -253,9 +262,12 @@ class Collection {
   static std::optional<std::size_t> cardOf(const std::vector<OpenCard>& open, const CardContents& contents) {
     for (const auto& card : open) {
       const auto& evidence = contents.cards[card.card].evidence;
-      const bool isWithin = std::ranges::any_of(evidence, [&](const std::string& marker) {
-        return marker.ends_with('/') && card.path.starts_with(marker);
-      });
+      // Files in the root itself mark all of it.
+      const bool isWhole = std::ranges::none_of(
+          evidence, [](const std::string& marker) { return marker.find('/') != marker.npos; });
+      const bool isWithin = isWhole || std::ranges::any_of(evidence, [&](const std::string& marker) {
+                              return marker.ends_with('/') && card.path.starts_with(marker);
+                            });
       if (isWithin || contents.cards[card.card].isByFiles) return card.card;
     }
     // Other folders of the same markers, such as the second of several with pictures.
@@ -300,8 +312,7 @@ class Collection {
     for (const auto& sequence : imageSequences(names, hasStills)) {
       groups.try_emplace(capitals(sequence.stem), Group{drafts_.size()});
       const auto folder = std::string_view(prefix_).substr(0, prefix_.size() - (prefix_.empty() ? 0 : 1));
-      const auto folderName = prefix_.empty() ? std::string_view(tree_.rootName()) : fileName(folder);
-      auto& draft = newDraft(card, sequence.stem.empty() ? folderName : std::string_view(sequence.stem));
+      auto& draft = newDraft(card, sequence.stem.empty() ? folderName(folder) : sequence.stem);
       draft.frames = FrameSpan{sequence.frames.front().number, sequence.frames.back().number};
       draft.missingFrames = sequence.missing;
       for (const auto& frame : sequence.frames) {
@@ -370,6 +381,7 @@ class Collection {
   std::vector<PlayList> playLists_;
   // The path of the folder that is visited, with a trailing slash unless it is empty.
   std::string prefix_;
+  bool isInLeftover_ = false;
   std::optional<PatternMatch> scratch_;
 };
 

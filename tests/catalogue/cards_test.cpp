@@ -116,6 +116,8 @@ TEST(Cards, AreFoundWithTheirClips) {
               made.left);
     EXPECT_EQ(placesOf(contents), itemsIn(folder / reel)) << made.layouts;
     EXPECT_EQ(cardsIn(folder / reel).cards, contents.cards);
+    for (const auto& clip : contents.clips)
+      EXPECT_NE(clip.card.has_value(), contents.cards.empty()) << clip.name;
     for (const auto& card : contents.cards) met.emplace(rawValue(card.layout));
   }
   for (const auto layout : allCases<CardLayout>())
@@ -159,23 +161,28 @@ TEST(Cards, OfSeveralFamiliesAreListedTogether) {
   EXPECT_TRUE(cards[3].isByFiles);
 }
 
-std::string p2Clip(const std::string& id, const std::string& shot, int offset, const std::string& next) {
+std::string p2Clip(const std::string& id, const std::string& shot, int offset, const std::string& previous,
+                   const std::string& next) {
+  const auto neighbour = [](const std::string& name, const std::string& clip) {
+    return clip.empty() ? "" : "<" + name + "><GlobalClipID>" + clip + "</GlobalClipID></" + name + ">";
+  };
   return "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>" + id +
          "</GlobalClipID><Relation><OffsetInShot>" + std::to_string(offset) +
          "</OffsetInShot><GlobalShotID>" + shot + "</GlobalShotID><Connection>" +
-         (next.empty() ? "" : "<Next><GlobalClipID>" + next + "</GlobalClipID></Next>") +
+         neighbour("Previous", previous) + neighbour("Next", next) +
          "</Connection></Relation></ClipContent></P2Main>";
 }
 
 TEST(Cards, JoinP2ClipsOfOneShot) {
   const TemporaryFolder folder;
-  for (const auto* name : {"0001AA", "0002BB", "0003CC"})
+  for (const auto* name : {"0001AA", "0002BB", "0003CC", "0004DD"})
     folder.file("CONTENTS/VIDEO/" + std::string(name) + ".MXF");
-  folder.file("CONTENTS/CLIP/0001AA.XML", p2Clip("id1", "shot", 500, "id4"));
-  folder.file("CONTENTS/CLIP/0002BB.XML", p2Clip("id2", "shot", 0, "id1"));
-  folder.file("CONTENTS/CLIP/0003CC.XML", p2Clip("id3", "other", 0, ""));
+  folder.file("CONTENTS/CLIP/0001AA.XML", p2Clip("id1", "shot", 500, "id2", "id5"));
+  folder.file("CONTENTS/CLIP/0002BB.XML", p2Clip("id2", "shot", 0, "", "id1"));
+  folder.file("CONTENTS/CLIP/0003CC.XML", p2Clip("id3", "shot", 900, "id5", ""));
+  folder.file("CONTENTS/CLIP/0004DD.XML", p2Clip("id4", "other", 0, "", ""));
   EXPECT_EQ(clipsOf(contentsOf(folder.path())),
-            "0002BB:video:0002BB.MXF+0001AA.MXF:2!id4 0003CC:video:0003CC.MXF:1");
+            "0002BB:video:0002BB.MXF+0001AA.MXF+0003CC.MXF:3!id5 0004DD:video:0004DD.MXF:1");
 }
 
 TEST(Cards, JoinAvchdClipsByTheirPlayList) {

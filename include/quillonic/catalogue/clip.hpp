@@ -170,7 +170,7 @@ struct LooseFile {
   std::string path;
   /// In bytes; 0 for a link, which is not followed.
   std::uint64_t size = 0;
-  /// Whether a desktop left it there; a list of media leaves it out.
+  /// Whether a desktop left it there, or threw it away; a list of media leaves it out.
   bool isLeftover = false;
 
   friend bool operator==(const LooseFile&, const LooseFile&) = default;
