@@ -83,6 +83,15 @@ bool isText(std::string_view bytes) noexcept {
                             }));
 }
 
+// Whether a text merely begins with a word that begins files too, as in "The free ...". In those files numbers
+// follow, with bytes that no text has.
+bool isWordOfText(Signature signature, std::string_view bytes) noexcept {
+  constexpr auto words =
+      std::to_array({Signature::qtold, Signature::id3, Signature::r3d, Signature::ape, Signature::dsf});
+  constexpr std::size_t leastText = 16;
+  return std::ranges::find(words, signature) != words.end() && bytes.size() >= leastText && isText(bytes);
+}
+
 std::string lowered(std::string text) {
   for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   return text;
@@ -111,7 +120,7 @@ bool hasRunIn(std::string_view bytes) noexcept {
 
 std::optional<Shown> shownBy(std::string_view bytes) {
   for (const auto& row : signatureRows) {
-    if (!hasAll(bytes, row.parts)) continue;
+    if (!hasAll(bytes, row.parts) || isWordOfText(row.signature, bytes)) continue;
     // A text that may be more is a text at least.
     const bool isPlain = !row.isVerified && isTextSignature(row.signature);
     if (isPlain) return Shown{row.signature, MediaFormat::plainText, true};

@@ -80,6 +80,8 @@ TEST(Identification, LetsBytesDecideTheFamilyAndTheNameTheMember) {
       {"a.smi", "<SAMI><HEAD>", "sonyClipList or plainText"},
       {"a.smi", "<?xml version='1.0'?><smil/>", "sonyClipList"},
       {"a.xml", "<anything/>", "xml"},
+      {"a.txt", "The free text is no film.", "plainText"},
+      {"a.txt", "The free\0bytes of a film"s, "plainText or quickTimeMovie"},
       {"a.mpl", "MPLS0100", "avchdPlayList"},
       {"a.xml", "\xEF\xBB\xBF<?xml version=\"1.0\"?><!-- c --><fcpxml version=\"1.9\">", "finalCutXml"},
       {"a.xml",
