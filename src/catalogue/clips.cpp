@@ -93,6 +93,17 @@ ClipRole roleOf(RuleRole role, std::string_view name) noexcept {
   return role == RuleRole::any ? roleOf(fileExtensionOfName(name)) : static_cast<ClipRole>(role);
 }
 
+// Sony's cameras name what accompanies a clip with a letter and two digits more, such as "C0001M01.XML".
+std::string withoutSonySuffix(std::string stem) {
+  constexpr std::size_t length = 3;
+  if (stem.size() <= length) return stem;
+  const auto suffix = std::string_view(stem).substr(stem.size() - length);
+  const bool isSuffix = std::string_view("MRICE").find(suffix[0]) != std::string_view::npos &&
+                        suffix.find_first_not_of("0123456789", 1) == std::string_view::npos;
+  if (isSuffix) stem.resize(stem.size() - length);
+  return stem;
+}
+
 bool isUtf8(std::string_view name) noexcept {
   const bool isAscii = std::ranges::all_of(name, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
   if (isAscii) return true;
@@ -363,7 +374,8 @@ class Collection {
   void groupCompanion(Index file, const std::unordered_map<std::string, Group>& groups) {
     const auto& name = tree_[file].name;
     const auto extension = fileExtensionOfName(name);
-    const auto group = groups.find(capitals(stemOf(name)));
+    auto group = groups.find(capitals(stemOf(name)));
+    if (group == groups.end()) group = groups.find(withoutSonySuffix(capitals(stemOf(name))));
     const bool isIndex = extension && mainKind(*extension) == FileKind::index;
     if (isIndex) {
       loose(contents_.bookkeeping, file);
