@@ -176,7 +176,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string_view> words(argv + 1, argv + argc);
   std::vector<std::string_view> folders;
   std::ranges::copy_if(words, std::back_inserter(folders), [](auto word) { return word != "--json"; });
-  if (folders.size() != 1) {
+  if (folders.size() != 1 || folders.front() == "--help") {
     std::cerr << "usage: card_tool DIR [--json]\n";
     return 2;
   }
