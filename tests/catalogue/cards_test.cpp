@@ -161,28 +161,23 @@ TEST(Cards, OfSeveralFamiliesAreListedTogether) {
   EXPECT_TRUE(cards[3].isByFiles);
 }
 
-std::string p2Clip(const std::string& id, const std::string& shot, int offset, const std::string& previous,
-                   const std::string& next) {
-  const auto neighbour = [](const std::string& name, const std::string& clip) {
-    return clip.empty() ? "" : "<" + name + "><GlobalClipID>" + clip + "</GlobalClipID></" + name + ">";
-  };
+std::string p2Clip(const std::string& id, const std::string& shot, int offset, const std::string& next) {
   return "<?xml version=\"1.0\"?><P2Main><ClipContent><GlobalClipID>" + id +
          "</GlobalClipID><Relation><OffsetInShot>" + std::to_string(offset) +
          "</OffsetInShot><GlobalShotID>" + shot + "</GlobalShotID><Connection>" +
-         neighbour("Previous", previous) + neighbour("Next", next) +
+         (next.empty() ? "" : "<Next><GlobalClipID>" + next + "</GlobalClipID></Next>") +
          "</Connection></Relation></ClipContent></P2Main>";
 }
 
 TEST(Cards, JoinP2ClipsOfOneShot) {
   const TemporaryFolder folder;
-  for (const auto* name : {"0001AA", "0002BB", "0003CC", "0004DD"})
+  for (const auto* name : {"0001AA", "0002BB", "0003CC"})
     folder.file("CONTENTS/VIDEO/" + std::string(name) + ".MXF");
-  folder.file("CONTENTS/CLIP/0001AA.XML", p2Clip("id1", "shot", 500, "id2", "id5"));
-  folder.file("CONTENTS/CLIP/0002BB.XML", p2Clip("id2", "shot", 0, "", "id1"));
-  folder.file("CONTENTS/CLIP/0003CC.XML", p2Clip("id3", "shot", 900, "id5", ""));
-  folder.file("CONTENTS/CLIP/0004DD.XML", p2Clip("id4", "other", 0, "", ""));
+  folder.file("CONTENTS/CLIP/0001AA.XML", p2Clip("id1", "shot", 500, "id4"));
+  folder.file("CONTENTS/CLIP/0002BB.XML", p2Clip("id2", "shot", 0, "id1"));
+  folder.file("CONTENTS/CLIP/0003CC.XML", p2Clip("id3", "other", 0, ""));
   EXPECT_EQ(clipsOf(contentsOf(folder.path())),
-            "0002BB:video:0002BB.MXF+0001AA.MXF+0003CC.MXF:3!id5 0004DD:video:0004DD.MXF:1");
+            "0002BB:video:0002BB.MXF+0001AA.MXF:2!id4 0003CC:video:0003CC.MXF:1");
 }
 
 TEST(Cards, JoinAvchdClipsByTheirPlayList) {
