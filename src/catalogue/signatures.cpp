@@ -99,11 +99,11 @@ std::string lowered(std::string text) {
 
 // Markup is known by its root element, other texts by having no byte that no text has.
 std::optional<Shown> shownByText(std::string_view bytes) {
-  const auto root = xmlRoot(bytes).value_or("");
+  const auto root = lowered(xmlRoot(bytes).value_or(""));
   const auto* known = detail::rowWhere(rootRows, &RootRow::name, std::string_view(root));
   if (known) return Shown{Signature::xml, known->format, known->isVerified, known->content};
   if (!isText(bytes)) return std::nullopt;
-  if (lowered(root) == "html") return Shown{Signature::html, MediaFormat::html, true};
+  if (root == "html") return Shown{Signature::html, MediaFormat::html, true};
   // Any "<word>" may begin a text; a declaration may not.
   const bool isDeclared = contains(bytes.substr(0, 8), "<?xml") || (isUtf16(bytes) && !root.empty());
   if (isDeclared) return Shown{Signature::xml, MediaFormat::xml, true};

@@ -100,6 +100,7 @@ TEST(Identification, LetsBytesDecideTheFamilyAndTheNameTheMember) {
   for (const auto& each : cases)
     EXPECT_EQ(told(identify(each.name, each.bytes)), each.expected) << each.name << ' ' << each.bytes;
   EXPECT_EQ(identify("a.xml", "<x:NonRealTimeMeta>").xmlContent, XmlContent::sonyClip);
+  EXPECT_EQ(identify("a.xml", "<AssetMap xmlns=''>").xmlContent, XmlContent::assetMap);
   EXPECT_EQ(identify("a.mov", "\0\5\x16\7"s).role, NameRole::companion);
   EXPECT_EQ(identifyName("thumbs.DB").role, NameRole::leftover);
   EXPECT_EQ(displayName(Signature::ftyp), "ISO base media");
