@@ -68,7 +68,7 @@ Result<const items::Folder*> FolderTree::open(Index folder) {
 void FolderTree::look(Index file, const items::Folder& folder) {
   auto& item = items_[file];
   if (item.type != FileType::unknown && (!hasSizes_ || item.type != FileType::regular)) return;
-  const auto status = items::status(item.name, &folder);
+  const auto status = items::status(item.name, {.size = true}, &folder);
   if (!status) return miss(file, status.error());
   item.type = status->type;
   item.size = status->size;
@@ -79,9 +79,10 @@ void FolderTree::list(Index folder) {
   if (isStopped || !items_[folder].isFolder()) return;
   const auto opened = open(folder);
   const auto first = items_.size();
-  const auto add = [&](items::Entry&& entry) {
-    items_.push_back({.name = std::move(entry.name), .parent = folder, .type = entry.type});
+  const auto add = [&](const std::string& name, FileType type) {
+    items_.push_back({.name = name, .parent = folder, .type = type});
     look(static_cast<Index>(items_.size() - 1), **opened);
+    return true;
   };
   const auto error = opened ? items::forEachEntry(**opened, add) : opened.error();
   // What was listed before an error counts.

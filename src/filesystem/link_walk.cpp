@@ -11,6 +11,7 @@
 #include "filesystem/alias_resolution.hpp"
 #include "filesystem/link_types.hpp"
 #include "filesystem/locations.hpp"
+#include "platform/folder_chain.hpp"
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
 
@@ -34,7 +35,7 @@ class LinkWalk {
       missFolder(root, physical.error());
       return false;
     }
-    visit(*shown, *physical, items::Folder::open(*physical));
+    visit(*shown, *physical, *physical);
     while (!levels_.empty() && !stop_) {
       auto& level = levels_.back();
       if (level.next == level.folders.size()) {
@@ -42,8 +43,7 @@ class LinkWalk {
         continue;
       }
       const auto& name = level.folders[level.next++];
-      visit(locations::inFolder(level.shown, name), locations::inFolder(level.physical, name),
-            items::Folder::open(name, &*level.folder));
+      visit(locations::inFolder(level.shown, name), locations::inFolder(level.physical, name), name);
     }
     return isComplete_;
   }
@@ -54,8 +54,6 @@ class LinkWalk {
     // Its path as the caller sees it, and with its links followed.
     std::string shown;
     std::string physical;
-    // Absent while the walk is far below it.
-    std::optional<items::Folder> folder;
     // Absent until it is compared with another.
     std::optional<items::Status> status;
     // Its folders, and the next one to visit.
@@ -63,22 +61,24 @@ class LinkWalk {
     std::size_t next = 0;
   };
 
-  // More levels than trees have; each uses a descriptor.
-  static constexpr std::size_t greatestOpenLevelCount = 64;
-
   void missFolder(const std::string& folder, std::error_code error) {
     isComplete_ = false;
     VantiroLogging::defaultLogger()->logWarning("ELFDP-Failed to read folder: " + folder + " with error " +
                                                 error.message());
   }
 
-  void visit(const std::string& shown, const std::string& physical, Result<items::Folder> folder) {
-    const auto entries = folder ? items::entries(*folder) : folder.error();
-    if (!entries) return missFolder(shown, entries.error());
-    if (levels_.size() >= greatestOpenLevelCount) close(levels_[levels_.size() - greatestOpenLevelCount]);
-    auto& level = levels_.emplace_back(Level{shown, physical, *std::move(folder), {}, {}, 0});
+  // `name` is that of the folder in the last one, or the first folder's path.
+  void visit(std::string shown, std::string physical, const std::string& name) {
+    if (const auto error = folders_.enter(name)) return missFolder(shown, error);
+    const auto entries = items::entries(*folders_.last());
+    if (!entries) {
+      missFolder(shown, entries.error());
+      static_cast<void>(folders_.leave());
+      return;
+    }
+    auto& level = levels_.emplace_back(Level{std::move(shown), std::move(physical), {}, {}, 0});
     // Parsed once, not for each link.
-    path link = path(shown) / "link";
+    path link = path(level.shown) / "link";
     for (const auto& entry : *entries) {
       if (stop_ || shouldStop_()) {
         stop_ = true;
@@ -95,7 +95,7 @@ class LinkWalk {
     auto type = entry.type;
     items::Status status;
     if (type == FileType::unknown || type == FileType::regular) {
-      const auto known = items::status(entry.name, &*level.folder);
+      const auto known = items::status(entry.name, folders_.last());
       if (!known) {
         // Items removed since the folder was read are not missed.
         const auto error = known.error();
@@ -113,7 +113,7 @@ class LinkWalk {
   std::optional<std::string> symbolicTarget(Level& level, const std::string& name) {
     lookUps_.keep(level.physical);
     const auto follow = [&](const std::string& folder) { return lookUps_.followed(folder); };
-    const auto text = items::linkText(name, &*level.folder);
+    const auto text = items::linkText(name, folders_.last());
     if (!text && text.error() != std::errc::no_such_file_or_directory) isComplete_ = false;
     auto target = text ? locations::destination(level.physical, true, *text, follow) : text.error();
     const bool isSearched =
@@ -125,11 +125,11 @@ class LinkWalk {
 
   std::optional<std::string> aliasTarget(Level& level, const std::string& name, const items::Status& status) {
     const auto item = locations::inFolder(level.physical, name);
-    const auto found = link_types::typeOf(name, status, &*level.folder);
+    const auto found = link_types::typeOf(name, status, folders_.last());
     if (!found && !items::isMissing(found.error())) isComplete_ = false;
     if (link_types::logged(found, item) != ReferenceLinkType::aliasReference) return std::nullopt;
     lookUps_.keep(level.physical);
-    auto target = aliasTargetIn(*level.folder, name, item, lookUps_);
+    auto target = aliasTargetIn(*folders_.last(), name, item, lookUps_);
     if (!isInPlace(level)) return std::nullopt;
     return link_types::loggedTarget(std::move(target), item);
   }
@@ -138,47 +138,27 @@ class LinkWalk {
   // for by paths would be searched for there.
   bool isInPlace(Level& level) {
     const auto there = items::status(level.physical);
-    identify(level);
-    if (!there || isIt(level, there)) return true;
+    if (!level.status) level.status = items::status(".", folders_.last()).asOptional();
+    const bool isIt =
+        level.status && there && level.status->device == there->device && level.status->inode == there->inode;
+    if (!there || isIt) return true;
     missFolder(level.shown, items::systemError(std::errc::no_such_file_or_directory));
     return false;
   }
 
-  static void identify(Level& level) {
-    if (!level.status) level.status = items::status(".", &*level.folder).asOptional();
-  }
-
-  static bool isIt(const Level& level, const Result<items::Status>& item) {
-    return level.status && item && level.status->device == item->device && level.status->inode == item->inode;
-  }
-
-  static void close(Level& level) {
-    if (!level.folder) return;
-    identify(level);
-    level.folder.reset();
-  }
-
-  // Goes back to the parent folder, which may have to be opened again.
+  // Goes back to the parent folder.
   void leave() {
-    const auto left = std::move(levels_.back());
     levels_.pop_back();
-    if (levels_.empty() || levels_.back().folder) return;
-    auto& level = levels_.back();
-    auto above = left.folder ? items::Folder::open("..", &*left.folder)
-                             : items::systemError(std::errc::no_such_file_or_directory);
-    const auto status = above ? items::status(".", &*above) : above.error();
-    if (isIt(level, status)) {
-      level.folder.emplace(*std::move(above));
-    } else if (level.next != level.folders.size()) {
-      missFolder(level.shown,
-                 status ? items::systemError(std::errc::no_such_file_or_directory) : status.error());
-      level.next = level.folders.size();
-    }
+    const auto error = folders_.leave();
+    if (!error || levels_.empty() || levels_.back().next == levels_.back().folders.size()) return;
+    missFolder(levels_.back().shown, error);
+    levels_.back().next = levels_.back().folders.size();
   }
 
   LinkPairBlock block_;
   FunctionRef<bool()> shouldStop_;
   LookUps lookUps_;
+  items::FolderChain folders_;
   std::vector<Level> levels_;
   bool stop_ = false;
   bool isComplete_ = true;

@@ -44,6 +44,16 @@ struct Status {
   std::optional<Date> created;
   Date accessed;
   Date modified;
+  // Nothing if the system does not know.
+  std::optional<bool> isMountPoint;
+};
+
+// What a status is asked for, beside the type and the device. A server need not be asked for the rest.
+struct StatusParts {
+  bool size = false;
+  bool created = false;
+  bool modified = false;
+  bool accessed = false;
 };
 
 // An open folder. Names in it are looked up without its path.
@@ -67,6 +77,9 @@ class Folder {
 // One system call, and a second one for a file with two names; wakes no automounter. A relative path counts
 // from the folder, or without one from the working folder, here and below.
 Result<Status> status(const std::string& path, const Folder* folder = nullptr);
+
+// One system call. Only the parts that were asked for are known.
+Result<Status> status(const std::string& path, StatusParts parts, const Folder* folder = nullptr);
 
 // The status of an open item; counts the short name that NTFS keeps.
 Result<Status> statusOfOpen(int descriptor);
@@ -104,11 +117,13 @@ struct Entry {
   FileType type;
 };
 
-// Calls the block with each entry of a folder but "." and "..", in the order of the file system: looking at an
-// item right then costs least. Callers must ask only once per folder.
-std::error_code forEachEntry(const Folder& folder, FunctionRef<void(Entry&& entry)> block);
+// Calls the block with each entry but "." and "..", in the order of the file system, until it returns false.
+// Callers must ask only once per folder.
+std::error_code forEachEntry(const Folder& folder,
+                             FunctionRef<bool(const std::string& name, FileType type)> block);
 
-// The entries in byte order of their names. Callers must ask only once per folder.
+// The entries of a folder in byte order of their names, without "." and "..". Callers must ask only once per
+// folder.
 Result<std::vector<Entry>> entries(const Folder& folder);
 
 // The absolute path of an existing item with all links followed.

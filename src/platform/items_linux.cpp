@@ -39,10 +39,6 @@ std::error_code write(const Descriptor& file, std::string_view bytes) noexcept {
   return {};
 }
 
-struct CloseFolder {
-  void operator()(DIR* stream) const noexcept { ::closedir(stream); }
-};
-
 constexpr FileType typeOfMode(unsigned mode) noexcept {
   switch (mode & S_IFMT) {
     case S_IFREG:
@@ -73,7 +69,8 @@ Date dateOf(const statx_timestamp& time) noexcept {
   return Date(seconds(time.tv_sec) + nanoseconds(time.tv_nsec));
 }
 
-Status statusOf(const struct statx& item) noexcept {
+// Of the dates, those in the mask.
+Status statusOf(const struct statx& item, unsigned mask) noexcept {
   Status status{.type = typeOfMode(item.stx_mode),
                 .size = item.stx_size,
                 .allocated = item.stx_blocks * 512,
@@ -84,9 +81,15 @@ Status statusOf(const struct statx& item) noexcept {
                 .owner = item.stx_uid,
                 .group = item.stx_gid,
                 .created = {},
-                .accessed = dateOf(item.stx_atime),
-                .modified = dateOf(item.stx_mtime)};
-  if ((item.stx_mask & STATX_BTIME) != 0) status.created = dateOf(item.stx_btime);
+                .accessed = {},
+                .modified = {},
+                .isMountPoint = {}};
+  if ((mask & STATX_MTIME) != 0) status.modified = dateOf(item.stx_mtime);
+  if ((mask & STATX_ATIME) != 0) status.accessed = dateOf(item.stx_atime);
+  if ((mask & item.stx_mask & STATX_BTIME) != 0) status.created = dateOf(item.stx_btime);
+  if ((item.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) != 0) {
+    status.isMountPoint = (item.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
+  }
   return status;
 }
 
@@ -123,9 +126,9 @@ Descriptor openedTarget(const std::string& path, struct stat& status) noexcept {
   return Descriptor();
 }
 
-FileType typeOfEntry(const dirent& entry) noexcept {
+FileType typeOfEntry(unsigned char type) noexcept {
   // The types of entries are those of modes, shifted; 0 when the file system does not know.
-  return typeOfMode(static_cast<unsigned>(entry.d_type) << 12U);
+  return typeOfMode(static_cast<unsigned>(type) << 12U);
 }
 
 }  // namespace
@@ -141,21 +144,44 @@ Result<Folder> Folder::open(const std::string& path, const Folder* parent) {
   return Folder(descriptor.release());
 }
 
-Result<Status> status(const std::string& path, const Folder* folder) {
+namespace {
+
+Result<Status> statusWith(unsigned mask, const std::string& path, const Folder* folder) {
   if (!canExist(path)) return lastError();
-  struct statx item {};
+  struct statx item;  // the system fills all of it
   const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-  if (!readStatus(descriptorOf(folder), path.c_str(), flags, STATX_BASIC_STATS | STATX_BTIME, item))
+  const int place = descriptorOf(folder);
+  // The older call does not know of creation and mount points, but large trees feel its lower cost.
+  const bool isBasic = (mask & STATX_BTIME) == 0 && (mask & (STATX_SIZE | STATX_MTIME | STATX_ATIME)) != 0;
+  if (!(isBasic ? readBasicStatus(place, path.c_str(), flags, item)
+                : readStatus(place, path.c_str(), flags, mask, item))) {
     return lastError();
-  auto status = statusOf(item);
-  if (status.type == FileType::regular && status.names == 2 && hasShortName(folder, path)) status.names = 1;
+  }
+  return statusOf(item, mask);
+}
+
+}  // namespace
+
+Result<Status> status(const std::string& path, const Folder* folder) {
+  const auto found = statusWith(STATX_BASIC_STATS | STATX_BTIME, path, folder);
+  if (!found || found->type != FileType::regular || found->names != 2 || !hasShortName(folder, path))
+    return found;
+  auto status = *found;
+  status.names = 1;
   return status;
 }
 
 Result<Status> statusOfOpen(int descriptor) {
   struct statx item {};
   if (!readStatus(descriptor, "", AT_EMPTY_PATH, STATX_BASIC_STATS | STATX_BTIME, item)) return lastError();
-  return statusOf(item);
+  return statusOf(item, STATX_BASIC_STATS | STATX_BTIME);
+}
+
+Result<Status> status(const std::string& path, StatusParts parts, const Folder* folder) {
+  const unsigned mask = STATX_TYPE | STATX_INO | (parts.size ? STATX_SIZE : 0U) |
+                        (parts.created ? STATX_BTIME : 0U) | (parts.modified ? STATX_MTIME : 0U) |
+                        (parts.accessed ? STATX_ATIME : 0U);
+  return statusWith(mask, path, folder);
 }
 
 std::error_code reach(const std::string& path) {
@@ -236,24 +262,30 @@ std::error_code replace(const std::string& path, std::string_view bytes) {
   return error;
 }
 
-std::error_code forEachEntry(const Folder& folder, FunctionRef<void(Entry&& entry)> block) {
-  // The stream owns its descriptor; the folder's own stays open for look-ups.
-  Descriptor descriptor(::fcntl(folder.descriptor(), F_DUPFD_CLOEXEC, 0));
-  const std::unique_ptr<DIR, CloseFolder> stream(descriptor ? ::fdopendir(descriptor.number()) : nullptr);
-  if (!stream) return lastError();
-  static_cast<void>(descriptor.release());
-  errno = 0;
-  while (const dirent* entry = ::readdir(stream.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..") block({std::string(name), typeOfEntry(*entry)});
-    errno = 0;
+std::error_code forEachEntry(const Folder& folder,
+                             FunctionRef<bool(const std::string& name, FileType type)> block) {
+  // As much as the C library reads at once.
+  alignas(dirent64) std::array<char, 32'768> read;  // NOLINT(cppcoreguidelines-pro-type-member-init)
+  std::string name;
+  while (true) {
+    const auto size =
+        uninterrupted([&] { return ::getdents64(folder.descriptor(), read.data(), read.size()); });
+    if (size <= 0) return size == 0 ? std::error_code() : lastError();
+    for (std::size_t at = 0; at < static_cast<std::size_t>(size);) {
+      const auto& entry = *reinterpret_cast<const dirent64*>(read.data() + at);
+      at += entry.d_reclen;
+      name = static_cast<const char*>(entry.d_name);
+      if (name != "." && name != ".." && !block(name, typeOfEntry(entry.d_type))) return {};
+    }
   }
-  return errno != 0 ? lastError() : std::error_code();
 }
 
 Result<std::vector<Entry>> entries(const Folder& folder) {
   std::vector<Entry> found;
-  const auto error = forEachEntry(folder, [&](Entry&& entry) { found.push_back(std::move(entry)); });
+  const auto error = forEachEntry(folder, [&](const std::string& name, FileType type) {
+    found.push_back({name, type});
+    return true;
+  });
   if (error) return error;
   std::ranges::sort(found, {}, &Entry::name);
   return found;

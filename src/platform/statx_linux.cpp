@@ -13,8 +13,12 @@ bool readStatus(int folder, const char* path, int flags, unsigned mask, struct s
   if (uninterrupted([&] { return ::statx(folder, path, flags, mask, &item); }) == 0) return true;
   // The C library replaces a missing call, but not with all flags.
   if (errno != ENOSYS && errno != EPERM && errno != EINVAL) return false;
+  return readBasicStatus(folder, path, flags & ~AT_STATX_DONT_SYNC, item);
+}
+
+bool readBasicStatus(int folder, const char* path, int flags, struct statx& item) noexcept {
   struct stat older {};
-  if (::fstatat(folder, path, &older, flags & ~AT_STATX_DONT_SYNC) != 0) return false;
+  if (uninterrupted([&] { return ::fstatat(folder, path, &older, flags); }) != 0) return false;
   item = {};
   item.stx_mask = STATX_BASIC_STATS;
   item.stx_mode = static_cast<decltype(item.stx_mode)>(older.st_mode);
