@@ -36,34 +36,44 @@ constexpr auto named = [] {
   });
 }();
 
-constexpr std::string_view beforeDays = "last-";
+constexpr std::string_view beforeCount = "last-";
 constexpr std::string_view afterDays = "-days";
+constexpr std::string_view afterHours = "-hours";
 
 }  // namespace
 
 DateRange TimeFrame::resolved(const Calendar& calendar, std::chrono::sys_seconds instant) const noexcept {
+  using namespace std::chrono_literals;
+  if (hours_ > 0) return {instant - std::chrono::hours(hours_), instant + 1s};
   return {calendar.period(unit_, first_, instant).start, calendar.period(unit_, last_, instant).end};
 }
 
 std::string TimeFrame::text() const {
   if (const auto* row = detail::rowWhere(named, &NamedFrame::frame, *this)) return std::string(row->text);
-  return std::string(beforeDays).append(std::to_string(1 - first_)).append(afterDays);
+  return std::string(beforeCount)
+      .append(std::to_string(hours_ > 0 ? hours_ : 1 - first_))
+      .append(hours_ > 0 ? afterHours : afterDays);
 }
 
 std::optional<TimeFrame> TimeFrame::fromText(std::string_view text) noexcept {
   if (const auto* row = detail::rowWhere(named, &NamedFrame::text, text)) return row->frame;
-  if (!text.starts_with(beforeDays) || !text.ends_with(afterDays)) return std::nullopt;
-  text.remove_prefix(beforeDays.size());
-  if (text.size() < afterDays.size()) return std::nullopt;
-  text.remove_suffix(afterDays.size());
+  const auto after = text.ends_with(afterHours) ? afterHours : afterDays;
+  if (text.size() < beforeCount.size() + after.size() || !text.starts_with(beforeCount) ||
+      !text.ends_with(after)) {
+    return std::nullopt;
+  }
+  text.remove_prefix(beforeCount.size());
+  text.remove_suffix(after.size());
   const auto count = number_text::read<int>(text);
-  return count && *count > 0 ? std::optional(lastDays(*count)) : std::nullopt;
+  if (!count || *count <= 0) return std::nullopt;
+  return after == afterHours ? lastHours(*count) : lastDays(*count);
 }
 
 std::string TimeFrame::description() const {
   if (const auto* row = detail::rowWhere(named, &NamedFrame::frame, *this)) {
     return Localization::localized(row->description);
   }
+  if (hours_ > 0) return Localization::localized("Last {} hours", {std::to_string(hours_)});
   return Localization::localized("Last {} days", {std::to_string(1 - first_)});
 }
 

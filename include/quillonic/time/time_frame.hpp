@@ -31,13 +31,17 @@ class QUILLONIC_EXPORT TimeFrame {
   static constexpr TimeFrame lastDays(int count) noexcept {
     return {CalendarUnit::day, count > 1 ? 1 - count : 0, 0};
   }
+  /// So many hours up to and with the present second, whatever the calendar. One and less is one.
+  static constexpr TimeFrame lastHours(int count) noexcept {
+    return {CalendarUnit::day, 0, 0, count > 1 ? count : 1};
+  }
 
   /// The range that it is, seen from an instant.
   DateRange resolved(const Calendar& calendar,
                      std::chrono::sys_seconds instant = Calendar::now()) const noexcept;
 
   /// Its name for storage and for people who write it by hand: "today", "this-week", "last-month",
-  /// "next-year", "last-7-days". It never changes.
+  /// "next-year", "last-7-days", "last-24-hours". It never changes.
   std::string text() const;
 
   /// Reads such a name, exactly as it is written; nothing for others.
@@ -49,13 +53,15 @@ class QUILLONIC_EXPORT TimeFrame {
   friend constexpr bool operator==(const TimeFrame&, const TimeFrame&) = default;
 
  private:
-  constexpr TimeFrame(CalendarUnit unit, int first, int last) noexcept
-      : unit_(unit), first_(first), last_(last) {}
+  constexpr TimeFrame(CalendarUnit unit, int first, int last, int hours = 0) noexcept
+      : unit_(unit), first_(first), last_(last), hours_(hours) {}
 
   CalendarUnit unit_;
   // The first and the last period, counted from the current one.
   int first_;
   int last_;
+  // Not 0 for hours, which no calendar counts.
+  int hours_;
 };
 
 }  // namespace quillonic
