@@ -86,9 +86,9 @@ std::optional<std::int64_t> TimecodeRate::frameNumber(const TimecodeComponents& 
   const auto number = seconds * count_ + frames;
   if (minute != 0 && number < cycle.skipped) return std::nullopt;
   const auto framesPerHour = cyclesPerHour * cycle.frames;
-  if (hours >= std::numeric_limits<std::int64_t>::max() / framesPerHour) return std::nullopt;
-  return hours * framesPerHour + minutes / minutesPerCycle * cycle.frames + minute * cycle.framesPerMinute +
-         number;
+  const auto inHour = minutes / minutesPerCycle * cycle.frames + minute * cycle.framesPerMinute + number;
+  if (hours > (std::numeric_limits<std::int64_t>::max() - inHour) / framesPerHour) return std::nullopt;
+  return hours * framesPerHour + inHour;
 }
 
 std::optional<TimecodeComponents> TimecodeRate::timecode(std::int64_t frameNumber,
