@@ -41,8 +41,8 @@ TEST(TranscodeVocabulary, ListsFlagsAndValuesInTheirFixedOrder) {
        "-acl=name -abr=integer -tc_track -tc_burn -tc_burn_size=integer -tc_burn_font_rgb=color "
        "-tc_burn_box_rgb=color -tc_match -tc_creation -tc_custom=timecode -tc_rate=number -tc_drop "
        "-wmf_anchor=name -wmf_path=path -wmf_scale=number -wmt_burn -wmt_text=text -wmt_size=integer "
-       "-wmt_anchor=name -wmt_font_rgb=color -wmt_box_rgb=color -arri_cs=text -arri_wp=text "
-       "-arri_curve=text -arri_inv_res=text"},
+       "-wmt_anchor=name -wmt_font_rgb=color -wmt_box_rgb=color -arri_cs=name -arri_wp=name "
+       "-arri_curve=name -arri_inv_res=name"},
       {joined(FileFormat::allCases()), "qt mp4 wav"},
       {joined(Codec::allCases()),
        "dnxhd h264 h265 mjpeg mp4 prores4444 prores4444xq prores422 prores422hq prores422lt prores422proxy"},

@@ -666,13 +666,13 @@ struct CaseTable<VAVTranscodeArriLookArgumentFlag> {
     arriLookInvalidLookResolutionFlag,
   };
   static constexpr std::array<TranscodeFlagRow, 4> flags{{
-      {"-arri_cs", "ARRI colour primaries", FlagValueKind::text,
+      {"-arri_cs", "ARRI colour primaries", FlagValueKind::listed,
        "The colour primaries.", detail::textsOfVAVArriLookColorSpaces, detail::namesOfVAVArriLookColorSpaces},
-      {"-arri_wp", "ARRI white point", FlagValueKind::text,
+      {"-arri_wp", "ARRI white point", FlagValueKind::listed,
        "The white point.", detail::textsOfVAVArriWhitePoints, detail::namesOfVAVArriWhitePoints},
-      {"-arri_curve", "ARRI curve", FlagValueKind::text,
+      {"-arri_curve", "ARRI curve", FlagValueKind::listed,
        "The transfer curve.", detail::textsOfVAVArriCurves, detail::namesOfVAVArriCurves},
-      {"-arri_inv_res", "ARRI invalid look", FlagValueKind::text,
+      {"-arri_inv_res", "ARRI invalid look", FlagValueKind::listed,
        "What to do with an invalid look.", detail::textsOfVAVArriLookResolutions, detail::namesOfVAVArriLookResolutions},
   }};
 };
