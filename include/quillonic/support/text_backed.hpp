@@ -5,9 +5,9 @@
 ///     if (codec == other || codec == "h265") ...                     // by text
 ///     std::cout << codec << ' ' << std::string(codec);
 ///
-///     using Codec = CaseOf<VAVTranscodeArgumentVideoCodecValue>;     // an `enum class` of the listed values
+///     using Listed = CaseOf<VAVTranscodeArgumentVideoCodecValue>;    // an `enum class` of the listed values
 ///     if (const auto listed = codec.listedCase()) {
-///       switch (*listed) { case Codec::dnxhdCodec: ... }             // a compiler warns of a missing case
+///       switch (*listed) { case Listed::dnxhdCodec: ... }            // a compiler warns of a missing case
 ///     }
 #pragma once
 
