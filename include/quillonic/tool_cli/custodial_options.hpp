@@ -23,7 +23,8 @@ namespace quillonic {
 
 /// The process that starts a tool, any tool: "-parentPid", then "-parentAppNumber" if present.
 struct QUILLONIC_EXPORT CLICustodialOptions final : CliArgumentStore {
-  /// The process identifier of the parent application.
+  /// The process identifier of the parent application. A negative number, here and below, is written but not
+  /// read, because its word begins with a hyphen.
   std::int32_t parentProcessId = 0;
   /// The number that identifies the parent application; absent until the parent sets it.
   std::optional<std::int64_t> parentAppNumber;
