@@ -61,6 +61,8 @@ TEST(TranscodeOptionChanges, TakeEveryKindOfValueAndRefuseWhatCannotBeWritten) {
               changes.set(VAVVideoDimensionsFlag, FrameSize{960, 540}) &&
               changes.set(VAVTimecodeBurnFontRGB, Color::rgb255(255, 255, 255)) &&
               changes.set(VAVColorLutFileFlag, std::filesystem::path("/L")) &&
+              changes.set(VAVTimecodeCustomFlag, TimecodeComponents{.hours = 1}) &&
+              changes.set(VAVTimecodeBurnAnchorFlag, TimecodeBurnAnchor(VAVAnchorBottomCenter)) &&
               changes.set(VAVPrepareForWebFlag, true) && changes.set(VAVOverwriteExistingFlag, false) &&
               changes.set("-ac_omit_7", "7") && changes.setIgnoredAudioTracks({3, 1, 3}) &&
               changes.set(VAVNoAudioFlag));
@@ -73,8 +75,9 @@ TEST(TranscodeOptionChanges, TakeEveryKindOfValueAndRefuseWhatCannotBeWritten) {
                changes.setIgnoredAudioTracks({1, -1}));
   EXPECT_EQ(changes.description(),
             "remove -ac_omit, set -ac_omit_0 1, set -ac_omit_1 3, set -clut /L, set -dims 960x540, "
-            "remove -overwrite, set -tc_burn_font_rgb 255,255,255, set -vbd 10, set -vcodec prores422, "
-            "set -vprofile Main\\n10, set -vr 23.976, set -web");
+            "remove -overwrite, set -tc_burn_anchor bc, set -tc_burn_font_rgb 255,255,255, "
+            "set -tc_custom 01:00:00:00, set -vbd 10, set -vcodec prores422, set -vprofile Main\\n10, set "
+            "-vr 23.976, set -web");
 }
 
 TEST(TranscodeOptionChanges, AreDecodedInAnyOrderAndOnlyWithValidFlags) {

@@ -13,6 +13,8 @@
 #include <quillonic/export.hpp>
 #include <quillonic/platform/color.hpp>
 #include <quillonic/support/coding.hpp>
+#include <quillonic/time/timecode.hpp>
+#include <quillonic/transcode_cli/anchors.hpp>
 #include <quillonic/transcode_cli/arguments.hpp>
 #include <quillonic/transcode_cli/frame_size.hpp>
 
@@ -63,6 +65,12 @@ class QUILLONIC_EXPORT TranscodeOptionChanges {
   bool set(std::string_view flag, const std::same_as<std::filesystem::path> auto& value) {
     return set(flag, std::string_view(value.native()));
   }
+  /// A timecode.
+  bool set(std::string_view flag, const std::same_as<TimecodeComponents> auto& value) {
+    return set(flag, std::string_view(value.timecodeString()));
+  }
+  /// The place of a crop, a burnt-in timecode or an image watermark.
+  bool set(std::string_view flag, const TranscodeAnchor auto& value) { return set(flag, value.rawValue()); }
   /// An integer, which must not be negative; or a Boolean, which sets a switch or removes it.
   bool set(std::string_view flag, std::integral auto value) {
     if constexpr (std::same_as<decltype(value), bool>) {
