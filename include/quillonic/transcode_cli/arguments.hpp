@@ -1,6 +1,7 @@
 /// The model of one transcoder command line: words in, settings read and changed, words out.
 ///
-///     TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv), true);   // true: keep the order
+///     const auto [parent, rest] = CLICustodialOptions::read(ArgumentWords::fromMain(argc, argv));
+///     TranscodeCliArguments settings(rest, true);                                  // true: keep the order
 ///     for (const auto& problem : settings.problems()) refuse(problem.description());
 ///     auto codec = settings.argumentFlagValue(VAVVideoFormatFlag);                 // "h264"
 ///     settings.setOutputFile("/media/out.mov");                                    // see options_table.hpp
