@@ -34,7 +34,7 @@ struct QUILLONIC_EXPORT ProgressLine {
   /// The seconds that the rest of the work will take.
   std::optional<std::int64_t> secondsLeft{};
   /// What the tool does now, for people; empty for none. Line breaks and other control characters are written
-  /// as spaces, and spaces at both ends are not written.
+  /// as spaces, and white space at both ends is not written.
   std::string message{};
 
   /// One line without a line break: the prefix, then "42.5% frame=1020 speed=2.5x left=00:01:30 message=Audio
