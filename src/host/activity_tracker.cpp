@@ -250,7 +250,7 @@ struct ActivityTracker::State {
       return true;
     });
     isBehind = lastLook && now - *lastLook < shortestInterval;
-    if (isBehind) return changes;
+    if (isBehind || lastIdentifier == 0) return changes;
     lastLook = now;
     measure(now);
     JobList list{states()};
@@ -263,8 +263,10 @@ struct ActivityTracker::State {
   }
 
   bool isAtRest() const {
+    if (lastIdentifier == 0) return true;
     const auto rests = [](const auto& entry) { return !entry.second.moves(); };
-    return jobs.empty() && !isBehind && total.total.progress.bytesPerSecond.value_or(0) == 0 &&
+    // A speed that is not known yet is told when it is.
+    return jobs.empty() && !isBehind && total.total.progress.bytesPerSecond == 0 &&
            std::ranges::all_of(drives, rests);
   }
 

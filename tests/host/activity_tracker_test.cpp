@@ -29,6 +29,7 @@ struct Activity : testing::Test {
 
 TEST_F(Activity, TellsWhatHasChangedAndNothingElse) {
   EXPECT_FALSE(updateAfter(0ms));
+  EXPECT_FALSE(updateAfter(1s));
   EXPECT_EQ(take(), "");
 
   auto job = tracker.start({"A001", "offload", {"CARD"}, {"RAID"}, 1000});
@@ -62,6 +63,15 @@ TEST_F(Activity, TellsWhatHasChangedAndNothingElse) {
 
   center->post({"kNeedsUpdateForAllActiveJobs", {}});
   EXPECT_EQ(take(), "kNeedsUpdateForAllActiveJobs kAllActiveJobsUpdate ");
+}
+
+// Once it asks for no call, none has anything to tell.
+TEST_F(Activity, TellsAllOfAShortJobBeforeItRests) {
+  tracker.start({"1", "a", {"CARD"}}).advance(5);
+  for (int calls = 0; updateAfter(500ms); ++calls) ASSERT_LT(calls, 10);
+  EXPECT_NE(take(), "");
+  EXPECT_FALSE(updateAfter(1s));
+  EXPECT_EQ(take(), "");
 }
 
 TEST_F(Activity, AddsUpJobsUntilNoneIsActive) {

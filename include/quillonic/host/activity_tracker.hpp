@@ -33,7 +33,8 @@ struct JobDescription {
   std::string application;
   /// The drives that it reads, by any names that the host uses for drives, such as their mount points.
   std::vector<std::string> readsFrom = {};
-  /// The drives that it writes. Each one counts all bytes of the job, as when a card is copied to several.
+  /// The drives that it writes. Each one counts all bytes of the job, as when a card is copied to several; one
+  /// that is named twice counts them twice.
   std::vector<std::string> writesTo = {};
   /// Absent while unknown.
   std::optional<std::uint64_t> bytesExpected = std::nullopt;
@@ -89,7 +90,8 @@ struct JobList {
 };
 
 /// What the jobs of one application, or all of them, add up to. A job that ended counts, with what it has
-/// done, until no job is active any more, so that a bar over several jobs never goes back.
+/// done, until another one begins while none of them is active, so that a bar over several jobs never goes
+/// back. Each application begins anew on its own: their sum may be less than the total of all.
 struct ActivityTotal {
   /// The application; empty for the total of all.
   std::string application;
