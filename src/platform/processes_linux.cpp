@@ -21,7 +21,8 @@ void Processes::Close::operator()(void* folder) const noexcept {
 }
 
 bool Processes::isHidden(std::int32_t process) const noexcept {
-  return root_ == "/proc" && areShown() && (::kill(process, 0) == 0 || errno == EPERM);
+  // Zero and below are groups of processes.
+  return process > 0 && root_ == "/proc" && areShown() && (::kill(process, 0) == 0 || errno == EPERM);
 }
 
 std::string Processes::path(std::int32_t process, const char* name) const {

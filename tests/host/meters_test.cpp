@@ -210,6 +210,8 @@ TEST(ProcessMeter, SaysWhyItKnowsNothing) {
   EXPECT_EQ(meter.follow(2), ProcessAnswer::ended);
   EXPECT_EQ(ProcessMeter(root / "missing").follow(1), ProcessAnswer::notKnown);
 
+  EXPECT_EQ(ProcessMeter().follow(-1), ProcessAnswer::ended);
+
   const auto testing = getpid();
   runPrivately([&] {
     becomeNobody();
