@@ -18,6 +18,10 @@ std::string memoryText(std::int64_t bytes) {
   return number_text::rounded(static_cast<double>(bytes) / gibibyte, 1) + " GiB";
 }
 
+std::string countText(std::int64_t count, std::string_view thing) {
+  return std::to_string(count).append(" ").append(thing).append(count == 1 ? "" : "s");
+}
+
 // "hostName" as "host name".
 std::string inWords(std::string_view key) {
   std::string words;
@@ -76,8 +80,8 @@ std::string Machine::line() const {
     add("translated from " + std::string(programArchitecture ? programArchitecture->rawValue() : "another"));
   }
   if (logicalProcessors) {
-    const auto cores = physicalCores ? " on " + std::to_string(*physicalCores) + " cores" : "";
-    add(std::to_string(*logicalProcessors) + " processors" + cores);
+    const auto cores = physicalCores ? " on " + countText(*physicalCores, "core") : "";
+    add(countText(*logicalProcessors, "processor") + cores);
   }
   if (memory) add(memoryText(*memory) + " of memory");
   if (memoryLimit) add("limited to " + memoryText(*memoryLimit));

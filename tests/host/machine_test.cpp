@@ -47,6 +47,7 @@ TEST(Machine, IsDescribedAsFarAsItsFilesTell) {
     EXPECT_EQ(machine.line().find('\n'), std::string::npos);
     title = end;
   }
+  EXPECT_EQ((Machine{.logicalProcessors = 1, .physicalCores = 1}.line()), "1 processor on 1 core");
   EXPECT_EQ(describeMachine().programArchitecture, Architecture::ofThisProgram());
 }
 
