@@ -21,7 +21,10 @@ Result<std::string> zoneFile(const std::string& path);
 // The file of the system's zone, which may be missing.
 inline constexpr const char* systemZone = "/etc/localtime";
 
-// Nothing for a locale that is not installed.
+// The locale of the user's times, by the variables that decide it.
+std::string userLocale();
+
+// That of the user without a name. Nothing for a locale that is not installed.
 std::optional<std::chrono::weekday> firstWeekday(const std::string& locale);
 
 }  // namespace quillonic::time_settings

@@ -28,6 +28,14 @@ Result<std::string> zoneFile(const std::string& path) {
   return file ? items::firstBytes(*file, limit) : file;
 }
 
+std::string userLocale() {
+  for (const auto* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+    const char* const locale = std::getenv(variable);
+    if (locale && *locale) return locale;
+  }
+  return "C";
+}
+
 std::optional<chrono::weekday> firstWeekday(const std::string& name) {
   const std::unique_ptr<std::remove_pointer_t<locale_t>, decltype(&freelocale)> locale(
       newlocale(LC_TIME_MASK, name.c_str(), nullptr), &freelocale);

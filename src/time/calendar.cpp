@@ -104,8 +104,9 @@ local_days existingDayAway(const TimeZone& zone, CalendarUnit unit, int count, s
 std::optional<weekday> firstWeekdayOfLocale(const std::string& locale) {
   const auto first = time_settings::firstWeekday(locale);
   if (!first) {
-    VantiroLogging::defaultLogger()->logWarning("QLC_CAL_FWOL-Failed to find the locale \"" + locale +
-                                                "\", or the user's if it has no name");
+    VantiroLogging::defaultLogger()->logWarning("QLC_CAL_FWOL-Failed to find the locale \"" +
+                                                (locale.empty() ? time_settings::userLocale() : locale) +
+                                                '"');
   }
   return first;
 }
