@@ -14,11 +14,12 @@ using namespace std::chrono;  // NOLINT(google-build-using-namespace): names of 
 constexpr local_days firstDate = local_days(year(1) / January / 1);
 constexpr local_days lastDate = local_days(year(9999) / December / 31);
 
-// A date in the calendar's years; the last day of the month for a day that it lacks.
+// The nearest date in the calendar's years; the last day of the month for a day that it lacks.
 local_days dayOf(std::int64_t monthsSinceYear0, unsigned ofMonth) noexcept {
-  const auto clamped = std::clamp<std::int64_t>(monthsSinceYear0, 12, 12 * 9999 + 11);
-  const year_month yearMonth(year(static_cast<int>(clamped / 12)),
-                             month(static_cast<unsigned>(clamped % 12) + 1));
+  if (monthsSinceYear0 < 12) return firstDate;
+  if (monthsSinceYear0 > 12 * 9999 + 11) return lastDate;
+  const year_month yearMonth(year(static_cast<int>(monthsSinceYear0 / 12)),
+                             month(static_cast<unsigned>(monthsSinceYear0 % 12) + 1));
   const auto lastOfMonth = (yearMonth / last).day();
   return local_days(yearMonth / std::clamp(day(ofMonth), day(1), lastOfMonth));
 }

@@ -83,9 +83,10 @@ TEST(Calendar, EndsWithTheYears1And9999) {
   EXPECT_EQ(calendar.period(year, 0, always).end, sys_days(10000y / 1 / 1) - 14h);
   EXPECT_EQ(calendar.period(week, 0, never).start, sys_days(0y / 12 / 30) - 14h);
   for (const auto unit : units) {
-    EXPECT_EQ(calendar.dateAway(unit, std::numeric_limits<int>::max(), at(0)).year(), last.year());
-    EXPECT_EQ(calendar.dateAway(unit, std::numeric_limits<int>::min(), at(0)).year(), first.year());
+    EXPECT_EQ(calendar.dateAway(unit, std::numeric_limits<int>::max(), at(0)), last);
+    EXPECT_EQ(calendar.dateAway(unit, std::numeric_limits<int>::min(), at(0)), first);
   }
+  EXPECT_EQ(calendar.day(-5y / 3 / 17), calendar.day(first));
   EXPECT_EQ(calendar.day(2023y / 2 / 31), calendar.day(2023y / 2 / 28));
 }
 
