@@ -65,7 +65,7 @@ std::optional<TimeFrame> TimeFrame::fromText(std::string_view text) noexcept {
   text.remove_prefix(beforeCount.size());
   text.remove_suffix(after.size());
   const auto count = number_text::read<int>(text);
-  if (!count || *count <= 0) return std::nullopt;
+  if (!count || *count <= 0 || text.starts_with('0')) return std::nullopt;
   return after == afterHours ? lastHours(*count) : lastDays(*count);
 }
 

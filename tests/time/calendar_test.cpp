@@ -117,8 +117,8 @@ TEST(TimeFrame, ResolvesDescribesAndReadsItsText) {
     }
   }
   EXPECT_EQ(TimeFrame::lastDays(1), TimeFrame::current(day));
-  for (const auto* text : {"", "Today", "last-days", "last-0-days", "last-2147483648-days", "last-7-days ",
-                           "last-0-hours", "last-hours"}) {
+  for (const auto* text : {"", "Today", "last-days", "last-0-days", "last-07-days", "last-2147483648-days",
+                           "last-7-days ", "last-0-hours", "last-hours"}) {
     EXPECT_FALSE(TimeFrame::fromText(text)) << text;
   }
 }
