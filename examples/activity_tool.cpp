@@ -15,16 +15,14 @@
 #include <iomanip>
 #include <iostream>
 #include <map>
-#include <spawn.h>
 #include <sstream>
 #include <string>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 using namespace quillonic::host;
 using namespace std::chrono_literals;
-
-extern char** environ;
 
 namespace {
 
@@ -110,8 +108,8 @@ class Display {
 class Watch {
  public:
   explicit Watch(pid_t command) {
-    if (processes_.follow(command, ProcessMeter::Children::included) == ProcessAnswer::notKnown) {
-      std::cerr << "The system does not tell what processes read and write.\n";
+    if (processes_.follow(command, ProcessMeter::Children::included) != ProcessAnswer::counted) {
+      std::cerr << "The system does not tell what the command reads and writes.\n";
     }
     processes_.sample();
     if (const auto error = drives_.sample()) {
@@ -146,6 +144,11 @@ bool hasEnded(pid_t command) {
          ended.si_pid == command;
 }
 
+int failed(const char* command, int error) {
+  std::cerr << command << ": " << std::strerror(error) << '\n';
+  return error == ENOENT ? 127 : 126;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -161,20 +164,26 @@ int main(int argc, char** argv) {
     sigaddset(&signals, number);
   }
   sigprocmask(SIG_BLOCK, &signals, &before);
-  posix_spawnattr_t attributes;
-  posix_spawnattr_init(&attributes);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
-  posix_spawnattr_setsigmask(&attributes, &before);
-  pid_t command = 0;
-  const int error = posix_spawnp(&command, argv[1], nullptr, &attributes, argv + 1, environ);
-  posix_spawnattr_destroy(&attributes);
-  if (error != 0) {
-    std::cerr << argv[1] << ": " << std::strerror(error) << '\n';
-    return error == ENOENT ? 127 : 126;
+  // The command starts when it is watched: of one that has ended the system may tell other users nothing.
+  int link[2];
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, link) != 0) return failed(argv[1], errno);
+  const pid_t command = fork();
+  if (command < 0) return failed(argv[1], errno);
+  if (command == 0) {
+    close(link[0]);
+    char go = 0;
+    if (read(link[1], &go, 1) != 1) _exit(126);
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    execvp(argv[1], argv + 1);
+    const int error = errno;
+    _exit(write(link[1], &error, sizeof error) == sizeof error ? 0 : 126);
   }
+  close(link[1]);
+  Watch watch(command);
+  int error = EPIPE;
+  if (write(link[0], "", 1) != 1 || read(link[0], &error, sizeof error) != 0) return failed(argv[1], error);
 
   const auto start = std::chrono::steady_clock::now();
-  Watch watch(command);
   Display display;
   const timespec interval{display.isTerminal() ? 0 : 1, display.isTerminal() ? 250'000'000 : 0};
   auto shownAt = start;

@@ -3,8 +3,10 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 
 #include "child_process.hpp"
+#include "private_process.hpp"
 
 namespace quillonic {
 namespace {
@@ -29,6 +31,19 @@ TEST(ActivityTool, TellsWhatACommandWritesAndEndsAsItDoes) {
   EXPECT_EQ(runChild(tool, {"sh", "-c", "trap 'exit 9' TERM; kill -TERM $PPID; while :; do sleep 0.1; done"})
                 .exitStatus,
             9);
+}
+
+// Of a process that has ended, only who watched it before may read what it did.
+TEST(ActivityTool, CountsAShortCommandOfAnyUser) {
+  runPrivately([] {
+    becomeNobody();
+    if (access(tool.c_str(), X_OK) != 0) endAsNotAllowed();
+    for (int i = 0; i < 20; ++i) {
+      const auto result = runChild(tool, {"head", "-c", "3000000", "/dev/zero"});
+      EXPECT_EQ(result.output.size(), 3'000'000U);
+      EXPECT_NE(result.errors.find("\ncommand: 3.0 MB read, 3.0 MB written\n"), std::string::npos);
+    }
+  });
 }
 
 }  // namespace

@@ -91,7 +91,8 @@ class QUILLONIC_EXPORT ProcessMeter {
   ProcessMeter& operator=(const ProcessMeter&) = delete;
   ~ProcessMeter();
 
-  /// Follows a process from now on. Returns what is known of it; one that has ended is not followed.
+  /// Follows a process from now on. Returns what is known of it; one that has ended is not followed. Callers
+  /// should follow a child at once: when it has ended, the system tells only those who followed it before.
   ProcessAnswer follow(std::int32_t process, Children children = Children::leftOut);
 
   /// Reads all counts. Callers that wait for the end of a process must sample before they do: afterwards the
