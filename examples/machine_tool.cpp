@@ -26,4 +26,5 @@ int main(int argc, char** argv) {
     report["concurrentTranscodes"] = transcodes;
     std::cout << report.dump(2) << '\n';
   }
+  return std::cout.flush() ? 0 : 1;
 }
