@@ -10,10 +10,12 @@ using namespace quillonic;
 struct Layout {
   std::string_view value;
   std::string_view name;
+  std::string_view lossless;  // the layout of Apple Lossless with as many channels
   std::int64_t channels;
 };
-constexpr Layout layouts[] = {{"mono", "mono", 1}, {"stereo", "stereo", 2}, {"quad", "quad", 4},
-                              {"pent", "5.0", 5},  {"hex", "5.1", 6},       {"oct", "7.1", 8}};
+constexpr Layout layouts[] = {{"mono", "mono", "mono", 1}, {"stereo", "stereo", "stereo", 2},
+                              {"quad", "quad", "4.0", 4},  {"pent", "5.0", "5.0", 5},
+                              {"hex", "5.1", "5.1", 6},    {"oct", "7.1", "7.1(wide)", 8}};
 
 const Layout* layout(const Job& job) {
   const auto value = job.settings.audioChannelLayout();
@@ -29,10 +31,6 @@ constexpr Sample samples[] = {
     {16, "pcm_s16le", "s16p"}, {24, "pcm_s24le", "s32p"}, {32, "pcm_s32le", ""}, {8, "pcm_u8", ""}};
 
 }  // namespace
-
-std::string layoutName(const Job& job) {
-  return layout(job) ? std::string(layout(job)->name) : std::string();
-}
 
 std::int64_t discreteChannels(Job& job, const child::AudioTrack& track) {
   return layout(job) ? layout(job)->channels : track.channels;
@@ -81,7 +79,9 @@ void soundFormat(Job& job) {
   if (isLossless) job.add({"-c:a", "alac", "-sample_fmt", std::string(chosen.lossless)});
   // The only rate that mxf files have.
   if (extension == "mxf" && !job.settings.audioSampleRate()) job.add({"-ar", "48000"});
-  if (!job.settings.discreteAudio() && layout(job)) job.sound = "aformat=channel_layouts=" + layoutName(job);
+  if (const auto* wanted = layout(job); wanted && !job.settings.discreteAudio()) {
+    job.sound = "aformat=channel_layouts=" + std::string(isLossless ? wanted->lossless : wanted->name);
+  }
 }
 
 }  // namespace transcoder

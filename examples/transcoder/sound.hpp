@@ -13,7 +13,5 @@ void audioBitRate(Job& job);
 void soundFormat(Job& job);
 // The channels that each track of the output has when they are discrete.
 std::int64_t discreteChannels(Job& job, const child::AudioTrack& track);
-// ffmpeg's name of the channel layout that is asked for; empty if none is.
-std::string layoutName(const Job& job);
 
 }  // namespace transcoder

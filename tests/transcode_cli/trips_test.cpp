@@ -113,8 +113,8 @@ TEST_F(Trips, WriteWhatIsAskedFor) {
       {"-vcodec h264 -dims 64x64 -vr 50 -vbd 10 -acodec aac -asr 44100 -acl mono -tc_track -tc_match", "mov",
        "0.width=64 0.height=64 0.avg_frame_rate=\"50/1\" 0.nb_frames=\"50\" 0.pix_fmt=\"yuv420p10le\" "
        "1.sample_rate=\"44100\" 1.channels=1 0.tags.timecode=\"01:02:03:08\""},
-      {"-dims 64x64 -aspect_scaling match -vprofile main -vn -acodec apple_lossless -abpc 24", "mov",
-       "0.codec_name=\"alac\" 0.bits_per_raw_sample=\"24\""},
+      {"-dims 64x64 -aspect_scaling match -vprofile main -vn -acodec apple_lossless -abpc 24 -acl oct", "mov",
+       "0.codec_name=\"alac\" 0.channels=8 0.bits_per_raw_sample=\"24\""},
       {"-dims 64x64 -aspect_scaling match -vprofile main -key_frames 5 -an", "mp4",
        "0.width=64 0.height=36 0.profile=\"Main\" format.nb_streams=1"},
       {"-vcodec h265 -vbd 10 -file_format mp4 -dims 128x72", "mp4",
