@@ -24,11 +24,15 @@ struct Encoder {
     int bits;
     std::string_view pixels;
   };
+  struct Profile {
+    std::string_view name;
+    std::vector<Depth> depths;  // as below; with other pixels the encoder would choose another profile
+  };
   std::string_view codec;  // the value of "-vcodec"
   std::vector<std::string> words;
   std::vector<std::string> withoutBitRate;  // how well it encodes unless "-vbr" says so
   std::vector<Depth> depths;                // the first one unless "-vbd" asks for another
-  std::vector<std::string_view> profiles;
+  std::vector<Profile> profiles;
   bool hasKeyFrames;  // or every frame is one
   bool takesBitRate;
 };

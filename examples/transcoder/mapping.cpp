@@ -61,7 +61,7 @@ constexpr auto rows = std::to_array<Row>({
     {VAVVideoGPUDecodingFlag, beforeStart, "-hwaccel auto, which falls back to the processor", gpuDecoding},
     {VAVVideoGPUEncodingFlag, notHere, "frames are encoded on the processor"},
     {VAVRedRocketDeviceFlag, notHere, "there is no driver for decoder cards"},
-    {VAVVideoProfileFlag, beforeStart, "-profile:v", profile},
+    {VAVVideoProfileFlag, beforeStart, "-profile:v, and pixels of its kind", profile},
 
     // Audio
     {VAVNoAudioFlag, tool, "-an"},

@@ -13,21 +13,31 @@ const Encoder encoders[] = {
      {"-c:v", "dnxhd"},
      {"-profile:v", "dnxhr_hq"},
      {{8, "yuv422p"}, {10, "yuv422p10le"}},
-     {"dnxhd", "dnxhr_lb", "dnxhr_sq", "dnxhr_hq", "dnxhr_hqx", "dnxhr_444"},
+     {{"dnxhd", {{8, "yuv422p"}, {10, "yuv422p10le"}}},
+      {"dnxhr_lb", {{8, "yuv422p"}}},
+      {"dnxhr_sq", {{8, "yuv422p"}}},
+      {"dnxhr_hq", {{8, "yuv422p"}}},
+      {"dnxhr_hqx", {{10, "yuv422p10le"}}},
+      {"dnxhr_444", {{10, "yuv444p10le"}}}},
      false,
      true},
     {"h264",
      {"-c:v", "libx264"},
      {},
      {{8, "yuv420p"}, {10, "yuv420p10le"}},
-     {"baseline", "main", "high", "high10", "high422", "high444"},
+     {{"baseline", {{8, "yuv420p"}}},
+      {"main", {{8, "yuv420p"}}},
+      {"high", {{8, "yuv420p"}}},
+      {"high10", {{10, "yuv420p10le"}}},
+      {"high422", {{8, "yuv422p"}, {10, "yuv422p10le"}}},
+      {"high444", {{8, "yuv444p"}, {10, "yuv444p10le"}}}},
      true,
      true},
     {"h265",
      {"-c:v", "libx265", "-tag:v", "hvc1", "-x265-params", "log-level=error"},
      {},
      {{8, "yuv420p"}, {10, "yuv420p10le"}, {12, "yuv420p12le"}},
-     {"main", "main10", "main12"},
+     {{"main", {{8, "yuv420p"}}}, {"main10", {{10, "yuv420p10le"}}}, {"main12", {{12, "yuv420p12le"}}}},
      true,
      true},
     {"mjpeg", {"-c:v", "mjpeg", "-huffman", "optimal"}, {"-q:v", "3"}, {{8, "yuvj422p"}}, {}, false, true},
@@ -98,6 +108,18 @@ std::filesystem::path extensionOf(const TranscodeCliArguments& settings) {
   std::ranges::transform(extension, extension.begin(),
                          [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
   return extension;
+}
+
+const Encoder::Profile* chosenProfile(const Job& job) {
+  const auto& profiles = job.encoder->profiles;
+  const auto found =
+      std::ranges::find(profiles, job.settings.videoProfile().value_or(""), &Encoder::Profile::name);
+  return found == profiles.end() ? nullptr : &*found;
+}
+
+const std::vector<Encoder::Depth>& depthsOf(const Job& job) {
+  const auto* profile = chosenProfile(job);
+  return profile ? profile->depths : job.encoder->depths;
 }
 
 std::string even(const std::string& expression) {
@@ -174,9 +196,9 @@ void keyFrames(Job& job) {
 void profile(Job& job) {
   const auto name = *job.settings.videoProfile();
   if (job.encoder->profiles.empty()) return job.cannot(VAVVideoProfileFlag, "this codec has none to choose");
-  if (std::ranges::find(job.encoder->profiles, name) == job.encoder->profiles.end()) {
+  if (!chosenProfile(job)) {
     std::string sentence = "-vprofile: " + name + " is not one of";
-    for (const auto known : job.encoder->profiles) sentence.append(" ").append(known);
+    for (const auto& known : job.encoder->profiles) sentence.append(" ").append(known.name);
     refuse(sentence);
   }
   job.add({"-profile:v", name});
@@ -234,9 +256,9 @@ void dimensions(Job& job) {
 
 void bitDepth(Job& job) {
   const auto bits = *job.settings.videoBitDepth();
-  if (std::ranges::find(job.encoder->depths, bits, &Encoder::Depth::bits) == job.encoder->depths.end()) {
-    job.cannot(VAVVideoBitDepthFlag,
-               "the encoder has " + std::to_string(job.encoder->depths[0].bits) + " bits");
+  const auto& depths = depthsOf(job);
+  if (std::ranges::find(depths, bits, &Encoder::Depth::bits) == depths.end()) {
+    job.cannot(VAVVideoBitDepthFlag, "the encoder has " + std::to_string(depths[0].bits) + " bits");
   }
 }
 
@@ -255,7 +277,7 @@ void colorSpace(Job& job) {
 }
 
 std::string pixelFormat(const Job& job) {
-  const auto& depths = job.encoder->depths;
+  const auto& depths = depthsOf(job);
   const auto chosen =
       std::ranges::find(depths, job.settings.videoBitDepth().value_or(0), &Encoder::Depth::bits);
   return std::string((chosen == depths.end() ? depths.front() : *chosen).pixels);

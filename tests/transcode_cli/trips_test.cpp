@@ -117,7 +117,7 @@ TEST_F(Trips, WriteWhatIsAskedFor) {
        "0.codec_name=\"alac\" 0.channels=8 0.bits_per_raw_sample=\"24\""},
       {"-dims 64x64 -aspect_scaling match -vprofile main -key_frames 5 -an", "mp4",
        "0.width=64 0.height=36 0.profile=\"Main\" format.nb_streams=1"},
-      {"-vcodec h265 -vbd 10 -file_format mp4 -dims 128x72", "mp4",
+      {"-vcodec h265 -vprofile main10 -file_format mp4 -dims 128x72", "mp4",
        "0.codec_name=\"hevc\" 0.pix_fmt=\"yuv420p10le\" 0.codec_tag_string=\"hvc1\""},
       {"-vcodec prores422lt -acodec lpcm -abpc 24 -acl quad", "mov",
        "0.profile=\"LT\" 1.codec_name=\"pcm_s24le\" 1.channel_layout=\"quad\""},
