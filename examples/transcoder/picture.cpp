@@ -1,7 +1,8 @@
 #include "picture.hpp"
 
+#include <quillonic/lut.hpp>
+
 #include <algorithm>
-#include <fstream>
 
 namespace transcoder {
 namespace {
@@ -209,18 +210,30 @@ void gpuDecoding(Job& job) {
 }
 
 void lut(Job& job) {
+  using namespace quillonic::lut;
   const auto file = *job.settings.colorLutFile();
-  std::ifstream in(file);
-  if (!in) fail(TranscodeExitStatus::noInput, "cannot read the look-up table " + file.native());
-  bool hasOneDimension = false;
-  for (std::string line; std::getline(in, line);) hasOneDimension |= line.starts_with("LUT_1D_SIZE");
-  auto extension = file.extension().native();
-  if (!std::ranges::all_of(extension,
-                           [](unsigned char c) { return c == '.' || (c < 0x80 && std::isalnum(c)); })) {
-    extension.clear();
+  const auto read = readFile(file);
+  if (!read) {
+    const bool isThere = read.failure().reason != Failure::Reason::cannotOpen;
+    fail(isThere ? TranscodeExitStatus::badInput : TranscodeExitStatus::noInput,
+         "cannot read the look-up table " + file.native() + ": " + read.failure().description());
   }
+  // ffmpeg reads few formats, one table, up to so many points, and reliably only the domain from 0 to 1.
+  constexpr std::size_t greatestCurve = 65'536;
+  const bool isCube = read->table3D() != nullptr;
+  const bool isSimple = !read->curves() && read->kind() != Kind::shaperAndThreeD &&
+                        read->domain() == Domain() && (isCube || read->table1D()->size() <= greatestCurve);
+  auto table = std::optional(*read);
+  if (!isSimple) {
+    const Lut unchanged = isCube ? Lut(*Table3D::identity(leastSize)) : Lut(*Table1D::identity(leastSize));
+    const auto all = joined(unchanged, *read, isCube ? edge65 : greatestCurve);
+    table = all ? std::optional(all->lut) : std::nullopt;
+  }
+  if (table) table->header = {};
+  const auto text = table ? textOf(*table, Format::cube) : std::nullopt;
+  if (!text) fail(TranscodeExitStatus::badInput, "cannot use the look-up table " + file.native());
   job.filter(Step::lut) =
-      (hasOneDimension ? "lut1d=file=" : "lut3d=file=") + job.folder.link(file, "lut" + extension);
+      (table->table1D() ? "lut1d=file=" : "lut3d=file=") + job.folder.write("lut.cube", *text);
 }
 
 void frameRate(Job& job) {

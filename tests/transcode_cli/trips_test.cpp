@@ -300,6 +300,24 @@ TEST_F(Trips, NamesAndTextsAreNeverSyntax) {
   }
 }
 
+// Also those that ffmpeg does not read, or not as they are meant.
+TEST_F(Trips, LookUpTablesOfEveryKindColorThePicture) {
+  const auto source = clip("source.mov", "color=black:s=64x36:r=25", {"-frames:v", "1"});
+  const std::pair<const char*, const char*> tables[] = {
+      {"curve.spi1d", "Version 1\nFrom 0 1\nLength 2\nComponents 3\n{\n1 0 0\n0 1 1\n}\n"},
+      {"domain.cube", "LUT_1D_SIZE 3\nDOMAIN_MIN -1 -1 -1\nDOMAIN_MAX 1 1 1\n0 1 1\n1 0 0\n1 1 1\n"},
+      {"shaper.cube",
+       "LUT_1D_SIZE 2\nLUT_3D_SIZE 2\n1 1 1\n0 0 0\n"
+       "0 0 0\n0 0 0\n0 0 0\n0 0 0\n0 0 0\n0 0 0\n0 0 0\n1 0 0\n"},
+  };
+  for (const auto& [name, text] : tables) {
+    const auto out = folder / (std::string(name) + ".mov");
+    EXPECT_EQ(run(source, out, {"-clut", folder.file(name, text)}).errors, "");
+    const auto pixel = frames(out, 64, "eq(n,0)").at(32, 18);
+    EXPECT_TRUE(pixel[0] > 220 && pixel[1] < 40 && pixel[2] < 40) << name;
+  }
+}
+
 TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
   const auto source = clip("source.mov", "testsrc2=s=64x36:r=25");
   const auto broken = folder.file("broken.mov", "no media");
@@ -334,6 +352,7 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
       {{"-in", source, "-out", out, "-wmt_burn", "-wmt_text", "-i"}, 64, "-i: no flag"},
       {{"-in", source, "-out", out, "-wmf_path", "/no.png"}, 66, "/no.png"},
       {{"-in", source, "-out", out, "-clut", "/no.cube"}, 66, "/no.cube"},
+      {{"-in", source, "-out", out, "-clut", broken}, 65, "broken.mov: line 1, column 1: found \"no media\""},
       {{"-in_0_0", source, "-in_0_1", "/no.mov", "-out", out}, 66, "/no.mov: No such file"},
       {{"-in", broken, "-out", out}, 65, "cannot read " + broken.native()},
       {{"-in_0_0", source, "-in_0_1", broken, "-out", out}, 65, "cannot read " + broken.native()},
