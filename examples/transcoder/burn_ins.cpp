@@ -46,6 +46,7 @@ struct Style {
 };
 
 std::string drawtext(const std::string& what, const Style& style) {
+  if (style.size && *style.size <= 0) refuse("a burnt-in text without size cannot be seen");
   std::string filter = "drawtext=" + what +
                        ":fontsize=" + (style.size ? std::to_string(*style.size) : "h/20") +
                        ":fontcolor=" + (style.font ? hex(*style.font) : "white");
@@ -172,9 +173,9 @@ void burnImage(Job& job) {
                          : pixels.find("422") != pixels.npos ? "yuv422"
                          : pixels.find("444") != pixels.npos ? "yuv444"
                                                              : "yuv420");
-  job.filter(Step::image) = "null[under];movie=" + job.folder.link(file, "image") + ",scale=iw*" + factor +
-                            ":ih*" + factor + ",format=rgba[image];[under][image]overlay=format=" + kind +
-                            ":" +
+  job.filter(Step::image) = "null[under];movie=" + job.folder.link(file, "image") + ",scale='max(1,iw*" +
+                            factor + ")':'max(1,ih*" + factor +
+                            ")',format=rgba[image];[under][image]overlay=format=" + kind + ":" +
                             place(anchor ? anchor->anchorArgument : VAVAnchorTopRight, "W", "H", "w", "h");
 }
 

@@ -191,6 +191,9 @@ child::Program ffmpeg(Job& job, std::string& filters) {
   } else {
     maps = plainMaps(job);
   }
+  if (job.container.extension == "wav" && (job.isJoined() ? maps.size() / 2 : keptTracks(job).size()) > 1) {
+    refuse("wav files hold one track of sound; -ac_omit leaves others out, and -adiscrete makes more");
+  }
   words.insert(words.end(), maps.begin(), maps.end());
   const auto encoder = encoderWords(job);
   words.insert(words.end(), encoder.begin(), encoder.end());
@@ -247,6 +250,9 @@ void run(Job& job, const std::function<void(const ProgressLine&)>& onProgress) {
   std::error_code error;
   const auto existing = std::filesystem::status(target, error);
   if (std::filesystem::exists(existing)) {
+    for (const auto& input : job.inputs) {
+      if (std::filesystem::equivalent(target, input.path, error)) cannotCreate("is an input");
+    }
     if (!overwrite) cannotCreate("exists, and -overwrite is not set");
     if (!std::filesystem::is_regular_file(existing)) cannotCreate("is not a file");
   }
@@ -271,20 +277,23 @@ void run(Job& job, const std::function<void(const ProgressLine&)>& onProgress) {
   for (const auto& sentence : job.notHonoured) std::cerr << "transcoder_tool: " << sentence << '\n';
 
   ProgressLine progress;
-  std::string lastError;
+  std::string reason;  // what went wrong first, which makes the rest go wrong
+  bool isFull = false;
   child::Child* const children[] = {&process};
   child::readLines(children, [&](std::size_t, child::Stream stream, std::string_view line) {
     if (stream == child::Stream::errors) {
-      lastError = withRealNames(std::string(line), job);
-      std::cerr << "ffmpeg: " << lastError << '\n';
+      const auto sentence = withRealNames(std::string(line), job);
+      std::cerr << "ffmpeg: " << sentence << '\n';
+      const bool saysFull = sentence.find(std::strerror(ENOSPC)) != std::string::npos;
+      if (reason.empty() || (saysFull && !isFull)) reason = sentence;
+      isFull = isFull || saysFull;
     } else if (readProgress(line, job, progress)) {
       onProgress(progress);
     }
   });
   if (process.wait() != 0) {
     job.duration();  // an input that cannot be read is named
-    const bool isFull = lastError.find(std::strerror(ENOSPC)) != std::string::npos;
-    fail(isFull ? TranscodeExitStatus::cannotWrite : TranscodeExitStatus::failure, "ffmpeg: " + lastError);
+    fail(isFull ? TranscodeExitStatus::cannotWrite : TranscodeExitStatus::failure, "ffmpeg: " + reason);
   }
   if (const auto failure = part->finish(overwrite)) cannotCreate(failure.message());
   progress.fraction = 1;
