@@ -81,6 +81,10 @@ TimecodeComponents creationTimecode(Job& job, const TimecodeRate& rate) {
 TimecodeComponents startOf(Job& job) {
   const auto rate = job.timecodeRate();
   const auto source = job.settings.timecodeSource().value_or(TimecodeSource::match);
+  for (const auto& row : CaseTable<TimecodeSource>::rows) {
+    if (row.value != source && job.hasFlag(row.tcFlag))
+      job.cannot(row.tcFlag, std::string(tcFlag(source)) + " is taken instead");
+  }
   TimecodeComponents start;
   if (source == TimecodeSource::custom) {
     start = job.settings.timecodeComponents().value();  // readable, or the tool would not have begun

@@ -186,6 +186,8 @@ TEST_F(Trips, NameEachSettingThatIsNotHonouredOnce) {
                           "-tc_burn_size", "-tc_match", "-vbd", "-crop_anchor", "-wmt_burn"}) {
     EXPECT_THAT(lines, testing::Contains(HasSubstr(std::string(flag) + " is not honoured: ")));
   }
+  EXPECT_THAT(run(source, folder / "two.mov", split("-tc_track -tc_match -tc_custom 01:00:00:00")).errors,
+              HasSubstr("-tc_custom is not honoured: -tc_match is taken instead"));
 }
 
 TEST_F(Trips, JoinAllGroupsInOrder) {
