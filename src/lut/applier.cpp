@@ -12,6 +12,19 @@
 #include "lut/kernels.hpp"
 
 namespace quillonic::lut {
+// The types of members of `Prepared`, which is no type of this source alone.
+struct FreeAligned {
+  void operator()(float* floats) const noexcept { ::operator delete[](floats, std::align_val_t(64)); }
+};
+using Floats = std::unique_ptr<float[], FreeAligned>;
+
+// An evenly spaced table with its kernel.
+struct Stage {
+  Floats floats;
+  Grid grid{};
+  TableKernel kernel = nullptr;
+};
+
 namespace {
 
 constexpr std::size_t alphaChannel = 3;
@@ -73,21 +86,9 @@ constexpr Replacer replacers[2][3]{
      replaceCodes<std::uint16_t, std::uint32_t>},
 };
 
-struct FreeAligned {
-  void operator()(float* floats) const noexcept { ::operator delete[](floats, std::align_val_t(64)); }
-};
-using Floats = std::unique_ptr<float[], FreeAligned>;
-
 Floats makeFloats(std::size_t count) {
   return Floats(static_cast<float*>(::operator new[](count * sizeof(float), std::align_val_t(64))));
 }
-
-// An evenly spaced table with its kernel.
-struct Stage {
-  Floats floats;
-  Grid grid{};
-  TableKernel kernel = nullptr;
-};
 
 Grid gridOf(const Domain& domain, std::size_t size) noexcept {
   Grid grid{};
