@@ -83,7 +83,7 @@ Criterion::Criterion(ExtensionCondition condition) {
 }
 
 Criterion::Criterion(NameCondition condition) {
-  if (condition.ignoresCase) condition.pattern = text::lowerCased(condition.pattern);
+  if (condition.ignoresCase) condition.pattern = text::lowerCasedEach(condition.pattern);
   value_ = std::move(condition);
 }
 

@@ -73,7 +73,7 @@ Answer answerTo(const ExtensionCondition& condition, const Facts& facts) noexcep
 Answer answerTo(const NameCondition& condition, const Facts& facts) {
   if (!facts.name) return Answer::unknown;
   if (!condition.ignoresCase) return answerOf(matchesPattern(condition.pattern, *facts.name));
-  return answerOf(matchesPattern(condition.pattern, text::lowerCased(*facts.name)));
+  return answerOf(matchesPattern(condition.pattern, text::lowerCasedEach(*facts.name)));
 }
 
 Answer answerTo(const DateCondition& condition, const Facts& facts) noexcept {

@@ -53,18 +53,31 @@ char32_t simpleLowerCase(char32_t scalar) noexcept {
   return static_cast<char32_t>(static_cast<std::int32_t>(scalar) + range.distance);
 }
 
-void appendLowerCased(std::string& result, std::string_view text) {
+void appendLowerCased(std::string& result, std::string_view text, std::string_view dottedI) {
   while (!text.empty()) {
     const auto [scalar, length, valid] = utf8::decode(text);
     if (!valid) {
       result.push_back(text.front());
     } else if (scalar == 0x130) {
-      result.append("i\u0307");
+      result.append(dottedI);
     } else {
       utf8::append(result, simpleLowerCase(scalar));
     }
     text.remove_prefix(length);
   }
+}
+
+std::string lowerCasedWith(std::string_view text, std::string_view dottedI) {
+  std::string result(text);
+  for (std::size_t at = 0; at < result.size(); ++at) {
+    char& c = result[at];
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    if (static_cast<unsigned char>(c) < 0x80) continue;
+    result.resize(at);
+    appendLowerCased(result, text.substr(at), dottedI);
+    break;
+  }
+  return result;
 }
 
 }  // namespace
@@ -76,16 +89,11 @@ std::string_view trimmed(std::string_view text) noexcept {
 }
 
 std::string lowerCased(std::string_view text) {
-  std::string result(text);
-  for (std::size_t at = 0; at < result.size(); ++at) {
-    char& c = result[at];
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    if (static_cast<unsigned char>(c) < 0x80) continue;
-    result.resize(at);
-    appendLowerCased(result, text.substr(at));
-    break;
-  }
-  return result;
+  return lowerCasedWith(text, "i\u0307");
+}
+
+std::string lowerCasedEach(std::string_view text) {
+  return lowerCasedWith(text, "i");
 }
 
 }  // namespace quillonic::text

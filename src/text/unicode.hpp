@@ -14,4 +14,7 @@ std::string_view trimmed(std::string_view text) noexcept;
 // trimming.
 std::string lowerCased(std::string_view text);
 
+// The same by the simple mapping alone, U+0130 included, so that every character stays one.
+std::string lowerCasedEach(std::string_view text);
+
 }  // namespace quillonic::text

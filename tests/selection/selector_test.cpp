@@ -42,6 +42,8 @@ TEST(Selector, ComparesNamesAsShellsDo) {
       {"name *", "a .b", ""},
       {"name A*7.mov", "A7.mov A77.mov A17.mov7.mov", "A7.mo A8.mov xA7.mov A7.MOV"},
       {"iname A*.MÖV", "a.möv aX.MÖV", "b.möv"},
+      {"iname ?.m*", "İ.mov é.MOV", "ab.mov"},
+      {"iname İ", "i İ I", "ı"},
       {"name ?", "a é \xFF", "ab é́"},
       {"name [!a-c]", "d é", "a b c"},
       {"name []a-]x", "]x ax -x", "bx"},
