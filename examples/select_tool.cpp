@@ -7,7 +7,9 @@
 // was called wrongly. A closed pipe ends it as any other program.
 #include <quillonic/selection.hpp>
 
+#include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -63,6 +65,12 @@ class Printer : public WalkObserver {
   std::chrono::steady_clock::time_point next_ = std::chrono::steady_clock::now() + std::chrono::seconds(1);
 };
 
+// As many spaces as a UTF-8 text has characters.
+std::string spacesBelow(std::string_view text) {
+  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+  return std::string(static_cast<std::size_t>(std::ranges::count_if(text, begins)), ' ');
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -89,7 +97,8 @@ int main(int argc, char** argv) {
     // The column is that of the text as it was joined.
     std::cerr << "criteria, " << refused->description() << '\n';
     if (refused->line == 1 && text.find('\n') == std::string::npos) {
-      std::cerr << "  " << text << "\n  " << std::string(refused->column - 1, ' ') << "^\n";
+      std::cerr << "  " << text << "\n  "
+                << spacesBelow(std::string_view(text).substr(0, refused->column - 1)) << "^\n";
     }
     return wrongArguments;
   }
@@ -98,7 +107,10 @@ int main(int argc, char** argv) {
 
   Printer printer(end);
   const auto summary = walkTree(folder, Selector(criterion, calendar), options, printer);
-  if (std::fflush(stdout) != 0) return incomplete;
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    std::cerr << "the paths cannot be written\n";
+    return incomplete;
+  }
   std::cerr << criterion.description() << ": " << summary.chosen << " of " << summary.seen;
   if (printer.bytes() != 0) std::cerr << ", " << byteSizeText(printer.bytes());
   if (summary.undecided != 0) std::cerr << "; " << summary.undecided << " not decided";
