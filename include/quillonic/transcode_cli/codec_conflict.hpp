@@ -29,9 +29,9 @@ struct DisplayedOption {
 struct CodecConflict {
   /// What is chosen.
   DisplayedOption choice;
-  /// What the codec allows and a command line can say, in the form of `choice.text` and the order of pickers.
-  /// In the user's language are "Match" and "Auto", which a removed flag says, and "Custom", which means any
-  /// other number.
+  /// What the codec allows and a command line can say, in the order of pickers: numbers as the setters write
+  /// them ("24.0", which `choice.text` of a typed "24" is not), names as in `choice.text`. In the user's
+  /// language are "Match" and "Auto", which a removed flag says, and "Custom", which means any other number.
   std::vector<std::string> allowed;
 
   friend bool operator==(const CodecConflict&, const CodecConflict&) = default;
