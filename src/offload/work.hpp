@@ -80,6 +80,7 @@ class OffloadRun::Work {
   std::error_code verify(const SourceFile& copy, std::size_t target, const std::string& checksum);
   void makeLinks();
   void forEachLink(FunctionRef<void(std::size_t item, std::size_t target)> block);
+  std::error_code errorOfFirstName(const PlannedItem& item, std::size_t target) const;
   void makeLink(std::size_t item, std::size_t target, FoldersBelow& folders);
   void completeFolders();
 
@@ -89,6 +90,8 @@ class OffloadRun::Work {
   std::vector<Target> targets_;
   std::vector<Group> groups_;
   OffloadReport report_;
+  // The items that hard names refer to, by path.
+  std::unordered_map<std::string_view, std::size_t> firstNames_;
   std::atomic<bool> isStopped_{false};
 };
 

@@ -37,6 +37,20 @@ bool isMade(const LinkReplica& replica, const PlannedItem& item, const items::St
 
 }  // namespace
 
+// A file gets one more name only if it was copied, and if both names are still those of one file in the source:
+// else the new name would be that of other bytes.
+std::error_code OffloadRun::Work::errorOfFirstName(const PlannedItem& item, std::size_t target) const {
+  const auto first = firstNames_.find(item.origin);
+  if (first == firstNames_.end() || !isThere(report_.copy(first->second, target).state)) {
+    return OffloadError::targetIsMissing;
+  }
+  const auto one = items::status(plan_.source + "/" + item.origin);
+  const auto other = items::status(plan_.source + "/" + item.path);
+  if (!one || !other) return one ? other.error() : one.error();
+  const bool isSame = one->device == other->device && one->inode == other->inode;
+  return isSame ? std::error_code() : OffloadError::sourceChanged;
+}
+
 void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& folders) {
   const auto& item = plan_.items[index];
   const auto& target = *targets_[t].plan;
@@ -63,6 +77,9 @@ void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& 
     return;
   }
   if (replica.refusal) return fail(index, t, replica.refusal);
+  if (hasFirst) {
+    if (const auto error = errorOfFirstName(item, t)) return fail(index, t, error);
+  }
   if (const auto there = items::status(nameOf(path), folder->get())) {
     if (!isMade(replica, item, *there, target.volume)) return fail(index, t, OffloadError::nameIsTaken);
     return set(index, t, CopyState::found);
@@ -75,6 +92,14 @@ void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& 
 }
 
 void OffloadRun::Work::makeLinks() {
+  for (const auto& item : plan_.items) {
+    if (item.kind == PlannedKind::hardName) firstNames_.emplace(item.origin, plan_.items.size());
+  }
+  for (std::size_t i = 0; i < plan_.items.size() && !firstNames_.empty(); ++i) {
+    const auto first = firstNames_.find(plan_.items[i].path);
+    if (first != firstNames_.end() && plan_.items[i].kind == PlannedKind::file) first->second = i;
+  }
+  std::erase_if(firstNames_, [this](const auto& first) { return first.second == plan_.items.size(); });
   auto opened = folders();
   // An alias file can be made when its target is there, which may be another link: those that miss theirs are
   // tried again until nothing more can be made.

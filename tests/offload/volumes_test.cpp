@@ -100,7 +100,8 @@ TEST(Offload, TellsWhatFailsByItem) {
     EXPECT_FALSE(report.isGood());
     const std::map<std::string, std::error_code> expected{{"pipe", OffloadError::kindIsNotCopied},
                                                           {"con.txt", OffloadError::sourceChanged},
-                                                          {"empty", OffloadError::nameIsTaken}};
+                                                          {"empty", OffloadError::nameIsTaken},
+                                                          {"second name", OffloadError::targetIsMissing}};
     EXPECT_TRUE(fs::is_empty(targets[2]));
     for (std::size_t item = 0; item < plan.items.size(); ++item) {
       const auto& path = plan.items[item].path;
@@ -111,6 +112,7 @@ TEST(Offload, TellsWhatFailsByItem) {
       EXPECT_TRUE(!isTooMuch || report.copy(item, 1).error == std::errc::no_space_on_device);
     }
     EXPECT_EQ(contentOf(targets[0] / "empty"), "taken");
+    EXPECT_FALSE(fs::exists(targets[0] / "second name"));
     EXPECT_EQ(partialCount(folder.path()), 0U);
   });
 }
