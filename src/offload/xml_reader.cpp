@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <set>
 
 #include "text/number_text.hpp"
 #include "text/utf8.hpp"
@@ -144,12 +145,15 @@ void XmlReader::readOpenTag(Element& element) {
   element.attributes.clear();
   ++at_;
   element.name = readName();
+  std::set<std::string_view> names;
   for (;;) {
     const auto before = at_;
     skipSpace();
     if (startsWith("/>") || startsWith(">")) break;
     if (at_ == before) fail(at_, "a space or the end of a tag");
+    const auto nameOffset = at_;
     const auto name = readName();
+    if (!names.insert(name).second) fail(nameOffset, "an attribute of another name");
     skipSpace();
     if (!startsWith("=")) fail(at_, "\"=\"");
     ++at_;

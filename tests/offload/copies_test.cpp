@@ -249,6 +249,7 @@ TEST(HashList, ReadsWhatItWritesAndRefusesTheRest) {
       {start, 59},
       {"<!DOCTYPE hashlist [<!ENTITY a 'b'>]>" + start + end, 1},
       {"<hashlist version=\"2.0\"></hashlist>", 1},
+      {"<hashlist version=\"1.1\" version=\"1.2\"></hashlist>", 25},
       {start + end + "<a/>", 96},
       {start + "\xff" + end, 59},
       {"<hashlist version=\"1.1\"><hash><file>a</file>" + end, 25},
