@@ -200,7 +200,7 @@ std::error_code verify(const HashListEntry& entry, FoldersBelow& folders,
   if (file->status().size != entry.size) return OffloadError::contentDiffers;
   const auto checksum = checksumOf(*file, **kind, std::nullopt);
   if (!checksum) return checksum.error();
-  return *checksum == entry.checksum ? std::error_code() : OffloadError::contentDiffers;
+  return *checksum == lowerCasedDigits(entry.checksum) ? std::error_code() : OffloadError::contentDiffers;
 }
 
 }  // namespace
