@@ -121,7 +121,7 @@ class QUILLONIC_EXPORT OffloadRun {
   const OffloadReport& finish();
 
  private:
-  class Work;
+  class QUILLONIC_HIDDEN Work;
   std::unique_ptr<Work> work_;
 };
 

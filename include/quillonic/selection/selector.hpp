@@ -44,7 +44,7 @@ class QUILLONIC_EXPORT Selector {
 
  private:
   friend class TreeWalk;
-  struct Plan;
+  struct QUILLONIC_HIDDEN Plan;
 
   std::shared_ptr<const Plan> plan_;
 };
