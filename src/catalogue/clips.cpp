@@ -13,6 +13,7 @@
 #include "catalogue/folder_tree.hpp"
 #include "catalogue/image_sequences.hpp"
 #include "catalogue/layouts.hpp"
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 #include "text/utf8.hpp"
 
@@ -249,7 +250,7 @@ class Collection {
     for (const auto child : tree_.children(folder)) {
       const auto& name = tree_[child].name;
       if (!isUtf8(name)) contents_.problems.push_back({ProblemKind::nameNotUtf8, prefix_ + name});
-      hasSmall = hasSmall || std::ranges::any_of(name, [](char c) { return c != capital(c); });
+      hasSmall = hasSmall || std::ranges::any_of(name, [](char c) { return c != ascii::raised(c); });
     }
     if (!hasSmall) return;
     // Hashes are enough to rule out almost all names.

@@ -6,6 +6,7 @@
 
 #include "catalogue/signatures.hpp"
 #include "platform/items.hpp"
+#include "text/ascii.hpp"
 
 namespace quillonic::catalogue {
 namespace {
@@ -18,14 +19,6 @@ struct CodecRow {
 #include "catalogue/names_table.inc"
 
 constexpr std::size_t usualSize = 4096;
-
-constexpr char small(char c) noexcept {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept {
-  return std::ranges::equal(a, b, {}, small, small);
-}
 
 bool needsBytes(const Identification& file) noexcept {
   const auto* meanings = file.extension ? ambiguity(*file.extension) : nullptr;
@@ -71,7 +64,7 @@ Identification settled(Identification file, std::string_view bytes) {
 NameRole nameRole(std::string_view name) noexcept {
   if (name.starts_with("._")) return NameRole::companion;
   const bool isLeftover = std::ranges::any_of(
-      leftoverNames, [&](std::string_view leftover) { return equalsIgnoringCase(name, leftover); });
+      leftoverNames, [&](std::string_view leftover) { return ascii::equalsIgnoringCase(name, leftover); });
   return isLeftover ? NameRole::leftover : NameRole::ordinary;
 }
 

@@ -10,6 +10,7 @@
 
 #include "catalogue/clip_draft.hpp"
 #include "catalogue/name_pattern.hpp"
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 
 namespace quillonic::catalogue {
@@ -28,10 +29,6 @@ bool isStillToo(FileExtension extension) noexcept {
   return format == MediaFormat::jpeg || format == MediaFormat::tiff || format == MediaFormat::dng;
 }
 
-constexpr bool isDigit(char c) noexcept {
-  return c >= '0' && c <= '9';
-}
-
 std::string_view withoutSeparator(std::string_view stem) noexcept {
   return stem.substr(0, stem.find_last_not_of("._- ") + 1);
 }
@@ -47,7 +44,7 @@ std::vector<ImageSequence> imageSequences(const std::vector<std::string_view>& n
     const auto stem = stemOf(names[i]);
     if (extension && mainKind(*extension) == FileKind::audio) sounds.push_back(capitals(stem));
     if (!extension || !canBeFrame(*extension) || (hasStills && isStillToo(*extension))) continue;
-    const auto others = std::find_if_not(stem.rbegin(), stem.rend(), isDigit);
+    const auto others = std::find_if_not(stem.rbegin(), stem.rend(), ascii::isDigit);
     const auto width = std::min(static_cast<std::size_t>(others - stem.rbegin()), greatestWidth);
     const auto number = number_text::read<std::uint64_t>(stem.substr(stem.size() - width));
     if (!number) continue;

@@ -14,7 +14,7 @@ namespace {
 bool fitsEnd(const Pattern& pattern, std::string_view name) noexcept {
   for (auto atom = pattern.atoms.rbegin(); atom != pattern.atoms.rend(); ++atom) {
     if (atom->isOptional || atom->repeats || name.empty()) break;
-    if (!byteSets[atom->set].contains(static_cast<unsigned char>(capital(name.back())))) return false;
+    if (!byteSets[atom->set].contains(static_cast<unsigned char>(ascii::raised(name.back())))) return false;
     name.remove_suffix(1);
   }
   return true;
@@ -43,7 +43,7 @@ bool PatternMatch::feed(std::string_view text) {
   for (const char c : text) {
     if (ways_.empty()) return false;
     if (length_ == std::numeric_limits<std::uint16_t>::max()) ways_.clear();
-    const auto byte = static_cast<unsigned char>(capital(c));
+    const auto byte = static_cast<unsigned char>(ascii::raised(c));
     std::uint64_t reached = 0;
     next_.clear();
     for (const auto& way : ways_) {

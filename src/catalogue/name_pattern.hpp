@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/ascii.hpp"
+
 namespace quillonic::catalogue {
 
 // ASCII characters as capitals, and whether all other bytes belong too.
@@ -38,21 +40,17 @@ struct Pattern {
   std::string_view segments;
 };
 
-constexpr char capital(char c) noexcept {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // Appends a name as capitals, in ASCII alone.
 inline void appendCapitals(std::string& text, std::string_view name) {
   const auto length = text.size();
   text.append(name);
-  std::transform(name.begin(), name.end(), text.begin() + static_cast<std::ptrdiff_t>(length), capital);
+  std::transform(name.begin(), name.end(), text.begin() + static_cast<std::ptrdiff_t>(length), ascii::raised);
 }
 
 // Whether a name ends so, whatever its case; the end is in capitals.
 inline bool endsInCapitals(std::string_view name, std::string_view end) noexcept {
   return name.size() >= end.size() &&
-         std::ranges::equal(name.substr(name.size() - end.size()), end, {}, capital);
+         std::ranges::equal(name.substr(name.size() - end.size()), end, {}, ascii::raised);
 }
 
 inline std::string capitals(std::string_view name) {

@@ -9,6 +9,7 @@
 #include <span>
 
 #include "catalogue/xml_root.hpp"
+#include "text/ascii.hpp"
 
 namespace quillonic::catalogue {
 namespace {
@@ -92,14 +93,9 @@ bool isWordOfText(Signature signature, std::string_view bytes) noexcept {
   return std::ranges::find(words, signature) != words.end() && bytes.size() >= leastText && isText(bytes);
 }
 
-std::string lowered(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return text;
-}
-
 // Markup is known by its root element, other texts by having no byte that no text has.
 std::optional<Shown> shownByText(std::string_view bytes) {
-  const auto root = lowered(xmlRoot(bytes).value_or(""));
+  const auto root = ascii::loweredText(std::string(xmlRoot(bytes).value_or("")));
   const auto* known = detail::rowWhere(rootRows, &RootRow::name, std::string_view(root));
   if (known) return Shown{Signature::xml, known->format, known->isVerified, known->content};
   if (!isText(bytes)) return std::nullopt;

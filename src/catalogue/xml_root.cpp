@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/ascii.hpp"
+
 namespace quillonic::catalogue {
 namespace {
 
@@ -32,8 +34,8 @@ std::string_view afterType(std::string_view text) noexcept {
 }
 
 bool isNameByte(char c) noexcept {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-' ||
-         c == '.' || c == ':' || (static_cast<unsigned char>(c) & 0x80U) != 0;
+  return ascii::isLetter(c) || ascii::isDigit(c) || c == '_' || c == '-' || c == '.' || c == ':' ||
+         (static_cast<unsigned char>(c) & 0x80U) != 0;
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
 #include "platform/volume_names.hpp"
+#include "text/ascii.hpp"
 
 namespace quillonic {
 namespace {
@@ -43,11 +44,6 @@ AliasFile::Properties volumeProperties(const Mount& mount) {
   return properties;
 }
 
-// Identifiers are digits of a base up to 36.
-constexpr char upperCased(char c) noexcept {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 AliasFile aliasTo(const Place& target, const items::Status& status, const Place& alias) {
   const auto targetPath = target.path();
   AliasFile file;
@@ -67,7 +63,7 @@ AliasFile aliasTo(const Place& target, const items::Status& status, const Place&
     file.volumeName = VolumeNames::labels().of(*mount);
     if (!file.volumeName) file.volumeName = point == "/" ? point : mount->mountPoint.filename().native();
     file.volumeUUID = VolumeNames::identifiers().of(*mount);
-    if (file.volumeUUID) std::ranges::transform(*file.volumeUUID, file.volumeUUID->begin(), upperCased);
+    if (file.volumeUUID) std::ranges::transform(*file.volumeUUID, file.volumeUUID->begin(), ascii::raised);
     file.volumeProperties = volumeProperties(*mount);
   }
   const auto type = link_types::typeOf(targetPath, status);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "support/overloaded.hpp"
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 #include "text/pieces.hpp"
 
@@ -26,11 +27,8 @@ std::string countText(std::int64_t count, std::string_view thing) {
 std::string inWords(std::string_view key) {
   std::string words;
   for (const char c : key) {
-    if (c >= 'A' && c <= 'Z') {
-      words.append(1, ' ').append(1, static_cast<char>(c - 'A' + 'a'));
-    } else {
-      words.push_back(c);
-    }
+    if (ascii::isUpper(c)) words.push_back(' ');
+    words.push_back(ascii::lowered(c));
   }
   return words;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "lut/formats.hpp"
+#include "text/ascii.hpp"
 
 namespace quillonic::lut {
 namespace {
@@ -94,7 +95,7 @@ const Keyword* keywordOf(std::string_view word) noexcept {
 // Rows may begin with what some programs write for numbers that are not finite; they are faults of a row.
 bool isHeaderWord(std::string_view word) noexcept {
   const char c = word.empty() ? '0' : word.front();
-  const bool isLetter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+  const bool isLetter = ascii::isLetter(c) || c == '_';
   return isLetter && !isSame(word, "nan") && !isSame(word, "inf") && !isSame(word, "infinity");
 }
 

@@ -3,15 +3,12 @@
 #include <charconv>
 
 #include "lut/formats.hpp"
+#include "text/ascii.hpp"
 
 namespace quillonic::lut {
 namespace {
 
 constexpr std::int64_t greatestCode = 65535;
-
-constexpr bool isDigit(char c) noexcept {
-  return c >= '0' && c <= '9';
-}
 
 int depthOfSize(std::size_t size) noexcept {
   for (const int depth : {8, 10, 12, 16}) {
@@ -22,12 +19,11 @@ int depthOfSize(std::size_t size) noexcept {
 
 // The depth that a name such as "log10to8" tells, -1 for half floats and 0 for none.
 int depthInName(std::string_view name) {
-  std::string lowered(name);
-  for (char& c : lowered) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  const auto lowered = ascii::loweredText(std::string(name));
   for (auto to = lowered.find("to"); to != std::string::npos; to = lowered.find("to", to + 1)) {
     auto before = to;
-    while (before > 0 && lowered[before - 1] >= 'a' && lowered[before - 1] <= 'z') --before;
-    if (before == 0 || !isDigit(lowered[before - 1])) continue;
+    while (before > 0 && ascii::isLower(lowered[before - 1])) --before;
+    if (before == 0 || !ascii::isDigit(lowered[before - 1])) continue;
     int depth = 0;
     const char* const end = lowered.data() + lowered.size();
     const auto [last, error] = std::from_chars(lowered.data() + to + 2, end, depth);

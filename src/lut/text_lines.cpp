@@ -7,18 +7,13 @@
 #include <system_error>
 #include <utility>
 
+#include "text/ascii.hpp"
+
 namespace quillonic::lut {
 namespace {
 
 // Longer texts tell a reader no more.
 constexpr std::size_t greatestFound = 60;
-
-constexpr bool isDigit(char c) noexcept {
-  return c >= '0' && c <= '9';
-}
-constexpr char lowered(char c) noexcept {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 // A number that no double holds: whether it is too small, not too large. `digits` are as in a number.
 bool isTiny(std::string_view number) noexcept {
@@ -45,7 +40,7 @@ const char* readReal(const char* at, const char* end, float& value) noexcept {
   }
   const char* digits = at != end && *at == '-' ? at + 1 : at;
   // No names of numbers that are not finite.
-  if (digits == end || !(isDigit(*digits) || *digits == '.')) return nullptr;
+  if (digits == end || !(ascii::isDigit(*digits) || *digits == '.')) return nullptr;
   const auto [last, error] = std::from_chars(at, end, value);
   if (error == std::errc()) return std::isfinite(value) ? last : nullptr;
   if (error != std::errc::result_out_of_range) return nullptr;
@@ -70,7 +65,7 @@ std::string_view trimmed(std::string_view text) noexcept {
 }
 
 bool isSame(std::string_view left, std::string_view right) noexcept {
-  return std::ranges::equal(left, right, {}, lowered, lowered);
+  return ascii::equalsIgnoringCase(left, right);
 }
 
 TextLines::TextLines(std::string_view text) : text_(text) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "text/ascii.hpp"
 #include "text/find_sorted.hpp"
 
 namespace quillonic {
@@ -41,10 +42,7 @@ constexpr std::size_t greatestLength = 8;
 
 constexpr std::uint64_t packed(std::string_view text) noexcept {
   std::uint64_t number = 0;
-  for (const char c : text) {
-    const bool isCapital = c >= 'A' && c <= 'Z';
-    number = number << 8U | static_cast<unsigned char>(isCapital ? c - 'A' + 'a' : c);
-  }
+  for (const char c : text) number = number << 8U | static_cast<unsigned char>(ascii::lowered(c));
   return number;
 }
 

@@ -11,6 +11,7 @@
 #include "offload/copying.hpp"
 #include "offload/folders.hpp"
 #include "offload/xml_reader.hpp"
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 
 namespace quillonic::offload {
@@ -37,11 +38,6 @@ bool isChecksum(const ListedKind& kind, std::string_view text) noexcept {
 
 bool isControl(char c) noexcept {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-}
-
-std::string lowerCasedDigits(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'F' ? static_cast<char>(c - 'A' + 'a') : c;
-  return text;
 }
 
 // "2026-11-22T10:30:00Z".
@@ -152,7 +148,7 @@ HashListEntry readEntry(XmlReader& xml, std::size_t offset) {
       entry.hashed = readDate(xml, element.offset);
     } else if (kind && entry.kind.empty()) {
       entry.kind = kind->name;
-      entry.checksum = lowerCasedDigits(xml.leaveWithText());
+      entry.checksum = ascii::loweredText(xml.leaveWithText());
       if (!isChecksum(*kind, entry.checksum)) xml.fail(element.offset, "the digits of a checksum");
     } else {
       xml.skip();
@@ -200,7 +196,7 @@ std::error_code verify(const HashListEntry& entry, FoldersBelow& folders,
   if (file->status().size != entry.size) return OffloadError::contentDiffers;
   const auto checksum = checksumOf(*file, **kind, std::nullopt);
   if (!checksum) return checksum.error();
-  return *checksum == lowerCasedDigits(entry.checksum) ? std::error_code() : OffloadError::contentDiffers;
+  return *checksum == ascii::loweredText(entry.checksum) ? std::error_code() : OffloadError::contentDiffers;
 }
 
 }  // namespace

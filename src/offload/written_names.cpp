@@ -9,6 +9,7 @@
 
 #include "platform/file_system_kinds.hpp"
 #include "platform/path_text.hpp"
+#include "text/ascii.hpp"
 #include "text/name_folding.hpp"
 #include "text/utf8.hpp"
 
@@ -91,7 +92,7 @@ bool isDeviceName(std::string_view name) {
   if (!folded.starts_with("com") && !folded.starts_with("lpt")) return false;
   const std::string_view number = std::string_view(folded).substr(3);
   constexpr std::string_view superscripts[] = {"\u00b9", "\u00b2", "\u00b3"};
-  return (number.size() == 1 && number[0] >= '0' && number[0] <= '9') ||
+  return (number.size() == 1 && ascii::isDigit(number[0])) ||
          std::ranges::find(superscripts, number) != std::end(superscripts);
 }
 

@@ -8,6 +8,7 @@
 #include <optional>
 #include <set>
 
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 #include "text/utf8.hpp"
 
@@ -18,8 +19,8 @@ constexpr std::size_t greatestDepth = 64;
 constexpr std::string_view space = " \t\r\n";
 
 constexpr bool isNameCharacter(char c) noexcept {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-' ||
-         c == '.' || c == ':' || static_cast<unsigned char>(c) >= 0x80;
+  return ascii::isLetter(c) || ascii::isDigit(c) || c == '_' || c == '-' || c == '.' || c == ':' ||
+         static_cast<unsigned char>(c) >= 0x80;
 }
 
 constexpr bool isXmlScalar(char32_t scalar) noexcept {

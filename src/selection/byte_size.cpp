@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "selection/written_size.hpp"
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 
 namespace quillonic::selection {
@@ -31,13 +32,9 @@ constexpr auto units = std::to_array<Unit>({
     {"B", 1},
 });
 
-constexpr char lower(char c) noexcept {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 const Unit* unitNamed(std::string_view name) noexcept {
   const auto found = std::ranges::find_if(
-      units, [&](const Unit& unit) { return std::ranges::equal(unit.name, name, {}, lower, lower); });
+      units, [&](const Unit& unit) { return ascii::equalsIgnoringCase(unit.name, name); });
   return found == units.end() ? nullptr : &*found;
 }
 
@@ -53,8 +50,7 @@ std::optional<WrittenSize> writtenSize(std::string_view number, std::string_view
   const auto point = number.find('.');
   auto fraction = point == std::string_view::npos ? std::string_view() : number.substr(point + 1);
   const auto whole = number_text::read<std::uint64_t>(number.substr(0, point));
-  const bool isDigits = std::ranges::all_of(fraction, [](char c) { return c >= '0' && c <= '9'; });
-  if (!whole || !isDigits || number.ends_with('.')) return std::nullopt;
+  if (!whole || !ascii::isDigits(fraction) || number.ends_with('.')) return std::nullopt;
   // The bytes of the fraction, digit by digit from the last: each step rounds down, and what was lost shows
   // in the rest.
   std::uint64_t part = 0;

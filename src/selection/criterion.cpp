@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "selection/moments.hpp"
+#include "text/ascii.hpp"
 #include "text/unicode.hpp"
 
 namespace quillonic::selection {
@@ -16,11 +17,6 @@ template <class Values> Values sortedOnce(Values values) {
   std::ranges::sort(values);
   values.erase(std::unique(values.begin(), values.end()), values.end());
   return values;
-}
-
-std::string lowerCasedAscii(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return text;
 }
 
 // What a text can hold. A bound beyond all dates is none, and one that no date reaches stays the last moment.
@@ -77,7 +73,7 @@ Criterion::Criterion(ExtensionCondition condition) {
   }
   for (auto& extension : condition.extensions) {
     extension =
-        lowerCasedAscii(extension.substr(std::min(extension.find_first_not_of('.'), extension.size())));
+        ascii::loweredText(extension.substr(std::min(extension.find_first_not_of('.'), extension.size())));
   }
   value_ = ExtensionCondition{sortedOnce(std::move(condition.extensions))};
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "text/ascii.hpp"
 #include "text/number_text.hpp"
 
 namespace quillonic::selection::moments {
@@ -15,7 +16,7 @@ using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units
 std::optional<int> taken(std::string_view& text, std::string_view separator, std::size_t digits) noexcept {
   if (!text.starts_with(separator) || text.size() < separator.size() + digits) return std::nullopt;
   const auto number = text.substr(separator.size(), digits);
-  if (!std::ranges::all_of(number, [](char c) { return c >= '0' && c <= '9'; })) return std::nullopt;
+  if (!ascii::isDigits(number)) return std::nullopt;
   text.remove_prefix(separator.size() + digits);
   return number_text::read<int>(number);
 }

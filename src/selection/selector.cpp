@@ -7,6 +7,7 @@
 #include "selection/selection_plan.hpp"
 #include "selection/wildcards.hpp"
 #include "support/overloaded.hpp"
+#include "text/ascii.hpp"
 #include "text/unicode.hpp"
 
 namespace quillonic::selection {
@@ -21,8 +22,8 @@ bool endsWith(std::string_view name, std::string_view extension) noexcept {
   // A full stop, and something before it.
   if (name.size() < extension.size() + 2) return false;
   const auto end = name.substr(name.size() - extension.size());
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return name[name.size() - extension.size() - 1] == '.' && std::ranges::equal(end, extension, {}, lower);
+  return name[name.size() - extension.size() - 1] == '.' &&
+         std::ranges::equal(end, extension, {}, ascii::lowered);
 }
 
 ItemKind itemKind(FileType type) noexcept {

@@ -1,20 +1,13 @@
 #include <algorithm>
 #include <array>
 
+#include "text/ascii.hpp"
 #include "time/zone_rules.hpp"
 
 namespace quillonic {
 namespace {
 
 using namespace std::chrono;  // NOLINT(google-build-using-namespace): names of units
-
-constexpr bool isLetter(char c) noexcept {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-constexpr bool isDigit(char c) noexcept {
-  return c >= '0' && c <= '9';
-}
 
 }  // namespace
 
@@ -36,7 +29,7 @@ class YearlyRule::Reader {
   bool skipName() noexcept {
     const bool isQuoted = skip('<');
     const auto isPart = [isQuoted](char c) {
-      return isLetter(c) || (isQuoted && (isDigit(c) || c == '+' || c == '-'));
+      return ascii::isLetter(c) || (isQuoted && (ascii::isDigit(c) || c == '+' || c == '-'));
     };
     const auto length = std::find_if_not(rest_.begin(), rest_.end(), isPart) - rest_.begin();
     rest_.remove_prefix(static_cast<std::size_t>(length));
@@ -45,8 +38,8 @@ class YearlyRule::Reader {
 
   std::optional<unsigned> number(unsigned least, unsigned most) noexcept {
     unsigned value = 0;
-    if (rest_.empty() || !isDigit(rest_.front())) return std::nullopt;
-    for (; !rest_.empty() && isDigit(rest_.front()) && value <= most; rest_.remove_prefix(1)) {
+    if (rest_.empty() || !ascii::isDigit(rest_.front())) return std::nullopt;
+    for (; !rest_.empty() && ascii::isDigit(rest_.front()) && value <= most; rest_.remove_prefix(1)) {
       value = 10 * value + static_cast<unsigned>(rest_.front() - '0');
     }
     return value >= least && value <= most ? std::optional(value) : std::nullopt;
