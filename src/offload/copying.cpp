@@ -42,11 +42,27 @@ Result<std::string> checksumOf(const SourceFile& file, const ChecksumKind& kind,
   for (std::uint64_t at = 0;;) {
     const auto count = file.read(at, portion(buffer, size));
     if (!count) return count.error();
-    if (*count == 0) return hasher->checksum();
     hasher->add(portion(buffer, *count));
     at += *count;
-    if (!goesOn(progress, at)) return items::systemError(std::errc::operation_canceled);
+    if (*count > 0 && !goesOn(progress, at)) return items::systemError(std::errc::operation_canceled);
+    if (*count < size) return hasher->checksum();
   }
+}
+
+Unheld copyAttributes(int source, const items::Status& status, int copy, const VolumeTraits& volume) {
+  const bool hasAll = takeAttributes(copy, source, status);
+  const auto own = items::statusOfOpen(copy);
+  if (!own) return Unheld::owner | Unheld::permissions | Unheld::extendedAttributes | Unheld::date;
+  const auto isSparse = [](const items::Status& item) {
+    return item.type == FileType::regular && item.allocated < item.size;
+  };
+  Unheld unheld;
+  if (!hasAll) unheld = unheld | Unheld::extendedAttributes;
+  if (own->owner != status.owner || own->group != status.group) unheld = unheld | Unheld::owner;
+  if (own->permissions != status.permissions) unheld = unheld | Unheld::permissions;
+  if (!areSameDates(own->modified, status.modified, volume)) unheld = unheld | Unheld::date;
+  if (isSparse(status) && !isSparse(*own)) unheld = unheld | Unheld::holes;
+  return unheld;
 }
 
 void Copying::addTarget(std::string name, Result<std::shared_ptr<const items::Folder>> folder,
@@ -78,9 +94,9 @@ template <class Operation> void Copying::onTargets(Operation operation) {
 std::error_code Copying::writeBytes(const SourceFile& source, Hasher* hasher,
                                     const std::optional<ProgressBlock>& progress) {
   const auto size = source.status().size;
-  bool isSystems = !hasher && targets_.size() == 1;
   // A small file is copied sooner than the volume can be asked.
-  if (isSystems && size > bufferSize && targets_.front().file->clone(source)) {
+  bool isSystems = !hasher && targets_.size() == 1 && size > bufferSize;
+  if (isSystems && targets_.front().file->clone(source)) {
     return goesOn(progress, size) ? std::error_code() : items::systemError(std::errc::operation_canceled);
   }
   const auto bufferBytes = static_cast<std::size_t>(std::min<std::uint64_t>(bufferSize, size));
@@ -132,18 +148,12 @@ std::error_code Copying::write(const SourceFile& source, const ChecksumKind* che
   }
   // Where all targets have failed, not all bytes were read.
   if (hasher && isAlive()) checksum_ = hasher->checksum();
-  accessed_ = source.status().accessed;
-  modified_ = source.status().modified;
   for (auto& target : targets_) {
-    if (target.file) target.unheld = copyAttributes(source.descriptor(), target.file->descriptor());
+    if (!target.file) continue;
+    target.unheld =
+        copyAttributes(source.descriptor(), source.status(), target.file->descriptor(), target.volume);
   }
   return {};
-}
-
-std::error_code Copying::publish(Target& target) const {
-  const auto held = target.file->takeDates(accessed_, modified_);
-  if (!held || !areSameDates(*held, modified_, target.volume)) target.unheld = target.unheld | Unheld::date;
-  return target.file->publish(target.name);
 }
 
 }  // namespace quillonic::offload

@@ -24,6 +24,9 @@ void addZeros(Hasher& hasher, std::uint64_t count);
 Result<std::string> checksumOf(const SourceFile& file, const ChecksumKind& kind,
                                const std::optional<ProgressBlock>& progress);
 
+// Gives an open file or folder what another has beside its content. Returns what it lacks of that.
+Unheld copyAttributes(int source, const items::Status& status, int copy, const VolumeTraits& volume);
+
 class Copying {
  public:
   struct Target {
@@ -47,10 +50,6 @@ class Copying {
   // Ends a target with an error, if it is one. Removes its file.
   static void settle(Target& target, std::error_code error);
 
-  // Gives a target, whose bytes are on its volume, its dates and its name. A failed target may be given
-  // another name.
-  std::error_code publish(Target& target) const;
-
  private:
   std::error_code writeBytes(const SourceFile& source, Hasher* hasher,
                              const std::optional<ProgressBlock>& progress);
@@ -59,8 +58,6 @@ class Copying {
 
   std::vector<Target> targets_;
   std::optional<std::string> checksum_;
-  Date accessed_;
-  Date modified_;
 };
 
 }  // namespace quillonic::offload

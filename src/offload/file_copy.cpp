@@ -26,13 +26,13 @@ Result<std::shared_ptr<const items::Folder>> folderOf(const std::filesystem::pat
   return std::make_shared<const items::Folder>(*std::move(folder));
 }
 
-void finish(Copying& copying, Copying::Target& target, CopiedFile& copied, bool takesFreeName) {
+void finish(Copying::Target& target, CopiedFile& copied, bool takesFreeName) {
   if (!target.file) return;
   Copying::settle(target, target.file->sync());
   const auto wanted = copied.path;
   // Each turn means that another program took a name meanwhile.
   for (int tries = 0; target.file && tries < 10'000; ++tries) {
-    const auto error = copying.publish(target);
+    const auto error = target.file->publish(target.name);
     if (!error) {
       copied.unheld = target.unheld;
       copied.error = items::syncFolder(target.file->folder());
@@ -70,7 +70,7 @@ FileCopy copyFile(const std::filesystem::path& source, std::span<const std::file
   copy.checksum = copying.checksum();
   for (std::size_t i = 0; i < copy.targets.size(); ++i) {
     auto& target = copying.targets()[i];
-    finish(copying, target, copy.targets[i], options.takesFreeName);
+    finish(target, copy.targets[i], options.takesFreeName);
     if (target.error) copy.targets[i].error = target.error;
   }
   return copy;

@@ -160,7 +160,7 @@ void OffloadRun::Work::complete(Pending& pending) {
       const auto copy = target.file->reading();
       error = copy ? verify(*copy, t, *pending.copying.checksum()) : copy.error();
     }
-    if (!error) error = pending.copying.publish(target);
+    if (!error) error = target.file->publish(target.name);
     if (error == std::errc::file_exists) error = OffloadError::nameIsTaken;
     if (error) {
       Copying::settle(target, error);

@@ -138,15 +138,16 @@ void OffloadRun::Work::completeFolders() {
     const auto& item = plan_.items[i];
     if (item.kind != PlannedKind::folder) continue;
     const auto source = item.origin.empty() ? opened.source.open(item.path) : openedRoot(item.origin);
+    const auto status = source ? items::statusOfOpen((*source)->descriptor()) : source.error();
     for (std::size_t t = 0; t < targets_.size(); ++t) {
       if (!isThere(copyOf(i, t).state)) continue;
       const auto copy = opened.targets[t].open(targets_[t].plan->writtenPath(item.path));
-      if (!source || !copy) {
-        fail(i, t, source ? copy.error() : source.error());
+      if (!status || !copy) {
+        fail(i, t, status ? copy.error() : status.error());
         continue;
       }
-      copyOf(i, t).unheld = copyAttributes((*source)->descriptor(), (*copy)->descriptor());
-      items::setModified(".", modificationDateOf(item), copy->get());
+      copyOf(i, t).unheld =
+          copyAttributes((*source)->descriptor(), *status, (*copy)->descriptor(), targets_[t].plan->volume);
       if (targets_[t].plan->volume.syncsAtOnce) continue;
       if (const auto error = items::syncFolder(**copy)) fail(i, t, error);
     }

@@ -1,9 +1,6 @@
 // The two ends of a copy: a file that is read, and a file that has no name yet.
 #pragma once
 
-#include <quillonic/platform/unheld.hpp>
-#include <quillonic/support/date.hpp>
-
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -56,16 +53,17 @@ class SourceFile {
   items::Status status_;
 };
 
-// Gives an open item the owner, permissions and extended attributes of another as far as its volume holds
-// them; then what it lacks.
-Unheld copyAttributes(int source, int copy);
+// Gives an open item the owner, extended attributes, permissions and dates of another as far as its volume and
+// the user's rights allow. False if it lacks an extended attribute.
+bool takeAttributes(int copy, int source, const items::Status& status);
 
-// A new file under a hidden name beside the one it will have; removed at the end of its scope unless it was
-// given its name. The hidden name follows from the other. A lock on the file tells other programs that it is
-// being written: without one it is what a killed program left, and is replaced.
+// A new file that gets its name when it is whole: it has none until then, or a hidden one beside its own where
+// the volume has no files without names. Removed at the end of its scope unless it was given its name. The
+// hidden name follows from the other. A lock on such a file tells other programs that it is being written:
+// without one it is what a killed program left, and is replaced.
 class PartialFile {
  public:
-  // Fails with EBUSY while another program writes it.
+  // Fails with EBUSY while another program writes under the hidden name.
   static Result<PartialFile> create(const std::string& name, std::shared_ptr<const items::Folder> folder);
   PartialFile(PartialFile&& other) noexcept;
   PartialFile& operator=(PartialFile&&) = delete;
@@ -83,23 +81,21 @@ class PartialFile {
   // The same file, to be read back.
   Result<SourceFile> reading() const;
   std::error_code sync() const;
-  // Gives it dates, last of all: a file with its source's modification date is whole. Returns what the volume
-  // holds of that.
-  Result<Date> takeDates(Date accessed, Date modified) const;
   const items::Folder& folder() const noexcept { return *folder_; }
   // Gives it a name in its folder. Fails with EEXIST for a taken one, even by a dangling link.
   std::error_code publish(const std::string& name);
 
  private:
+  std::error_code link(const std::string& name) const;
+  std::error_code rename(const std::string& name) const;
+
   PartialFile(int descriptor, std::shared_ptr<const items::Folder> folder, std::string hidden)
       : descriptor_(descriptor), folder_(std::move(folder)), hidden_(std::move(hidden)) {}
 
   int descriptor_;
   std::shared_ptr<const items::Folder> folder_;
+  // Empty for a file without a name.
   std::string hidden_;
 };
-
-// The name that a file has while it is written.
-std::string partialNameOf(std::string_view name);
 
 }  // namespace quillonic

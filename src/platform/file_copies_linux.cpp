@@ -85,8 +85,7 @@ bool copyAttribute(int from, int to, const char* name) {
   return false;
 }
 
-}  // namespace
-
+// The name that a file has while it is written.
 std::string partialNameOf(std::string_view name) {
   // Of fixed length, because the other name may be as long as the volume allows.
   std::uint64_t hash = 0xcbf29ce484222325;
@@ -95,6 +94,8 @@ std::string partialNameOf(std::string_view name) {
   std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(hash));
   return std::string(".quillonic-").append(digits.data()).append(".partial");
 }
+
+}  // namespace
 
 Result<SourceFile> SourceFile::open(const std::string& path, const items::Folder* folder) {
   auto file =
@@ -154,16 +155,24 @@ void SourceFile::forgetCached() const noexcept {
 
 Result<PartialFile> PartialFile::create(const std::string& name,
                                         std::shared_ptr<const items::Folder> folder) {
+  // Access times stay while the copy is read back.
+  constexpr int flags = O_RDWR | O_CLOEXEC | O_NOATIME;
+  const int place = folder->descriptor();
+  Descriptor nameless(uninterrupted([&] { return ::openat(place, ".", flags | O_TMPFILE, 0600); }));
+  if (nameless) return PartialFile(nameless.release(), std::move(folder), {});
   auto hidden = partialNameOf(name);
   for (int tries = 0; tries < 100; ++tries) {
     Descriptor file(uninterrupted([&] {
-      constexpr int flags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-      return ::openat(folder->descriptor(), hidden.c_str(), flags, 0600);
+      constexpr int exclusively = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+      return ::openat(place, hidden.c_str(), exclusively, 0600);
     }));
     if (file && isLocked(file.number())) return items::systemError(std::errc::device_or_resource_busy);
-    if (file) return PartialFile(file.release(), std::move(folder), std::move(hidden));
+    if (file) {
+      static_cast<void>(::fcntl(file.number(), F_SETFL, O_NOATIME));
+      return PartialFile(file.release(), std::move(folder), std::move(hidden));
+    }
     if (errno != EEXIST) return lastError();
-    if (const auto error = removeLeftover(folder->descriptor(), hidden)) return error;
+    if (const auto error = removeLeftover(place, hidden)) return error;
   }
   return items::systemError(std::errc::device_or_resource_busy);
 }
@@ -179,32 +188,24 @@ PartialFile::~PartialFile() {
   if (descriptor_ >= 0) ::close(descriptor_);
 }
 
-Unheld copyAttributes(int source, int copy) {
-  Unheld unheld;
+bool takeAttributes(int copy, int source, const items::Status& status) {
   struct stat own {};
-  struct stat other {};
-  if (::fstat(source, &other) != 0 || ::fstat(copy, &own) != 0) {
-    return Unheld::owner | Unheld::permissions | Unheld::extendedAttributes;
-  }
+  if (::fstat(copy, &own) != 0) return false;
   // The owner first, since a change of owner takes permission bits away; then the attributes, since an access
-  // control list changes some.
-  if (own.st_uid != other.st_uid || own.st_gid != other.st_gid) {
-    if (::fchown(copy, other.st_uid, other.st_gid) != 0) {
-      static_cast<void>(::fchown(copy, static_cast<uid_t>(-1), other.st_gid));
+  // control list changes some; the dates last, since all else may change them.
+  if (own.st_uid != status.owner || own.st_gid != status.group) {
+    if (::fchown(copy, status.owner, status.group) != 0) {
+      static_cast<void>(::fchown(copy, static_cast<uid_t>(-1), status.group));
     }
   }
-  for (const auto& name : attributeNames(source)) {
-    if (!copyAttribute(source, copy, name.c_str())) {
-      unheld = unheld | Unheld::extendedAttributes;
-    }
-  }
+  bool hasAll = true;
+  for (const auto& name : attributeNames(source))
+    hasAll = copyAttribute(source, copy, name.c_str()) && hasAll;
   // The volume may ignore them without an error.
-  static_cast<void>(::fchmod(copy, other.st_mode & 07777U));
-  if (::fstat(copy, &own) != 0 || own.st_mode != other.st_mode) unheld = unheld | Unheld::permissions;
-  if (own.st_uid != other.st_uid || own.st_gid != other.st_gid) unheld = unheld | Unheld::owner;
-  const auto isSparse = [](const struct stat& item) { return item.st_blocks * 512 < item.st_size; };
-  if (isSparse(other) && !isSparse(own)) unheld = unheld | Unheld::holes;
-  return unheld;
+  static_cast<void>(::fchmod(copy, status.permissions));
+  const std::array<timespec, 2> dates{timeOf(status.accessed), timeOf(status.modified)};
+  static_cast<void>(::futimens(copy, dates.data()));
+  return hasAll;
 }
 
 bool PartialFile::clone(const SourceFile& source) const noexcept {
@@ -254,37 +255,46 @@ std::error_code PartialFile::sync() const {
   return uninterrupted([&] { return ::fsync(descriptor_); }) == 0 ? std::error_code() : lastError();
 }
 
-Result<Date> PartialFile::takeDates(Date accessed, Date modified) const {
-  const std::array<timespec, 2> dates{timeOf(accessed), timeOf(modified)};
-  if (::futimens(descriptor_, dates.data()) != 0) return lastError();
-  const auto own = items::statusOfOpen(descriptor_);
-  return own ? Result<Date>(own->modified) : own.error();
+std::error_code PartialFile::link(const std::string& name) const {
+  const int folder = folder_->descriptor();
+  const auto linked = [&](int place, const char* path, int flags) {
+    return uninterrupted([&] { return ::linkat(place, path, folder, name.c_str(), flags); }) == 0;
+  };
+  if (linked(descriptor_, "", AT_EMPTY_PATH)) return {};
+  if (errno != ENOENT) return lastError();
+  // Older systems allow only root that.
+  std::array<char, 32> own{};
+  std::snprintf(own.data(), own.size(), "/proc/self/fd/%d", descriptor_);
+  return linked(AT_FDCWD, own.data(), AT_SYMLINK_FOLLOW) ? std::error_code() : lastError();
+}
+
+std::error_code PartialFile::rename(const std::string& name) const {
+  const int folder = folder_->descriptor();
+  const auto renamed = [&](unsigned flags) {
+    return uninterrupted([&] { return ::renameat2(folder, hidden_.c_str(), folder, name.c_str(), flags); }) ==
+           0;
+  };
+  if (renamed(RENAME_NOREPLACE)) return {};
+  if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return lastError();
+  if (::linkat(folder, hidden_.c_str(), folder, name.c_str(), 0) == 0) {
+    ::unlinkat(folder, hidden_.c_str(), 0);
+    return {};
+  }
+  if (errno == EEXIST) return lastError();
+  // Without either, an empty file of one's own is what is replaced.
+  const Descriptor own(
+      ::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+  if (!own) return lastError();
+  if (renamed(0)) return {};
+  const auto error = lastError();
+  ::unlinkat(folder, name.c_str(), 0);
+  return error;
 }
 
 std::error_code PartialFile::publish(const std::string& name) {
-  const int folder = folder_->descriptor();
-  const auto rename = [&](unsigned flags) {
-    return uninterrupted([&] { return ::renameat2(folder, hidden_.c_str(), folder, name.c_str(), flags); });
-  };
-  if (rename(RENAME_NOREPLACE) != 0) {
-    if (errno != EINVAL && errno != ENOSYS && errno != EOPNOTSUPP) return lastError();
-    if (::linkat(folder, hidden_.c_str(), folder, name.c_str(), 0) == 0) {
-      ::unlinkat(folder, hidden_.c_str(), 0);
-    } else {
-      if (errno == EEXIST) return lastError();
-      // Without either, an empty file of one's own is what is replaced.
-      const Descriptor own(
-          ::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-      if (!own) return lastError();
-      if (rename(0) != 0) {
-        const auto error = lastError();
-        ::unlinkat(folder, name.c_str(), 0);
-        return error;
-      }
-    }
-  }
-  hidden_.clear();
-  return {};
+  const auto error = hidden_.empty() ? link(name) : rename(name);
+  if (!error) hidden_.clear();
+  return error;
 }
 
 }  // namespace quillonic

@@ -2,7 +2,9 @@
 // calls below, in a way ("KILL", "SHORT" or the number of an error). Prints how many calls there were and whether
 // everything is good.
 //
-//     copying_child WAY NUMBER SOURCE TARGET...
+//     copying_child nameless|named WAY NUMBER SOURCE TARGET...
+//
+// The volumes have files without names, or not.
 
 #include <quillonic/offload.hpp>
 
@@ -11,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -23,6 +26,7 @@ namespace {
 long callCount = 0;
 long failingCall = 0;
 std::string way;
+bool hasNameless = true;
 
 // Whether this call is the one that fails. Every later one does too on a full or broken volume.
 bool fails() {
@@ -68,6 +72,20 @@ int renameat2(int from, const char* name, int to, const char* newName, unsigned 
   static auto* const system = next<decltype(renameat2)>("renameat2");
   return fails() ? -1 : system(from, name, to, newName, flags);
 }
+int linkat(int from, const char* name, int to, const char* newName, int flags) noexcept {
+  static auto* const system = next<decltype(linkat)>("linkat");
+  return fails() ? -1 : system(from, name, to, newName, flags);
+}
+int openat(int folder, const char* name, int flags, ...) {
+  static auto* const system = next<decltype(openat)>("openat");
+  const bool isNameless = (flags & O_TMPFILE) == O_TMPFILE;
+  if ((flags & O_CREAT) == 0 && !isNameless) return system(folder, name, flags);
+  if (isNameless && !hasNameless) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
+  return fails() ? -1 : system(folder, name, flags, 0600);
+}
 int mkdirat(int folder, const char* name, mode_t mode) noexcept {
   static auto* const system = next<decltype(mkdirat)>("mkdirat");
   return fails() ? -1 : system(folder, name, mode);
@@ -81,10 +99,11 @@ int symlinkat(const char* text, int folder, const char* name) noexcept {
 using namespace quillonic;
 
 int main(int argc, char** argv) {
-  if (argc < 5) return 64;
-  const auto plan = offload::planOffload(argv[3], std::vector<std::filesystem::path>(argv + 4, argv + argc));
-  way = argv[1];
-  failingCall = std::atol(argv[2]);
+  if (argc < 6) return 64;
+  const auto plan = offload::planOffload(argv[4], std::vector<std::filesystem::path>(argv + 5, argv + argc));
+  hasNameless = std::string(argv[1]) == "nameless";
+  way = argv[2];
+  failingCall = std::atol(argv[3]);
   offload::OffloadRun run(plan, {.checksum = &sum, .verified = {}, .progress = {}});
   for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);
   std::printf("%d %ld\n", run.finish().isGood() ? 1 : 0, callCount);

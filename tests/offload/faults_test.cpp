@@ -26,10 +26,12 @@ struct Fixture {
   fs::path card = oddCard(folder);
   std::vector<fs::path> targets{folder.folder("first"), folder.folder("second")};
 
+  std::string files = "nameless";
+
   Outcome copy(const std::string& way, long call) {
     const auto times = accessTimes(card);
-    const auto result = runChild(
-        COPYING_CHILD, {way, std::to_string(call), card.native(), targets[0].native(), targets[1].native()});
+    const auto result = runChild(COPYING_CHILD, {files, way, std::to_string(call), card.native(),
+                                                 targets[0].native(), targets[1].native()});
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(accessTimes(card), times);
     Outcome outcome{.hasEnded = result.exitStatus == 0};
@@ -71,16 +73,20 @@ void expectRecovery(Fixture& fixture, const std::string& way, long call) {
 
 TEST(Offload, SurvivesAFaultAtAnyCall) {
   Fixture fixture;
-  const auto clean = fixture.copy("none", 0);
-  ASSERT_TRUE(clean.isGood);
-  ASSERT_GT(clean.callCount, 50);
-  for (const int error : {EIO, ENOSPC, EDQUOT}) {
-    for (long call = 1; call <= clean.callCount; call += 17)
-      expectRecovery(fixture, std::to_string(error), call);
+  for (const auto* files : {"nameless", "named"}) {
+    fixture.files = files;
+    fixture.clear();
+    const auto clean = fixture.copy("none", 0);
+    ASSERT_TRUE(clean.isGood);
+    ASSERT_GT(clean.callCount, 50);
+    for (const int error : {EIO, ENOSPC, EDQUOT}) {
+      for (long call = 1; call <= clean.callCount; call += 29)
+        expectRecovery(fixture, std::to_string(error), call);
+    }
+    for (long call = 1; call <= 25; ++call) expectRecovery(fixture, "KILL", call * clean.callCount / 25);
+    expectRecovery(fixture, std::to_string(EINTR), 1);
+    expectRecovery(fixture, "SHORT", 1);
   }
-  for (long call = 1; call <= 50; ++call) expectRecovery(fixture, "KILL", call * clean.callCount / 50);
-  expectRecovery(fixture, std::to_string(EINTR), 1);
-  expectRecovery(fixture, "SHORT", 1);
 }
 
 }  // namespace
