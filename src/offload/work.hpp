@@ -75,6 +75,7 @@ class OffloadRun::Work {
   void copyItem(std::size_t item, Folders& folders, std::vector<Pending>& pending);
   void verifyFound(std::size_t item, const SourceFile& source, const std::vector<std::size_t>& targets,
                    Folders& folders, std::optional<std::string> checksum);
+  void copyItems(Group items, Folders& folders);
   void sync(std::vector<Pending>& pending);
   void complete(Pending& pending);
   std::error_code verify(const SourceFile& copy, std::size_t target, const std::string& checksum);

@@ -173,17 +173,31 @@ void OffloadRun::Work::complete(Pending& pending) {
   }
 }
 
-void OffloadRun::Work::run(std::size_t step) {
-  const auto group = groups_[step];
-  auto opened = folders();
+void OffloadRun::Work::copyItems(Group items, Folders& folders) {
   std::vector<Pending> pending;
-  for (auto item = group.begin; item < group.end; ++item) {
-    if (isStopped_) break;
+  for (auto item = items.begin; item < items.end && !isStopped_; ++item) {
     const auto kind = plan_.items[item].kind;
-    if (kind == PlannedKind::file || kind == PlannedKind::hardName) copyItem(item, opened, pending);
+    if (kind == PlannedKind::file || kind == PlannedKind::hardName) copyItem(item, folders, pending);
   }
   sync(pending);
   for (auto& file : pending) complete(file);
+}
+
+void OffloadRun::Work::run(std::size_t step) {
+  const auto group = groups_[step];
+  auto opened = folders();
+  copyItems(group, opened);
+  // Files for which the process had no descriptor left are copied one at a time.
+  for (auto item = group.begin; item < group.end; ++item) {
+    bool isLeft = false;
+    for (std::size_t t = 0; t < targets_.size(); ++t) {
+      auto& copy = copyOf(item, t);
+      if (copy.error != std::errc::too_many_files_open) continue;
+      copy = {};
+      isLeft = true;
+    }
+    if (isLeft) copyItems({item, item + 1}, opened);
+  }
 }
 
 }  // namespace quillonic::offload

@@ -114,7 +114,7 @@ class QUILLONIC_EXPORT OffloadRun {
   /// The number of steps: groups of files, each independent of the others.
   std::size_t stepCount() const noexcept;
   /// Runs one step; several threads may run different ones. Each must be run at most once. Never throws for
-  /// a file's fault; takes one buffer of 1 MiB.
+  /// a file's fault; takes one buffer of 256 KiB, and up to 192 descriptors where there are so many.
   void run(std::size_t step);
   /// Makes the links, gives folders their attributes, waits until the targets' volumes have everything, and
   /// reports. Call it once, when no step runs any more, also after a stop.
