@@ -25,9 +25,9 @@ LUT_3D_SIZE 2
 1 1 1
 )";
 
-void show(const Reading<Lut>& look) {
+void show(const Result<Lut, Failure>& look) {
   if (!look) {
-    std::cout << "refused: " << look.failure().description() << '\n';
+    std::cout << "refused: " << look.error().description() << '\n';
     return;
   }
   const auto facts = look->description();

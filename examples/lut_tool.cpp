@@ -58,7 +58,7 @@ struct Exit {
 Lut readOrEnd(const std::string& file) {
   auto lut = readFile(file);
   if (lut) return *std::move(lut);
-  if (lut.failure().reason != Failure::Reason::cannotOpen) endWithRefusal(file, lut.failure().where);
+  if (lut.error().reason != Failure::Reason::cannotOpen) endWithRefusal(file, lut.error().where);
   throw Exit{unreadableStatus};  // the library logged why
 }
 

@@ -15,7 +15,6 @@
 #include <string>
 #include <string_view>
 #include <unistd.h>
-#include <variant>
 
 namespace {
 
@@ -92,26 +91,26 @@ int main(int argc, char** argv) {
   std::string text;
   for (; optind < argc; ++optind) text.append(text.empty() ? "" : " ").append(argv[optind]);
 
-  const auto read = Criterion::fromText(text);
-  if (const auto* refused = std::get_if<ParseError>(&read)) {
+  const auto criterion = Criterion::fromText(text);
+  if (!criterion) {
     // The column is that of the text as it was joined.
-    std::cerr << "criteria, " << refused->description() << '\n';
-    if (refused->line == 1 && text.find('\n') == std::string::npos) {
-      std::cerr << "  " << text << "\n  "
-                << spacesBelow(std::string_view(text).substr(0, refused->column - 1)) << "^\n";
+    const auto refused = criterion.error();
+    std::cerr << "criteria, " << refused.description() << '\n';
+    if (refused.line == 1 && text.find('\n') == std::string::npos) {
+      std::cerr << "  " << text << "\n  " << spacesBelow(std::string_view(text).substr(0, refused.column - 1))
+                << "^\n";
     }
     return wrongArguments;
   }
-  const auto& criterion = *std::get_if<Criterion>(&read);
   const auto calendar = Calendar::ofSystem().value_or(Calendar(TimeZone::utc()));
 
   Printer printer(end);
-  const auto summary = walkTree(folder, Selector(criterion, calendar), options, printer);
+  const auto summary = walkTree(folder, Selector(*criterion, calendar), options, printer);
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     std::cerr << "the paths cannot be written\n";
     return incomplete;
   }
-  std::cerr << criterion.description() << ": " << summary.chosen << " of " << summary.seen;
+  std::cerr << criterion->description() << ": " << summary.chosen << " of " << summary.seen;
   if (printer.bytes() != 0) std::cerr << ", " << byteSizeText(printer.bytes());
   if (summary.undecided != 0) std::cerr << "; " << summary.undecided << " not decided";
   if (summary.unread != 0) std::cerr << "; " << summary.unread << " not read";

@@ -7,7 +7,6 @@
 #include <iostream>
 #include <string>
 #include <string_view>
-#include <variant>
 
 using namespace quillonic;
 using namespace quillonic::selection;
@@ -43,15 +42,14 @@ int main() {
        {"kind video", "kind video modified today", "modified before 1981-01-01", "iname *.MOV and hidden",
         "size 1 kB to 1.2 kB and not extension xml", "kind video and size > 1,5 GB"}) {
     const auto read = Criterion::fromText(typed);
-    if (const auto* refused = std::get_if<ParseError>(&read)) {
-      std::cout << refused->description() << '\n';
+    if (!read) {
+      std::cout << read.error().description() << '\n';
       continue;
     }
-    const auto& criterion = *std::get_if<Criterion>(&read);
-    std::cout << criterion.text() << '\n';
+    std::cout << read->text() << '\n';
     Printer printer(card.native().size() + 1);
-    const auto summary = walkTree(card, Selector(criterion, calendar), {}, printer);
-    std::cout << "  " << criterion.description() << ": " << summary.chosen << " of " << summary.seen << '\n';
+    const auto summary = walkTree(card, Selector(*read, calendar), {}, printer);
+    std::cout << "  " << read->description() << ": " << summary.chosen << " of " << summary.seen << '\n';
   }
   fs::remove_all(card);
 }

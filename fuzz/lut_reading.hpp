@@ -19,7 +19,7 @@ inline bool isFinite(const lut::Rgb& color) {
 inline void readAs(std::string_view bytes, std::string_view name) {
   const auto lut = lut::readText(bytes, name);
   if (!lut) {
-    const auto& where = lut.failure().where;
+    const auto& where = lut.error().where;
     require(where.line >= 1 && where.column >= 1 && !where.expected.empty(), "a refusal tells where and why");
     require(where.found.size() < 100, "a refusal is short");
     return;

@@ -78,12 +78,11 @@ offload::HashList verifiedBefore(const fs::path& root) {
     if (item.path().extension() != ".mhl") continue;
     std::ifstream file(item.path(), std::ios::binary);
     const std::string text(std::istreambuf_iterator<char>(file), {});
-    auto reading = offload::HashList::fromText(text);
-    if (const auto* error = std::get_if<ParseError>(&reading)) {
-      std::cerr << item.path().native() << ": " << error->description() << '\n';
+    const auto list = offload::HashList::fromText(text);
+    if (list) {
+      std::ranges::copy(list->entries, std::back_inserter(all.entries));
     } else {
-      auto& entries = std::get<offload::HashList>(reading).entries;
-      std::ranges::move(entries, std::back_inserter(all.entries));
+      std::cerr << item.path().native() << ": " << list.error().description() << '\n';
     }
   }
   return all;

@@ -214,9 +214,9 @@ void lut(Job& job) {
   const auto file = *job.settings.colorLutFile();
   const auto read = readFile(file);
   if (!read) {
-    const bool isThere = read.failure().reason != Failure::Reason::cannotOpen;
+    const bool isThere = read.error().reason != Failure::Reason::cannotOpen;
     fail(isThere ? TranscodeExitStatus::badInput : TranscodeExitStatus::noInput,
-         "cannot read the look-up table " + file.native() + ": " + read.failure().description());
+         "cannot read the look-up table " + file.native() + ": " + read.error().description());
   }
   // ffmpeg reads few formats, one table, up to so many points, and reliably only the domain from 0 to 1.
   constexpr std::size_t greatestCurve = 65'536;

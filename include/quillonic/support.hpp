@@ -15,5 +15,6 @@
 #include <quillonic/support/ordered_tree.hpp>
 #include <quillonic/support/parse_error.hpp>
 #include <quillonic/support/path_coding.hpp>
+#include <quillonic/support/result.hpp>
 #include <quillonic/support/text_backed.hpp>
 #include <quillonic/support/text_dictionary.hpp>

@@ -1,11 +1,12 @@
 // Finds the target of an alias file.
 #pragma once
 
+#include <quillonic/support/result.hpp>
+
 #include <string>
 
 #include "filesystem/look_ups.hpp"
 #include "platform/items.hpp"
-#include "support/result.hpp"
 
 namespace quillonic {
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <quillonic/filesystem/reference_link_type.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <optional>
 #include <string>
 
 #include "platform/items.hpp"
-#include "support/result.hpp"
 
 namespace quillonic::link_types {
 

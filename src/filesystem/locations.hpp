@@ -2,14 +2,13 @@
 #pragma once
 
 #include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <system_error>
-
-#include "support/result.hpp"
 
 namespace quillonic::locations {
 

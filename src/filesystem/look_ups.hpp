@@ -2,6 +2,7 @@
 #pragma once
 
 #include <quillonic/platform/mount_table.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <optional>
 #include <string>
@@ -11,7 +12,6 @@
 #include <vector>
 
 #include "platform/volume_names.hpp"
-#include "support/result.hpp"
 
 namespace quillonic {
 

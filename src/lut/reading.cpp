@@ -55,7 +55,7 @@ std::optional<Failure> read(TextLines& lines, const std::filesystem::path& name,
       isRecognised || row ? Failure::Reason::refused : Failure::Reason::unknownFormat, {}, *lines.fault()};
 }
 
-Reading<Lut> finished(Draft draft) {
+Result<Lut, Failure> finished(Draft draft) {
   auto shaper = Table1D::fromEntries(std::move(draft.entries1D), draft.domain1D);
   auto cube = Table3D::fromEntries(draft.size3D, std::move(draft.entries3D), draft.domain3D);
   auto lut = shaper && cube ? Lut(*std::move(shaper), *std::move(cube))
@@ -97,14 +97,14 @@ std::string Failure::description() const {
   return where.description();
 }
 
-Reading<Lut> readText(std::string_view text, const std::filesystem::path& name) {
+Result<Lut, Failure> readText(std::string_view text, const std::filesystem::path& name) {
   TextLines lines(text);
   Draft draft;
   if (auto failure = read(lines, name, draft)) return *std::move(failure);
   return finished(std::move(draft));
 }
 
-Reading<Lut> readStream(std::istream& stream, const std::filesystem::path& name) {
+Result<Lut, Failure> readStream(std::istream& stream, const std::filesystem::path& name) {
   std::string text;
   std::vector<char> block(65'536);
   while (stream.read(block.data(), static_cast<std::streamsize>(block.size())), stream.gcount() > 0) {
@@ -116,13 +116,13 @@ Reading<Lut> readStream(std::istream& stream, const std::filesystem::path& name)
   return readText(text, name);
 }
 
-Reading<Lut> readFile(const std::filesystem::path& path) {
+Result<Lut, Failure> readFile(const std::filesystem::path& path) {
   const auto text = items::wholeFile(path.native(), greatestFileSize);
   if (!text) return cannotOpen(path, text.error());
   return readText(*text, path);
 }
 
-Reading<Description> describeFile(const std::filesystem::path& path) {
+Result<Description, Failure> describeFile(const std::filesystem::path& path) {
   for (std::size_t limit = 65'536;; limit *= 4) {
     const auto text = items::firstBytesOfTarget(path.native(), std::min(limit, greatestFileSize));
     if (!text) return cannotOpen(path, text.error());

@@ -1,6 +1,8 @@
 // Folders below a root, reached without following a link.
 #pragma once
 
+#include <quillonic/support/result.hpp>
+
 #include <algorithm>
 #include <filesystem>
 #include <memory>
@@ -10,7 +12,6 @@
 
 #include "platform/items.hpp"
 #include "platform/path_text.hpp"
-#include "support/result.hpp"
 
 namespace quillonic::offload {
 

@@ -231,7 +231,7 @@ std::string HashList::text() const {
   return text += "\n</hashlist>\n";
 }
 
-std::variant<HashList, ParseError> HashList::fromText(std::string_view text) {
+Result<HashList, ParseError> HashList::fromText(std::string_view text) {
   try {
     return readList(text);
   } catch (ParseError& error) {

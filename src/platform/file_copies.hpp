@@ -1,6 +1,8 @@
 // The two ends of a copy: a file that is read, and a file that has no name yet.
 #pragma once
 
+#include <quillonic/support/result.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -9,7 +11,6 @@
 #include <system_error>
 
 #include "platform/items.hpp"
-#include "support/result.hpp"
 
 namespace quillonic {
 

@@ -1,13 +1,14 @@
 // Reading files.
 #pragma once
 
+#include <quillonic/support/result.hpp>
+
 #include <cstddef>
 #include <fcntl.h>
 #include <string>
 
 #include "platform/descriptor_linux.hpp"
 #include "platform/items.hpp"
-#include "support/result.hpp"
 
 namespace quillonic {
 

@@ -3,13 +3,13 @@
 #pragma once
 
 #include <quillonic/support/date.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <cstdint>
 #include <string>
 #include <system_error>
 
 #include "platform/items.hpp"
-#include "support/result.hpp"
 
 namespace quillonic::items {
 

@@ -5,6 +5,7 @@
 #include <quillonic/platform/file_type.hpp>
 #include <quillonic/support/date.hpp>
 #include <quillonic/support/function_ref.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -14,8 +15,6 @@
 #include <system_error>
 #include <utility>
 #include <vector>
-
-#include "support/result.hpp"
 
 namespace quillonic::items {
 

@@ -1,9 +1,9 @@
 // Which links a volume supports.
 #pragma once
 
-#include <filesystem>
+#include <quillonic/support/result.hpp>
 
-#include "support/result.hpp"
+#include <filesystem>
 
 namespace quillonic {
 

@@ -1,11 +1,11 @@
 // What the system and its user say about time.
 #pragma once
 
+#include <quillonic/support/result.hpp>
+
 #include <chrono>
 #include <optional>
 #include <string>
-
-#include "support/result.hpp"
 
 namespace quillonic::time_settings {
 

@@ -152,8 +152,8 @@ CodedValue Criterion::encode() const {
 
 Criterion Criterion::from(const CodedValue& coded) {
   auto read = fromText(coded.require<std::string>());
-  if (const auto* refused = std::get_if<ParseError>(&read)) throw DecodingError({}, refused->description());
-  return *std::get_if<Criterion>(std::move(&read));
+  if (!read) throw DecodingError({}, read.error().description());
+  return *std::move(read);
 }
 
 }  // namespace quillonic::selection

@@ -19,7 +19,7 @@ class CriterionReader {
  public:
   explicit CriterionReader(std::string_view text) : text_(text) { advance(); }
 
-  std::variant<Criterion, ParseError> read() {
+  Result<Criterion, ParseError> read() {
     if (token_.form == Form::end) return Criterion();
     auto criterion = disjunction(0);
     if (criterion && token_.form != Form::end)
@@ -353,7 +353,7 @@ constexpr std::array<CriterionReader::Condition, 12> CriterionReader::conditions
 
 }  // namespace
 
-std::variant<Criterion, ParseError> Criterion::fromText(std::string_view text) {
+Result<Criterion, ParseError> Criterion::fromText(std::string_view text) {
   return CriterionReader(text).read();
 }
 

@@ -2,12 +2,12 @@
 
 namespace quillonic {
 
-std::optional<lut::Reading<lut::Description>> colorLutOf(const TranscodeCliArguments& settings) {
+std::optional<Result<lut::Description, lut::Failure>> colorLutOf(const TranscodeCliArguments& settings) {
   const auto path = settings.colorLutFile();
   if (!path || path->empty()) return std::nullopt;
   const auto table = lut::readFile(*path);
-  if (!table) return lut::Reading<lut::Description>(table.failure());
-  return lut::Reading<lut::Description>(table->description());
+  if (!table) return Result<lut::Description, lut::Failure>(table.error());
+  return Result<lut::Description, lut::Failure>(table->description());
 }
 
 }  // namespace quillonic

@@ -34,8 +34,8 @@ std::string numbersOf(const Rgb& color) {
 }
 
 // Kind and sizes, and what becomes of a colour.
-std::string summaryOf(const Reading<Lut>& lut) {
-  if (!lut) return lut.failure().description();
+std::string summaryOf(const Result<Lut, Failure>& lut) {
+  if (!lut) return lut.error().description();
   const auto facts = lut->description();
   std::string text(rawValue(facts.kind));
   if (facts.size1D) text += " " + std::to_string(*facts.size1D);
@@ -195,7 +195,7 @@ TEST(Reading, RefusesAndTellsWhere) {
   for (const auto& row : table) {
     const auto lut = readText(row.text, row.name);
     ASSERT_FALSE(lut) << row.text;
-    const auto& failure = lut.failure();
+    const auto& failure = lut.error();
     EXPECT_EQ(failure.reason, Failure::Reason::refused);
     EXPECT_EQ(failure.where.line, row.line) << row.text << failure.description();
     EXPECT_TRUE(failure.where.found.starts_with(row.found)) << row.text << failure.description();
@@ -203,7 +203,7 @@ TEST(Reading, RefusesAndTellsWhere) {
     EXPECT_THAT(failure.where.expected, testing::HasSubstr(row.expected)) << row.text;
   }
   for (const auto* text : {"", "#\n", "hello\n", "1 2\n", "1.5 2 3\n"})
-    EXPECT_EQ(readText(text, "a.txt").failure().reason, Failure::Reason::unknownFormat) << text;
+    EXPECT_EQ(readText(text, "a.txt").error().reason, Failure::Reason::unknownFormat) << text;
 }
 
 TEST(Reading, TakesOnlyRegularFilesAndLogsTheRest) {
@@ -219,11 +219,11 @@ TEST(Reading, TakesOnlyRegularFilesAndLogsTheRest) {
       {folder / "none.cube", std::errc::no_such_file_or_directory},
   };
   for (const auto& [path, error] : table) {
-    EXPECT_EQ(readFile(path).failure().error, error);
-    EXPECT_EQ(describeFile(path).failure().reason, Failure::Reason::cannotOpen);
+    EXPECT_EQ(readFile(path).error().error, error);
+    EXPECT_EQ(describeFile(path).error().reason, Failure::Reason::cannotOpen);
   }
   std::filesystem::resize_file(folder.file("huge.cube"), std::uintmax_t{1} << 40);
-  EXPECT_EQ(readFile(folder / "huge.cube").failure().error, std::errc::file_too_large);
+  EXPECT_EQ(readFile(folder / "huge.cube").error().error, std::errc::file_too_large);
   EXPECT_THAT(log.lines(), testing::Each(testing::HasSubstr("QLC_CLUT_PTFB-Failed to open lut file ")));
   EXPECT_EQ(log.lines().size(), 7U);
 }
@@ -239,7 +239,7 @@ TEST(Reading, DescribesFromTheBeginning) {
            {"a.csp", csp + "2\n0 2\n0 1\n0\n0\n" + comments + "2 2 2\n"},
            {"a.lut", "LUT: 3 1024\n"}}) {
     const auto facts = describeFile(folder.file(name, text));
-    ASSERT_TRUE(facts) << name << facts.failure().description();
+    ASSERT_TRUE(facts) << name << facts.error().description();
     EXPECT_FALSE(readFile(folder / name)) << name;
     EXPECT_EQ(facts->size1D.has_value(), facts->kind != Kind::threeD) << name;
   }
@@ -274,7 +274,7 @@ TEST(Writing, ReadsBackTheSame) {
     const auto text = textOf(lut, format);
     ASSERT_TRUE(text);
     const auto again = readText(*text, name);
-    ASSERT_TRUE(again) << again.failure().description();
+    ASSERT_TRUE(again) << again.error().description();
     EXPECT_TRUE(again->table1D() ? lut.table1D() && *again->table1D() == *lut.table1D() : !lut.table1D());
     EXPECT_TRUE(again->table3D() ? lut.table3D() && *again->table3D() == *lut.table3D() : !lut.table3D());
   }

@@ -30,7 +30,7 @@ TEST(OffloadApp, FindsNothingToDoTheSecondTime) {
               testing::AllOf(testing::HasSubstr("\"found\": 4"), testing::HasSubstr("\"good\": true"),
                              testing::Not(testing::HasSubstr("verified"))));
   const auto reading = offload::HashList::fromText(contentOf(second / "card/card.mhl"));
-  EXPECT_EQ(std::get<offload::HashList>(reading).entries.size(), 2U);
+  EXPECT_EQ(reading.value().entries.size(), 2U);
 }
 
 }  // namespace

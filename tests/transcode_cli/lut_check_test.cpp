@@ -19,9 +19,9 @@ TEST(LutCheck, TellsBeforeAChildIsStarted) {
   EXPECT_EQ(colorLutOf(settings).value()->size1D, 2U);
   settings.setArgumentFlagValue(VAVColorLutFileFlag,
                                 folder.file("b.cube", "LUT_1D_SIZE 2\n0 0 0\n").native());
-  EXPECT_EQ(colorLutOf(settings)->failure().where.expected, "2 rows");
+  EXPECT_EQ(colorLutOf(settings)->error().where.expected, "2 rows");
   settings.setArgumentFlagValue(VAVColorLutFileFlag, (folder / "none.cube").native());
-  EXPECT_EQ(colorLutOf(settings)->failure().reason, lut::Failure::Reason::cannotOpen);
+  EXPECT_EQ(colorLutOf(settings)->error().reason, lut::Failure::Reason::cannotOpen);
   EXPECT_EQ(log.lines().size(), 1U);
 }
 

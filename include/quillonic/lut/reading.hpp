@@ -3,7 +3,7 @@
 ///     if (auto look = readFile("/looks/day.cube")) {
 ///       Applier applier(*look);
 ///     } else {
-///       std::cerr << look.failure().description();    // line 12, column 7: found "0,5", expected a number
+///       std::cerr << look.error().description();    // line 12, column 7: found "0,5", expected a number
 ///     }
 ///
 /// A file is read whole or refused: a missing or additional row, a decimal comma, a number that is not finite
@@ -14,14 +14,13 @@
 #include <quillonic/export.hpp>
 #include <quillonic/lut/lut.hpp>
 #include <quillonic/support/parse_error.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
-#include <variant>
 
 namespace quillonic::lut {
 
@@ -43,48 +42,23 @@ struct Failure {
   friend bool operator==(const Failure&, const Failure&) = default;
 };
 
-/// What was read, or why nothing was.
-template <class T> class [[nodiscard]] Reading {
- public:
-  // Implicit, so that readers return either.
-  // NOLINTBEGIN(google-explicit-constructor)
-  /// Something was read.
-  Reading(T value) : outcome_(std::move(value)) {}
-  /// Nothing was.
-  Reading(Failure failure) : outcome_(std::move(failure)) {}
-  // NOLINTEND(google-explicit-constructor)
-
-  /// Whether something was read.
-  explicit operator bool() const noexcept { return outcome_.index() == 0; }
-  /// What was read. Only if something was; here and below.
-  const T& operator*() const& noexcept { return *std::get_if<0>(&outcome_); }
-  /// What was read, to be moved.
-  T&& operator*() && noexcept { return std::move(*std::get_if<0>(&outcome_)); }
-  /// A member of what was read.
-  const T* operator->() const noexcept { return std::get_if<0>(&outcome_); }
-  /// Why nothing was read. Only if nothing was.
-  const Failure& failure() const noexcept { return *std::get_if<1>(&outcome_); }
-
- private:
-  std::variant<T, Failure> outcome_;
-};
-
 /// The largest file that is read, in bytes. The largest cube with 120 bytes a row is smaller.
 inline constexpr std::size_t greatestFileSize = 0x7FFF'FFFF;
 
 /// Reads a regular file, through links. A pipe, a folder or a file above the greatest size fails to open, at
 /// once; such failures are logged. Needs the memory of the file and of twice the table.
-QUILLONIC_EXPORT Reading<Lut> readFile(const std::filesystem::path& path);
+QUILLONIC_EXPORT Result<Lut, Failure> readFile(const std::filesystem::path& path);
 
 /// Reads a stream to its end. The name, if there is one, is that of the file: it selects the reader, and may
 /// tell the depth of a .lut.
-QUILLONIC_EXPORT Reading<Lut> readStream(std::istream& stream, const std::filesystem::path& name = {});
+QUILLONIC_EXPORT Result<Lut, Failure> readStream(std::istream& stream,
+                                                 const std::filesystem::path& name = {});
 
 /// Reads a text; the name as above.
-QUILLONIC_EXPORT Reading<Lut> readText(std::string_view text, const std::filesystem::path& name = {});
+QUILLONIC_EXPORT Result<Lut, Failure> readText(std::string_view text, const std::filesystem::path& name = {});
 
 /// Tells what a file holds from its beginning, as far as its format allows: entries are neither read nor
 /// checked, except those of a .3dl, which has no other size. Comments after the first entry are missing.
-QUILLONIC_EXPORT Reading<Description> describeFile(const std::filesystem::path& path);
+QUILLONIC_EXPORT Result<Description, Failure> describeFile(const std::filesystem::path& path);
 
 }  // namespace quillonic::lut

@@ -1,8 +1,8 @@
 /// Media hash lists, version 1: the checksums of a folder's files, as XML beside them.
 ///
 ///     std::ofstream(root / "A001.mhl") << list.text();
-///     auto reading = offload::HashList::fromText(text);
-///     if (const auto* error = std::get_if<ParseError>(&reading)) std::cerr << error->description();
+///     const auto again = offload::HashList::fromText(text);
+///     if (!again) std::cerr << again.error().description();
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -10,6 +10,7 @@
 #include <quillonic/support/date.hpp>
 #include <quillonic/support/function_ref.hpp>
 #include <quillonic/support/parse_error.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <cstdint>
 #include <filesystem>
@@ -17,7 +18,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <variant>
 #include <vector>
 
 namespace quillonic::offload {
@@ -68,7 +68,7 @@ struct QUILLONIC_EXPORT HashList {
   /// is not well formed, a root other than "hashlist", another version, a file without path, size or
   /// checksum, a number or a date that does not read, document types and any nesting deeper than 64. Takes
   /// linear time. Paths are as written: see `verifyHashList`.
-  static std::variant<HashList, ParseError> fromText(std::string_view text);
+  static Result<HashList, ParseError> fromText(std::string_view text);
 
   friend bool operator==(const HashList&, const HashList&) = default;
 };

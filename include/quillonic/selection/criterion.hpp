@@ -1,7 +1,7 @@
 /// Which items to choose: conditions, combined, as a value and as a text that people write.
 ///
 ///     const auto read = Criterion::fromText("kind video and size > 1 GB and modified this-week");
-///     if (const auto* refused = std::get_if<ParseError>(&read)) std::cerr << refused->description();
+///     if (!read) std::cerr << read.error().description();
 ///     const auto same = Criterion::allOf({KindCondition{{FileKind::video}}, SizeCondition{1'000'000'001},
 ///                                         DateCondition{FileDate::modified, frame}});
 ///     same.text();    // "kind video and size > 1 GB and modified this-week"
@@ -11,6 +11,7 @@
 #include <quillonic/selection/conditions.hpp>
 #include <quillonic/support/coding.hpp>
 #include <quillonic/support/parse_error.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <chrono>
 #include <cstddef>
@@ -92,7 +93,7 @@ class QUILLONIC_EXPORT Criterion {
   static Criterion noneOf(std::vector<Criterion> members);
 
   /// Reads the text of a criterion; an empty one is everything. Otherwise tells where and why not.
-  static std::variant<Criterion, ParseError> fromText(std::string_view text);
+  static Result<Criterion, ParseError> fromText(std::string_view text);
 
   /// The text, for storage and for people. It reads back to an equal criterion, now and in later versions.
   std::string text() const;

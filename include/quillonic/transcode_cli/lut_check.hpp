@@ -14,7 +14,7 @@ namespace quillonic {
 
 /// Reads the whole file that follows "-clut": the child does the same, and fails where this does. Nothing if
 /// the flag is not set or has no path. A relative path counts from the working folder.
-QUILLONIC_EXPORT std::optional<lut::Reading<lut::Description>> colorLutOf(
+QUILLONIC_EXPORT std::optional<Result<lut::Description, lut::Failure>> colorLutOf(
     const TranscodeCliArguments& settings);
 
 }  // namespace quillonic
