@@ -133,8 +133,14 @@ void readCreator(XmlReader& xml, HashList& list) {
 HashListEntry readEntry(XmlReader& xml, std::size_t offset) {
   HashListEntry entry;
   bool hasSize = false;
+  constexpr std::string_view fields[] = {"file", "size", "lastmodificationdate", "hashdate"};
+  std::vector<std::string_view> known;
   for (XmlReader::Element element; xml.enter(element);) {
     const auto* kind = listedKind(element.name);
+    if (kind || std::ranges::find(fields, element.name) != std::end(fields)) {
+      if (std::ranges::find(known, element.name) != known.end()) xml.fail(element.offset, "another element");
+      known.push_back(element.name);
+    }
     if (element.name == "file") {
       entry.file = xml.leaveWithText();
     } else if (element.name == "size") {
@@ -208,7 +214,7 @@ bool HashList::canHold(const HashListEntry& entry) noexcept {
          entry.file.find("\uFFFF") == std::string::npos;
 }
 
-std::string HashList::text() const {
+void HashList::write(FunctionRef<void(std::string_view piece)> block) const {
   std::string text =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<hashlist version=\"1.1\">\n\n  <creatorinfo>\n";
   addElement(text, "    ", "name", writable(name));
@@ -220,7 +226,8 @@ std::string HashList::text() const {
   text += "  </creatorinfo>\n";
   for (const auto& entry : entries) {
     if (!canHold(entry)) continue;
-    text += "\n  <hash>\n";
+    block(text);
+    text = "\n  <hash>\n";
     addElement(text, "    ", "file", entry.file);
     addElement(text, "    ", "size", std::to_string(entry.size));
     addElement(text, "    ", "lastmodificationdate", dateText(entry.modified));
@@ -228,7 +235,13 @@ std::string HashList::text() const {
     addElement(text, "    ", "hashdate", dateText(entry.hashed));
     text += "  </hash>\n";
   }
-  return text += "\n</hashlist>\n";
+  block(text += "\n</hashlist>\n");
+}
+
+std::string HashList::text() const {
+  std::string text;
+  write([&](std::string_view piece) { text += piece; });
+  return text;
 }
 
 Result<HashList, ParseError> HashList::fromText(std::string_view text) {

@@ -3,6 +3,9 @@
 ///     std::ofstream(root / "A001.mhl") << list.text();
 ///     const auto again = offload::HashList::fromText(text);
 ///     if (!again) std::cerr << again.error().description();
+///     list.write([&](std::string_view piece) { file << piece; });
+///     auto reading = offload::HashList::fromText(text);
+///     if (const auto* error = std::get_if<ParseError>(&reading)) std::cerr << error->description();
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -61,7 +64,8 @@ struct QUILLONIC_EXPORT HashList {
   /// path is UTF-8 without control characters, since no other can be written.
   static bool canHold(const HashListEntry& entry) noexcept;
 
-  /// The list as XML. Leaves out what it cannot hold, and of other texts each such byte.
+  /// The list as XML, about 240 bytes per file. Leaves out what it cannot hold, and of other texts each such
+  /// byte.
   std::string text() const;
 
   /// Reads a list. Skips unknown elements; takes the first checksum of a file that has several. Refuses what
@@ -69,6 +73,14 @@ struct QUILLONIC_EXPORT HashList {
   /// checksum, a number or a date that does not read, document types and any nesting deeper than 64. Takes
   /// linear time. Paths are as written: see `verifyHashList`.
   static Result<HashList, ParseError> fromText(std::string_view text);
+  /// The same text in pieces, one per file, so that it is nowhere as a whole.
+  void write(FunctionRef<void(std::string_view piece)> block) const;
+
+  /// Reads a list. Skips unknown elements; takes the first checksum of a file that has several kinds. Refuses
+  /// what is not well formed, a root other than "hashlist", another version, a file without path, size or
+  /// checksum, or with two of one of them or of a date, a number or a date that does not read, document types
+  /// and any nesting deeper than 64. Takes linear time. Paths are as written: see `verifyHashList`.
+  static std::variant<HashList, ParseError> fromText(std::string_view text);
 
   friend bool operator==(const HashList&, const HashList&) = default;
 };
