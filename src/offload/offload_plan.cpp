@@ -78,8 +78,8 @@ class TargetSurvey {
 
 class Planner {
  public:
-  Planner(OffloadPlan& plan, std::vector<TargetSurvey> targets)
-      : plan_(&plan), targets_(std::move(targets)) {}
+  Planner(OffloadPlan& plan, const PlanOptions& options, std::vector<TargetSurvey> targets)
+      : plan_(&plan), options_(&options), targets_(std::move(targets)) {}
 
   // Plans the items of a folder; `origin` is where it is, if not at its path in the source.
   std::error_code planFolder(const SharedFolder& folder, const std::string& path, const std::string& origin) {
@@ -149,7 +149,7 @@ class Planner {
     const auto type =
         link_types::typeOf(name, status, &folder).value_or(ReferenceLinkType::notAReferenceLink);
     if (type == ReferenceLinkType::aliasReference && plan_->links != Resolution::copyOriginalLinkFile) {
-      return planLink(item, false);
+      return isKeptAlias(item) ? add(item) : planLink(item, false);
     }
     if (status.names > 1 && plan_->links == Resolution::relinkToOriginalSource) {
       item.kind = PlannedKind::link;
@@ -162,6 +162,17 @@ class Planner {
       }
     }
     add(item);
+  }
+
+  // Whether an alias cannot be relinked because nobody knows what it refers to.
+  bool isKeptAlias(const PlannedItem& item) const {
+    if (plan_->links == Resolution::copyOriginalSource) return false;
+    try {
+      standardizedResolvedAliasReference(plan_->source + "/" + item.path);
+      return false;
+    } catch (const std::system_error&) {
+      return true;
+    }
   }
 
   void planLink(PlannedItem item, bool isSymbolic) {
@@ -202,9 +213,16 @@ class Planner {
   void add(const PlannedItem& item, bool isSymbolic = false) {
     for (auto& target : targets_) target.survey(item, isSymbolic);
     plan_->items.push_back(item);
+    ++progress_.items;
+    progress_.bytes += static_cast<std::uint64_t>(item.size);
+    if (options_->progress && !options_->progress(progress_)) {
+      locations::fail(operation, plan_->source, items::systemError(std::errc::operation_canceled));
+    }
   }
 
   OffloadPlan* plan_;
+  const PlanOptions* options_;
+  PlanProgress progress_;
   std::vector<TargetSurvey> targets_;
   std::vector<Identity> ancestors_;
   std::map<Identity, std::string> firstNames_;
@@ -243,7 +261,7 @@ OffloadPlan planOffload(const fs::path& source, std::span<const fs::path> target
   if (!folder) locations::fail(operation, source, folder.error());
   std::vector<TargetSurvey> surveys;
   for (std::size_t i = 0; i < roots.size(); ++i) surveys.emplace_back(plan.targets[i], roots[i]);
-  if (const auto error = Planner(plan, std::move(surveys)).planFolder(*folder, {}, {}))
+  if (const auto error = Planner(plan, options, std::move(surveys)).planFolder(*folder, {}, {}))
     locations::fail(operation, source, error);
   return plan;
 }

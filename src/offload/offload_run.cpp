@@ -116,8 +116,10 @@ void OffloadRun::Work::makeFolders() {
       }
       if (error)
         fail(i, t, error);
+      else if (wasThere)
+        set(i, t, CopyState::found);
       else
-        set(i, t, wasThere ? CopyState::found : CopyState::copied);
+        setNew(i, t, CopyState::copied);
     }
   }
 }

@@ -64,6 +64,9 @@ class OffloadRun::Work {
     return report_.copies[item * plan_.targets.size() + target];
   }
   void set(std::size_t item, std::size_t target, CopyState state) { copyOf(item, target).state = state; }
+  void setNew(std::size_t item, std::size_t target, CopyState state) {
+    copyOf(item, target) = {.state = state, .isNew = true};
+  }
   void fail(std::size_t item, std::size_t target, std::error_code error);
   void failAll(std::size_t item, std::error_code error);
   bool progressed(const OffloadProgress& progress);

@@ -114,7 +114,8 @@ void OffloadRun::Work::verifyFound(std::size_t index, const SourceFile& source,
                                    std::optional<std::string> checksum) {
   if (targets.empty()) return;
   if (!checksum) {
-    auto read = checksumOf(source, *options_.checksum, std::nullopt);
+    const auto goesOn = [&](std::uint64_t) { return progressed({.target = targets.front()}); };
+    auto read = checksumOf(source, *options_.checksum, ProgressBlock(goesOn));
     if (!read || !source.isUnchanged()) {
       return failAll(index, read ? OffloadError::sourceChanged : read.error());
     }
@@ -156,6 +157,7 @@ void OffloadRun::Work::complete(Pending& pending) {
     auto& target = pending.copying.targets()[i];
     const auto t = pending.targets[i];
     auto error = target.error;
+    if (!error && options_.checksum && isStopped_) error = items::systemError(std::errc::operation_canceled);
     if (!error && options_.checksum) {
       const auto copy = target.file->reading();
       error = copy ? verify(*copy, t, *pending.copying.checksum()) : copy.error();
@@ -166,7 +168,7 @@ void OffloadRun::Work::complete(Pending& pending) {
       Copying::settle(target, error);
       fail(pending.item, t, error);
     } else {
-      set(pending.item, t, options_.checksum ? CopyState::verified : CopyState::copied);
+      setNew(pending.item, t, options_.checksum ? CopyState::verified : CopyState::copied);
       const bool isLinkLost = plan_.items[pending.item].kind == PlannedKind::hardName;
       copyOf(pending.item, t).unheld = isLinkLost ? target.unheld | Unheld::link : target.unheld;
     }
@@ -179,7 +181,8 @@ void OffloadRun::Work::copyItems(Group items, Folders& folders) {
     const auto kind = plan_.items[item].kind;
     if (kind == PlannedKind::file || kind == PlannedKind::hardName) copyItem(item, folders, pending);
   }
-  sync(pending);
+  // After a stop, what still has to be verified is dropped: nothing needs to wait for its volume.
+  if (!isStopped_ || !options_.checksum) sync(pending);
   for (auto& file : pending) complete(file);
 }
 

@@ -14,8 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Whether what is there is what would be made.
-bool isMade(const LinkReplica& replica, const PlannedItem& item, const items::Status& there,
-            const VolumeTraits& volume) {
+bool isMade(const LinkReplica& replica, const items::Status& there) {
   switch (replica.form) {
     case LinkForm::symbolicLink:
       return items::linkText(replica.place.native()).value_or({}) == replica.target.native();
@@ -26,11 +25,8 @@ bool isMade(const LinkReplica& replica, const PlannedItem& item, const items::St
       const auto other = items::status(replica.target.native());
       return other && other->device == there.device && other->inode == there.inode;
     }
-    case LinkForm::copy: {
-      const auto source = items::status(replica.target.native());
-      return source && source->type == there.type && source->size == there.size &&
-             hasDateOf(item, there, volume);
-    }
+    case LinkForm::copy:
+      break;
   }
   return false;
 }
@@ -68,8 +64,9 @@ void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& 
                             .outside = plan_.outside,
                             .writtenPaths = &target.writtenPaths,
                             .volume = target.volume};
-  const auto source = fs::path(plan_.source) / item.path;
   const bool hasFirst = item.kind == PlannedKind::hardName;
+  const bool isElsewhere = item.kind == PlannedKind::link && !item.origin.empty();
+  const auto source = isElsewhere ? fs::path(item.origin) : fs::path(plan_.source) / item.path;
   const auto first = !hasFirst ? std::nullopt : std::optional(fs::path(plan_.source) / item.origin);
   const auto replica = linkReplica(source, how, first);
   if (replica.refusal == OffloadError::notHeld) {
@@ -77,18 +74,20 @@ void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& 
     return;
   }
   if (replica.refusal) return fail(index, t, replica.refusal);
+  // What is copied was planned as a file, so that its bytes are verified.
+  if (replica.form == LinkForm::copy) return fail(index, t, OffloadError::sourceChanged);
   if (hasFirst) {
     if (const auto error = errorOfFirstName(item, t)) return fail(index, t, error);
   }
   if (const auto there = items::status(nameOf(path), folder->get())) {
-    if (!isMade(replica, item, *there, target.volume)) return fail(index, t, OffloadError::nameIsTaken);
+    if (!isMade(replica, *there)) return fail(index, t, OffloadError::nameIsTaken);
     return set(index, t, CopyState::found);
   }
   offload::makeLink(replica);
-  if (replica.form == LinkForm::symbolicLink || replica.form == LinkForm::aliasFile) {
+  if (replica.form != LinkForm::hardName) {
     items::setModified(nameOf(path), modificationDateOf(item), folder->get());
   }
-  set(index, t, CopyState::copied);
+  setNew(index, t, CopyState::copied);
 }
 
 void OffloadRun::Work::makeLinks() {
@@ -126,7 +125,9 @@ void OffloadRun::Work::forEachLink(FunctionRef<void(std::size_t item, std::size_
     const auto kind = plan_.items[i].kind;
     if (kind != PlannedKind::link && kind != PlannedKind::hardName) continue;
     for (std::size_t t = 0; t < targets_.size(); ++t) {
-      if (copyOf(i, t).state == CopyState::waiting) block(i, t);
+      if (copyOf(i, t).state == CopyState::waiting && !isCopied(plan_.items[i], targets_[t].plan->volume)) {
+        block(i, t);
+      }
     }
   }
 }

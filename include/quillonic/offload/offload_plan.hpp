@@ -17,6 +17,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,7 +31,8 @@ enum class PlannedKind : std::uint8_t {
   folder,
   /// A file is copied.
   file,
-  /// A symbolic link or an alias file is made, or whatever replaces it.
+  /// A symbolic link, an alias file, or one more name of a file of the source is made; or nothing, with the
+  /// reason, if what should replace a link is missing or refused.
   link,
   /// A file that has an earlier name in the source gets one more name in the copy.
   hardName,
@@ -48,8 +50,8 @@ struct PlannedItem {
   std::int64_t size = 0;
   /// The modification date in nanoseconds since 1970.
   std::int64_t modified = 0;
-  /// For a file or folder that replaces a link: where its content is, absolute. For a hard name: the path of
-  /// the file's first name. Else empty.
+  /// For what replaces a link, or is in a folder that does: where it is, absolute. For a hard name: the path
+  /// of the file's first name. Else empty.
   std::string origin;
   /// The system's number of the error that reading the item gave; 0 without one.
   std::int64_t error = 0;
@@ -83,12 +85,22 @@ struct PlannedTarget {
   friend bool operator==(const PlannedTarget&, const PlannedTarget&) = default;
 };
 
+/// What was found so far.
+struct PlanProgress {
+  /// Items of the source.
+  std::uint64_t items = 0;
+  /// The sizes of its files.
+  std::uint64_t bytes = 0;
+};
+
 /// How a plan is made.
 struct PlanOptions {
   /// What replaces links.
   ReplicatedReferenceLinkResolution links = defaultReplicatedReferenceLinkResolution;
   /// What replaces links to the outside.
   OutsideTargets outside = OutsideTargets::keep;
+  /// Called after each item; false stops.
+  std::function<bool(const PlanProgress&)> progress = {};
 };
 
 /// An offload.
@@ -110,8 +122,9 @@ struct OffloadPlan {
 /// Plans to copy all below a folder. Follows no link unless links are replaced by what they refer to; enters
 /// volumes that are mounted below. Looks at each item and at its place in each target, and opens small files
 /// to see whether they are aliases; about 300 bytes of memory per item. An item that cannot be read is
-/// planned as `none`. Throws a `std::system_error` when the source or a target is not a folder that can be
-/// read, and `std::errc::invalid_argument` when one is inside the other.
+/// planned as `none`. Changes nothing. Throws a `std::system_error` when the source or a target is not a folder
+/// that can be read, `std::errc::invalid_argument` when one is inside the other, and
+/// `std::errc::operation_canceled` for a stop.
 QUILLONIC_EXPORT OffloadPlan planOffload(const std::filesystem::path& source,
                                          std::span<const std::filesystem::path> targets,
                                          const PlanOptions& options = {});

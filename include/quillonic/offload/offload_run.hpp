@@ -44,10 +44,12 @@ enum class CopyState : std::uint8_t {
 struct ReportedCopy {
   /// What became of it.
   CopyState state = CopyState::waiting;
-  /// Why it failed.
-  std::error_code error;
+  /// Why it failed, or waits.
+  std::error_code error = {};
   /// What it lacks of its source.
-  Unheld unheld;
+  Unheld unheld = {};
+  /// Whether this run made it.
+  bool isNew = false;
 };
 
 /// What became of every item.
@@ -89,15 +91,19 @@ struct RunOptions {
   /// By target: lists of earlier runs. A copy that is there with size and date, and in the list with these
   /// and a checksum, counts as verified. Other copies that are there are verified anew, against the source.
   std::vector<HashList> verified = {};
-  /// Called on the thread of the step; false stops all steps.
+  /// Called on the thread of the step, without new bytes while only the source is read; false stops all steps.
   std::function<bool(const OffloadProgress&)> progress = {};
 };
 
 /// One run. An item gets its name and its date in a target when its bytes are on the volume and verified; so
 /// what is there with size and date is whole, and a later run of the same or a new plan copies only the rest.
 /// Nothing is ever replaced: another item under the name is `OffloadError::nameIsTaken`, unless it is a file
-/// of the same size and, by its checksum, the same bytes. Nothing is written
-/// where a target's volume was pulled.
+/// of the same size and, by its checksum, the same bytes. Nothing is written where a target's volume was
+/// pulled.
+///
+/// A stop costs what a step was copying: without a checksum one file, else its files that are not verified yet,
+/// together at most 256 MiB, or one larger file. Their items wait, with `std::errc::operation_canceled` where
+/// something was lost. Callers that run no further step stop too, and lose nothing.
 class QUILLONIC_EXPORT OffloadRun {
  public:
   /// Opens the source and the targets, which stay open, and makes the folders. Throws a `std::system_error`
