@@ -6,7 +6,7 @@
 //
 // Given a card instead, it copies that to each target, and then starts the tools on what is new:
 //
-//     offload_app CARD TARGET... [--json] [--unverified]
+//     offload_app CARD TARGET... [--json] [--unverified | --verify-all]
 
 #include <quillonic/filesystem.hpp>
 #include <quillonic/media.hpp>
@@ -222,25 +222,26 @@ int run(const Path& transcoder, const Path& analyzer, const Path& folder, const 
   return 0;
 }
 
-bool isVideo(const Path& file) {
-  const auto extension = fileExtensionOfName(file.filename().native());
-  return extension && isOfKind(*extension, FileKind::video);
+int badUsage() {
+  std::cerr << "usage: offload_app CARD TARGET... [--json] [--unverified | --verify-all]\n"
+               "       offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
+  return rawValue(TranscodeExitStatus::badUsage);
 }
 
 int offloadAndReview(std::vector<Path> words) {
   const bool asJson = std::erase(words, "--json") != 0;
-  const bool verifies = std::erase(words, "--unverified") == 0;
-  const auto copied = offloadCard(words.front(), {words.begin() + 1, words.end()}, asJson, verifies);
+  auto verification = Verification::ofNewFiles;
+  if (std::erase(words, "--verify-all") != 0) verification = Verification::ofAll;
+  if (std::erase(words, "--unverified") != 0) verification = Verification::none;
+  const auto isFlag = [](const Path& word) { return word.native().starts_with("--"); };
+  if (words.size() < 2 || std::ranges::any_of(words, isFlag)) return badUsage();
+  const auto copied = offloadCard(words.front(), {words.begin() + 1, words.end()}, asJson, verification);
   if (!copied.isGood) return rawValue(TranscodeExitStatus::failure);
-  std::vector<Path> clips;
-  for (const auto& file : copied.newFiles) {
-    if (isVideo(file)) clips.push_back(std::filesystem::absolute(file));
-  }
-  if (clips.empty() || asJson) return 0;
+  if (copied.newVideos.empty() || asJson) return 0;
   child::watch(0);
   const auto tools = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   return run(tools / "transcoder_tool", tools / "media_analysis_tool", std::filesystem::absolute(words[1]),
-             std::nullopt, clips);
+             std::nullopt, copied.newVideos);
 }
 
 }  // namespace
@@ -254,12 +255,7 @@ int main(int argc, char** argv) {
     watermark = std::filesystem::absolute(words[4]);
     words.erase(words.begin() + 3, words.begin() + 5);
   }
-  if (!hasCard && words.size() < 4) {
-    std::cerr
-        << "usage: offload_app CARD TARGET... [--json] [--unverified]\n"
-           "       offload_app TRANSCODER_TOOL ANALYSIS_TOOL OUTPUT_FOLDER [--watermark IMAGE] FILE...\n";
-    return rawValue(TranscodeExitStatus::badUsage);
-  }
+  if (!hasCard && words.size() < 4) return badUsage();
   try {
     if (hasCard) return offloadAndReview(std::move(words));
     // Absolute, because a path with a leading hyphen would be read as a flag.
