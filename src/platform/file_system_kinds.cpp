@@ -77,6 +77,8 @@ constexpr auto kinds = std::to_array<FileSystemKind>({
     withoutLinks(local("ntfs", 0x5346544E, windowsNames, 100ns)),
     local("ntfs", 0, windowsNames, 100ns, program),
     local("ntfs-3g", 0, windowsNames, 100ns, program),
+    // A device whose kind is not known: most such volumes have these names.
+    local("fuseblk", 0, windowsNames, 0ns, program),
     local("ntfs3", 0x7366746E, windowsNames, 100ns),
     local("ltfs", 0, tapeNames, 1ns, program),
     withoutLinks(local("hfs", 0x4244, macNames, 1s)),

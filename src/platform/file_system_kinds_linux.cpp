@@ -17,11 +17,12 @@ std::string trueKindOf(const Mount& mount) {
   const auto number = std::to_string(device.major) + ":" + std::to_string(device.minor);
   const auto record = contentsOfFile("/run/udev/data/b" + number).value_or({});
   if (const auto kind = text::valueInLines(record, "E:ID_FS_TYPE=")) return std::string(*kind);
-  // Processes that may read the device find the kind there. The source may be a link to it.
+  // Processes that may read the device, or the file with the volume, find the kind there. The source may be a
+  // link to it.
   struct stat item {};
-  const bool isDevice =
-      mount.source.starts_with('/') && ::stat(mount.source.c_str(), &item) == 0 && S_ISBLK(item.st_mode);
-  const Descriptor volume(isDevice ? ::open(mount.source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+  const bool isReadable = mount.source.starts_with('/') && ::stat(mount.source.c_str(), &item) == 0 &&
+                          (S_ISBLK(item.st_mode) || S_ISREG(item.st_mode));
+  const Descriptor volume(isReadable ? ::open(mount.source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
   const auto start = volume ? bytesOf(volume.number(), 11).value_or({}) : std::string();
   const auto name = std::string_view(start).substr(std::min<std::size_t>(start.size(), 3));
   if (name == "EXFAT   ") return "exfat";

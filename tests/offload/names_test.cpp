@@ -25,6 +25,8 @@ TEST(WrittenNames, AreLegalOnTheirVolumes) {
       {"vfat", "ends with. .", "ends with___"},
       {"ntfs", "CoM1.tar.gz", "CoM1_.tar.gz"},
       {"exfat", "tab\tand\x7f", "tab_and_"},
+      {"fuseblk", "a:b", "a_b"},
+      {"fuse", "a:b", "a:b"},
       {"exfat", "latin-\xe9", "latin-_"},
       {"ext4", "latin-\xe9: con. ", "latin-\xe9: con. "},
       {"hfsplus", "a:b?", "a_b?"},

@@ -26,7 +26,8 @@ struct Volume {
 constexpr Volume volumes[] = {
     {"ext4", "mkfs.ext4 -q \"$1\" && attached mount", 0, 0},
     {"exfat", "mkfs.exfat \"$1\" && { attached mount -t exfat || attached mount.exfat-fuse; }", 5, 2},
-    {"ntfs", "mkfs.ntfs -F -q \"$1\" && attached ntfs-3g", 5, 0},
+    // Without a device, the system only tells that a program serves it.
+    {"ntfs", "mkfs.ntfs -F -q \"$1\" && ntfs-3g \"$1\" \"$2\"", 5, 0},
     {"vfat", "mkfs.vfat \"$1\" && attached mount -o utf8", 5, 2},
 };
 

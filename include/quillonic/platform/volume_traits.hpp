@@ -17,7 +17,8 @@ namespace quillonic {
 
 /// The properties of a volume that decide about copies.
 struct VolumeTraits {
-  /// The kind of file system as in the mount table, "exfat"; empty when unknown.
+  /// The kind of file system as in the mount table, "exfat"; empty when unknown. "fuse" or "fuseblk" only when
+  /// a program serves the volume and nothing more is known.
   std::string kind;
   /// The granularity of modification dates in nanoseconds; 0 when unknown.
   std::int64_t dateGrain = 0;
