@@ -1,11 +1,8 @@
 /// Media hash lists, version 1: the checksums of a folder's files, as XML beside them.
 ///
-///     std::ofstream(root / "A001.mhl") << list.text();
+///     list.write([&](std::string_view piece) { file << piece; });
 ///     const auto again = offload::HashList::fromText(text);
 ///     if (!again) std::cerr << again.error().description();
-///     list.write([&](std::string_view piece) { file << piece; });
-///     auto reading = offload::HashList::fromText(text);
-///     if (const auto* error = std::get_if<ParseError>(&reading)) std::cerr << error->description();
 #pragma once
 
 #include <quillonic/export.hpp>
@@ -68,11 +65,6 @@ struct QUILLONIC_EXPORT HashList {
   /// byte.
   std::string text() const;
 
-  /// Reads a list. Skips unknown elements; takes the first checksum of a file that has several. Refuses what
-  /// is not well formed, a root other than "hashlist", another version, a file without path, size or
-  /// checksum, a number or a date that does not read, document types and any nesting deeper than 64. Takes
-  /// linear time. Paths are as written: see `verifyHashList`.
-  static Result<HashList, ParseError> fromText(std::string_view text);
   /// The same text in pieces, one per file, so that it is nowhere as a whole.
   void write(FunctionRef<void(std::string_view piece)> block) const;
 
@@ -80,7 +72,7 @@ struct QUILLONIC_EXPORT HashList {
   /// what is not well formed, a root other than "hashlist", another version, a file without path, size or
   /// checksum, or with two of one of them or of a date, a number or a date that does not read, document types
   /// and any nesting deeper than 64. Takes linear time. Paths are as written: see `verifyHashList`.
-  static std::variant<HashList, ParseError> fromText(std::string_view text);
+  static Result<HashList, ParseError> fromText(std::string_view text);
 
   friend bool operator==(const HashList&, const HashList&) = default;
 };
