@@ -8,6 +8,9 @@
 // pixels within which a still frame fits; the compression factor is the quality that stays, from 0 to 1.
 // Still frames are JPEG files beside the results file. A folder is analysed with all files in it. A deep
 // analysis decodes everything: it counts the frames and tells what is damaged.
+//
+// Ends with 64 for arguments that it cannot use, 65 for a file that is no media, 66 for one that is missing, 69
+// where ffmpeg is missing, and 73 for results or still frames that it cannot write.
 #include <quillonic/json.hpp>
 #include <quillonic/tool_cli.hpp>
 
@@ -15,11 +18,13 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iomanip>
 #include <iostream>
 #include <set>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "child.hpp"
 #include "probe.hpp"
@@ -30,34 +35,144 @@ using namespace quillonic;
 using nlohmann::ordered_json;
 
 constexpr int wrongArguments = 64;
+constexpr int badInput = 65;
 constexpr int missingInput = 66;
 constexpr int missingProgram = 69;
 constexpr int noOutput = 73;
 
-template <class Error> [[noreturn]] void fail(int exitStatus, Error error, std::string_view about = {}) {
-  throw CLIExitCodeError(exitStatus, make_error_code(error).message().append(" ").append(about));
+std::string_view meaning(MediaAnalysisCLIFlag flag) {
+  switch (flag) {
+    case MediaAnalysisCLIFlag::pathToAnalyze:
+      return "A media file, or a folder with all files in it; repeated for each.";
+    case MediaAnalysisCLIFlag::analysisId:
+      return "A name for the results.";
+    case MediaAnalysisCLIFlag::workDirectory:
+      return "A folder for temporary files.";
+    case MediaAnalysisCLIFlag::resultsFilePath:
+      return "The file for the results, which must not exist; still frames are beside it.";
+    case MediaAnalysisCLIFlag::deepAnalysis:
+      return "Decodes everything, counts the frames and tells what is damaged.";
+  }
+  return {};
+}
+
+std::string_view meaning(MediaAnalysisImageCLIFlags flag) {
+  switch (flag) {
+    case MediaAnalysisImageCLIFlags::compressionFactor:
+      return "The quality of a still frame, from 0 to 1; 0.8 without it.";
+    case MediaAnalysisImageCLIFlags::snapshotLocation:
+      return "The place of a still frame, from 0 for the first to 1 for the last; repeated for each.";
+    case MediaAnalysisImageCLIFlags::maxImageWidth:
+      return "Its greatest width in pixels, from 1.";
+    case MediaAnalysisImageCLIFlags::imageHeight:
+      return "Its greatest height in pixels, from 1.";
+    case MediaAnalysisImageCLIFlags::allowFinderImages:
+      return "Has no effect: still frames are always decoded.";
+  }
+  return {};
+}
+
+std::string_view sentence(MediaAnalysisCLIError error) {
+  switch (error) {
+    case MediaAnalysisCLIError::pathToAnalyzeNotSupplied:
+      return "-pathToAnalyze is missing";
+    case MediaAnalysisCLIError::pathToAnalyzeDoesNotExist:
+      return "there is no such file or folder to analyse";
+    case MediaAnalysisCLIError::workDirectoryNotSupplied:
+      return "-workDirectory is missing";
+    case MediaAnalysisCLIError::workDirectoryDoesNotExist:
+      return "-workDirectory is no folder";
+    case MediaAnalysisCLIError::resultsFilePathNotSupplied:
+      return "-resultsFilePath is missing";
+    case MediaAnalysisCLIError::resultsFileAlreadyExists:
+      return "-resultsFilePath exists already";
+    case MediaAnalysisCLIError::resultsFilePathNotCreated:
+      return "-resultsFilePath cannot be written";
+  }
+  return {};
+}
+
+std::string_view sentence(MediaAnalysisCLIImageError error) {
+  switch (error) {
+    case MediaAnalysisCLIImageError::missingSnapshotLocations:
+      return "-snapshotLocation is missing, which still frames need";
+    case MediaAnalysisCLIImageError::missingMaxImageWidth:
+      return "-maxImageWidth is missing, which still frames need";
+  }
+  return {};
+}
+
+template <class Flag> void printFlags() {
+  for (const auto flag : allCases<Flag>()) {
+    std::cout << "  " << std::left << std::setw(28)
+              << std::string(cliFlag(flag)) + (acceptsArguments(flag) ? " VALUE" : "") << meaning(flag)
+              << '\n';
+  }
+}
+
+void printHelp() {
+  std::cout << "usage: media_analysis_tool -pathToAnalyze PATH -workDirectory FOLDER -resultsFilePath FILE "
+               "[FLAG [VALUE]]...\n";
+  printFlags<MediaAnalysisCLIFlag>();
+  printFlags<MediaAnalysisImageCLIFlags>();
+}
+
+[[noreturn]] void fail(int exitStatus, MediaAnalysisCLIError error, const std::string& about) {
+  throw CLIExitCodeError(exitStatus, about + ": " + std::string(sentence(error)));
+}
+
+// A sentence for each argument that cannot be used.
+std::vector<std::string> problems(const MediaAnalysisCLIArguments& arguments) {
+  std::vector<std::string> sentences;
+  const auto known = [](std::string_view flag) {
+    constexpr auto lower = CLISanitizationOptions::lowercase;
+    for (const auto& flags : {sanitizeAllCLIFlags<MediaAnalysisCLIFlag>(lower),
+                              sanitizeAllCLIFlags<MediaAnalysisImageCLIFlags>(lower),
+                              sanitizeAllCLIFlags<CLICustodialFlag>(lower)}) {
+      if (std::ranges::find(flags, flag) != flags.end()) return true;
+    }
+    return false;
+  };
+  for (const auto& [flag, value] : arguments.setAside) {
+    sentences.push_back(flag + (!known(flag) ? " is no flag of the tool"
+                                : value      ? ": cannot use \"" + *value + '"'
+                                             : " needs a value"));
+  }
+  for (const auto error : arguments.errors) sentences.emplace_back(sentence(error));
+  for (const auto error : arguments.imageErrors) sentences.emplace_back(sentence(error));
+  if (!arguments.image) return sentences;
+
+  const auto check = [&](MediaAnalysisImageCLIFlags flag, bool isInRange) {
+    if (isInRange) return;
+    sentences.push_back(std::string(cliFlag(flag)) + " is out of range. " + std::string(meaning(flag)));
+  };
+  const auto& image = *arguments.image;
+  const auto isPart = [](float value) { return value >= 0 && value <= 1; };
+  for (const float location : image.snapshotLocations) {
+    check(MediaAnalysisImageCLIFlags::snapshotLocation, isPart(location));
+  }
+  check(MediaAnalysisImageCLIFlags::maxImageWidth, image.maxImageWidth >= 1);
+  check(MediaAnalysisImageCLIFlags::imageHeight, image.imageHeight.value_or(1) >= 1);
+  check(MediaAnalysisImageCLIFlags::compressionFactor, isPart(image.compressionFactor.value_or(1)));
+  return sentences;
 }
 
 void check(const MediaAnalysisCLIArguments& arguments) {
-  for (const auto& [flag, value] : arguments.setAside) {
-    std::cerr << "ignored: " << flag << ' ' << value.value_or("") << '\n';
+  std::string refused;
+  for (const auto& problem : problems(arguments)) refused.append("\n  ").append(problem);
+  if (!refused.empty()) {
+    throw CLIExitCodeError(wrongArguments, "cannot use these arguments; -h lists all flags" + refused);
   }
-  for (const auto error : arguments.errors) fail(wrongArguments, error);
-  for (const auto error : arguments.imageErrors) fail(wrongArguments, error);
-  if (arguments.image && arguments.image->allowFinderImages) {
-    std::cerr << "ignored: -allowfinderimages, because still frames are always decoded\n";
-  }
-
   std::error_code ignored;
-  const auto exists = [&](const std::string& path) { return std::filesystem::exists(path, ignored); };
   const auto& basic = *arguments.basic;
   for (const auto& path : basic.pathsToAnalyze) {
-    if (!exists(path)) fail(missingInput, MediaAnalysisCLIError::pathToAnalyzeDoesNotExist, path);
+    if (!std::filesystem::exists(path, ignored))
+      fail(missingInput, MediaAnalysisCLIError::pathToAnalyzeDoesNotExist, path);
   }
-  if (!exists(basic.workDirectory)) {
+  if (!std::filesystem::is_directory(basic.workDirectory, ignored)) {
     fail(missingInput, MediaAnalysisCLIError::workDirectoryDoesNotExist, basic.workDirectory);
   }
-  if (exists(basic.resultsFilePath)) {
+  if (std::filesystem::exists(basic.resultsFilePath, ignored)) {
     fail(noOutput, MediaAnalysisCLIError::resultsFileAlreadyExists, basic.resultsFilePath);
   }
 }
@@ -77,11 +192,7 @@ class Snapshots {
     auto taken = ordered_json::array();
     for (const float location : options_.snapshotLocations) {
       ordered_json one{{"location", location}};
-      if (!(location >= 0 && location <= 1)) {
-        one["error"] = "a location is a part of the duration, from 0 to 1";
-      } else {
-        takeOne(name, media, static_cast<double>(location), one);
-      }
+      takeOne(name, media, static_cast<double>(location), one);
       taken.push_back(std::move(one));
     }
     return taken;
@@ -99,8 +210,7 @@ class Snapshots {
     const auto width = std::to_string(options_.maxImageWidth);
     const auto fit =
         options_.imageHeight ? "min(" + width + "," + std::to_string(*options_.imageHeight) + "*dar)" : width;
-    const double quality =
-        std::clamp(static_cast<double>(options_.compressionFactor.value_or(0.8F)), 0.0, 1.0);
+    const auto quality = static_cast<double>(options_.compressionFactor.value_or(0.8F));
     child::PartFile part(file);
     const auto out = folder_.link(part.path(), "out" + std::to_string(number_));
     child::Child ffmpeg(
@@ -185,15 +295,36 @@ std::vector<std::filesystem::path> filesIn(const std::vector<std::string>& paths
   return files;
 }
 
-void analyze(const MediaAnalysisCLIArguments& arguments) {
+// Says what of a result failed; the results file says it too. The exit status for it: folders may hold files
+// that are no media.
+int report(const std::filesystem::path& path, bool isNamed, const ordered_json& result) {
+  const auto say = [&](const std::string& what, const ordered_json& entry) {
+    std::cerr << path.native() << ": " << what << entry["error"].get<std::string>() << '\n';
+  };
+  int status = 0;
+  if (result.contains("error")) {
+    say("", result);
+    if (isNamed) status = badInput;
+  }
+  for (const auto& snapshot : result.value("snapshots", ordered_json::array())) {
+    if (!snapshot.contains("error")) continue;
+    say("no still frame at " + snapshot["location"].dump() + ": ", snapshot);
+    status = noOutput;
+  }
+  return status;
+}
+
+int analyze(const MediaAnalysisCLIArguments& arguments) {
   const auto& basic = *arguments.basic;
   const auto files = filesIn(basic.pathsToAnalyze);
+  if (files.empty()) throw CLIExitCodeError(missingInput, "the folders to analyse have no files");
   ordered_json results;
   if (basic.analysisId) results["analysisId"] = toJson(CodedValue(*basic.analysisId));
   if (arguments.custodial) results["parentPid"] = arguments.custodial->parentProcessId;
   results["deep"] = basic.deepAnalysis;
   results["files"] = ordered_json::array();
 
+  int status = 0;
   try {
     child::PartFile part(basic.resultsFilePath);
     const child::PrivateFolder folder(basic.workDirectory);
@@ -201,11 +332,15 @@ void analyze(const MediaAnalysisCLIArguments& arguments) {
     if (arguments.image) snapshots.emplace(arguments, folder);
     for (const auto& path : files) {
       const auto name = "in" + std::to_string(results["files"].size());
-      results["files"].push_back(
+      const auto& result = results["files"].emplace_back(
           resultFor(path, folder, name, basic.deepAnalysis, snapshots ? &*snapshots : nullptr));
+      const bool isNamed =
+          std::ranges::find(basic.pathsToAnalyze, path.native()) != basic.pathsToAnalyze.end();
+      if (const int failure = report(path, isNamed, result)) status = failure;
     }
     std::ofstream(part.path()) << results.dump(2) << '\n';
     if (const auto error = part.finish(false)) throw std::system_error(error);
+    return status;
   } catch (const std::system_error& error) {
     std::cerr << error.what() << '\n';
     fail(noOutput, MediaAnalysisCLIError::resultsFilePathNotCreated, basic.resultsFilePath);
@@ -215,14 +350,17 @@ void analyze(const MediaAnalysisCLIArguments& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 2 && (argv[1] == std::string_view("-h") || argv[1] == std::string_view("--help"))) {
+    printHelp();
+    return 0;
+  }
   try {
     const auto arguments = MediaAnalysisCLIArguments::read(ArgumentWords::fromMain(argc, argv));
     child::watch(arguments.custodial ? arguments.custodial->parentProcessId : 0);
     check(arguments);
-    analyze(arguments);
-    return 0;
+    return analyze(arguments);
   } catch (const CLIExitCodeError& error) {
-    std::cerr << error.what() << '\n';
+    std::cerr << "media_analysis_tool: " << error.what() << '\n';
     return error.exitStatus();
   } catch (const child::MissingProgram& program) {
     std::cerr << program.what() << " is missing: install the package ffmpeg\n";

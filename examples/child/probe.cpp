@@ -112,11 +112,12 @@ Rate Rate::fromNumber(double perSecond) {
 }
 
 Probe::Probe(const PrivateFolder& folder, const std::string& file, bool countFrames)
-    : child_(ffprobe(folder, file, countFrames)) {}
+    : prefix_(file + ": "), child_(ffprobe(folder, file, countFrames)) {}
 
 const Media& Probe::media() {
   if (!media_) {
-    const auto result = collect(child_);
+    auto result = collect(child_);
+    if (result.errors.starts_with(prefix_)) result.errors.erase(0, prefix_.size());
     auto found = json::parse(result.output, nullptr, false);
     if (result.status != 0 || !found.is_object() || found.value("streams", json::array()).empty()) {
       throw UnreadableMedia(result.errors.empty() ? "it has no media" : result.errors);

@@ -63,6 +63,7 @@ class Probe {
   const std::string& damage() const { return damage_; }
 
  private:
+  std::string prefix_;  // of sentences about the file, whose harmless name says nothing to people
   Child child_;
   std::optional<Media> media_;
   std::string damage_;

@@ -123,7 +123,7 @@ TEST(MediaAnalysisTool, DoesWhatItsParentAsksFor) {
                 .errors,
             "");
   const auto basic = Factory::buildBasicOptions({media, card}, work, results, "A 7", true);
-  const auto image = Factory::buildImageOptions({0, 0.4F, 1, 1.5F}, 120, 30, 0.9F, false);
+  const auto image = Factory::buildImageOptions({0, 0.4F, 1}, 120, 30, 0.9F, false);
   const auto custodial = Factory::custodialOptions(getpid());
   const auto words = wordsOf({&basic, &image, &custodial});
 
@@ -132,8 +132,8 @@ TEST(MediaAnalysisTool, DoesWhatItsParentAsksFor) {
   const auto found = contentOf(results);
   // The clip, then the folder's files: the broken one and the clip again.
   for (const auto text : {"\"analysisId\": \"A 7\"", "\"deep\": true", "\"timecode\": \"01:02:03:04\"",
-                          "\"frameRate\": \"50/1\"", "\"width\": 160", "\"nb_read_frames\": \"50\"",
-                          "\"location\": 1.5,\n          \"error\"", "$bytes", "Invalid data found"}) {
+                          "\"frameRate\": \"50/1\"", "\"width\": 160", "\"nb_read_frames\": \"50\"", "$bytes",
+                          "Invalid data found"}) {
     EXPECT_NE(found.find(text), std::string::npos) << text << found;
   }
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(work), {}), 0);
@@ -150,10 +150,21 @@ TEST(MediaAnalysisTool, DoesWhatItsParentAsksFor) {
 
   const auto second = runChild(tool, words);
   EXPECT_EQ(second.exitStatus, 73);
-  EXPECT_EQ(second.errors, "resultsFileAlreadyExists " + results + "\n");
-  const auto third = runChild(tool, {"-deepAnalysis", "-newer", "flag"});
-  EXPECT_EQ(third.exitStatus, 64);
-  EXPECT_EQ(third.errors, "ignored: -newer flag\npathToAnalyzeNotSupplied \n");
+  EXPECT_EQ(second.errors, "media_analysis_tool: " + results + ": -resultsFilePath exists already\n");
+  const auto third = runChild(tool, {"-workDirectory", work, "-resultsFilePath", folder / "named.json",
+                                     "-pathToAnalyze", card / "broken \xff.mov"});
+  EXPECT_EQ(third.exitStatus, 65);
+  EXPECT_NE(third.errors.find(": Invalid data found"), std::string::npos) << third.errors;
+  const auto refused =
+      runChild(tool, {"-newer", "flag", "-imageHeight", "0.5", "-snapshotLocation", "1.5",
+                      "-snapshotLocation", "nan", "-maxImageWidth", "0", "-compressionFactor", "x"});
+  EXPECT_EQ(refused.exitStatus, 64);
+  const std::string_view sentences[] = {"-newer is no flag",      "-compressionfactor: cannot use \"x\"",
+                                        "-workDirectory is miss", "-snapshotLocation is out of range",
+                                        "-maxImageWidth is out",  "-imageHeight is out"};
+  for (const auto sentence : sentences) {
+    EXPECT_NE(refused.errors.find(sentence), std::string::npos) << sentence << refused.errors;
+  }
 }
 
 }  // namespace
