@@ -17,6 +17,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -152,9 +153,11 @@ int failed(const char* command, int error) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::cerr << "usage: activity_tool COMMAND [ARGUMENT...]\n";
-    return 64;
+  const std::string_view first = argc > 1 ? argv[1] : "";
+  if (first.empty() || first.front() == '-') {
+    const bool asksForHelp = first == "-h" || first == "--help";
+    (asksForHelp ? std::cout : std::cerr) << "usage: activity_tool COMMAND [ARGUMENT...]\n";
+    return asksForHelp ? 0 : 64;
   }
   // Waited for below; the command gets none of them blocked.
   sigset_t signals;

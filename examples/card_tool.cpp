@@ -166,8 +166,7 @@ void printTable(const CardContents& contents) {
             << " others\n";
   for (const auto& problem : contents.problems) std::cout << "! " << shown(description(problem)) << '\n';
   for (const auto& item : contents.unread)
-    std::cout << "! " << (item.path.empty() ? "The folder" : shown(item.path))
-              << " cannot be read: " << item.error.message() << '\n';
+    std::cout << "! " << shown(item.path) << " cannot be read: " << item.error.message() << '\n';
 }
 
 }  // namespace
@@ -176,17 +175,19 @@ int main(int argc, char** argv) {
   const std::vector<std::string_view> words(argv + 1, argv + argc);
   std::vector<std::string_view> folders;
   std::ranges::copy_if(words, std::back_inserter(folders), [](auto word) { return word != "--json"; });
-  if (folders.size() != 1 || folders.front() == "--help") {
-    std::cerr << "usage: card_tool DIR [--json]\n";
-    return 2;
+  if (folders.size() != 1 || folders.front().starts_with('-')) {
+    const bool asksForHelp = folders.size() == 1 && (folders[0] == "-h" || folders[0] == "--help");
+    (asksForHelp ? std::cout : std::cerr) << "usage: card_tool DIR [--json]\n";
+    return asksForHelp ? 0 : 2;
   }
   const auto contents = contentsOf(std::filesystem::path(folders.front()));
+  const auto unread = std::ranges::find(contents.unread, "", &UnreadItem::path);
+  const bool isMissing = unread != contents.unread.end();
+  if (isMissing) std::cerr << "card_tool: " << folders.front() << ": " << unread->error.message() << '\n';
   if (folders.size() < words.size()) {
     printJson(contents);
-  } else {
+  } else if (!isMissing) {
     printTable(contents);
   }
-  const bool isMissing =
-      std::ranges::any_of(contents.unread, [](const auto& item) { return item.path.empty(); });
   return isMissing ? 1 : 0;
 }

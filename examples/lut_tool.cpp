@@ -38,10 +38,18 @@ struct Exit {
   int status;
 };
 
-[[noreturn]] void endWithUsage() {
-  std::cerr << "usage: lut_tool info FILE... | apply FILE [--interpolation KIND] | convert FILE OUT.cube "
-               "[--size N]\n"
-               "       | join A B OUT.cube | curves FILE OUT.svg\n";
+constexpr std::string_view usage =
+    "usage: lut_tool info FILE...\n"
+    "       lut_tool apply FILE [--interpolation nearest|linear|trilinear|tetrahedral]   (colours on "
+    "standard "
+    "input)\n"
+    "       lut_tool convert FILE OUT.cube [--size N]\n"
+    "       lut_tool join A B OUT.cube\n"
+    "       lut_tool curves FILE OUT.svg\n";
+
+// The sentence says what is wrong; without one, the usage says what is right.
+[[noreturn]] void endWithUsage(std::string_view sentence = {}) {
+  std::cerr << (sentence.empty() ? usage : sentence) << (sentence.empty() ? "" : "\n");
   throw Exit{usageStatus};
 }
 
@@ -127,7 +135,9 @@ void apply(Words words) {
   ApplierOptions options;
   if (words.size() == 3 && words[1] == "--interpolation") {
     const auto interpolation = interpolationOf(words[2]);
-    if (!interpolation) endWithUsage();
+    if (!interpolation) {
+      endWithUsage("--interpolation: \"" + words[2] + "\" is not nearest, linear, trilinear or tetrahedral");
+    }
     options.interpolation = *interpolation;
   } else if (words.size() != 1) {
     endWithUsage();
@@ -157,7 +167,9 @@ void convert(Words words) {
     const auto& word = words[3];
     std::size_t number = 0;
     const auto [last, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (error != std::errc() || last != word.data() + word.size()) endWithUsage();
+    if (error != std::errc() || last != word.data() + word.size()) {
+      endWithUsage("--size: \"" + word + "\" is no whole number");
+    }
     size = number;
   } else if (words.size() != 2) {
     endWithUsage();
@@ -165,7 +177,10 @@ void convert(Words words) {
   auto lut = readOrEnd(words[0]);
   if (size) {
     auto other = resampled(lut, *size);
-    if (!other) endWithUsage();
+    if (!other) {
+      endWithUsage("--size: a cube has " + std::to_string(leastSize) + " to " + std::to_string(greatestEdge) +
+                   " points on an axis, other tables up to " + std::to_string(greatestSize1D));
+    }
     lut = *std::move(other);
   }
   writeCube(lut, words[1]);
@@ -182,7 +197,10 @@ void join(Words words) {
   const auto first = readOrEnd(words[0]);
   const auto second = readOrEnd(words[1]);
   const auto both = joined(first, second, sizeOfJoined(first.description(), second.description()));
-  if (!both) throw Exit{unwritableStatus};
+  if (!both) {
+    std::cerr << words[0] << " and " << words[1] << " cannot be joined\n";
+    throw Exit{unwritableStatus};
+  }
   writeCube(both->lut, words[2]);
   std::cout << "error_at_points: " << static_cast<double>(both->errorAtPoints)
             << "\nerror_at_centers: " << static_cast<double>(both->errorAtCenters) << '\n';
@@ -213,6 +231,7 @@ void drawCurves(Words words) {
 
 int main(int argc, char** argv) {
   const std::vector<std::string> all(argv + 1, argv + argc);
+  if (all.size() == 1 && (all[0] == "-h" || all[0] == "--help")) return (std::cout << usage).flush() ? 0 : 1;
   try {
     if (all.size() < 2) endWithUsage();
     const Words words = std::span(all).subspan(1);

@@ -12,9 +12,10 @@ using namespace quillonic;
 
 int main(int argc, char** argv) {
   const std::string_view option = argc > 1 ? argv[1] : "";
-  if (argc > 2 || (!option.empty() && option != "--json")) {
-    std::cerr << "usage: machine_tool [--json]\n";
-    return 64;
+  const bool asksForHelp = argc == 2 && (option == "-h" || option == "--help");
+  if (argc > 2 || asksForHelp || (argc == 2 && option != "--json")) {
+    (asksForHelp ? std::cout : std::cerr) << "usage: machine_tool [--json]\n";
+    return asksForHelp ? 0 : 64;
   }
   const auto machine = host::describeMachine();
   const auto transcodes = host::recommendedConcurrentTranscodes(machine);

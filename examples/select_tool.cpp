@@ -76,12 +76,15 @@ int main(int argc, char** argv) {
   WalkOptions options;
   char end = '\n';
   int option = 0;
-  while ((option = getopt(argc, argv, "+0ax")) != -1) {
+  while ((option = getopt(argc, argv, "+0ahx")) != -1) {
     if (option == '0') end = '\0';
     if (option == 'a') options.seesHidden = true;
     if (option == 'x') options.entersMountPoints = true;
-    if (option == '?') std::cerr << usage;
-    if (option == '?') return wrongArguments;
+    if (option == 'h') return (std::cout << usage).flush() ? 0 : incomplete;
+    if (option == '?') {
+      std::cerr << usage;
+      return wrongArguments;
+    }
   }
   if (optind >= argc) {
     std::cerr << usage;

@@ -43,6 +43,7 @@ template <class Flag> void printFlags(std::string_view family) {
 }
 
 void printHelp() {
+  std::cout << "usage: transcoder_tool -in FILE [-in_0_1 FILE]... -out FILE [FLAG [VALUE]]...\n";
   printFlags<VAVTranscodeCliCommand>("commands");
   printFlags<VAVTranscodeArgumentFlag>("files");
   printFlags<VAVTranscodeVideoArgumentFlag>("video");
@@ -136,7 +137,7 @@ void run(ArgumentWords words) {
   if (const auto name = settings.preset())
     settings.apply(*presetWithCliValue(*name), ApplyLayer::belowWhatIsSet);
   if (settings.inputFilePaths().empty() || !settings.outputFile())
-    transcoder::refuse("an input file and an output file are needed");
+    transcoder::refuse("an input file and an output file are needed: -in FILE -out FILE; -h lists all flags");
 
   const auto work = settings.workDirectory().value_or(std::filesystem::temp_directory_path());
   if (!std::filesystem::is_directory(work))
