@@ -1,7 +1,8 @@
 /// A view of the words of a command line.
 ///
 ///     int main(int argc, char** argv) {
-///       TranscodeCliArguments settings(ArgumentWords::fromMain(argc, argv));
+///       const auto [parent, words] = CLICustodialOptions::read(ArgumentWords::fromMain(argc, argv));
+///       TranscodeCliArguments settings(words);
 ///     }
 #pragma once
 
