@@ -20,7 +20,9 @@ TEST(OffloadApp, FindsNothingToDoTheSecondTime) {
   folder.link("card/latest", "DCIM/A001.dat");
   const auto first = folder.folder("first");
   const auto second = folder.folder("second");
-  const auto run = [&] { return runChild(program, {folder / "card", first, second, "--json"}); };
+  const auto run = [&](const char* flag = "--json") {
+    return runChild(program, {folder / "card", first, second, "--json", flag});
+  };
   const auto copying = run();
   EXPECT_EQ(copying.exitStatus, 0);
   EXPECT_THAT(copying.output, testing::HasSubstr("\"verified\": 2"));
@@ -29,6 +31,10 @@ TEST(OffloadApp, FindsNothingToDoTheSecondTime) {
   EXPECT_THAT(again.output,
               testing::AllOf(testing::HasSubstr("\"found\": 4"), testing::HasSubstr("\"good\": true"),
                              testing::Not(testing::HasSubstr("verified"))));
+  folder.file("second/card/DCIM/A001.dat", "a clop");
+  fs::last_write_time(second / "card/DCIM/A001.dat", fs::last_write_time(folder / "card/DCIM/A001.dat"));
+  EXPECT_EQ(run().exitStatus, 0);
+  EXPECT_THAT(run("--verify-all").output, testing::HasSubstr("\"failed\": 1"));
   const auto reading = offload::HashList::fromText(contentOf(second / "card/card.mhl"));
   EXPECT_EQ(reading.value().entries.size(), 2U);
 }

@@ -239,6 +239,34 @@ TEST(OffloadPlan, FollowsLinksWhereTheirTargetsAreCopied) {
   EXPECT_EQ(run.finish().count(0, CopyState::failed), 1U);
   EXPECT_EQ(contentOf(folder / "copy/folder/clip"), "clip");
   EXPECT_EQ(errorOf([&] { planOffload(folder.path(), targets); }), std::errc::invalid_argument);
+  PlanOptions stopping;
+  stopping.progress = [](const PlanProgress& progress) { return progress.items < 2; };
+  EXPECT_EQ(errorOf([&] { planOffload(folder / "card", targets, stopping); }), std::errc::operation_canceled);
+}
+
+// By what replaces links. Bytes in the copy were all verified.
+TEST(OffloadRun, VerifiesWhatReplacesLinks) {
+  const TemporaryFolder folder;
+  folder.link("card/link", folder.file("card/clip", "clip"));
+  createAliasForFilePath(folder / "card/clip", folder / "card/alias");
+  createAliasForFilePath(folder.file("card/gone", ""), folder / "card/dangling");
+  fs::remove(folder / "card/gone");
+  const std::pair<std::size_t, std::size_t> verifiedAndFailed[] = {{2, 0}, {2, 0}, {3, 1}, {3, 0}};
+  for (const auto links : allCases<ReplicatedReferenceLinkResolution>()) {
+    SCOPED_TRACE(rawValue(links));
+    const fs::path targets[] = {folder.folder("copy " + std::to_string(rawValue(links)))};
+    OffloadRun run(planOffload(folder / "card", targets, {.links = links}), {.checksum = &sum});
+    for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);
+    const auto& report = run.finish();
+    const auto [verified, failed] = verifiedAndFailed[rawValue(links)];
+    EXPECT_EQ(report.count(0, CopyState::verified), verified);
+    EXPECT_EQ(report.count(0, CopyState::failed), failed);
+    for (std::size_t i = 0; i < run.plan().items.size(); ++i) {
+      const auto& path = run.plan().items[i].path;
+      if (report.copy(i, 0).state != CopyState::verified) continue;
+      EXPECT_EQ(report.checksums[i], checksumOfFile(targets[0] / path, sum)) << path;
+    }
+  }
 }
 
 TEST(HashList, ReadsWhatItWritesAndRefusesTheRest) {
