@@ -191,7 +191,7 @@ HashList readList(std::string_view text) {
 }
 
 std::error_code verify(const HashListEntry& entry, FoldersBelow& folders,
-                       std::span<const ChecksumKind* const> kinds) {
+                       std::span<const ChecksumKind* const> kinds, ProgressBlock progress) {
   const auto kind =
       std::ranges::find_if(kinds, [&](const ChecksumKind* known) { return known->name == entry.kind; });
   if (kind == kinds.end() || !isBelow(entry.file)) return std::make_error_code(std::errc::invalid_argument);
@@ -200,7 +200,7 @@ std::error_code verify(const HashListEntry& entry, FoldersBelow& folders,
   const auto file = SourceFile::open(nameOf(entry.file), folder->get());
   if (!file) return file.error();
   if (file->status().size != entry.size) return OffloadError::contentDiffers;
-  const auto checksum = checksumOf(*file, **kind, std::nullopt);
+  const auto checksum = checksumOf(*file, **kind, progress);
   if (!checksum) return checksum.error();
   return *checksum == ascii::loweredText(entry.checksum) ? std::error_code() : OffloadError::contentDiffers;
 }
@@ -254,14 +254,19 @@ Result<HashList, ParseError> HashList::fromText(std::string_view text) {
 
 void verifyHashList(const HashList& list, const std::filesystem::path& folder,
                     std::span<const ChecksumKind* const> kinds,
-                    FunctionRef<void(const VerifiedEntry& result, bool& stop)> didVerify) {
+                    FunctionRef<void(const VerifiedEntry& result, bool& stop)> didVerify,
+                    std::optional<ProgressBlock> progress) {
   auto root = openedRoot(folder);
   if (!root) throw std::filesystem::filesystem_error("cannot open folder", folder, root.error());
   FoldersBelow folders(*std::move(root));
+  std::uint64_t done = 0;
+  const auto goesOn = [&](std::uint64_t bytes) { return !progress || (*progress)(done + bytes); };
   bool stop = false;
-  for (const auto& entry : list.entries) {
-    didVerify({&entry, verify(entry, folders, kinds)}, stop);
-    if (stop) return;
+  for (auto entry = list.entries.begin(); entry != list.entries.end() && !stop; ++entry) {
+    const auto error = verify(*entry, folders, kinds, goesOn);
+    if (error == std::errc::operation_canceled) return;
+    didVerify({&*entry, error}, stop);
+    done += entry->size;
   }
 }
 

@@ -33,8 +33,8 @@ bool isMade(const LinkReplica& replica, const items::Status& there) {
 
 }  // namespace
 
-// A file gets one more name only if it was copied, and if both names are still those of one file in the source:
-// else the new name would be that of other bytes.
+// A file gets one more name only if it was copied, and if both names are still those of one file in the
+// source: else the new name would be that of other bytes.
 std::error_code OffloadRun::Work::errorOfFirstName(const PlannedItem& item, std::size_t target) const {
   const auto first = firstNames_.find(item.origin);
   if (first == firstNames_.end() || !isThere(report_.copy(first->second, target).state)) {

@@ -85,7 +85,7 @@ bool isAutomountKind(std::string_view mountedKind) noexcept;
 inline constexpr std::uint32_t programServedMagic = 0x65735546;
 
 // The kind of a volume: that of the mount table, or if this is only "fuse" or begins with "fuseblk", that of
-// the device database, or that which the device or the file that has the volume begins with, if known: "exfat".
+// the device database, or of what the device or the file with the volume begins with, if known: "exfat".
 std::string trueKindOf(const Mount& mount);
 
 // What is known of a mount's true kind, or null.

@@ -234,9 +234,9 @@ TEST(OffloadPlan, FollowsLinksWhereTheirTargetsAreCopied) {
   const auto plan =
       planOffload(folder / "card", targets, {.links = ReplicatedReferenceLinkResolution::copyOriginalSource});
   OffloadRun run(plan, {});
-  for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);
-  EXPECT_EQ(run.finish().count(0, CopyState::copied), 2U);
-  EXPECT_EQ(run.finish().count(0, CopyState::failed), 1U);
+  const auto& report = runAll(run);
+  EXPECT_EQ(report.count(0, CopyState::copied), 2U);
+  EXPECT_EQ(report.count(0, CopyState::failed), 1U);
   EXPECT_EQ(contentOf(folder / "copy/folder/clip"), "clip");
   EXPECT_EQ(errorOf([&] { planOffload(folder.path(), targets); }), std::errc::invalid_argument);
   PlanOptions stopping;
@@ -256,8 +256,7 @@ TEST(OffloadRun, VerifiesWhatReplacesLinks) {
     SCOPED_TRACE(rawValue(links));
     const fs::path targets[] = {folder.folder("copy " + std::to_string(rawValue(links)))};
     OffloadRun run(planOffload(folder / "card", targets, {.links = links}), {.checksum = &sum});
-    for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);
-    const auto& report = run.finish();
+    const auto& report = runAll(run);
     const auto [verified, failed] = verifiedAndFailed[rawValue(links)];
     EXPECT_EQ(report.count(0, CopyState::verified), verified);
     EXPECT_EQ(report.count(0, CopyState::failed), failed);
@@ -339,6 +338,11 @@ TEST(HashList, IsVerifiedWithinItsFolder) {
                                    make_error_code(OffloadError::contentDiffers).default_error_condition(),
                                    std::error_condition(std::errc::no_such_file_or_directory), invalid,
                                    std::error_condition(std::errc::too_many_symbolic_link_levels), invalid));
+  int count = 0;
+  verifyHashList(
+      list, folder / "root", kinds, [&](const VerifiedEntry&, bool&) { ++count; },
+      ProgressBlock([](std::uint64_t bytes) { return bytes < 2; }));
+  EXPECT_EQ(count, 1);
 }
 
 #ifdef HAS_CHECKSUMS

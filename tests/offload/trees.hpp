@@ -71,6 +71,11 @@ inline void expectOnlyWholeFiles(const offload::OffloadPlan& plan, std::size_t i
   }
 }
 
+inline const offload::OffloadReport& runAll(offload::OffloadRun& run) {
+  for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);
+  return run.finish();
+}
+
 inline std::size_t partialCount(const fs::path& folder) {
   std::size_t count = 0;
   for (const auto& item : fs::recursive_directory_iterator(folder)) {

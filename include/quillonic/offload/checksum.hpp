@@ -29,8 +29,8 @@ class QUILLONIC_EXPORT Hasher {
 
 /// A kind of checksum.
 struct ChecksumKind {
-  /// The element's name in a media hash list: "xxhash64be", "md5" or "sha1"; any other for a kind that no
-  /// such list has.
+  /// The element's name in a media hash list, as in `HashListEntry`; any other for a kind that no such list
+  /// has.
   std::string name;
   /// A new hasher, never null. Any thread may call it.
   std::function<std::unique_ptr<Hasher>()> hasher;

@@ -1,6 +1,7 @@
 /// When a copy is good.
 ///
-///     auto match = offload::matchOfCopy(attributesOfClip, attributesOfCopy, {.volume = VolumeTraits::at(copy)});
+///     const auto volume = VolumeTraits::at(copy);
+///     auto match = offload::matchOfCopy(attributesOfClip, attributesOfCopy, {.volume = volume});
 ///     if (match.level != MatchLevel::full && !match.isExpected()) report(match.differences);
 #pragma once
 
@@ -63,7 +64,8 @@ struct CopyMatchOptions {
   VolumeTraits volume = {};
   /// What is compared besides the checksums.
   std::span<const FileAttributeKey> keys = copiedAttributeKeys();
-  /// Of both contents; compared if both are present. Without them, equal sizes count as equal contents.
+  /// Of both contents; compared as texts if both are present. Without them, equal sizes count as equal
+  /// contents.
   std::optional<std::string> checksumOfSource = std::nullopt;
   /// See above.
   std::optional<std::string> checksumOfCopy = std::nullopt;

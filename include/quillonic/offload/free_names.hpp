@@ -1,7 +1,8 @@
 /// Free names that are taken, not only found.
 ///
 ///     auto report = offload::createFileAtFreeName("/out/report.txt");     // "/out/report 2.txt", now yours
-///     auto takes = offload::createFilesAtFreeNames("/out", "take", {"mov", "xml"});
+///     const std::string extensions[] = {"mov", "xml"};
+///     auto takes = offload::createFilesAtFreeNames("/out", "take", extensions);
 ///
 /// What is created is empty and new, so that two programs that ask at once never get the same. A name is
 /// formed as `FileManager` does. Each operation throws a `std::system_error` when nothing can be created,

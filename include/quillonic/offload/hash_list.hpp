@@ -6,7 +6,7 @@
 #pragma once
 
 #include <quillonic/export.hpp>
-#include <quillonic/offload/checksum.hpp>
+#include <quillonic/offload/file_copy.hpp>
 #include <quillonic/support/date.hpp>
 #include <quillonic/support/function_ref.hpp>
 #include <quillonic/support/parse_error.hpp>
@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -88,11 +89,13 @@ struct VerifiedEntry {
   std::error_code error;
 };
 
-/// Verifies each file of a list below a folder, reading it back from the volume. The block receives each
-/// result; setting `stop` ends the walk. Follows no link below the folder. Throws a `std::system_error` when
-/// the folder cannot be opened.
+/// Verifies each file of a list below a folder, reading it back from the volume. The first block receives
+/// each result; setting `stop` ends the walk. The other receives how many of all the list's bytes are done;
+/// false ends the walk at once, without a result for the file that was being read. Follows no link below the
+/// folder. Throws a `std::system_error` when the folder cannot be opened.
 QUILLONIC_EXPORT void verifyHashList(const HashList& list, const std::filesystem::path& folder,
                                      std::span<const ChecksumKind* const> kinds,
-                                     FunctionRef<void(const VerifiedEntry& result, bool& stop)> didVerify);
+                                     FunctionRef<void(const VerifiedEntry& result, bool& stop)> didVerify,
+                                     std::optional<ProgressBlock> progress = std::nullopt);
 
 }  // namespace quillonic::offload

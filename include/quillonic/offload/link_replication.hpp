@@ -61,7 +61,7 @@ struct LinkReplication {
   /// What replaces a link to the outside, unless links refer to their original targets anyway.
   OutsideTargets outside = OutsideTargets::keep;
   /// The paths of items in the copy by their paths in the source, both relative, where they differ; may be
-  /// null. See `OffloadPlan`.
+  /// null. As in `PlannedTarget`.
   const TextDictionary* writtenPaths = nullptr;
   /// The volume of the copy. A link that it does not hold is refused with `OffloadError::notHeld`.
   VolumeTraits volume = {};
@@ -86,7 +86,9 @@ linkReplica(const std::filesystem::path& item, const LinkReplication& how,
             const std::optional<std::filesystem::path>& firstName = std::nullopt);
 
 /// Makes it; replaces nothing. The folder must exist, and the target of an alias file or a hard name too.
-/// Throws a `std::system_error`: the replica's refusal, or why it cannot be made; a folder is not copied.
+/// Throws a `std::system_error`: the replica's refusal, or why it cannot be made;
+/// `std::errc::invalid_argument` for a copy of a folder. The bytes of a copy are not verified: `copyFile` and
+/// `checksumOfFile` do that.
 QUILLONIC_EXPORT void makeLink(const LinkReplica& replica);
 
 }  // namespace quillonic::offload

@@ -77,7 +77,7 @@ struct PlannedTarget {
   /// The paths of items that the volume cannot hold: files that are too large, and links.
   std::vector<std::string> unheld;
 
-  /// Whether the missing files fit.
+  /// Whether the missing files fit, with nothing else written to the volume: targets on one volume share it.
   bool fits() const noexcept { return missingBytes <= freeBytes; }
   /// Where an item is written, below the root.
   QUILLONIC_EXPORT std::string_view writtenPath(std::string_view path) const noexcept;
@@ -122,8 +122,8 @@ struct OffloadPlan {
 /// Plans to copy all below a folder. Follows no link unless links are replaced by what they refer to; enters
 /// volumes that are mounted below. Looks at each item and at its place in each target, and opens small files
 /// to see whether they are aliases; about 300 bytes of memory per item. An item that cannot be read is
-/// planned as `none`. Changes nothing. Throws a `std::system_error` when the source or a target is not a folder
-/// that can be read, `std::errc::invalid_argument` when one is inside the other, and
+/// planned as `none`. Changes nothing. Throws a `std::system_error` when the source or a target is not a
+/// folder that can be read, `std::errc::invalid_argument` when one is inside the other, and
 /// `std::errc::operation_canceled` for a stop.
 QUILLONIC_EXPORT OffloadPlan planOffload(const std::filesystem::path& source,
                                          std::span<const std::filesystem::path> targets,

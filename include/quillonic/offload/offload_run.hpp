@@ -1,6 +1,6 @@
 /// Runs a planned offload: copies each file to all targets with one reading, verifies, relinks, reports.
 ///
-///     offload::OffloadRun run(plan, {.checksum = &offload::xxh64});
+///     offload::OffloadRun run(std::move(plan), {.checksum = &offload::xxh64});
 ///     for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);   // or on several threads
 ///     const auto& report = run.finish();
 ///     if (!report.isGood()) ...
@@ -91,7 +91,8 @@ struct RunOptions {
   /// By target: lists of earlier runs. A copy that is there with size and date, and in the list with these
   /// and a checksum, counts as verified. Other copies that are there are verified anew, against the source.
   std::vector<HashList> verified = {};
-  /// Called on the thread of the step, without new bytes while only the source is read; false stops all steps.
+  /// Called on the thread of each step, so on several at once if steps run so; without new bytes while only
+  /// the source is read. False stops all steps.
   std::function<bool(const OffloadProgress&)> progress = {};
 };
 
@@ -101,9 +102,9 @@ struct RunOptions {
 /// of the same size and, by its checksum, the same bytes. Nothing is written where a target's volume was
 /// pulled.
 ///
-/// A stop costs what a step was copying: without a checksum one file, else its files that are not verified yet,
-/// together at most 256 MiB, or one larger file. Their items wait, with `std::errc::operation_canceled` where
-/// something was lost. Callers that run no further step stop too, and lose nothing.
+/// A stop costs what each step was copying: without a checksum one file, else its files that are not verified
+/// yet, together at most 256 MiB, or one larger file. Their items wait, with `std::errc::operation_canceled`
+/// where something was lost. Callers that run no further step stop too, and lose nothing.
 class QUILLONIC_EXPORT OffloadRun {
  public:
   /// Opens the source and the targets, which stay open, and makes the folders. Throws a `std::system_error`
