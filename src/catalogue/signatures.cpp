@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <span>
 
-#include "catalogue/xml_root.hpp"
+#include "support/xml.hpp"
 #include "text/ascii.hpp"
 
 namespace quillonic::catalogue {
@@ -95,7 +95,7 @@ bool isWordOfText(Signature signature, std::string_view bytes) noexcept {
 
 // Markup is known by its root element, other texts by having no byte that no text has.
 std::optional<Shown> shownByText(std::string_view bytes) {
-  const auto root = ascii::loweredText(std::string(xmlRoot(bytes).value_or("")));
+  const auto root = ascii::loweredText(xmlRoot(bytes).value_or(""));
   const auto* known = detail::rowWhere(rootRows, &RootRow::name, std::string_view(root));
   if (known) return Shown{Signature::xml, known->format, known->isVerified, known->content};
   if (!isText(bytes)) return std::nullopt;

@@ -10,7 +10,7 @@
 
 #include "offload/copying.hpp"
 #include "offload/folders.hpp"
-#include "offload/xml_reader.hpp"
+#include "support/xml.hpp"
 #include "text/ascii.hpp"
 #include "text/number_text.hpp"
 

@@ -1,19 +1,24 @@
-// As much of XML as lists of values need: elements, attributes and texts. No document types, and so no
-// entities but the five that every reader knows.
+// As much of XML as is needed: the root of any text, and lists of values. These have elements, attributes and
+// texts, but no document type, and so no entities but the five that every reader knows.
 #pragma once
 
 #include <quillonic/support/parse_error.hpp>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-namespace quillonic::offload {
+namespace quillonic {
 
 // What may be written between tags and in attributes.
 std::string xmlEscaped(std::string_view text);
+
+// The name of the root element without its prefix, after declarations, comments and a document type. Takes
+// UTF-8 and UTF-16; nothing if the bytes are no XML, or end before the root. Linear time.
+std::optional<std::string> xmlRoot(std::string_view bytes);
 
 // Reads a text from front to back. Throws a `ParseError`.
 class XmlReader {
@@ -43,7 +48,7 @@ class XmlReader {
  private:
   bool startsWith(std::string_view piece) const { return text_.substr(at_).starts_with(piece); }
   void skipSpace();
-  bool skipMarkup();
+  bool skipAside();
   std::size_t find(std::string_view piece, std::string_view expected) const;
   std::string_view readName();
   std::string unescaped(std::size_t begin, std::size_t end) const;
@@ -57,4 +62,4 @@ class XmlReader {
   bool isEmpty_ = false;
 };
 
-}  // namespace quillonic::offload
+}  // namespace quillonic

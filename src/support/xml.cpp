@@ -1,18 +1,16 @@
-#include "offload/xml_reader.hpp"
+#include "support/xml.hpp"
 
 #include <quillonic/support/coding.hpp>
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <optional>
 #include <set>
 
 #include "text/ascii.hpp"
-#include "text/number_text.hpp"
 #include "text/utf8.hpp"
 
-namespace quillonic::offload {
+namespace quillonic {
 namespace {
 
 constexpr std::size_t greatestDepth = 64;
@@ -26,6 +24,49 @@ constexpr bool isNameCharacter(char c) noexcept {
 constexpr bool isXmlScalar(char32_t scalar) noexcept {
   return scalar == 9 || scalar == 10 || scalar == 13 || (scalar >= 0x20 && scalar <= 0xD7FF) ||
          (scalar >= 0xE000 && scalar <= 0xFFFD) || (scalar >= 0x10000 && scalar <= 0x10FFFF);
+}
+
+std::size_t nameSize(std::string_view text) noexcept {
+  return static_cast<std::size_t>(std::ranges::find_if_not(text, isNameCharacter) - text.begin());
+}
+
+// What may be skipped anywhere between tags.
+struct Aside {
+  std::string_view begin;
+  std::string_view end;
+  std::string_view expected;
+};
+constexpr Aside asides[] = {{"<!--", "-->", "the end of a comment"},
+                            {"<?", "?>", "the end of an instruction"}};
+
+const Aside* asideAt(std::string_view text) noexcept {
+  const auto* found =
+      std::ranges::find_if(asides, [&](const Aside& each) { return text.starts_with(each.begin); });
+  return found != std::end(asides) ? found : nullptr;
+}
+
+// Markup is ASCII: of UTF-16, half of the bytes tell it.
+std::string_view markup(std::string_view bytes, std::string& narrow) {
+  const bool isLittleEndian = bytes.starts_with("\xFF\xFE");
+  const bool isBigEndian = bytes.starts_with("\xFE\xFF");
+  if (bytes.starts_with("\xEF\xBB\xBF")) return bytes.substr(3);
+  if (!isLittleEndian && !isBigEndian) return bytes;
+  for (std::size_t at = 2; at + 1 < bytes.size(); at += 2)
+    narrow.push_back(bytes[at + (isBigEndian ? 1 : 0)]);
+  return narrow;
+}
+
+// What follows the first `end` in a text; empty when there is none.
+std::string_view after(std::string_view text, std::string_view end) noexcept {
+  const auto at = text.find(end);
+  return at == std::string_view::npos ? std::string_view() : text.substr(at + end.size());
+}
+
+// What follows a document type, whose inner declarations are in brackets.
+std::string_view afterType(std::string_view text) noexcept {
+  const auto end = text.find_first_of("[>");
+  if (end == std::string_view::npos) return {};
+  return text[end] == '>' ? text.substr(end + 1) : after(after(text.substr(end), "]"), ">");
 }
 
 struct Entity {
@@ -59,6 +100,30 @@ std::string xmlEscaped(std::string_view text) {
     }
   }
   return result;
+}
+
+std::optional<std::string> xmlRoot(std::string_view bytes) {
+  std::string narrow;
+  auto rest = markup(bytes, narrow);
+  for (;;) {
+    rest.remove_prefix(std::min(rest.find_first_not_of(space), rest.size()));
+    if (const auto* aside = asideAt(rest)) {
+      rest = after(rest.substr(aside->begin.size()), aside->end);
+    } else if (rest.starts_with("<!DOCTYPE")) {
+      rest = afterType(rest);
+    } else {
+      break;
+    }
+  }
+  if (!rest.starts_with('<')) return std::nullopt;
+  rest.remove_prefix(1);
+  const auto end = nameSize(rest);
+  if (end == 0 || end == rest.size() ||
+      (space.find(rest[end]) == std::string_view::npos && rest[end] != '>' && rest[end] != '/'))
+    return std::nullopt;
+  auto name = rest.substr(0, end);
+  name.remove_prefix(name.find(':') + 1);
+  return std::string(name);
 }
 
 XmlReader::XmlReader(std::string_view text) : text_(text) {
@@ -98,24 +163,19 @@ std::size_t XmlReader::find(std::string_view piece, std::string_view expected) c
 }
 
 // Skips one comment or processing instruction.
-bool XmlReader::skipMarkup() {
-  if (startsWith("<!--")) {
-    at_ += 4;
-    at_ = find("-->", "the end of a comment") + 3;
-    return true;
-  }
-  if (startsWith("<?")) {
-    at_ = find("?>", "the end of an instruction") + 2;
-    return true;
-  }
-  return false;
+bool XmlReader::skipAside() {
+  const auto* aside = asideAt(text_.substr(at_));
+  if (aside == nullptr) return false;
+  at_ += aside->begin.size();
+  at_ = find(aside->end, aside->expected) + aside->end.size();
+  return true;
 }
 
 std::string_view XmlReader::readName() {
-  const auto begin = at_;
-  while (at_ < text_.size() && isNameCharacter(text_[at_])) ++at_;
-  if (at_ == begin) fail(begin, "a name");
-  return text_.substr(begin, at_ - begin);
+  const auto name = text_.substr(at_, nameSize(text_.substr(at_)));
+  if (name.empty()) fail(at_, "a name");
+  at_ += name.size();
+  return name;
 }
 
 std::string XmlReader::unescaped(std::size_t begin, std::size_t end) const {
@@ -198,7 +258,7 @@ bool XmlReader::enter(Element& element) {
     }
     at_ = next;
     if (at_ == text_.size()) fail(at_, open_.empty() ? "an element" : "the end of an element");
-    if (skipMarkup()) continue;
+    if (skipAside()) continue;
     if (startsWith("<![CDATA[") && !open_.empty()) {
       at_ = find("]]>", "the end of a literal text") + 3;
       continue;
@@ -226,7 +286,7 @@ std::string XmlReader::leaveWithText() {
       const auto end = find("]]>", "the end of a literal text");
       result.append(text_.substr(at_, end - at_));
       at_ = end + 3;
-    } else if (!skipMarkup()) {
+    } else if (!skipAside()) {
       fail(at_, "a text");
     }
   }
@@ -242,8 +302,8 @@ void XmlReader::skip() {
 
 void XmlReader::expectEnd() {
   do skipSpace();
-  while (skipMarkup());
+  while (skipAside());
   if (at_ != text_.size()) fail(at_, "nothing after the root");
 }
 
-}  // namespace quillonic::offload
+}  // namespace quillonic
