@@ -150,14 +150,8 @@ namespace {
 
 using DefaultCenter = Service<std::shared_ptr<NotificationCenter>>;
 
-const std::shared_ptr<NotificationCenter>& builtIn() {
-  static const NeverDestroyed<std::shared_ptr<NotificationCenter>> center(
-      std::make_shared<NotificationCenter>());
-  return *center;
-}
-
 DefaultCenter& defaultCenter() {
-  static const NeverDestroyed<DefaultCenter> center(builtIn());
+  static const NeverDestroyed<DefaultCenter> center(std::make_shared<NotificationCenter>());
   return *center;
 }
 
@@ -168,7 +162,6 @@ std::shared_ptr<NotificationCenter> NotificationCenter::current() {
 }
 
 void NotificationCenter::replace(std::shared_ptr<NotificationCenter> center) {
-  if (!center) center = builtIn();
   defaultCenter().replace(std::move(center));
 }
 

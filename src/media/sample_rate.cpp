@@ -1,28 +1,24 @@
 #include <quillonic/media/sample_rate.hpp>
 #include <quillonic/platform/localization.hpp>
 
+#include <atomic>
 #include <utility>
 
-#include "support/never_destroyed.hpp"
-#include "support/service.hpp"
 #include "text/number_text.hpp"
 
 namespace quillonic {
 namespace {
 
-Service<std::int64_t>& proposedHertz() {
-  static const NeverDestroyed<Service<std::int64_t>> service(48000);
-  return *service;
-}
+constinit std::atomic<std::int64_t> proposedHertz = 48000;
 
 }  // namespace
 
 std::int64_t SampleRate::defaultCustomHz() noexcept {
-  return proposedHertz().current();
+  return proposedHertz;
 }
 
 void SampleRate::setDefaultCustomHz(std::int64_t hertz) noexcept {
-  proposedHertz().replace(hertz);
+  proposedHertz = hertz;
 }
 
 std::span<const SampleRate> SampleRate::allCommonCases() {

@@ -41,7 +41,6 @@ std::shared_ptr<Loggable> VantiroLogging::defaultLogger() {
 }
 
 void VantiroLogging::setDefaultLogger(std::shared_ptr<Loggable> replacement) {
-  if (!replacement) replacement = std::make_shared<StandardErrorLogger>();
   logger().replace(std::move(replacement));
 }
 

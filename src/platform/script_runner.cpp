@@ -31,7 +31,6 @@ std::shared_ptr<ScriptRunner> ScriptRunner::defaultRunner() {
 }
 
 void ScriptRunner::setDefaultRunner(std::shared_ptr<ScriptRunner> runner) {
-  if (!runner) runner = systemScriptRunner();
   quillonic::runner().replace(std::move(runner));
 }
 

@@ -29,7 +29,6 @@ std::shared_ptr<const UserDefaults> UserDefaults::current() {
 }
 
 void UserDefaults::replace(std::shared_ptr<const UserDefaults> defaults) {
-  if (!defaults) defaults = std::make_shared<const NothingSet>();
   service().replace(std::move(defaults));
 }
 

@@ -72,8 +72,8 @@ std::span<const FileExtension> VAVTranscodeArgumentVideoCodecValue::permittedExt
   const Codec* codec = codecWithText(rawValue());
   if (codec && codec->family != CodecFamily::proRes) return codec->permittedExtensions;
   // A host decides which codecs are ProRes, including those of a newer tool; they share their extensions.
-  const bool isProRes = proResFormats().ask(
-      [&](const std::vector<CodecValue>& group) { return std::ranges::find(group, *this) != group.end(); });
+  const auto group = allProResFormats();
+  const bool isProRes = std::ranges::find(group, *this) != group.end();
   return isProRes ? codecWithText(VAVProRes422)->permittedExtensions : std::span<const FileExtension>{};
 }
 
