@@ -1,8 +1,11 @@
+// Records as the payloads of notifications.
 #include <quillonic/host/activity_tracker.hpp>
+#include <quillonic/support/coding.hpp>
 
+#include <optional>
+#include <string_view>
 #include <tuple>
-
-#include "host/payload_fields.hpp"
+#include <utility>
 
 namespace quillonic::host {
 namespace {
@@ -28,56 +31,95 @@ constexpr std::tuple speedFields{Field{"drive", &DriveSpeed::drive},
                                  Field{"bytesWrittenPerSecond", &DriveSpeed::bytesWrittenPerSecond},
                                  Field{"measuredSeconds", &DriveSpeed::measuredSeconds}};
 
+template <class T> void addValue(NotificationPayload& values, std::string_view key, const T& value) {
+  values.emplace(key, value);
+}
+template <class T>
+void addValue(NotificationPayload& values, std::string_view key, const std::optional<T>& value) {
+  if (value) addValue(values, key, *value);
+}
+
+// False where the value is missing or of another kind.
+template <class T> bool readValue(const NotificationPayload& values, std::string_view key, T& value) {
+  const auto entry = values.find(key);
+  auto found = entry != values.end() ? entry->second.as<T>() : std::nullopt;
+  if (!found) return false;
+  value = *std::move(found);
+  return true;
+}
+template <class T>
+bool readValue(const NotificationPayload& values, std::string_view key, std::optional<T>& value) {
+  T present{};
+  if (!values.contains(key)) return true;
+  if (!readValue(values, key, present)) return false;
+  value = std::move(present);
+  return true;
+}
+
+// The fields of a record, and of its progress if it has one.
+template <class Record, class Fields>
+void addFields(NotificationPayload& values, const Record& record, const Fields& fields) {
+  std::apply([&](const auto&... field) { (addValue(values, field.key, record.*field.member), ...); }, fields);
+  if constexpr (requires { record.progress; }) addFields(values, record.progress, progressFields);
+}
+
+// False where one of the values does not fit.
+template <class Record, class Fields>
+bool readFields(const NotificationPayload& values, Record& record, const Fields& fields) {
+  const bool fits = std::apply(
+      [&](const auto&... field) { return (readValue(values, field.key, record.*field.member) && ...); },
+      fields);
+  if constexpr (requires { record.progress; }) {
+    return fits && readFields(values, record.progress, progressFields);
+  }
+  return fits;
+}
+
+template <class Record, class Fields>
+NotificationPayload payloadOf(const Record& record, const Fields& fields) {
+  NotificationPayload values;
+  addFields(values, record, fields);
+  return values;
+}
+
+template <class Record, class Fields>
+std::optional<Record> recordOf(const NotificationPayload& values, const Fields& fields) {
+  Record record;
+  return readFields(values, record, fields) ? std::optional(std::move(record)) : std::nullopt;
+}
+
 }  // namespace
 
 NotificationPayload JobState::payload() const {
-  NotificationPayload values;
-  addFields(values, *this, jobFields);
-  addFields(values, progress, progressFields);
-  return values;
+  return payloadOf(*this, jobFields);
 }
 
 std::optional<JobState> JobState::fromPayload(const NotificationPayload& values) {
-  JobState state;
-  const bool isWhole =
-      readFields(values, state, jobFields) && readFields(values, state.progress, progressFields);
-  return isWhole ? std::optional(std::move(state)) : std::nullopt;
+  return recordOf<JobState>(values, jobFields);
 }
 
 NotificationPayload JobList::payload() const {
-  NotificationPayload values;
-  addFields(values, *this, listFields);
-  return values;
+  return payloadOf(*this, listFields);
 }
 
 std::optional<JobList> JobList::fromPayload(const NotificationPayload& values) {
-  JobList list;
-  return readFields(values, list, listFields) ? std::optional(std::move(list)) : std::nullopt;
+  return recordOf<JobList>(values, listFields);
 }
 
 NotificationPayload ActivityTotal::payload() const {
-  NotificationPayload values;
-  addFields(values, *this, totalFields);
-  addFields(values, progress, progressFields);
-  return values;
+  return payloadOf(*this, totalFields);
 }
 
 std::optional<ActivityTotal> ActivityTotal::fromPayload(const NotificationPayload& values) {
-  ActivityTotal total;
-  const bool isWhole =
-      readFields(values, total, totalFields) && readFields(values, total.progress, progressFields);
-  return isWhole ? std::optional(std::move(total)) : std::nullopt;
+  return recordOf<ActivityTotal>(values, totalFields);
 }
 
 NotificationPayload DriveSpeed::payload() const {
-  NotificationPayload values;
-  addFields(values, *this, speedFields);
-  return values;
+  return payloadOf(*this, speedFields);
 }
 
 std::optional<DriveSpeed> DriveSpeed::fromPayload(const NotificationPayload& values) {
-  DriveSpeed speed;
-  return readFields(values, speed, speedFields) ? std::optional(std::move(speed)) : std::nullopt;
+  return recordOf<DriveSpeed>(values, speedFields);
 }
 
 }  // namespace quillonic::host
