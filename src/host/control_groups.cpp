@@ -8,7 +8,6 @@
 #include "platform/file_reading_linux.hpp"
 #include "text/number_text.hpp"
 #include "text/pieces.hpp"
-#include "text/unicode.hpp"
 
 namespace quillonic::host {
 namespace {
@@ -16,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::optional<std::int64_t> numberIn(const fs::path& file) {
-  return number_text::read<std::int64_t>(text::trimmed(contentsOfFile(file).value_or({})));
+  return number_text::read<std::int64_t>(textOfFile(file).value_or(""));
 }
 
 template <class T> void lower(std::optional<T>& least, std::optional<T> value) {
@@ -30,8 +29,8 @@ std::optional<double> share(std::optional<std::int64_t> quota, std::optional<std
 
 // Each says "max", or in the first version -1 or a huge number, where there is no limit.
 void addLimitsOf(const fs::path& group, ControlGroupLimits& limits) {
-  const auto maximum = contentsOfFile(group / "cpu.max").value_or({});
-  auto fields = text::split(text::trimmed(maximum), ' ');
+  const auto maximum = textOfFile(group / "cpu.max").value_or("");
+  auto fields = text::split(maximum, ' ');
   const auto quota = number_text::read<std::int64_t>(fields.next().value_or(""));
   const auto period = number_text::read<std::int64_t>(fields.next().value_or(""));
   lower(limits.processors, share(quota, period));

@@ -74,7 +74,7 @@ struct DriveMeter::State {
   using Memory = detail::DriveMemory;
 
   State(const std::filesystem::path& root, Clock::duration window)
-      : length(window), devices(root), statisticsFile((root / "proc/diskstats").native()) {}
+      : length(window), devices(root / "sys"), statisticsFile((root / "proc/diskstats").native()) {}
 
   // The position of the drive, which is added where it is new.
   std::size_t position(std::string_view name) {

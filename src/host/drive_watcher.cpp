@@ -11,6 +11,7 @@
 
 #include "host/post_all.hpp"
 #include "platform/block_devices_linux.hpp"
+#include "platform/disk_description_keys.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/kept_file_linux.hpp"
 
@@ -39,16 +40,6 @@ bool isSame(const Mount& a, const Mount& b) {
 
 }  // namespace
 
-namespace detail {
-
-struct WatchedVolume {
-  Mount mount;
-  std::vector<std::string> drives;
-  VolumeChange change;
-};
-
-}  // namespace detail
-
 NotificationPayload VolumeChange::payload() const {
   NotificationPayload values(description);
   values.insert_or_assign(std::string(pulledKey), wasPulled);
@@ -56,7 +47,7 @@ NotificationPayload VolumeChange::payload() const {
 }
 
 std::optional<VolumeChange> VolumeChange::fromPayload(const NotificationPayload& values) {
-  const auto pathEntry = values.find("DAVolumePath");
+  const auto pathEntry = values.find(disk_description_keys::volumePath);
   const auto pulledEntry = values.find(pulledKey);
   if (pathEntry == values.end() || pulledEntry == values.end()) return std::nullopt;
   const auto path = pathEntry->second.as<std::filesystem::path>();
@@ -68,10 +59,14 @@ std::optional<VolumeChange> VolumeChange::fromPayload(const NotificationPayload&
 }
 
 struct DriveWatcher::State {
-  using Volume = detail::WatchedVolume;
+  struct Volume {
+    Mount mount;
+    std::vector<std::string> drives;
+    VolumeChange change;
+  };
 
   State(std::shared_ptr<NotificationCenter> postsAt, Volumes which)
-      : center(std::move(postsAt)), watched(which), devices("/"), tableFile("/proc/self/mountinfo") {}
+      : center(std::move(postsAt)), watched(which), devices("/sys"), tableFile("/proc/self/mountinfo") {}
 
   // The mounts to watch; nothing where they cannot be read, which is no reason to call them gone.
   std::optional<MountTable> readTable() {

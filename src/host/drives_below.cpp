@@ -18,7 +18,7 @@ constexpr auto kindsInMemory =
 // Follows mounts and devices down to drives.
 class Descent {
  public:
-  Descent(const MountTable& table, const fs::path& root) : table_(table), devices_(root) {}
+  Descent(const MountTable& table, const fs::path& root) : table_(table), devices_(root / "sys") {}
 
   void addMount(const Mount& mount, int depth = 0) {
     if (depth == deepest) return;

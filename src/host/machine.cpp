@@ -21,16 +21,6 @@ namespace fs = std::filesystem;
 
 using Text = std::optional<std::string>;
 
-// The contents of a file without the space around them; nothing for an empty or unreadable one.
-Text textIn(const fs::path& file) {
-  const auto contents = contentsOfFile(file);
-  if (!contents) return std::nullopt;
-  auto text = text::trimmed(*contents);
-  // The firmware of some machines ends its texts with it.
-  text = text::trimmed(text.substr(0, text.find('\0')));
-  return text.empty() ? std::nullopt : Text(text);
-}
-
 // What makers leave in the firmware where a name belongs, in lower case.
 constexpr auto placeholders = std::to_array<std::string_view>(
     {"to be filled by o.e.m.", "system manufacturer", "system product name", "system version",
@@ -81,8 +71,8 @@ std::optional<std::int64_t> coresOf(const std::vector<int>& processors, const fs
   std::set<std::string> cores;
   for (const int processor : processors) {
     const auto topology = root / ("sys/devices/system/cpu/cpu" + std::to_string(processor)) / "topology";
-    auto core = textIn(topology / "core_cpus_list");
-    if (!core) core = textIn(topology / "thread_siblings_list");
+    auto core = textOfFile(topology / "core_cpus_list");
+    if (!core) core = textOfFile(topology / "thread_siblings_list");
     if (!core) return std::nullopt;
     cores.insert(*std::move(core));
   }
@@ -138,15 +128,15 @@ Text virtualMachineOf(const std::string& firmware, std::string_view processors, 
   for (const auto& [word, name] : virtualMachines) {
     if (firmware.find(word) != std::string::npos) return std::string(name);
   }
-  if (auto type = textIn(root / "sys/hypervisor/type")) return type;
-  if (const auto type = textIn(root / "proc/device-tree/hypervisor/compatible")) {
+  if (auto type = textOfFile(root / "sys/hypervisor/type")) return type;
+  if (const auto type = textOfFile(root / "proc/device-tree/hypervisor/compatible")) {
     return type == "linux,kvm" ? "KVM" : type;
   }
   return hasProcessorFlag(processors, "hypervisor") ? Text("unknown kind") : std::nullopt;
 }
 
 Text containerOf(std::string_view kernel, const fs::path& root) {
-  if (auto manager = textIn(root / "run/systemd/container")) return manager;
+  if (auto manager = textOfFile(root / "run/systemd/container")) return manager;
   if (contentsOfFile(root / "run/.containerenv")) return "podman";
   if (contentsOfFile(root / ".dockerenv")) return "docker";
   // Only the administrator may read it.
@@ -212,7 +202,7 @@ Machine describeMachine(const fs::path& root) {
 
   const auto processors = contentsOfFile(root / "proc/cpuinfo").value_or({});
   machine.processor = processorBrand(processors);
-  const auto kernelArchitecture = textIn(root / "proc/sys/kernel/arch");
+  const auto kernelArchitecture = textOfFile(root / "proc/sys/kernel/arch");
   machine.architecture = kernelArchitecture ? Architecture::fromSystemName(*kernelArchitecture)
                                             : architectureByTable(processors);
   if (machine.architecture) {
@@ -221,25 +211,25 @@ Machine describeMachine(const fs::path& root) {
   describeProcessors(machine, root);
 
   const auto firmware = root / "sys/class/dmi/id";
-  machine.maker = withoutPlaceholder(textIn(firmware / "sys_vendor"));
-  machine.model = withoutPlaceholder(textIn(firmware / "product_name"));
-  if (!machine.maker) machine.maker = withoutPlaceholder(textIn(firmware / "board_vendor"));
-  if (!machine.model) machine.model = withoutPlaceholder(textIn(firmware / "board_name"));
-  if (!machine.model) machine.model = textIn(root / "proc/device-tree/model");
+  machine.maker = withoutPlaceholder(textOfFile(firmware / "sys_vendor"));
+  machine.model = withoutPlaceholder(textOfFile(firmware / "product_name"));
+  if (!machine.maker) machine.maker = withoutPlaceholder(textOfFile(firmware / "board_vendor"));
+  if (!machine.model) machine.model = withoutPlaceholder(textOfFile(firmware / "board_name"));
+  if (!machine.model) machine.model = textOfFile(root / "proc/device-tree/model");
 
   auto release = contentsOfFile(root / "etc/os-release");
   if (!release) release = contentsOfFile(root / "usr/lib/os-release");
   const auto lines = std::move(release).value_or({});
   machine.system = releaseValue(lines, "NAME=");
   machine.systemVersion = releaseValue(lines, "VERSION_ID=");
-  const auto kernelName = textIn(root / "proc/sys/kernel/ostype");
-  const auto kernelRelease = textIn(root / "proc/sys/kernel/osrelease");
+  const auto kernelName = textOfFile(root / "proc/sys/kernel/ostype");
+  const auto kernelRelease = textOfFile(root / "proc/sys/kernel/osrelease");
   if (kernelName && kernelRelease) machine.kernel = *kernelName + " " + *kernelRelease;
 
   const auto names = machine.maker.value_or("") + " " + machine.model.value_or("");
   machine.virtualMachine = virtualMachineOf(names, processors, root);
   machine.container = containerOf(machine.kernel.value_or(""), root);
-  machine.hostName = textIn(root / "proc/sys/kernel/hostname");
+  machine.hostName = textOfFile(root / "proc/sys/kernel/hostname");
   return machine;
 }
 

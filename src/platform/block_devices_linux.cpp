@@ -31,7 +31,7 @@ std::vector<fs::path> resolvedEntries(const fs::path& folder) {
 }  // namespace
 
 std::optional<fs::path> BlockDevices::numbered(DeviceNumber number) const {
-  return resolved(tree_ / "dev/block" / (std::to_string(number.major) + ":" + std::to_string(number.minor)));
+  return resolved(tree_ / "dev/block" / number.text());
 }
 
 std::optional<fs::path> BlockDevices::named(const std::string& name) const {

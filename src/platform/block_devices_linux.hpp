@@ -1,9 +1,10 @@
-// Block devices, and what they are made of, as the system shows them below its root.
+// Block devices, and what they are made of, as the system shows them in its device tree, "/sys".
 #pragma once
 
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/volume_names.hpp"
@@ -13,7 +14,7 @@ namespace quillonic {
 // A device is its folder in the device tree, all links followed; it has the device's name.
 class BlockDevices {
  public:
-  explicit BlockDevices(const std::filesystem::path& root) : tree_(root / "sys") {}
+  explicit BlockDevices(std::filesystem::path tree) : tree_(std::move(tree)) {}
 
   // Nothing where it is not there, or no device is shown.
   std::optional<std::filesystem::path> numbered(DeviceNumber number) const;

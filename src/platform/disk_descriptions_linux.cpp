@@ -1,17 +1,15 @@
 #include <quillonic/platform/disk_descriptions.hpp>
 
 #include <string_view>
-#include <system_error>
 #include <utility>
 
+#include "platform/block_devices_linux.hpp"
 #include "platform/disk_description_keys.hpp"
 #include "platform/file_reading_linux.hpp"
 #include "platform/file_system_kinds.hpp"
-#include "platform/items.hpp"
 #include "platform/mount_holding.hpp"
 #include "platform/volume_names.hpp"
 #include "text/pieces.hpp"
-#include "text/unicode.hpp"
 
 namespace quillonic {
 namespace {
@@ -19,53 +17,34 @@ namespace {
 namespace fs = std::filesystem;
 namespace keys = disk_description_keys;
 
-std::optional<std::string> attribute(const fs::path& device, const char* name) {
-  const auto contents = contentsOfFile(device / name);
-  if (!contents) return std::nullopt;
-  std::string value(text::trimmed(*contents));
-  return value.empty() ? std::nullopt : std::optional(std::move(value));
-}
-
 // The value of a "NAME=value" line in a device's properties.
 std::optional<std::string> property(const fs::path& device, std::string_view key) {
-  const auto properties = attribute(device, "uevent").value_or(std::string());
+  const auto properties = textOfFile(device / "uevent").value_or("");
   const auto value = text::valueInLines(properties, key);
   return value ? std::optional<std::string>(*value) : std::nullopt;
-}
-
-bool isThere(const fs::path& path) {
-  std::error_code error;
-  return fs::exists(path, error);
-}
-
-// The device below an encrypted or combined device, if it is the only one.
-std::optional<fs::path> onlyPart(const fs::path& device) {
-  const auto folder = device / "slaves";
-  const auto opened = items::Folder::open(folder);
-  const auto parts = opened ? items::entries(*opened) : opened.error();
-  return parts && parts->size() == 1 ? std::optional(folder / parts->front().name) : std::nullopt;
 }
 
 void describeDevice(fs::path device, DiskDescriptionDictionary& description) {
   std::optional<bool> writable;
   const auto noteProtection = [&](const fs::path& part) {
-    if (const auto readOnly = attribute(part, "ro")) writable = writable.value_or(true) && readOnly == "0";
+    if (const auto readOnly = textOfFile(part / "ro")) writable = writable.value_or(true) && readOnly == "0";
   };
   noteProtection(device);
+  // Down to the device below encrypted or combined ones, as long as it is the only one.
   constexpr int deepestStack = 16;
   for (int depth = 0; depth < deepestStack; ++depth) {
-    auto part = onlyPart(device);
-    if (!part) break;
-    device = std::move(*part);
+    auto parts = BlockDevices::parts(device);
+    if (parts.size() != 1) break;
+    device = std::move(parts.front());
     noteProtection(device);
   }
-  const auto disk = isThere(device / "partition") ? device / ".." : device;
+  const auto disk = BlockDevices::isPartition(device) ? device.parent_path() : device;
   noteProtection(disk);
-  auto model = attribute(disk, "device/model");
-  if (!model) model = attribute(disk, "device/name");
+  auto model = textOfFile(disk / "device/model");
+  if (!model) model = textOfFile(disk / "device/name");
 
   std::optional<std::string> name;
-  if (isThere(disk / "loop/backing_file")) name = "disk image";
+  if (BlockDevices::imageFile(disk)) name = "disk image";
   if (!name) name = property(device, "PARTNAME=");
   if (!name) name = model;
   if (!name) name = property(device, "DEVNAME=");
@@ -81,10 +60,9 @@ DiskDescriptionDictionary diskDescriptionOfMount(const Mount& mount, const fs::p
   DiskDescriptionDictionary description{{keys::volumePath, mount.mountPoint},
                                         {keys::volumeKind, trueKindOf(mount)},
                                         {keys::volumeNetwork, isNetworkVolume(mount).value_or(false)}};
-  const auto block = deviceOf(mount);
-  const auto number = std::to_string(block.major) + ":" + std::to_string(block.minor);
-  const auto device = deviceTree / "dev/block" / number;
-  if (isThere(device)) describeDevice(device, description);
+  if (auto device = BlockDevices(deviceTree).numbered(deviceOf(mount))) {
+    describeDevice(*std::move(device), description);
+  }
   return description;
 }
 

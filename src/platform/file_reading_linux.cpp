@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "platform/descriptor_linux.hpp"
+#include "text/unicode.hpp"
 
 namespace quillonic {
 
@@ -35,6 +36,12 @@ Result<std::string> bytesOf(int file, std::size_t limit, std::size_t expected) {
 Result<std::string> contentsOfFile(const std::string& path) {
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
   return file ? bytesOf(file.number(), std::string().max_size() / 2) : lastError();
+}
+
+std::optional<std::string> textOfFile(const std::string& path) {
+  const auto contents = contentsOfFile(path).value_or({});
+  const auto text = text::trimmed(std::string_view(contents).substr(0, contents.find('\0')));
+  return text.empty() ? std::nullopt : std::optional<std::string>(text);
 }
 
 }  // namespace quillonic

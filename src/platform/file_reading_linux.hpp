@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <fcntl.h>
+#include <optional>
 #include <string>
 
 #include "platform/descriptor_linux.hpp"
@@ -25,5 +26,9 @@ Result<std::string> bytesOf(int file, std::size_t limit, std::size_t expected = 
 
 // The whole of a small file of the system's own, which reports no size.
 Result<std::string> contentsOfFile(const std::string& path);
+
+// The same without the space around it; nothing for an empty or unreadable file. Ends at a NUL, as the texts
+// of some firmware do.
+std::optional<std::string> textOfFile(const std::string& path);
 
 }  // namespace quillonic

@@ -13,9 +13,7 @@ namespace quillonic {
 
 std::string trueKindOf(const Mount& mount) {
   if (mount.kind != "fuse" && !mount.kind.starts_with("fuseblk")) return mount.kind;
-  const auto device = deviceOf(mount);
-  const auto number = std::to_string(device.major) + ":" + std::to_string(device.minor);
-  const auto record = contentsOfFile("/run/udev/data/b" + number).value_or({});
+  const auto record = contentsOfFile("/run/udev/data/b" + deviceOf(mount).text()).value_or({});
   if (const auto kind = text::valueInLines(record, "E:ID_FS_TYPE=")) return std::string(*kind);
   // Processes that may read the device, or the file with the volume, find the kind there. The source may be a
   // link to it.

@@ -14,6 +14,8 @@ struct DeviceNumber {
   std::uint32_t major;
   std::uint32_t minor;
 
+  // "8:1".
+  std::string text() const { return std::to_string(major) + ":" + std::to_string(minor); }
   friend bool operator==(const DeviceNumber&, const DeviceNumber&) = default;
 };
 
