@@ -26,6 +26,9 @@ std::string inFolder(std::string_view folder, std::string_view name) {
   return path.append(name);
 }
 
+namespace {
+
+// Fails if a path is relative and the working folder is gone.
 Result<std::string> absolutePath(const std::string& item) {
   if (item.starts_with('/')) return item;
   if (item.empty()) return items::systemError(std::errc::no_such_file_or_directory);
@@ -33,6 +36,10 @@ Result<std::string> absolutePath(const std::string& item) {
   return folder ? inFolder(*folder, item) : folder;
 }
 
+// Without ".", "..", doubled slashes and a trailing slash. The first `physical` bytes of the absolute path
+// are known to be folders without links, so that a ".." after them removes the component before it; elsewhere
+// the system is asked which folder is meant, and a ".." after an item that is not a folder fails as it does
+// there. What follows the last ".." need not exist.
 Result<std::string> standardized(std::string_view absolute, std::size_t physical) {
   std::string result;
   result.reserve(absolute.size());
@@ -55,6 +62,8 @@ Result<std::string> standardized(std::string_view absolute, std::size_t physical
   if (result.empty()) result.push_back('/');
   return result;
 }
+
+}  // namespace
 
 std::string withFoldersFollowed(std::string place,
                                 FunctionRef<Result<std::string>(const std::string&)> follow) {

@@ -4,7 +4,6 @@
 #include <quillonic/support/function_ref.hpp>
 #include <quillonic/support/result.hpp>
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -25,21 +24,13 @@ std::string itself(const std::filesystem::path& item);
 
 std::string inFolder(std::string_view folder, std::string_view name);
 
-// Fails if a path is relative and the working folder is gone.
-Result<std::string> absolutePath(const std::string& item);
-
-// Without ".", "..", doubled slashes and a trailing slash. The first `physical` bytes of the absolute path
-// are known to be folders without links, so that a ".." after them removes the component before it; elsewhere
-// the system is asked which folder is meant, and a ".." after an item that is not a folder fails as it does
-// there. What follows the last ".." need not exist.
-Result<std::string> standardized(std::string_view absolute, std::size_t physical);
-
 // Follows the links in a place's folders, as far as these exist and can be looked at; `follow` follows those
 // of one folder. So every location has one spelling, however a caller or a link reached it.
 std::string withFoldersFollowed(std::string place,
                                 FunctionRef<Result<std::string>(const std::string&)> follow);
 
-// An item as a caller named it, standardized and with its folders followed.
+// An item as a caller named it, standardized and with its folders followed. Fails if the path is relative and
+// the working folder is gone.
 Result<std::string> standardizedItem(const std::string& item);
 
 // The target of a symbolic link, from its stored text. The link's folder is absolute; `physical` says that no

@@ -24,8 +24,7 @@ std::error_code createHardName(const std::string& existing, const std::string& p
 // Removes a file, a link or an empty folder.
 std::error_code remove(const std::string& path, const Folder* folder = nullptr);
 
-// Gives an item, which may be a link, permissions and a modification date as far as its volume holds them.
-void setPermissions(const std::string& path, std::uint32_t permissions, const Folder* folder = nullptr);
+// Gives an item, which may be a link, a modification date as far as its volume holds it.
 void setModified(const std::string& path, Date date, const Folder* folder = nullptr);
 
 // Returns when the volume of a folder has all that was written to it.

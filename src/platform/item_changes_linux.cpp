@@ -35,10 +35,6 @@ std::error_code remove(const std::string& path, const Folder* folder) {
   return outcomeOf([&] { return ::unlinkat(parent, path.c_str(), AT_REMOVEDIR); });
 }
 
-void setPermissions(const std::string& path, std::uint32_t permissions, const Folder* folder) {
-  static_cast<void>(::fchmodat(descriptorOf(folder), path.c_str(), permissions, 0));
-}
-
 void setModified(const std::string& path, Date date, const Folder* folder) {
   // Some servers cannot leave a date as it is.
   const auto own = status(path, folder);

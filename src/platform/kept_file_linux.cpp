@@ -16,9 +16,10 @@ std::error_code KeptFile::read(std::string& contents) const {
   contents.resize(std::max<std::size_t>(contents.capacity(), 1024));
   std::size_t size = 0;
   for (;;) {
-    const auto count =
-        ::pread(file_.number(), contents.data() + size, contents.size() - size, static_cast<off_t>(size));
-    if (count < 0 && errno == EINTR) continue;
+    const auto count = uninterrupted([&] {
+      return ::pread(file_.number(), contents.data() + size, contents.size() - size,
+                     static_cast<off_t>(size));
+    });
     if (count < 0) return lastError();
     if (count == 0) break;
     size += static_cast<std::size_t>(count);

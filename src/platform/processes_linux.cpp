@@ -3,22 +3,16 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <dirent.h>
 
 #include "platform/file_reading_linux.hpp"
+#include "platform/items.hpp"
 #include "text/number_text.hpp"
 #include "text/pieces.hpp"
 
 namespace quillonic {
 
 Processes::Processes(const std::filesystem::path& root)
-    : root_((root / "proc").native()), folder_(::opendir(root_.c_str())) {}
-
-Processes::~Processes() = default;
-
-void Processes::Close::operator()(void* folder) const noexcept {
-  ::closedir(static_cast<DIR*>(folder));
-}
+    : root_((root / "proc").native()), areShown_(items::Folder::open(root_)) {}
 
 bool Processes::isHidden(std::int32_t process) const noexcept {
   // Zero and below are groups of processes.
@@ -53,13 +47,12 @@ KeptFile Processes::counts(std::int32_t process) const {
 
 void Processes::list(std::vector<std::int32_t>& identifiers) const {
   identifiers.clear();
-  if (!areShown()) return;
-  auto* folder = static_cast<DIR*>(folder_.get());
-  ::rewinddir(folder);
-  while (const auto* entry = ::readdir(folder)) {
-    const char* const name = static_cast<const char*>(entry->d_name);
+  const auto folder = items::Folder::open(root_);
+  if (!folder) return;
+  static_cast<void>(items::forEachEntry(*folder, [&](const std::string& name, FileType /*type*/) {
     if (const auto process = number_text::read<std::int32_t>(name)) identifiers.push_back(*process);
-  }
+    return true;
+  }));
   std::ranges::sort(identifiers);
 }
 

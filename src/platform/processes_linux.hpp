@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,10 +15,9 @@ namespace quillonic {
 class Processes {
  public:
   explicit Processes(const std::filesystem::path& root);
-  ~Processes();
 
   // Whether any process is shown.
-  bool areShown() const noexcept { return folder_ != nullptr; }
+  bool areShown() const noexcept { return areShown_; }
   // Whether a process exists that is not shown to this one.
   bool isHidden(std::int32_t process) const noexcept;
 
@@ -37,14 +35,10 @@ class Processes {
   void list(std::vector<std::int32_t>& identifiers) const;
 
  private:
-  struct Close {
-    void operator()(void* folder) const noexcept;
-  };
-
   std::string path(std::int32_t process, const char* name) const;
 
   std::string root_;
-  std::unique_ptr<void, Close> folder_;
+  bool areShown_;
 };
 
 }  // namespace quillonic
