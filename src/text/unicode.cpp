@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iterator>
 
+#include "text/ascii.hpp"
 #include "text/utf8.hpp"
 
 namespace quillonic::text {
@@ -53,8 +54,12 @@ char32_t simpleLowerCase(char32_t scalar) noexcept {
   return static_cast<char32_t>(static_cast<std::int32_t>(scalar) + range.distance);
 }
 
-void appendLowerCased(std::string& result, std::string_view text, std::string_view dottedI) {
-  while (!text.empty()) {
+std::string lowerCasedWith(std::string_view text, std::string_view dottedI) {
+  // Most texts are ASCII.
+  const auto* const other =
+      std::ranges::find_if(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+  auto result = ascii::loweredText(std::string(text.begin(), other));
+  for (text = {other, text.end()}; !text.empty();) {
     const auto [scalar, length, valid] = utf8::decode(text);
     if (!valid) {
       result.push_back(text.front());
@@ -64,18 +69,6 @@ void appendLowerCased(std::string& result, std::string_view text, std::string_vi
       utf8::append(result, simpleLowerCase(scalar));
     }
     text.remove_prefix(length);
-  }
-}
-
-std::string lowerCasedWith(std::string_view text, std::string_view dottedI) {
-  std::string result(text);
-  for (std::size_t at = 0; at < result.size(); ++at) {
-    char& c = result[at];
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    if (static_cast<unsigned char>(c) < 0x80) continue;
-    result.resize(at);
-    appendLowerCased(result, text.substr(at), dottedI);
-    break;
   }
   return result;
 }
