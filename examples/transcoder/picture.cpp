@@ -9,6 +9,12 @@ namespace {
 
 using namespace quillonic;
 
+Encoder proRes(std::string_view codec, const char* profile, std::string_view pixels) {
+  return {
+      codec, {"-c:v", "prores_ks", "-profile:v", profile, "-vendor", "apl0"}, {}, {{10, pixels}}, {}, false,
+      false};
+}
+
 const Encoder encoders[] = {
     {"dnxhd",
      {"-c:v", "dnxhd"},
@@ -43,48 +49,12 @@ const Encoder encoders[] = {
      true},
     {"mjpeg", {"-c:v", "mjpeg", "-huffman", "optimal"}, {"-q:v", "3"}, {{8, "yuvj422p"}}, {}, false, true},
     {"mp4", {"-c:v", "mpeg4"}, {"-q:v", "3"}, {{8, "yuv420p"}}, {}, true, true},
-    {"prores4444",
-     {"-c:v", "prores_ks", "-profile:v", "4", "-vendor", "apl0"},
-     {},
-     {{10, "yuv444p10le"}},
-     {},
-     false,
-     false},
-    {"prores4444xq",
-     {"-c:v", "prores_ks", "-profile:v", "5", "-vendor", "apl0"},
-     {},
-     {{10, "yuv444p10le"}},
-     {},
-     false,
-     false},
-    {"prores422",
-     {"-c:v", "prores_ks", "-profile:v", "2", "-vendor", "apl0"},
-     {},
-     {{10, "yuv422p10le"}},
-     {},
-     false,
-     false},
-    {"prores422hq",
-     {"-c:v", "prores_ks", "-profile:v", "3", "-vendor", "apl0"},
-     {},
-     {{10, "yuv422p10le"}},
-     {},
-     false,
-     false},
-    {"prores422lt",
-     {"-c:v", "prores_ks", "-profile:v", "1", "-vendor", "apl0"},
-     {},
-     {{10, "yuv422p10le"}},
-     {},
-     false,
-     false},
-    {"prores422proxy",
-     {"-c:v", "prores_ks", "-profile:v", "0", "-vendor", "apl0"},
-     {},
-     {{10, "yuv422p10le"}},
-     {},
-     false,
-     false},
+    proRes("prores4444", "4", "yuv444p10le"),
+    proRes("prores4444xq", "5", "yuv444p10le"),
+    proRes("prores422", "2", "yuv422p10le"),
+    proRes("prores422hq", "3", "yuv422p10le"),
+    proRes("prores422lt", "1", "yuv422p10le"),
+    proRes("prores422proxy", "0", "yuv422p10le"),
 };
 
 constexpr Container containers[] = {
