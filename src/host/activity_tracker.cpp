@@ -86,87 +86,79 @@ void ActiveJob::end() noexcept {
   bytes_ = nullptr;
 }
 
-namespace detail {
-
-struct TrackedJob {
-  std::shared_ptr<JobRecord> record;
-  RateWindow<1> window;
-  // The part of its bytes that is in the totals.
-  std::uint64_t counted = 0;
-  bool isAnnounced = false;
-
-  JobState state() const {
-    const auto& [name, application, readsFrom, writesTo, ignored] = record->description;
-    const auto done = record->bytesDone.load();
-    return {record->identifier, name,     application,
-            readsFrom,          writesTo, progressOf(done, record->expected(), window)};
-  }
-};
-
-// The jobs of an application, or all.
-struct TrackedGroup {
-  explicit TrackedGroup(Clock::duration length) : window(length) { total.progress.bytesExpected = 0; }
-
-  void enter() {
-    if (activeJobs++ > 0) return;
-    bytesBefore = bytesEver;
-    bytesOfEnded = 0;
-    window.restart();
-  }
-  void leave(std::uint64_t bytes) {
-    --activeJobs;
-    bytesOfEnded += bytes;
-  }
-  // What the active jobs expect is added up for each look.
-  void expect(std::optional<std::uint64_t> bytes) {
-    expected = expected && bytes ? std::optional(*expected + *bytes) : std::nullopt;
-  }
-  void look(Clock::time_point now) {
-    window.add(now, {bytesEver});
-    total.activeJobs = activeJobs;
-    total.progress = progressOf(bytesEver - bytesBefore, expected, window);
-  }
-
-  RateWindow<1> window;
-  std::uint64_t bytesEver = 0;
-  std::uint64_t bytesBefore = 0;
-  std::uint64_t bytesOfEnded = 0;
-  std::uint64_t activeJobs = 0;
-  std::optional<std::uint64_t> expected = 0;
-  ActivityTotal total;
-};
-
-struct TrackedDrive {
-  explicit TrackedDrive(Clock::duration length) : window(length) {}
-
-  void enter() {
-    if (activeJobs++ == 0) window.restart();
-  }
-  // Whether there is something to tell.
-  bool look(Clock::time_point now) {
-    window.add(now, {speed.bytesRead, speed.bytesWritten});
-    const auto rates = window.rates().value_or(RateWindow<2>::Rates{});
-    speed.bytesReadPerSecond = rates[0];
-    speed.bytesWrittenPerSecond = rates[1];
-    speed.measuredSeconds = window.seconds();
-    auto toldNow = speed;
-    toldNow.measuredSeconds = told.measuredSeconds;
-    return std::exchange(told, toldNow) != toldNow;
-  }
-  bool moves() const { return speed.bytesReadPerSecond > 0 || speed.bytesWrittenPerSecond > 0; }
-
-  RateWindow<2> window;
-  std::uint64_t activeJobs = 0;
-  DriveSpeed speed;
-  DriveSpeed told;
-};
-
-}  // namespace detail
-
 struct ActivityTracker::State {
-  using Job = detail::TrackedJob;
-  using Group = detail::TrackedGroup;
-  using Drive = detail::TrackedDrive;
+  struct Job {
+    std::shared_ptr<detail::JobRecord> record;
+    RateWindow<1> window;
+    // The part of its bytes that is in the totals.
+    std::uint64_t counted = 0;
+    bool isAnnounced = false;
+
+    JobState state() const {
+      const auto& [name, application, readsFrom, writesTo, ignored] = record->description;
+      const auto done = record->bytesDone.load();
+      return {record->identifier, name,     application,
+              readsFrom,          writesTo, progressOf(done, record->expected(), window)};
+    }
+  };
+
+  // The jobs of an application, or all.
+  struct Group {
+    explicit Group(Clock::duration length) : window(length) { total.progress.bytesExpected = 0; }
+
+    void enter() {
+      if (activeJobs++ > 0) return;
+      bytesBefore = bytesEver;
+      bytesOfEnded = 0;
+      window.restart();
+    }
+    void leave(std::uint64_t bytes) {
+      --activeJobs;
+      bytesOfEnded += bytes;
+    }
+    // What the active jobs expect is added up for each look.
+    void expect(std::optional<std::uint64_t> bytes) {
+      expected = expected && bytes ? std::optional(*expected + *bytes) : std::nullopt;
+    }
+    void look(Clock::time_point now) {
+      window.add(now, {bytesEver});
+      total.activeJobs = activeJobs;
+      total.progress = progressOf(bytesEver - bytesBefore, expected, window);
+    }
+
+    RateWindow<1> window;
+    std::uint64_t bytesEver = 0;
+    std::uint64_t bytesBefore = 0;
+    std::uint64_t bytesOfEnded = 0;
+    std::uint64_t activeJobs = 0;
+    std::optional<std::uint64_t> expected = 0;
+    ActivityTotal total;
+  };
+
+  struct Drive {
+    explicit Drive(Clock::duration length) : window(length) {}
+
+    void enter() {
+      if (activeJobs++ == 0) window.restart();
+    }
+    // Whether there is something to tell.
+    bool look(Clock::time_point now) {
+      window.add(now, {speed.bytesRead, speed.bytesWritten});
+      const auto rates = window.rates().value_or(RateWindow<2>::Rates{});
+      speed.bytesReadPerSecond = rates[0];
+      speed.bytesWrittenPerSecond = rates[1];
+      speed.measuredSeconds = window.seconds();
+      auto toldNow = speed;
+      toldNow.measuredSeconds = told.measuredSeconds;
+      return std::exchange(told, toldNow) != toldNow;
+    }
+    bool moves() const { return speed.bytesReadPerSecond > 0 || speed.bytesWrittenPerSecond > 0; }
+
+    RateWindow<2> window;
+    std::uint64_t activeJobs = 0;
+    DriveSpeed speed;
+    DriveSpeed told;
+  };
 
   State(std::shared_ptr<NotificationCenter> postsAt, Clock::duration window)
       : center(std::move(postsAt)), length(window), total(window), toldTotal(total.total) {}

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <utility>
+#include <map>
 
 #include "host/rate_window.hpp"
 #include "platform/block_devices_linux.hpp"
@@ -52,95 +52,65 @@ std::optional<std::uint64_t> growth(std::uint64_t before, std::uint64_t now, dou
 
 }  // namespace
 
-namespace detail {
-
-// What is remembered of a drive and not shown.
-struct DriveMemory {
-  explicit DriveMemory(Clock::duration length) : window(length) {}
-
-  std::uint64_t sectorsRead = 0;
-  std::uint64_t sectorsWritten = 0;
-  KeptFile sequenceFile;
-  std::string sequence;
-  RateWindow<2> window;
-  bool isKnown = false;
-  // In the last sample.
-  bool isThere = false;
-};
-
-}  // namespace detail
-
 struct DriveMeter::State {
-  using Memory = detail::DriveMemory;
+  // A drive and what is remembered of it.
+  struct Drive {
+    explicit Drive(Clock::duration length) : window(length) {}
+
+    MeasuredDrive shown;
+    std::uint64_t sectorsRead = 0;
+    std::uint64_t sectorsWritten = 0;
+    KeptFile sequenceFile;
+    std::string sequence;
+    RateWindow<2> window;
+    // In the last sample.
+    bool isThere = false;
+  };
 
   State(const std::filesystem::path& root, Clock::duration window)
       : length(window), devices(root / "sys"), statisticsFile((root / "proc/diskstats").native()) {}
 
-  // The position of the drive, which is added where it is new.
-  std::size_t position(std::string_view name) {
-    const auto place = std::ranges::lower_bound(drives, name, {}, &MeasuredDrive::name);
-    const auto position = place - drives.begin();
-    if (place != drives.end() && place->name == name) return static_cast<std::size_t>(position);
-    drives.insert(place, MeasuredDrive())->name = name;
-    memories.insert(memories.begin() + position, Memory(length));
-    return static_cast<std::size_t>(position);
-  }
-
   // Whether the drive of the last sample still has the name. Its file stays without contents when it goes.
-  bool isSame(Memory& memory) {
-    if (!memory.sequenceFile.isOpen()) return true;
-    return !memory.sequenceFile.read(sequence) && sequence == memory.sequence;
+  bool isSame(const Drive& drive) {
+    if (!drive.sequenceFile.isOpen()) return true;
+    return !drive.sequenceFile.read(sequence) && sequence == drive.sequence;
   }
 
-  void begin(MeasuredDrive& drive, Memory& memory) {
-    const auto device = devices.named(drive.name);
-    drive.isPartition = device && BlockDevices::isPartition(*device);
-    drive.bytesRead = drive.bytesWritten = 0;
-    memory.sequenceFile = KeptFile(devices.sequenceFile(drive.name));
-    static_cast<void>(memory.sequenceFile.read(sequence));
-    memory.sequence = sequence;
-    memory.window.restart();
+  void begin(const std::string& name, Drive& drive) {
+    const auto device = devices.named(name);
+    drive.shown = {};
+    drive.shown.name = name;
+    drive.shown.isPartition = device && BlockDevices::isPartition(*device);
+    drive.sequenceFile = KeptFile(devices.sequenceFile(name));
+    static_cast<void>(drive.sequenceFile.read(sequence));
+    drive.sequence = sequence;
+    drive.window.restart();
   }
 
   void look(const Line& line, Clock::time_point now) {
-    const auto at = position(line.name);
-    auto& drive = drives[at];
-    auto& memory = memories[at];
-    memory.isThere = true;
-    const auto isKnown = std::exchange(memory.isKnown, true);
-    const auto read = growth(memory.sectorsRead, line.sectorsRead, passed);
-    const auto written = growth(memory.sectorsWritten, line.sectorsWritten, passed);
-    memory.sectorsRead = line.sectorsRead;
-    memory.sectorsWritten = line.sectorsWritten;
-    if (!isKnown || !read || !written || !isSame(memory)) {
-      begin(drive, memory);
+    const auto [entry, isNew] = known.try_emplace(std::string(line.name), length);
+    auto& [name, drive] = *entry;
+    drive.isThere = true;
+    const auto read = growth(drive.sectorsRead, line.sectorsRead, passed);
+    const auto written = growth(drive.sectorsWritten, line.sectorsWritten, passed);
+    drive.sectorsRead = line.sectorsRead;
+    drive.sectorsWritten = line.sectorsWritten;
+    auto& shown = drive.shown;
+    if (isNew || !read || !written || !isSame(drive)) {
+      begin(name, drive);
     } else {
-      drive.bytesRead += *read * bytesInSector;
-      drive.bytesWritten += *written * bytesInSector;
+      shown.bytesRead += *read * bytesInSector;
+      shown.bytesWritten += *written * bytesInSector;
     }
-    drive.requestsInFlight = line.inFlight;
-    memory.window.add(now, {drive.bytesRead, drive.bytesWritten});
-    const auto rates = memory.window.rates();
-    drive.bytesReadPerSecond = rates ? std::optional((*rates)[0]) : std::nullopt;
-    drive.bytesWrittenPerSecond = rates ? std::optional((*rates)[1]) : std::nullopt;
-  }
-
-  void forgetAbsent() {
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < drives.size(); ++i) {
-      if (!memories[i].isThere) continue;
-      if (kept != i) {
-        drives[kept] = std::move(drives[i]);
-        memories[kept] = std::move(memories[i]);
-      }
-      ++kept;
-    }
-    drives.erase(drives.begin() + static_cast<std::ptrdiff_t>(kept), drives.end());
-    memories.erase(memories.begin() + static_cast<std::ptrdiff_t>(kept), memories.end());
+    shown.requestsInFlight = line.inFlight;
+    drive.window.add(now, {shown.bytesRead, shown.bytesWritten});
+    const auto rates = drive.window.rates();
+    shown.bytesReadPerSecond = rates ? std::optional((*rates)[0]) : std::nullopt;
+    shown.bytesWrittenPerSecond = rates ? std::optional((*rates)[1]) : std::nullopt;
   }
 
   std::error_code sample(Clock::time_point now) {
-    for (auto& memory : memories) memory.isThere = false;
+    for (auto& [name, drive] : known) drive.isThere = false;
     const auto error = statisticsFile.read(statistics);
     passed = lastSample ? std::chrono::duration<double>(now - *lastSample).count() : 0;
     lastSample = now;
@@ -148,16 +118,18 @@ struct DriveMeter::State {
     for (auto lines = text::lines(statistics); const auto text = lines.next();) {
       if (const auto line = lineFrom(*text)) look(*line, now);
     }
-    forgetAbsent();
+    std::erase_if(known, [](const auto& entry) { return !entry.second.isThere; });
+    drives.clear();
+    for (const auto& [name, drive] : known) drives.push_back(drive.shown);
     return error;
   }
 
   const Clock::duration length;
   BlockDevices devices;
   KeptFile statisticsFile;
-  // By name; the memory of each is at the same position.
+  std::map<std::string, Drive> known;
+  // Those that are known, by name.
   std::vector<MeasuredDrive> drives;
-  std::vector<Memory> memories;
   std::optional<Clock::time_point> lastSample;
   // Between the last two samples, in seconds.
   double passed = 0;

@@ -16,74 +16,11 @@
 #include "text/pieces.hpp"
 
 namespace quillonic::host {
-namespace detail {
+namespace {
 
 // What the system counts for a process, in the order of its lines.
-class ProcessCounts {
- public:
-  ProcessCounts() = default;
-
-  static std::optional<ProcessCounts> fromText(std::string_view text) {
-    ProcessCounts counts;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      const auto value = text::valueInLines(text, names[i]);
-      const auto number = value ? number_text::read<std::uint64_t>(*value) : std::nullopt;
-      if (!number) return std::nullopt;
-      counts.values_[i] = *number;
-    }
-    return counts;
-  }
-
-  bool covers(const ProcessCounts& other) const {
-    return std::ranges::equal(values_, other.values_, std::greater_equal<>());
-  }
-  ProcessCounts& operator+=(const ProcessCounts& other) {
-    std::ranges::transform(values_, other.values_, values_.begin(), std::plus<>());
-    return *this;
-  }
-  // A count that fell was not the same one, and did not grow.
-  ProcessCounts operator-(const ProcessCounts& other) const {
-    ProcessCounts difference;
-    std::ranges::transform(values_, other.values_, difference.values_.begin(),
-                           [](std::uint64_t a, std::uint64_t b) { return a - std::min(a, b); });
-    return difference;
-  }
-  ProcessBytes bytes() const { return {values_[0], values_[1], values_[4], values_[5]}; }
-
- private:
-  static constexpr auto names = std::to_array<std::string_view>(
-      {"rchar: ", "wchar: ", "syscr: ", "syscw: ", "read_bytes: ", "write_bytes: "});
-
-  std::array<std::uint64_t, names.size()> values_{};
-};
-
-struct FollowedProcess {
-  FollowedProcess(std::int32_t process, const Processes::Facts& facts, bool withChildren,
-                  Clock::duration length)
-      : began(facts.began), includesChildren(withChildren), window(length) {
-    activity.process = process;
-    activity.parent = facts.parent;
-  }
-
-  bool hasEnded() const { return activity.answer == ProcessAnswer::ended; }
-  // A parent never sorts after its child.
-  auto order() const { return std::pair(began, activity.process); }
-
-  ProcessActivity activity;
-  std::uint64_t began;
-  bool includesChildren;
-  KeptFile file;
-  ProcessCounts counts;
-  // Those of the sample before.
-  ProcessCounts earlier;
-  // The part of the counts that others have counted before.
-  ProcessCounts inherited;
-  RateWindow<4> window;
-};
-
-}  // namespace detail
-
-namespace {
+constexpr auto countNames = std::to_array<std::string_view>(
+    {"rchar: ", "wchar: ", "syscr: ", "syscw: ", "read_bytes: ", "write_bytes: "});
 
 RateWindow<4>::Counts channels(const ProcessBytes& bytes) {
   return {bytes.readByCalls, bytes.writtenByCalls, bytes.readFromDrives, bytes.writtenToDrives};
@@ -105,8 +42,61 @@ void add(ProcessBytes& sum, const ProcessBytes& bytes) {
 }  // namespace
 
 struct ProcessMeter::State {
-  using Counts = detail::ProcessCounts;
-  using Followed = detail::FollowedProcess;
+  class Counts {
+   public:
+    static std::optional<Counts> fromText(std::string_view text) {
+      Counts counts;
+      for (std::size_t i = 0; i < countNames.size(); ++i) {
+        const auto value = text::valueInLines(text, countNames[i]);
+        const auto number = value ? number_text::read<std::uint64_t>(*value) : std::nullopt;
+        if (!number) return std::nullopt;
+        counts.values_[i] = *number;
+      }
+      return counts;
+    }
+
+    bool covers(const Counts& other) const {
+      return std::ranges::equal(values_, other.values_, std::greater_equal<>());
+    }
+    Counts& operator+=(const Counts& other) {
+      std::ranges::transform(values_, other.values_, values_.begin(), std::plus<>());
+      return *this;
+    }
+    // A count that fell was not the same one, and did not grow.
+    Counts operator-(const Counts& other) const {
+      Counts difference;
+      std::ranges::transform(values_, other.values_, difference.values_.begin(),
+                             [](std::uint64_t a, std::uint64_t b) { return a - std::min(a, b); });
+      return difference;
+    }
+    ProcessBytes bytes() const { return {values_[0], values_[1], values_[4], values_[5]}; }
+
+   private:
+    std::array<std::uint64_t, countNames.size()> values_{};
+  };
+
+  struct Followed {
+    Followed(std::int32_t process, const Processes::Facts& facts, bool withChildren, Clock::duration length)
+        : began(facts.began), includesChildren(withChildren), window(length) {
+      activity.process = process;
+      activity.parent = facts.parent;
+    }
+
+    bool hasEnded() const { return activity.answer == ProcessAnswer::ended; }
+    // A parent never sorts after its child.
+    auto order() const { return std::pair(began, activity.process); }
+
+    ProcessActivity activity;
+    std::uint64_t began;
+    bool includesChildren;
+    KeptFile file;
+    Counts counts;
+    // Those of the sample before.
+    Counts earlier;
+    // The part of the counts that others have counted before.
+    Counts inherited;
+    RateWindow<4> window;
+  };
 
   State(const std::filesystem::path& root, Clock::duration window)
       : processes(root), length(window), totalWindow(window) {}
