@@ -22,15 +22,13 @@ void warn(std::string_view operation, std::string_view name, std::string_view re
                                                   .append(reason));
 }
 
-struct RulesOrReason {
-  std::optional<ZoneRules> rules;
-  std::string reason;
-};
-
-RulesOrReason rulesOfFile(const std::string& path) {
+// Otherwise the reason, for people.
+Result<ZoneRules, std::string> rulesOfFile(const std::string& path) {
   const auto bytes = time_settings::zoneFile(path);
-  if (!bytes) return {std::nullopt, bytes.error().message()};
-  return {ZoneRules::fromFile(*bytes), "it is damaged, or counts leap seconds"};
+  if (!bytes) return bytes.error().message();
+  auto rules = ZoneRules::fromFile(*bytes);
+  if (!rules) return std::string("it is damaged, or counts leap seconds");
+  return *std::move(rules);
 }
 
 // The part of a link's target that names a zone.
@@ -59,14 +57,13 @@ std::optional<TimeZone> TimeZone::fromName(std::string_view name) {
   // The variable may have a colon before a name.
   auto file = std::string(name.substr(name.starts_with(':') ? 1 : 0));
   if (file.empty() || file == "UTC") return utc();
-  auto [rules, reason] =
+  auto rules =
       rulesOfFile(file.starts_with('/') ? file : time_settings::zoneFolder().append("/").append(file));
-  if (!rules) {
-    if (const auto rule = YearlyRule::fromText(name))
-      rules.emplace(std::chrono::seconds(), std::vector<ZoneRules::Change>(), rule);
-  }
   if (rules) return TimeZone(std::move(file), *std::move(rules));
-  warn("FN", name, reason);
+  if (const auto rule = YearlyRule::fromText(name)) {
+    return TimeZone(std::move(file), ZoneRules(std::chrono::seconds(), {}, rule));
+  }
+  warn("FN", name, rules.error());
   return std::nullopt;
 }
 
@@ -74,12 +71,10 @@ std::optional<TimeZone> TimeZone::ofSystem() {
   if (const auto variable = time_settings::zoneVariable()) return fromName(*variable);
   const std::string file = time_settings::systemZone;
   if (!items::status(file)) return utc();
-  if (auto [rules, reason] = rulesOfFile(file); rules) {
-    return TimeZone(zoneOfLink(file), *std::move(rules));
-  } else {
-    warn("OS", file, reason);
-    return std::nullopt;
-  }
+  auto rules = rulesOfFile(file);
+  if (rules) return TimeZone(zoneOfLink(file), *std::move(rules));
+  warn("OS", file, rules.error());
+  return std::nullopt;
 }
 
 const std::string& TimeZone::name() const noexcept {
