@@ -70,8 +70,8 @@ bool TranscodeOptionChanges::set(std::string_view flag, std::string_view value) 
   return change(flag, std::string(value));
 }
 
-bool TranscodeOptionChanges::set(std::string_view flag, double value) {
-  auto text = option_texts::written(value);
+bool TranscodeOptionChanges::set(std::string_view flag, DecimalNumber value) {
+  auto text = option_texts::written(static_cast<double>(value));
   return text && change(flag, std::move(text));
 }
 

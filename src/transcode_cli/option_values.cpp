@@ -31,6 +31,10 @@ std::vector<std::int64_t> inOrderAndOnce(std::vector<std::int64_t> numbers) {
 
 }  // namespace
 
+double DecimalNumber::ofText(float value) {
+  return number_text::read<double>(number_text::shortest(value)).value_or(value);
+}
+
 bool TranscodeOptionValues::isOn(std::string_view flag) const noexcept {
   return flagValueLookup_.contains(flag);
 }

@@ -216,6 +216,18 @@ TEST(TranscodeOptions, ANumberThatCannotTravelRemovesTheFlagAndWarns) {
   EXPECT_EQ(model.argumentFlagValue("-vr"), "0.0");
 }
 
+TEST(TranscodeOptions, AFloatIsWrittenByItsOwnShortestText) {
+  TranscodeCliArguments model;
+  for (float number = 0.1F; number < 1e9F; number *= 1.37F) {
+    model.setVideoBitRate(number);
+    const auto text = model.argumentFlagValue("-vbr").value_or("");
+    EXPECT_EQ(std::stof(std::string(text)), number);
+    EXPECT_LE(text.size(), 12U) << text;  // nine digits are enough
+  }
+  model.setVideoFrameRate(std::optional(0.1F));
+  EXPECT_EQ(model.argumentFlagValue("-vr"), "0.1");
+}
+
 // Out of 255 if the colour has an RGB form; else the flag is removed and the log shows the colour.
 TEST(TranscodeOptions, ColoursAreWrittenOutOf255) {
   const std::pair<Color, std::string> rows[] = {

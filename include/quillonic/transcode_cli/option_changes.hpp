@@ -55,7 +55,7 @@ class QUILLONIC_EXPORT TranscodeOptionChanges {
   /// returns false, without any change, when the flag is not valid or the value cannot be written.
   bool set(std::string_view flag, std::string_view value = {});
   /// A decimal number; NaN, infinity and negative numbers cannot be written.
-  bool set(std::string_view flag, double value);
+  bool set(std::string_view flag, DecimalNumber value);
   /// A frame size; negative sides cannot be written.
   bool set(std::string_view flag, const FrameSize& value);
   /// A colour, written as by the model's setters: white is `Color::rgb255(255, 255, 255)`, because

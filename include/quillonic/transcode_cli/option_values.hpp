@@ -4,12 +4,29 @@
 #include <quillonic/export.hpp>
 #include <quillonic/support/text_dictionary.hpp>
 
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 namespace quillonic {
+
+/// What decimal options take: any number, and of a `float` the one that its shortest text says. Thus 0.1F is
+/// 0.1, where a conversion gives 0.10000000149011612.
+class DecimalNumber {
+ public:
+  // NOLINTBEGIN(google-explicit-constructor): numbers are passed as they are
+  constexpr DecimalNumber(double value) noexcept : value_(value) {}
+  DecimalNumber(std::same_as<float> auto value) : value_(ofText(value)) {}
+  constexpr operator double() const noexcept { return value_; }
+  // NOLINTEND(google-explicit-constructor)
+
+ private:
+  QUILLONIC_EXPORT static double ofText(float value);
+
+  double value_;
+};
 
 /// The values of a model's flags, as seen by the typed options.
 ///

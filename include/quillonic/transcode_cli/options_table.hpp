@@ -107,7 +107,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setVideoFormat(const std::optional<VAVTranscodeArgumentVideoCodecValue>& value);
   /// Frames per second.
   std::optional<double> videoFrameRate() const;
-  void setVideoFrameRate(std::optional<double> value);
+  void setVideoFrameRate(std::optional<DecimalNumber> value);
   /// The frame size in pixels, as in "960x540".
   std::optional<FrameSize> videoDimensions() const;
   void setVideoDimensions(std::optional<FrameSize> value);
@@ -119,7 +119,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setVideoAspectCropAnchor(const std::optional<VideoCropAnchor>& value);
   /// The video's bit rate in megabits per second; the cloud preset has 3.
   std::optional<double> videoBitRate() const;
-  void setVideoBitRate(std::optional<double> value);
+  void setVideoBitRate(std::optional<DecimalNumber> value);
   /// Bits per colour component.
   std::optional<std::int64_t> videoBitDepth() const;
   void setVideoBitDepth(std::optional<std::int64_t> value);
@@ -209,7 +209,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setTimecode(std::optional<std::string_view> value);
   /// The timecode's frames per second.
   std::optional<double> timecodeFrameRate() const;
-  void setTimecodeFrameRate(std::optional<double> value);
+  void setTimecodeFrameRate(std::optional<DecimalNumber> value);
   /// Whether "-tc_drop" is set, which counts in drop frame.
   bool timecodeIsDropFrame() const;
   /// Sets or removes "-tc_drop". A `timecode` that reads strictly gets the switch's separator; any other text
@@ -224,7 +224,7 @@ class QUILLONIC_EXPORT TranscodeOptions : public TranscodeOptionValues {
   void setWatermarkFileBurnFilePath(const std::optional<std::filesystem::path>& value);
   /// What both sides of the image are multiplied by; 1 keeps its size.
   std::optional<double> watermarkFileBurnScale() const;
-  void setWatermarkFileBurnScale(std::optional<double> value);
+  void setWatermarkFileBurnScale(std::optional<DecimalNumber> value);
 
   /// Whether "-wmt_burn" is set, which burns a text into the picture.
   bool watermarkTextAddBurn() const;
