@@ -218,7 +218,8 @@ class QUILLONIC_EXPORT TranscodeCliArguments final : public CliArgumentStore, pu
   std::optional<TranscodeInputFileGroup> inputFileGroup(std::int64_t group) const;
   /// Replaces the files of one group, which get the positions 0, 1, 2 and so on, and leaves other input files
   /// unchanged. A record without files removes the group; an equal record changes nothing.
-  /// `setInputFileGroup` takes the number and the files without a record.
+  /// `setInputFileGroup` takes the number and the files without a record; `update({0, {"/a.mov"}})` fits other
+  /// records too and does not compile.
   void update(const TranscodeInputFileGroup& fromInputFileGroup);
 
   /// Every flag and its value as two words, even if the value is empty: first the flags with a recorded
