@@ -96,8 +96,11 @@ double Job::duration() {
 }
 
 child::Rate Job::rate() {
-  if (const auto wanted = settings.videoFrameRate(); wanted && *wanted > 0)
+  if (const auto wanted = settings.videoFrameRate(); wanted && *wanted > 0) {
+    // Beyond these, ffmpeg repeats frames for hours, or finds no clock that counts them.
+    if (*wanted < 0.01 || *wanted > 1000) refuse("-vr: from 0.01 to 1000 frames per second");
     return child::Rate::fromNumber(*wanted);
+  }
   if (source().rate.frames > 0) return source().rate;
   if (const auto counted = settings.timecodeFrameRate(); counted && *counted > 0)
     return child::Rate::fromNumber(*counted);

@@ -49,7 +49,7 @@ constexpr auto rows = std::to_array<Row>({
     // Video
     {VAVNoVideoFlag, tool, "-vn"},
     {VAVVideoFormatFlag, tool, "-c:v and the encoder's own words"},
-    {VAVVideoFrameRateFlag, bySource, "fps; 23.98 means 24000/1001", frameRate},
+    {VAVVideoFrameRateFlag, bySource, "fps, from 0.01 to 1000; 23.98 means 24000/1001", frameRate},
     {VAVVideoDimensionsFlag, bySource, "scale to square pixels", dimensions},
     {VAVVideoAspectScalingFlag, tool,
      "match: the size that fits; stretch: scale; letterbox (also without the flag): pad; crop", nullptr,

@@ -340,6 +340,7 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
        64,
        "00:01:00;00 is never"},
       {{"-in", source, "-out", out, "-vr", "12.5", "-tc_burn"}, 64, "no timecode counts 12.5"},
+      {{"-in", source, "-out", out, "-vr", "1001"}, 64, "-vr: from"},
       {{"-in", source, "-out", out, "-vr", "24fps"}, 64, "-vr: found \"24fps\", expected"},
       {{"-in", source, "-out", out, "-vcodecc", "h264"}, 64, "-vcodecc: no flag of the transcoder, although"},
       {{"-in", source, "-out", out, "-file_format", "mp4", "-vcodec", "prores422"},
