@@ -3,8 +3,8 @@
 //     select_tool /card 'kind video and size > 1 GB and modified this-week'
 //     select_tool -0 /card 'iname "a001*" or not (kind video, audio)' | xargs -0 ls -l
 //
-// Ends with 0 when everything could be read and decided, with 1 when something could not, and with 64 when it
-// was called wrongly. A closed pipe ends it as any other program.
+// Ends with 0 when everything could be read and decided, with 1 when something could not or a volume that is
+// named is not there, and with 64 when it was called wrongly. A closed pipe ends it as any other program.
 #include <quillonic/selection.hpp>
 
 #include <algorithm>
@@ -107,8 +107,14 @@ int main(int argc, char** argv) {
   }
   const auto calendar = Calendar::ofSystem().value_or(Calendar(TimeZone::utc()));
 
+  const Selector selector(*criterion, calendar);
+  for (const auto& [place, error] : selector.unseenVolumes()) {
+    std::cerr << "volume " << place.native() << ": " << error.message() << '\n';
+  }
+  if (!selector.unseenVolumes().empty()) return incomplete;
+
   Printer printer(end);
-  const auto summary = walkTree(folder, Selector(*criterion, calendar), options, printer);
+  const auto summary = walkTree(folder, selector, options, printer);
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     std::cerr << "the paths cannot be written\n";
     return incomplete;

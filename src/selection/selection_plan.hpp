@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "platform/items.hpp"
 
@@ -35,6 +36,7 @@ struct Selector::Plan {
   bool asksForHidden = false;
   // Devices by place, absent for one that could not be looked at.
   std::map<std::filesystem::path, std::optional<std::uint64_t>> devices;
+  std::vector<UnseenVolume> unseenVolumes;
 
   Answer answer(const Facts& facts) const { return answer(criterion, facts); }
   Answer answer(const Criterion& part, const Facts& facts) const;

@@ -101,11 +101,10 @@ Answer answerTo(const HiddenCondition& /*condition*/, const Facts& facts) noexce
 }
 
 // What a criterion needs, added to a plan. Nothing of it depends on the items.
-void prepare(const Criterion& criterion, items::StatusParts& parts, bool& asksForHidden, auto& devices) {
+void prepare(const Criterion& criterion, auto& plan) {
+  auto& parts = plan.parts;
   std::visit(Overloaded{[&](const Combination& combination) {
-                          for (const auto& member : combination.members) {
-                            prepare(member, parts, asksForHidden, devices);
-                          }
+                          for (const auto& member : combination.members) prepare(member, plan);
                         },
                         [&](const SizeCondition&) { parts.size = true; },
                         [&](const DateCondition& condition) {
@@ -113,10 +112,16 @@ void prepare(const Criterion& criterion, items::StatusParts& parts, bool& asksFo
                           parts.modified = parts.modified || condition.date == FileDate::modified;
                           parts.accessed = parts.accessed || condition.date == FileDate::accessed;
                         },
-                        [&](const HiddenCondition&) { asksForHidden = true; },
+                        [&](const HiddenCondition&) { plan.asksForHidden = true; },
                         [&](const VolumeCondition& condition) {
+                          const auto [known, isNew] = plan.devices.try_emplace(condition.place);
+                          if (!isNew) return;
                           const auto status = items::status(condition.place.native(), items::StatusParts{});
-                          devices[condition.place] = status ? std::optional(status->device) : std::nullopt;
+                          if (status) {
+                            known->second = status->device;
+                          } else {
+                            plan.unseenVolumes.push_back({condition.place, status.error()});
+                          }
                         },
                         [](const auto&) {}},
              criterion.alternatives());
@@ -161,12 +166,16 @@ Answer Selector::Plan::answer(const Criterion& part, const Facts& facts) const {
 Selector::Selector(const Criterion& criterion, const Calendar& calendar, std::chrono::sys_seconds instant) {
   auto plan = std::make_shared<Plan>();
   plan->criterion = criterion.resolved(calendar, instant);
-  prepare(plan->criterion, plan->parts, plan->asksForHidden, plan->devices);
+  prepare(plan->criterion, *plan);
   plan_ = std::move(plan);
 }
 
 const Criterion& Selector::criterion() const noexcept {
   return plan_->criterion;
+}
+
+const std::vector<Selector::UnseenVolume>& Selector::unseenVolumes() const noexcept {
+  return plan_->unseenVolumes;
 }
 
 Answer Selector::answer(const FileAttributes& attributes) const {

@@ -97,6 +97,15 @@ TEST(Selector, ComparesDatesWithHalfOpenRanges) {
   }
 }
 
+TEST(Selector, NamesEachVolumeThatIsNotThereOnce) {
+  const auto selector = selectorOf("(volume /nowhere or volume / or not volume /nowhere) and volume /gone");
+  std::string places;
+  for (const auto& [place, error] : selector.unseenVolumes()) {
+    places += place.native() + (error == std::errc::no_such_file_or_directory ? " " : "?");
+  }
+  EXPECT_EQ(places, "/nowhere /gone ");
+}
+
 TEST(Selector, LeavesOpenWhatIsNotKnown) {
   auto attributes = named("clip.mov");
   attributes.set(FileAttributeKey::NSFileSize, std::uint64_t{1000});

@@ -14,6 +14,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <system_error>
+#include <vector>
 
 namespace quillonic::selection {
 
@@ -33,6 +35,17 @@ class QUILLONIC_EXPORT Selector {
 
   /// The criterion, with its times as instants.
   const Criterion& criterion() const noexcept;
+
+  /// A place that a volume condition names.
+  struct UnseenVolume {
+    /// As the condition has it.
+    std::filesystem::path place;
+    /// Why it could not be looked at.
+    std::error_code error;
+  };
+  /// The volumes that could not be looked at, each once: a host says so before a walk leaves every item
+  /// undecided.
+  const std::vector<UnseenVolume>& unseenVolumes() const noexcept;
 
   /// Answers from attributes in hand, and asks the system nothing. Uses `filePathName`, `NSFileType`,
   /// `NSFileSize`, the two dates and `NSFileSystemNumber`. The date of access is no attribute.
