@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono;  // NOLINT(google-build-using-namespace): names of units
 
-const std::string berlin = "/usr/share/zoneinfo/Europe/Berlin";
+const std::string town = ZONE_FILES "/Town";  // an hour before UTC, with summer time
 const sys_seconds winter = sys_days(2026y / 1 / 1);
 const sys_seconds summer = sys_days(2026y / 7 / 1);
 const sys_seconds leapDay = sys_days(2028y / 2 / 29);
@@ -62,10 +62,10 @@ TEST(TimeZone, TellsOfNamesThatDoNotExist) {
 }
 
 TEST(TimeZone, IsThatOfTheSystem) {
-  if (!std::filesystem::exists(berlin)) GTEST_SKIP() << "needs the system's files of time zones";
   const RecordedLog log;
+  setenv("TZDIR", ZONE_FILES, 1);
   const std::tuple<const char*, std::optional<seconds>> rows[] = {
-      {"", 0s}, {"ABC-3", 3h}, {":Europe/Berlin", 2h}, {berlin.c_str(), 2h}, {"Nowhere/Foo", std::nullopt}};
+      {"", 0s}, {"ABC-3", 3h}, {":Town", 2h}, {town.c_str(), 2h}, {"Nowhere/Foo", std::nullopt}};
   for (const auto& [variable, offset] : rows) {
     setenv("TZ", variable, 1);
     const auto zone = TimeZone::ofSystem();
@@ -73,20 +73,17 @@ TEST(TimeZone, IsThatOfTheSystem) {
   }
   unsetenv("TZ");
   EXPECT_TRUE(TimeZone::ofSystem());
-  const TemporaryFolder folder;
-  std::filesystem::copy_file(berlin, folder / "Town");
-  setenv("TZDIR", folder.path().c_str(), 1);
-  EXPECT_TRUE(TimeZone::fromName("Town") && !TimeZone::fromName("Europe/Berlin"));
   unsetenv("TZDIR");
+  EXPECT_FALSE(TimeZone::fromName("Town"));
 }
 
 // Old files have one part, and damaged ones are refused or have some answer.
 TEST(TimeZone, ReadsOldAndDamagedFiles) {
-  if (!std::filesystem::exists(berlin)) GTEST_SKIP() << "needs the system's files of time zones";
-  const auto whole = contentOf(berlin);
+  const auto whole = contentOf(town);
   const TemporaryFolder folder;
   const RecordedLog log;
   const auto read = [&](const std::string& bytes) {
+    std::filesystem::remove(folder / "zone");  // some file systems wait for the disk when it is written again
     return TimeZone::fromName(folder.file("zone", bytes).native());
   };
   for (const char version : {'\0', '2', '3', '4'}) {
