@@ -49,10 +49,10 @@ struct Captured {
 };
 
 // Of a file's path, which is a folder with a trailing slash, and a name. Most keys are in the name alone.
-Captured captured(const PatternMatch& match, std::string_view folder, std::string_view name) {
+Captured captured(const Pattern& pattern, const PatternMatch::Bounds& bounds, std::string_view folder,
+                  std::string_view name) {
   Captured found;
-  const auto bounds = match.bounds();
-  const auto segments = match.pattern().segments;
+  const auto segments = pattern.segments;
   for (std::size_t i = 0; i < segments.size(); ++i) {
     const auto inFolder = [&](std::size_t at) { return std::min(at, folder.size()); };
     const auto inName = [&](std::size_t at) { return at - inFolder(at); };
@@ -196,24 +196,27 @@ class Collection {
     if (isInLeftover_ || nameRole(item.name) != NameRole::ordinary) return loose(contents_.other, file, true);
     for (const auto& card : open) {
       for (const auto& rule : card.rules) {
-        if (!fitsEnd(rule.match.pattern(), item.name)) continue;
+        const auto fixed = fixedEnd(rule.match.pattern(), item.name);
+        if (!fixed) continue;
         scratch_ = rule.match;
-        if (scratch_->feed(item.name) && scratch_->isWhole()) return placeByRule(file, card, rule.role);
+        if (const auto bounds = scratch_->finish(item.name, *fixed))
+          return placeByRule(file, card, rule, *bounds);
       }
     }
     rest.push_back(file);
   }
 
-  void placeByRule(Index file, const OpenCard& card, RuleRole role) {
+  void placeByRule(Index file, const OpenCard& card, const OpenRule& rule,
+                   const PatternMatch::Bounds& bounds) {
     const auto& name = tree_[file].name;
-    if (role == RuleRole::index) {
+    if (rule.role == RuleRole::index) {
       const auto extension = fileExtensionOfName(name);
       if (card.row->layout == CardLayout::avchd && extension &&
           formatOf(*extension) == MediaFormat::avchdPlayList)
         playLists_.push_back({card.card, file});
       return loose(contents_.bookkeeping, file);
     }
-    auto found = captured(*scratch_, card.path, name);
+    auto found = captured(rule.match.pattern(), bounds, card.path, name);
     auto key = std::to_string(card.card) + "/";
     appendCapitals(key, found.folder);
     key.push_back('\0');
@@ -226,7 +229,7 @@ class Collection {
       draft.name = found.key.empty() ? folderName(contents_.cards[card.card].root) : std::move(found.key);
       draft.files.reserve(usualFileCount);
     }
-    add(drafts_[place->second], file, roleOf(role, name), found.number, found.counts);
+    add(drafts_[place->second], file, roleOf(rule.role, name), found.number, found.counts);
   }
 
   void add(Draft& draft, Index file, ClipRole role, std::optional<std::uint64_t> number = {},

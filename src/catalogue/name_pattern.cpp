@@ -11,73 +11,74 @@ namespace {
 
 }  // namespace
 
-bool fitsEnd(const Pattern& pattern, std::string_view name) noexcept {
+std::optional<std::size_t> fixedEnd(const Pattern& pattern, std::string_view name) noexcept {
+  std::size_t count = 0;
   for (auto atom = pattern.atoms.rbegin(); atom != pattern.atoms.rend(); ++atom) {
-    if (atom->isOptional || atom->repeats || name.empty()) break;
-    if (!byteSets[atom->set].contains(static_cast<unsigned char>(ascii::raised(name.back())))) return false;
-    name.remove_suffix(1);
+    if (atom->isOptional || atom->repeats || count == name.size()) break;
+    ++count;
+    const auto byte = static_cast<unsigned char>(ascii::raised(name[name.size() - count]));
+    if (!byteSets[atom->set].contains(byte)) return std::nullopt;
   }
-  return true;
+  return count;
 }
 
 PatternMatch::PatternMatch(const Pattern& pattern) : pattern_(&pattern), ways_(1) {}
 
-bool PatternMatch::canEndAfter(std::size_t taken) const noexcept {
-  return std::ranges::all_of(pattern_->atoms.subspan(taken), &Atom::isOptional);
-}
-
-// Of two ways to one atom, the one that was found first stays: the earliest repetition takes most.
-void PatternMatch::take(const Way& way, std::size_t atom, std::uint64_t& reached) {
-  const auto bit = std::uint64_t{1} << atom;
-  if ((reached & bit) != 0) return;
-  reached |= bit;
-  auto& next = next_.emplace_back(way);
-  next.taken = static_cast<std::uint8_t>(atom + 1);
-  const auto begun = way.taken == 0 ? 0U : pattern_->atoms[way.taken - 1U].segment + 1U;
-  for (auto segment = begun; segment <= pattern_->atoms[atom].segment; ++segment)
-    next.starts[segment] = length_;
+// Notes where the segments that an atom begins do so.
+void PatternMatch::go(Way& way, std::size_t atom, std::size_t at) const noexcept {
+  const auto atoms = pattern_->atoms;
+  const auto begun = way.taken == 0 ? 0U : atoms[way.taken - 1U].segment + 1U;
+  for (auto segment = begun; segment <= atoms[atom].segment; ++segment)
+    way.starts[segment] = static_cast<std::uint16_t>(at);
+  way.taken = static_cast<std::uint8_t>(atom + 1);
 }
 
 bool PatternMatch::feed(std::string_view text) {
   const auto atoms = pattern_->atoms;
+  if (text.size() > std::size_t{std::numeric_limits<std::uint16_t>::max()} - length_) ways_.clear();
   for (const char c : text) {
-    if (ways_.empty()) return false;
-    if (length_ == std::numeric_limits<std::uint16_t>::max()) ways_.clear();
     const auto byte = static_cast<unsigned char>(ascii::raised(c));
+    // Of two ways to one atom, the one that was found first stays: the earliest repetition takes most.
     std::uint64_t reached = 0;
     next_.clear();
     for (const auto& way : ways_) {
-      const std::size_t last = way.taken;
-      if (last > 0 && atoms[last - 1].repeats && byteSets[atoms[last - 1].set].contains(byte))
-        take(way, last - 1, reached);
-      for (auto atom = last; atom < atoms.size(); ++atom) {
-        if (byteSets[atoms[atom].set].contains(byte)) take(way, atom, reached);
-        if (!atoms[atom].isOptional) break;
+      const std::size_t next = way.taken;
+      const bool canRepeat = next > 0 && atoms[next - 1].repeats;
+      for (auto atom = canRepeat ? next - 1 : next; atom < atoms.size(); ++atom) {
+        const auto bit = std::uint64_t{1} << atom;
+        if ((reached & bit) == 0 && byteSets[atoms[atom].set].contains(byte)) {
+          reached |= bit;
+          go(next_.emplace_back(way), atom, length_);
+        }
+        if (atom >= next && !atoms[atom].isOptional) break;
       }
     }
     std::swap(ways_, next_);
+    if (ways_.empty()) return false;
     ++length_;
   }
   return !ways_.empty();
 }
 
-bool PatternMatch::isWhole() const noexcept {
-  return std::ranges::any_of(ways_, [&](const Way& way) { return canEndAfter(way.taken); });
-}
-
-std::array<std::size_t, PatternMatch::greatestSegmentCount + 1> PatternMatch::bounds() const noexcept {
-  const auto way = std::ranges::find_if(ways_, [&](const Way& each) { return canEndAfter(each.taken); });
-  std::array<std::size_t, greatestSegmentCount + 1> found{};
-  found.fill(length_);
-  if (way == ways_.end()) return found;
+std::optional<PatternMatch::Bounds> PatternMatch::finish(std::string_view name, std::size_t fixed) {
+  if (!feed(name.substr(0, name.size() - fixed))) return std::nullopt;
+  const auto head = pattern_->atoms.size() - fixed;
+  const auto atoms = pattern_->atoms.first(head);
+  const auto way = std::ranges::find_if(ways_, [&](const Way& each) {
+    return each.taken <= head && std::ranges::all_of(atoms.subspan(each.taken), &Atom::isOptional);
+  });
+  if (way == ways_.end()) return std::nullopt;
+  for (std::size_t i = 0; i < fixed; ++i) go(*way, head + i, length_ + i);
+  Bounds bounds;
+  bounds.fill(length_ + fixed);
   const auto begun = way->taken == 0 ? 0U : pattern_->atoms[way->taken - 1U].segment + 1U;
-  std::copy_n(way->starts.begin(), begun, found.begin());
-  return found;
+  std::copy_n(way->starts.begin(), begun, bounds.begin());
+  return bounds;
 }
 
 bool matches(const Pattern& pattern, std::string_view name) {
-  PatternMatch match(pattern);
-  return match.feed(name) && match.isWhole();
+  const auto fixed = fixedEnd(pattern, name);
+  return fixed && PatternMatch(pattern).finish(name, *fixed);
 }
 
 bool matchesAny(std::span<const Pattern> patterns, std::string_view name) {

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -59,8 +60,9 @@ inline std::string capitals(std::string_view name) {
   return text;
 }
 
-// Whether a name ends as the pattern demands: a quick look that spares most names the rest.
-bool fitsEnd(const Pattern& pattern, std::string_view name) noexcept;
+// How many characters at a name's end are those of single atoms at the pattern's; nothing if the name cannot
+// match. A quick look that spares most names the rest.
+std::optional<std::size_t> fixedEnd(const Pattern& pattern, std::string_view name) noexcept;
 
 // The ways in which a pattern can match the text so far. It can be copied, to go on with several names in one
 // folder.
@@ -73,11 +75,11 @@ class PatternMatch {
   // Goes on with more of the text. Returns whether the pattern can still match.
   bool feed(std::string_view text);
 
-  // Whether the pattern matches the text as it is.
-  bool isWhole() const noexcept;
+  // Where each segment begins, and the last one ends.
+  using Bounds = std::array<std::size_t, greatestSegmentCount + 1>;
 
-  // Where each segment begins, and the last one ends, in the text that matches.
-  std::array<std::size_t, greatestSegmentCount + 1> bounds() const noexcept;
+  // Goes on with the rest of the text, whose fixed end is known; nothing if the whole does not match.
+  std::optional<Bounds> finish(std::string_view name, std::size_t fixedEnd);
 
   const Pattern& pattern() const noexcept { return *pattern_; }
 
@@ -88,8 +90,7 @@ class PatternMatch {
     std::array<std::uint16_t, greatestSegmentCount> starts{};
   };
 
-  bool canEndAfter(std::size_t taken) const noexcept;
-  void take(const Way& way, std::size_t atom, std::uint64_t& reached);
+  void go(Way& way, std::size_t atom, std::size_t at) const noexcept;
 
   const Pattern* pattern_;
   std::uint16_t length_ = 0;
