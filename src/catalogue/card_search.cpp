@@ -55,7 +55,7 @@ class Search {
   bool isNamed(Index item, const MarkerName& name, Index root) const {
     if (name.literal.empty()) return matchesAny(name.patterns, tree_[item].name);
     std::string wanted(name.literal);
-    const auto& own = root == FolderTree::root ? tree_.rootName() : tree_[root].name;
+    const auto own = root == FolderTree::root ? std::string_view(tree_.rootName()) : tree_[root].name;
     wanted.replace(wanted.find('='), 1, own);
     return capitals(wanted) == capitals(tree_[item].name);
   }

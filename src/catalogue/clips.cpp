@@ -179,10 +179,11 @@ class Collection {
     std::ranges::sort(open, {}, &OpenCard::card);
   }
 
-  static std::vector<OpenCard> opened(const std::vector<OpenCard>& open, const std::string& folder) {
+  static std::vector<OpenCard> opened(const std::vector<OpenCard>& open, std::string_view folder) {
     std::vector<OpenCard> below;
     for (const auto& card : open) {
-      auto& next = below.emplace_back(OpenCard{card.card, card.row, card.path + folder + "/", {}});
+      auto& next = below.emplace_back(OpenCard{card.card, card.row, card.path, {}});
+      next.path.append(folder).append("/");
       for (auto rule : card.rules) {
         if (rule.match.feed(folder) && rule.match.feed("/")) next.rules.push_back(std::move(rule));
       }
@@ -208,7 +209,7 @@ class Collection {
 
   void placeByRule(Index file, const OpenCard& card, const OpenRule& rule,
                    const PatternMatch::Bounds& bounds) {
-    const auto& name = tree_[file].name;
+    const auto name = tree_[file].name;
     if (rule.role == RuleRole::index) {
       const auto extension = fileExtensionOfName(name);
       if (card.row->layout == CardLayout::avchd && extension &&
@@ -235,8 +236,11 @@ class Collection {
   void add(Draft& draft, Index file, ClipRole role, std::optional<std::uint64_t> number = {},
            char counts = ' ') {
     const auto& item = tree_[file];
-    draft.files.push_back({{prefix_ + item.name, role, number, item.size}, file, counts});
+    draft.files.push_back({{pathOf(item.name), role, number, item.size}, file, counts});
   }
+
+  // Of an item in the folder that is visited.
+  std::string pathOf(std::string_view name) const { return std::string(prefix_).append(name); }
 
   // Of a folder, by its path.
   std::string folderName(std::string_view path) const {
@@ -245,14 +249,14 @@ class Collection {
 
   void loose(std::vector<LooseFile>& place, Index file, bool isLeftover = false) const {
     const auto& item = tree_[file];
-    place.push_back({prefix_ + item.name, item.type == FileType::regular ? item.size : 0, isLeftover});
+    place.push_back({pathOf(item.name), item.type == FileType::regular ? item.size : 0, isLeftover});
   }
 
   void checkNames(Index folder) {
     bool hasSmall = false;
     for (const auto child : tree_.children(folder)) {
-      const auto& name = tree_[child].name;
-      if (!isUtf8(name)) contents_.problems.push_back({ProblemKind::nameNotUtf8, prefix_ + name});
+      const auto name = tree_[child].name;
+      if (!isUtf8(name)) contents_.problems.push_back({ProblemKind::nameNotUtf8, pathOf(name)});
       hasSmall = hasSmall || std::ranges::any_of(name, [](char c) { return c != ascii::raised(c); });
     }
     if (!hasSmall) return;
@@ -267,9 +271,9 @@ class Collection {
     std::ranges::sort(folded);
     for (std::size_t i = 1; i < folded.size(); ++i) {
       if (folded[i].first != folded[i - 1].first) continue;
-      const auto& second = tree_[folded[i].second].name;
+      const auto second = tree_[folded[i].second].name;
       if (capitals(second) == capitals(tree_[folded[i - 1].second].name))
-        contents_.problems.push_back({ProblemKind::differsByCaseOnly, prefix_ + second});
+        contents_.problems.push_back({ProblemKind::differsByCaseOnly, pathOf(second)});
     }
   }
 
@@ -340,7 +344,7 @@ class Collection {
   // Places a file that is picture or sound. Files of one stem are one shot, but two films are two.
   bool groupEssence(Index file, std::optional<std::size_t> card,
                     std::unordered_map<std::string, Group>& groups) {
-    const auto& name = tree_[file].name;
+    const auto name = tree_[file].name;
     const auto extension = fileExtensionOfName(name);
     if (!extension) return false;
     const auto role = roleOf(extension);
@@ -376,7 +380,7 @@ class Collection {
   }
 
   void groupCompanion(Index file, const std::unordered_map<std::string, Group>& groups) {
-    const auto& name = tree_[file].name;
+    const auto name = tree_[file].name;
     const auto extension = fileExtensionOfName(name);
     auto group = groups.find(capitals(stemOf(name)));
     if (group == groups.end()) group = groups.find(withoutSonySuffix(capitals(stemOf(name))));

@@ -7,15 +7,14 @@ namespace quillonic::catalogue {
 
 FolderTree::FolderTree(const std::filesystem::path& folder, bool hasSizes, WalkProgress progress)
     : hasSizes_(hasSizes), progress_(progress) {
-  items_.push_back({.name = {}, .parent = root, .type = FileType::directory});
-  auto physical = items::canonical(folder.native());
-  if (!physical) {
-    miss(root, physical.error());
+  items_.push_back({.name = {}, .size = 0, .parent = root, .type = FileType::directory});
+  const auto physical = items::canonical(folder.native());
+  if (const auto error = physical ? open_.enter(*physical) : physical.error()) {
+    miss(root, error);
     items_[root].isListed = true;
     return;
   }
-  physical_ = *std::move(physical);
-  rootName_ = std::filesystem::path(physical_).filename().native();
+  rootName_ = std::filesystem::path(*physical).filename().native();
 }
 
 void FolderTree::listAll(Index folder) {
@@ -46,57 +45,53 @@ std::string FolderTree::path(Index item, Index from) const {
   return text;
 }
 
-Result<const items::Folder*> FolderTree::open(Index folder) {
-  std::vector<Index> way;
-  for (auto at = folder;; at = items_[at].parent) {
-    way.push_back(at);
-    if (at == root) break;
-  }
-  std::ranges::reverse(way);
-  const auto differing = std::ranges::mismatch(opened_, way, {}, &Opened::index);
-  while (opened_.end() != differing.in1) opened_.pop_back();
-  for (auto next = differing.in2; next != way.end(); ++next) {
-    if (opened_.size() == greatestDepth) return items::systemError(std::errc::filename_too_long);
-    auto opened = opened_.empty() ? items::Folder::open(physical_)
-                                  : items::Folder::open(items_[*next].name, &opened_.back().folder);
-    if (!opened) return opened.error();
-    opened_.push_back({*next, *std::move(opened)});
-  }
-  return &opened_.back().folder;
+// Goes up to the folder that both are in, then down.
+std::error_code FolderTree::enter(Index folder) {
+  for (; !isWithin(folder, entered_); entered_ = items_[entered_].parent) static_cast<void>(open_.leave());
+  if (folder == entered_)
+    return open_.last() ? std::error_code() : items::systemError(std::errc::no_such_file_or_directory);
+  auto error = enter(items_[folder].parent);
+  if (!error) error = open_.enter(std::string(items_[folder].name));
+  if (!error) entered_ = folder;
+  return error;
 }
 
-void FolderTree::look(Index file, const items::Folder& folder) {
-  auto& item = items_[file];
-  if (item.type != FileType::unknown && (!hasSizes_ || item.type != FileType::regular)) return;
-  const auto status = items::status(item.name, {.size = true}, &folder);
-  if (!status) return miss(file, status.error());
+void FolderTree::add(Index folder, const std::string& name, FileType type) {
+  auto* const kept = static_cast<char*>(names_.allocate(name.size(), 1));
+  name.copy(kept, name.size());
+  auto& item =
+      items_.emplace_back(Item{.name = {kept, name.size()}, .size = 0, .parent = folder, .type = type});
+  if (type != FileType::unknown && (!hasSizes_ || type != FileType::regular)) return;
+  const auto status = items::status(name, {.size = true}, open_.last());
+  if (!status) return miss(static_cast<Index>(items_.size() - 1), status.error());
   item.type = status->type;
   item.size = status->size;
+}
+
+std::error_code FolderTree::readEntries(Index folder) {
+  if (depth(folder) > greatestDepth) return items::systemError(std::errc::filename_too_long);
+  if (const auto error = enter(folder)) return error;
+  return items::forEachEntry(*open_.last(), [&](const std::string& name, FileType type) {
+    add(folder, name, type);
+    return true;
+  });
 }
 
 void FolderTree::list(Index folder) {
   items_[folder].isListed = true;
   if (isStopped || !items_[folder].isFolder()) return;
-  const auto opened = open(folder);
   const auto first = items_.size();
-  const auto add = [&](const std::string& name, FileType type) {
-    items_.push_back({.name = name, .parent = folder, .type = type});
-    look(static_cast<Index>(items_.size() - 1), **opened);
-    return true;
-  };
-  const auto error = opened ? items::forEachEntry(**opened, add) : opened.error();
   // What was listed before an error counts.
-  if (error) miss(folder, error);
-  std::sort(items_.begin() + static_cast<std::ptrdiff_t>(first), items_.end(),
-            [](const Item& a, const Item& b) { return a.name < b.name; });
+  if (const auto error = readEntries(folder)) miss(folder, error);
+  std::ranges::sort(items_.begin() + static_cast<std::ptrdiff_t>(first), items_.end(), {}, &Item::name);
   items_[folder].first = static_cast<Index>(first);
   items_[folder].count = static_cast<Index>(items_.size() - first);
   progress_(items_.size() - 1, isStopped);
 }
 
 Result<std::string> FolderTree::firstBytes(Index file, std::size_t limit) {
-  const auto opened = open(items_[file].parent);
-  return opened ? items::firstBytes(items_[file].name, limit, *opened) : opened.error();
+  const auto error = enter(items_[file].parent);
+  return error ? error : items::firstBytes(std::string(items_[file].name), limit, open_.last());
 }
 
 }  // namespace quillonic::catalogue

@@ -7,11 +7,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/items.hpp"
+#include "platform/folder_chain.hpp"
+#include "support/result.hpp"
 
 namespace quillonic::catalogue {
 
@@ -20,15 +22,16 @@ class FolderTree {
  public:
   using Index = std::uint32_t;
 
+  // Small, since many are sorted.
   struct Item {
-    std::string name;
+    std::string_view name;
+    std::uint64_t size;
     Index parent;
-    FileType type;
-    std::uint64_t size = 0;
-    bool isListed = false;
     // The items in it, in byte order of their names.
     Index first = 0;
     Index count = 0;
+    FileType type;
+    bool isListed = false;
 
     bool isFolder() const noexcept { return type == FileType::directory; }
   };
@@ -77,25 +80,22 @@ class FolderTree {
   bool isStopped = false;
 
  private:
-  // More than cards have; each folder on the way keeps a descriptor.
-  static constexpr std::size_t greatestDepth = 100;
-
-  struct Opened {
-    Index index;
-    items::Folder folder;
-  };
+  // More than cards have; those who visit a folder call themselves for those in it.
+  static constexpr std::size_t greatestDepth = 1000;
 
   void list(Index folder);
-  void look(Index file, const items::Folder& folder);
-  Result<const items::Folder*> open(Index folder);
+  std::error_code readEntries(Index folder);
+  void add(Index folder, const std::string& name, FileType type);
+  std::error_code enter(Index folder);
 
-  std::string physical_;
   std::string rootName_;
   bool hasSizes_;
   WalkProgress progress_;
   std::vector<Item> items_;
-  // The folders from the root to the one that was opened last.
-  std::vector<Opened> opened_;
+  std::pmr::monotonic_buffer_resource names_;
+  // The folders from the root to the one that was entered last.
+  items::FolderChain open_;
+  Index entered_ = root;
 };
 
 }  // namespace quillonic::catalogue
