@@ -66,19 +66,25 @@ std::size_t codesOf(SampleType type) noexcept {
   return std::size_t{1} << (8 * bytesOf(type));
 }
 
+// The results for codes: as few bytes as the target's samples have, but never single bytes, which are slower
+// to load.
+template <class To> using Result = std::conditional_t<sizeof(To) == 1, std::uint16_t, To>;
+
 // Replaces codes by those of a table.
 template <class From, class To>
-void replaceCodes(const std::uint32_t* __restrict table, const std::uint8_t* __restrict from,
+void replaceCodes(const std::byte* __restrict table, const std::uint8_t* __restrict from,
                   std::uint8_t* __restrict to, std::size_t count) noexcept {
   for (std::size_t i = 0; i < count; ++i) {
     From code;
     std::memcpy(&code, from + i * sizeof code, sizeof code);
-    const auto result = static_cast<To>(table[code]);
+    Result<To> wide;
+    std::memcpy(&wide, table + code * sizeof wide, sizeof wide);
+    const auto result = static_cast<To>(wide);
     std::memcpy(to + i * sizeof result, &result, sizeof result);
   }
 }
 
-using Replacer = void (*)(const std::uint32_t*, const std::uint8_t*, std::uint8_t*, std::size_t) noexcept;
+using Replacer = void (*)(const std::byte*, const std::uint8_t*, std::uint8_t*, std::size_t) noexcept;
 constexpr Replacer replacers[2][3]{
     {replaceCodes<std::uint8_t, std::uint8_t>, replaceCodes<std::uint8_t, std::uint16_t>,
      replaceCodes<std::uint8_t, std::uint32_t>},
@@ -194,7 +200,7 @@ struct Applier::Prepared {
   std::vector<Stage> stages;
   // For curves of integers: the bits of the target's sample for each code that a sample holds, a table per
   // channel.
-  std::vector<std::uint32_t> codes;
+  std::vector<std::byte> codes;
 
   Prepared(const Lut& lut, const ApplierOptions& chosen)
       : options(chosen), kernels(kernelsOf(chosen.instructions)) {
@@ -269,7 +275,8 @@ struct Applier::Prepared {
   void prepareCodes(const Table1D& table) {
     const auto count = codesOf(options.source);
     const double greatest = static_cast<double>(greatestCode(options.source));
-    std::vector<std::uint32_t> found(3 * count);
+    const auto bytes = bytesOf(options.target), resultBytes = std::max<std::size_t>(bytes, 2);
+    std::vector<std::byte> found(3 * count * resultBytes);
     Block block{};
     const auto channels = channelsOf(block, options.target == SampleType::single);
     const auto handled = std::min(blockPixels, count);
@@ -282,10 +289,10 @@ struct Applier::Prepared {
         }
       }
       encode(block, handled);
-      const auto bytes = bytesOf(options.target);
       for (std::size_t channel = 0; channel < 3; ++channel) {
         for (std::size_t i = 0; i < handled; ++i)
-          std::memcpy(&found[channel * count + first + i], channels.samples[channel] + i * bytes, bytes);
+          std::memcpy(&found[(channel * count + first + i) * resultBytes],
+                      channels.samples[channel] + i * bytes, bytes);
       }
     }
     codes = std::move(found);
@@ -313,7 +320,7 @@ struct Applier::Prepared {
     const auto replace = replacers[indexOfBytes(options.source)][indexOfBytes(options.target)];
     const auto to = targetOf(block);
     for (std::size_t channel = 0; channel < 3; ++channel)
-      replace(codes.data() + channel * codesOf(options.source), block.samples[channel], to.samples[channel],
+      replace(codes.data() + channel * (codes.size() / 3), block.samples[channel], to.samples[channel],
               count);
   }
 };

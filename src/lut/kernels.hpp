@@ -10,7 +10,7 @@
 namespace quillonic::lut {
 
 // Few enough for the first level of the cache, and a multiple of what a step handles.
-inline constexpr std::size_t blockPixels = 512;
+inline constexpr std::size_t blockPixels = 256;
 inline constexpr std::size_t stepPixels = 8;
 
 // Red, green and blue as floats, and all four channels as the bits of samples.
