@@ -92,11 +92,9 @@ const Keyword* keywordOf(std::string_view word) noexcept {
   return found == keywords.end() ? nullptr : &*found;
 }
 
-// Rows may begin with what some programs write for numbers that are not finite; they are faults of a row.
 bool isHeaderWord(std::string_view word) noexcept {
   const char c = word.empty() ? '0' : word.front();
-  const bool isLetter = ascii::isLetter(c) || c == '_';
-  return isLetter && !isSame(word, "nan") && !isSame(word, "inf") && !isSame(word, "infinity");
+  return (ascii::isLetter(c) || c == '_') && !isMeantAsNumber(word);
 }
 
 void readHeaderLine(TextLines& lines, CubeHeader& header) {

@@ -39,11 +39,11 @@ bool isInteger(std::string_view word) noexcept {
   return !line.fault();
 }
 
-bool isReal(std::string_view word) noexcept {
-  TextLines line(word);
-  line.next();
-  line.real();
-  return !line.fault();
+bool isMeantAsNumber(std::string_view word) noexcept {
+  word.remove_prefix(std::min(word.find_first_not_of("+-"), word.size()));
+  if (isSame(word, "nan") || isSame(word, "inf") || isSame(word, "infinity")) return true;
+  return word.find_first_of("0123456789.") == 0 &&
+         word.find_first_not_of("0123456789.,+-eE") == std::string_view::npos;
 }
 
 }  // namespace quillonic::lut

@@ -54,9 +54,10 @@ void readIntegerLut(TextLines& lines, Draft& draft);
 // Whether a line of a .cube's header begins with this word.
 bool isCubeKeyword(std::string_view word) noexcept;
 
-// Whether the whole word is an integer, or a number of any kind.
+// Whether the whole word is an integer.
 bool isInteger(std::string_view word) noexcept;
-bool isReal(std::string_view word) noexcept;
+// Whether a word is meant as a number, even as one that is refused: too large, not finite, with a comma.
+bool isMeantAsNumber(std::string_view word) noexcept;
 
 // The depth of integers, from the greatest one: twice the greatest code is still of the depth.
 int depthOf(std::int64_t greatest) noexcept;

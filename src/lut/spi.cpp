@@ -37,7 +37,7 @@ void readSpi1dHeaderLine(TextLines& lines, Spi1dHeader& header, Draft& draft) {
       if (!(min < max)) lines.failAt(range, "a minimum below the maximum");
       return Domain{{min, min, min}, {max, max, max}};
     });
-  } else if (isReal(word)) {
+  } else if (isMeantAsNumber(word)) {
     lines.failAt(lines.line(), "{ before the first row");
   } else {
     draft.keepUnknown(lines.line());

@@ -63,7 +63,7 @@ void readNumbers(TextLines& lines, ThreeDL& file) {
 
 void readLine(TextLines& lines, ThreeDL& file) {
   const auto word = lines.peek();
-  if (isReal(word)) return readNumbers(lines, file);
+  if (isMeantAsNumber(word)) return readNumbers(lines, file);
   if (isSame(word, "Mesh")) return readMesh(lines, file);
   if (word.starts_with('<')) return lines.failAt(lines.line(), "a .3dl of plain numbers");
   file.draft.keepUnknown(lines.line());

@@ -1,5 +1,6 @@
 #include <quillonic/lut.hpp>
 
+#include <algorithm>
 #include <cstdio>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -128,13 +129,6 @@ TEST(Reading, RefusesAndTellsWhere) {
       {"a.cube", "LUT_3D_SIZE 2\n0 0\n", 2, "", "a number"},
       {"a.cube", "LUT_3D_SIZE 2\n0 0 0\nTITLE \"late\"\n", 3, "TITLE", "a number"},
       // numbers
-      {"a.cube", "LUT_3D_SIZE 2\n0,5 0 0\n", 2, "0,5", "a number"},
-      {"a.cube", "LUT_3D_SIZE 2\nNaN 0 0\n", 2, "NaN", "a number"},
-      {"a.cube", "LUT_3D_SIZE 2\n0 0 -inf\n", 2, "-inf", "a number"},
-      {"a.cube", "LUT_3D_SIZE 2\n0 0 1e39\n", 2, "1e39", "a number"},
-      {"a.cube", "LUT_3D_SIZE 2\n0 0 1e400\n", 2, "1e400", "a number"},
-      {"a.cube", "LUT_3D_SIZE 2\n0 0 +-1\n", 2, "+-1", "a number"},
-      {"a.cube", "LUT_3D_SIZE 2\n0 0 0x1\n", 2, "0x1", "a number"},
       {"a.cube", "LUT_3D_SIZE 2\n0 0 1#\n", 2, "1#", "a number"},
       // headers
       {"a.cube", "LUT_3D_SIZE 2.0\n", 1, "2.0", "an integer"},
@@ -204,6 +198,47 @@ TEST(Reading, RefusesAndTellsWhere) {
   }
   for (const auto* text : {"", "#\n", "hello\n", "1 2\n", "1.5 2 3\n"})
     EXPECT_EQ(readText(text, "a.txt").error().reason, Failure::Reason::unknownFormat) << text;
+}
+
+TEST(Reading, RefusesWhatIsNoNumberInEveryFormat) {
+  // Texts before a word and after it: as the first or another one of a row, and in a header.
+  struct Row {
+    std::string name, before, after;
+    bool isInteger;
+  };
+  const std::vector<Row> rows{
+      {"a.cube", "LUT_1D_SIZE 2\n", " 0 0\n1 1 1\n", false},
+      {"a.cube", "LUT_1D_SIZE 2\n0 0 0\n1 1 ", "\n", false},
+      {"a.cube", "LUT_3D_SIZE 2\nDOMAIN_MIN -1 ", " -1\n" + cube, false},
+      {"a.3dl", cube255, " 5 5\n", true},
+      {"a.3dl", "0 0 ", "\n" + cube255.substr(6), true},
+      {"a.spi1d", "Version 1\nLength 2\nComponents 1\n{\n", "\n1\n}\n", false},
+      {"a.spi1d", "Version 1\nFrom ", " 1\nLength 2\nComponents 1\n{\n0\n1\n}\n", false},
+      {"a.spi3d", spi3d, " 0 0 0 0 0\n" + spi3dRows.substr(12), true},
+      {"a.spi3d", spi3d + "0 0 0 0 ", " 0\n" + spi3dRows.substr(12), false},
+      {"a.csp", csp + "2\n-1 ", "\n0 1\n0\n0\n2 2 2\n" + cube, false},
+      {"a.csp", csp + noShaper + "2 2 2\n", " 0 0\n" + cube.substr(6), false},
+      {"a.lut", "LUT: 1 2 256\n", "\n255\n", true},
+  };
+  for (const auto& row : rows) {
+    EXPECT_TRUE(row.name == "a.3dl" || readText(row.before + "0" + row.after, row.name)) << row.before;
+    for (const std::string word : {"nan", "-NaN", "inf", "+Infinity", "0x1p0", "1e400", "-1e400", "1e39",
+                                   "1e-400", "1e-60", "+", "-", ".", "1,5", "+-1", "1e", "1f", "1.5.2"}) {
+      const auto lut = readText(row.before + word + row.after, row.name);
+      if (word.starts_with("1e-") && !row.isInteger) {
+        EXPECT_TRUE(lut) << row.before << word;
+        continue;
+      }
+      // A .3dl has remarks, which begin with no number.
+      const bool isRemark =
+          row.before == cube255 && (word == "0x1p0" || word == "1f" || word == "+" || word == "-");
+      ASSERT_EQ(static_cast<bool>(lut), isRemark) << row.before << word;
+      if (lut) continue;
+      const auto line = std::ranges::count(row.before, '\n') + 1;
+      EXPECT_EQ(lut.failure().where.line, static_cast<std::size_t>(line)) << row.before << word;
+      EXPECT_EQ(lut.failure().where.found, word) << row.before;
+    }
+  }
 }
 
 TEST(Reading, TakesOnlyRegularFilesAndLogsTheRest) {
