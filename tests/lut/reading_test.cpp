@@ -277,9 +277,22 @@ TEST(Reading, DescribesFromTheBeginning) {
     ASSERT_TRUE(facts) << name << facts.error().description();
     EXPECT_FALSE(readFile(folder / name)) << name;
     EXPECT_EQ(facts->size1D.has_value(), facts->kind != Kind::threeD) << name;
+    EXPECT_EQ(decode<Description>(encode(*facts)), *facts) << name;
   }
   EXPECT_EQ(describeFile(folder / "a.csp")->domain.max, (Rgb{2, 1, 1}));
   EXPECT_EQ(describeFile(folder / "b")->size3D, edge33);
+  for (const auto* key : {"kind", "depth", "size3D", "domainMax"}) {
+    CodedRecord record;
+    record.add(key, CodedList{-1.0, 2.0});
+    EXPECT_THROW(decode<Description>(record), DecodingError) << key;
+    CodedRecord number;
+    number.add(key, std::int64_t{-1});
+    EXPECT_THROW(decode<Description>(number), DecodingError) << key;
+  }
+  EXPECT_EQ(decode<Description>(CodedRecord()), Description());
+  CodedRecord empty;
+  empty.add("domainMin", CodedList{0.0, 1.0, 0.0});
+  EXPECT_THROW(decode<Description>(empty), DecodingError);
   const auto whole = folder.file("whole.3dl", comments + cube255);
   EXPECT_EQ(*describeFile(whole), readFile(whole)->description());
   EXPECT_FALSE(describeFile(folder.file("bad.cube", "LUT_3D_SIZE 1\n" + comments)));

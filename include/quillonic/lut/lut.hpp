@@ -8,6 +8,7 @@
 #include <quillonic/export.hpp>
 #include <quillonic/lut/format.hpp>
 #include <quillonic/lut/tables.hpp>
+#include <quillonic/support/coding.hpp>
 
 #include <cstddef>
 #include <optional>
@@ -49,6 +50,12 @@ struct Description {
   Domain domain = {};
 
   friend bool operator==(const Description&, const Description&) = default;
+
+  /// All of it as one record, for archives such as JSON: what has no value is left out, a domain is two lists
+  /// of three numbers.
+  QUILLONIC_EXPORT CodedValue encode() const;
+  /// The reverse; missing keys leave their values as in a new description. Throws a `DecodingError`.
+  QUILLONIC_EXPORT static Description from(const CodedValue& coded);
 };
 
 /// Three curves, a cube, or one after the other. Curves of uneven points, which only a .csp has, are applied
