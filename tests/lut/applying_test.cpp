@@ -10,6 +10,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <thread>
 #include <tuple>
 #include <vector>
 
@@ -310,6 +311,12 @@ struct Pixels {
     }
   }
 
+  Pixels(const Pixels& other) : bytes(other.bytes), picture(other.picture) {
+    for (auto& plane : picture.planes) {
+      if (plane.first) plane.first = bytes.data() + (plane.first - other.bytes.data());
+    }
+  }
+
   ConstPicture constant() const {
     ConstPicture other{.planes = {}, .pixelStride = picture.pixelStride, .size = picture.size};
     for (std::size_t i = 0; i < 4; ++i)
@@ -381,10 +388,6 @@ TEST(Applying, GivesEveryLayoutAndTypeTheSame) {
             ASSERT_EQ(other.bytes, to.bytes);
             if (source != target) continue;
             Pixels inPlace = from;
-            for (std::size_t i = 0; i < 4; ++i) {
-              auto& first = inPlace.picture.planes[i].first;
-              if (first) first = inPlace.bytes.data() + (first - from.bytes.data());
-            }
             faster.apply(inPlace.picture);
             from.forEach([&](std::size_t x, std::size_t y, std::size_t channel) {
               const auto& expected = channel == 3 ? from : inPlace;
@@ -395,6 +398,26 @@ TEST(Applying, GivesEveryLayoutAndTypeTheSame) {
         }
       }
     }
+  }
+}
+
+TEST(Applying, IsSharedByThreads) {
+  Random random;
+  for (const auto& lut : {Lut(random.curves(5), random.cube(17)), Lut(random.curves(100))}) {
+    const Applier applier(lut, {.source = SampleType::uint16, .target = SampleType::uint16});
+    Pixels from(SampleType::uint16, 1);
+    from.fill(SampleType::uint16, random);
+    Pixels whole(SampleType::uint16, 1), shared = whole;
+    applier.apply(from.constant(), whole.picture);
+    std::vector<std::thread> threads;
+    for (std::size_t first = 0; first < 4; ++first) {
+      threads.emplace_back([&, first] {
+        for (std::size_t row = first; row < Pixels::size.height; row += 4)
+          applier.applyRows(from.constant(), shared.picture, row, 1);
+      });
+    }
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(shared.bytes, whole.bytes);
   }
 }
 
