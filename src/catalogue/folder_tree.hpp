@@ -3,6 +3,7 @@
 
 #include <quillonic/catalogue/card.hpp>
 #include <quillonic/platform/file_type.hpp>
+#include <quillonic/support/result.hpp>
 
 #include <cstddef>
 #include <cstdint>
@@ -13,7 +14,6 @@
 #include <vector>
 
 #include "platform/folder_chain.hpp"
-#include "support/result.hpp"
 
 namespace quillonic::catalogue {
 

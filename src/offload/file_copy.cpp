@@ -36,6 +36,8 @@ void finish(Copying::Target& target, CopiedFile& copied, bool takesFreeName) {
     if (!error) {
       copied.unheld = target.unheld;
       copied.error = items::syncFolder(target.file->folder());
+      // A name that may be lost is none.
+      if (copied.error) items::remove(target.name, &target.file->folder());
       return;
     }
     if (error != std::errc::file_exists || !takesFreeName) return Copying::settle(target, error);

@@ -235,8 +235,8 @@ TEST(Reading, RefusesWhatIsNoNumberInEveryFormat) {
       ASSERT_EQ(static_cast<bool>(lut), isRemark) << row.before << word;
       if (lut) continue;
       const auto line = std::ranges::count(row.before, '\n') + 1;
-      EXPECT_EQ(lut.failure().where.line, static_cast<std::size_t>(line)) << row.before << word;
-      EXPECT_EQ(lut.failure().where.found, word) << row.before;
+      EXPECT_EQ(lut.error().where.line, static_cast<std::size_t>(line)) << row.before << word;
+      EXPECT_EQ(lut.error().where.found, word) << row.before;
     }
   }
 }

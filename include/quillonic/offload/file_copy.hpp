@@ -58,9 +58,10 @@ struct FileCopyOptions {
 /// last component of either. A copy gets its name when it is whole and on the volume: a taken name, even a
 /// dangling link, is an error and never replaced. Until then it has none, and nothing is left of it when the
 /// program is killed. Where the volume has no files without names, as FAT, exFAT, NTFS and servers, it has a
-/// hidden name beside its own: what a killed program left there is removed by the next copy, and while another
-/// program writes there, the error is `device_or_resource_busy`. Copies keep the holes, owner, permissions, extended attributes and dates as far
-/// as their volumes do. The source's access time stays if the process owns the file or is root.
+/// hidden name beside its own: what a killed program left there is removed by the next copy, and while
+/// another program writes there, the error is `device_or_resource_busy`. Copies keep the holes, owner,
+/// permissions, extended attributes and dates as far as their volumes do. The source's access time stays if
+/// the process owns the file or is root.
 ///
 /// With one target and no checksum the bytes are shared with the source, or copied by the system, where the
 /// volumes offer it. A target that fails does not stop the others. Throws a `std::system_error` when the
