@@ -1,6 +1,6 @@
 #include "support/xml.hpp"
 
-#include <quillonic/support/coding.hpp>
+#include <quillonic/support/enumeration.hpp>
 
 #include <algorithm>
 #include <charconv>
@@ -40,9 +40,10 @@ constexpr Aside asides[] = {{"<!--", "-->", "the end of a comment"},
                             {"<?", "?>", "the end of an instruction"}};
 
 const Aside* asideAt(std::string_view text) noexcept {
-  const auto* found =
-      std::ranges::find_if(asides, [&](const Aside& each) { return text.starts_with(each.begin); });
-  return found != std::end(asides) ? found : nullptr;
+  for (const auto& each : asides) {
+    if (text.starts_with(each.begin)) return &each;
+  }
+  return nullptr;
 }
 
 // Markup is ASCII: of UTF-16, half of the bytes tell it.
@@ -75,8 +76,10 @@ struct Entity {
 };
 constexpr Entity entities[] = {{"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
 
-// The character of "#65" or "#x41".
-std::optional<char32_t> numbered(std::string_view code) {
+// The character of "amp", "#65" or "#x41".
+std::optional<char32_t> referred(std::string_view code) {
+  if (const auto* entity = detail::rowWhere(entities, &Entity::name, code)) return entity->character;
+  if (!code.starts_with('#')) return std::nullopt;
   const bool isHexadecimal = code.starts_with("#x");
   code.remove_prefix(isHexadecimal ? 2 : 1);
   std::uint32_t number = 0;
@@ -92,11 +95,10 @@ std::string xmlEscaped(std::string_view text) {
   std::string result;
   result.reserve(text.size());
   for (const char c : text) {
-    const auto* entity = std::ranges::find(entities, c, &Entity::character);
-    if (entity == std::end(entities)) {
-      result.push_back(c);
-    } else {
+    if (const auto* entity = detail::rowWhere(entities, &Entity::character, c)) {
       result.append("&").append(entity->name).append(";");
+    } else {
+      result.push_back(c);
     }
   }
   return result;
@@ -128,22 +130,17 @@ std::optional<std::string> xmlRoot(std::string_view bytes) {
 
 XmlReader::XmlReader(std::string_view text) : text_(text) {
   if (text_.starts_with("\xEF\xBB\xBF")) at_ = 3;
-  if (!isUtf8(text_)) {
-    std::size_t bad = 0;
-    while (utf8::decode(text_.substr(bad)).valid) bad += utf8::decode(text_.substr(bad)).length;
-    fail(bad, "UTF-8");
-  }
-  const auto isControl = [](char c) {
-    return static_cast<unsigned char>(c) < 0x20 && space.find(c) == std::string_view::npos;
-  };
-  if (const auto* bad = std::ranges::find_if(text_, isControl); bad != text_.end()) {
-    fail(static_cast<std::size_t>(bad - text_.begin()), "no control character");
+  for (std::size_t at = 0; at < text_.size();) {
+    const auto [scalar, length, valid] = utf8::decode(text_.substr(at));
+    if (!valid) fail(at, "UTF-8");
+    if (scalar < 0x20 && space.find(text_[at]) == std::string_view::npos) fail(at, "no control character");
+    at += length;
   }
 }
 
 void XmlReader::fail(std::size_t offset, std::string_view expected) const {
   const auto before = text_.substr(0, offset);
-  const auto lineStart = before.rfind('\n') == std::string_view::npos ? 0 : before.rfind('\n') + 1;
+  const auto lineStart = before.rfind('\n') + 1;
   auto found = text_.substr(offset, 20);
   found = found.substr(0, found.find('\n'));
   throw ParseError{.line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1,
@@ -186,16 +183,9 @@ std::string XmlReader::unescaped(std::size_t begin, std::size_t end) const {
     if (mark == end) break;
     const auto code = text_.substr(mark + 1, std::min<std::size_t>(end - mark - 1, 10));
     const auto stop = code.find(';');
-    const auto name = code.substr(0, stop);
-    const auto* entity = std::ranges::find(entities, name, &Entity::name);
-    if (stop != std::string_view::npos && entity != std::end(entities)) {
-      result.push_back(entity->character);
-    } else if (const auto scalar =
-                   stop != std::string_view::npos && name.starts_with('#') ? numbered(name) : std::nullopt) {
-      utf8::append(result, *scalar);
-    } else {
-      fail(mark, "a character reference");
-    }
+    const auto scalar = stop != std::string_view::npos ? referred(code.substr(0, stop)) : std::nullopt;
+    if (!scalar) fail(mark, "a character reference");
+    utf8::append(result, *scalar);
     at = mark + stop + 2;
   }
   return result;
