@@ -32,9 +32,9 @@ Result<ZoneRules, std::string> rulesOfFile(const std::string& path) {
 }
 
 // The part of a link's target that names a zone.
-std::string zoneOfLink(std::string path) {
+std::string zoneOfLink(const std::string& path) {
   constexpr std::string_view folder = "zoneinfo/";
-  const auto target = items::linkText(path).value_or(std::move(path));
+  const auto target = items::linkText(path).value_or(path);
   const auto at = target.rfind(folder);
   return at == std::string::npos ? target : target.substr(at + folder.size());
 }
