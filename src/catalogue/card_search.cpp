@@ -42,7 +42,8 @@ class Search {
           candidates.push_back(child);
       }
     }
-    for (const auto& row : layoutRows()) searchByFiles(row);
+    const auto files = unclaimedFiles();
+    for (const auto& row : layoutRows()) searchByFiles(row, files);
     return std::move(cards_);
   }
 
@@ -121,17 +122,26 @@ class Search {
     claimed_.insert(item);
   }
 
-  bool namesMaker(const LayoutRow& row, Index item) const {
-    const auto extension = fileExtensionOfName(tree_[item].name);
-    return !tree_[item].isFolder() && extension &&
-           std::ranges::find(row.extensions, *extension) != row.extensions.end() &&
-           nameRole(tree_[item].name) == NameRole::ordinary;
+  struct File {
+    Index item;
+    // Nothing for what a desktop left there.
+    std::optional<FileExtension> extension;
+  };
+
+  File fileOf(Index item) const {
+    const auto name = tree_[item].name;
+    const bool isOrdinary = nameRole(name) == NameRole::ordinary;
+    return {item, isOrdinary ? fileExtensionOfName(name) : std::nullopt};
+  }
+
+  static bool namesMaker(const LayoutRow& row, const File& file) {
+    return file.extension && std::ranges::find(row.extensions, *file.extension) != row.extensions.end();
   }
 
   bool isConfirmed(const Found& found) {
     for (const auto marker : found.markers) {
       for (const auto item : tree_.children(marker)) {
-        if (namesMaker(*found.row, item)) return true;
+        if (!tree_[item].isFolder() && namesMaker(*found.row, fileOf(item))) return true;
       }
     }
     return false;
@@ -155,19 +165,19 @@ class Search {
     }
   }
 
-  // The files of listed folders, but those of a card with markers.
-  template <class Wanted> std::vector<Index> filesThat(Index folder, Wanted isWanted) {
-    std::vector<Index> found;
-    std::vector<Index> folders{folder};
+  // Of listed folders.
+  std::vector<File> unclaimedFiles() const {
+    std::vector<File> found;
+    std::vector<Index> folders{FolderTree::root};
     while (!folders.empty()) {
       const auto next = folders.back();
       folders.pop_back();
       if (!tree_[next].isListed) continue;
       for (const auto item : tree_.children(next)) {
-        if (tree_[item].isFolder()) {
-          if (!isClaimed(item) && nameRole(tree_[item].name) != NameRole::leftover) folders.push_back(item);
-        } else if (isWanted(item)) {
-          found.push_back(item);
+        if (!tree_[item].isFolder()) {
+          found.push_back(fileOf(item));
+        } else if (!isClaimed(item) && nameRole(tree_[item].name) != NameRole::leftover) {
+          folders.push_back(item);
         }
       }
     }
@@ -175,13 +185,17 @@ class Search {
   }
 
   // Recorders without markers are known by their files, and at worst by names.
-  void searchByFiles(const LayoutRow& row) {
-    auto files = filesThat(FolderTree::root, [&](Index item) { return namesMaker(row, item); });
+  void searchByFiles(const LayoutRow& row, const std::vector<File>& all) {
+    std::vector<Index> files;
+    const auto addThose = [&](auto isWanted) {
+      for (const auto& file : all) {
+        if (isWanted(file)) files.push_back(file.item);
+      }
+    };
+    addThose([&](const File& file) { return namesMaker(row, file); });
     const bool isLikely = !files.empty();
-    if (!isLikely && !row.names.empty() && cards_.empty()) {
-      files =
-          filesThat(FolderTree::root, [&](Index item) { return matchesAny(row.names, tree_[item].name); });
-    }
+    if (!isLikely && !row.names.empty() && cards_.empty())
+      addThose([&](const File& file) { return matchesAny(row.names, tree_[file.item].name); });
     if (files.empty()) return;
     auto root = tree_[files.front()].parent;
     while (!std::ranges::all_of(files, [&](Index file) { return tree_.isWithin(file, root); }))

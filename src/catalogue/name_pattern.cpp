@@ -30,7 +30,7 @@ void PatternMatch::go(Way& way, std::size_t atom, std::size_t at) const noexcept
   const auto begun = way.taken == 0 ? 0U : atoms[way.taken - 1U].segment + 1U;
   for (auto segment = begun; segment <= atoms[atom].segment; ++segment)
     way.starts[segment] = static_cast<std::uint16_t>(at);
-  way.taken = static_cast<std::uint8_t>(atom + 1);
+  way.taken = static_cast<std::uint16_t>(atom + 1);
 }
 
 bool PatternMatch::feed(std::string_view text) {
@@ -48,7 +48,8 @@ bool PatternMatch::feed(std::string_view text) {
         const auto bit = std::uint64_t{1} << atom;
         if ((reached & bit) == 0 && byteSets[atoms[atom].set].contains(byte)) {
           reached |= bit;
-          go(next_.emplace_back(way), atom, length_);
+          next_.push_back(way);
+          if (atom >= next) go(next_.back(), atom, length_);
         }
         if (atom >= next && !atoms[atom].isOptional) break;
       }

@@ -68,7 +68,8 @@ std::optional<std::size_t> fixedEnd(const Pattern& pattern, std::string_view nam
 // folder.
 class PatternMatch {
  public:
-  static constexpr std::size_t greatestSegmentCount = 12;
+  // A way then has 32 bytes, which are copied for each character.
+  static constexpr std::size_t greatestSegmentCount = 15;
 
   explicit PatternMatch(const Pattern& pattern);
 
@@ -86,7 +87,7 @@ class PatternMatch {
  private:
   // The last atom that took a character, counted from 1, and where the segments up to it begin.
   struct Way {
-    std::uint8_t taken = 0;
+    std::uint16_t taken = 0;
     std::array<std::uint16_t, greatestSegmentCount> starts{};
   };
 
