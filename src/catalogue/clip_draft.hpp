@@ -59,6 +59,9 @@ struct PlayList {
   FolderTree::Index item;
 };
 
+// Joins the clips whose chapters go on in another folder. Their names must be the numbers that they share.
+void joinGoProChapters(std::deque<Draft>& drafts);
+
 // Joins the clips that continue each other according to what the cards themselves say.
 void joinP2Spans(std::deque<Draft>& drafts, FolderTree& tree);
 void joinAvchdSpans(std::deque<Draft>& drafts, FolderTree& tree, const std::vector<PlayList>& playLists);

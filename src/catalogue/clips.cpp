@@ -123,7 +123,10 @@ class Collection {
   void collect() {
     std::vector<OpenCard> open;
     visit(FolderTree::root, open);
-    for (auto& draft : drafts_) nameClip(draft);
+    joinGoProChapters(drafts_);
+    for (auto& draft : drafts_) {
+      if (!draft.isJoined) nameClip(draft);
+    }
     joinP2Spans(drafts_, tree_);
     joinAvchdSpans(drafts_, tree_, playLists_);
     contents_.clips.reserve(drafts_.size());

@@ -81,7 +81,7 @@ class FolderTree {
 
  private:
   // More than cards have; those who visit a folder call themselves for those in it.
-  static constexpr std::size_t greatestDepth = 1000;
+  static constexpr std::size_t greatestDepth = 200;
 
   void list(Index folder);
   std::error_code readEntries(Index folder);

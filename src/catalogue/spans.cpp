@@ -3,6 +3,7 @@
 #include <array>
 #include <map>
 #include <set>
+#include <tuple>
 #include <utility>
 
 #include "catalogue/clip_draft.hpp"
@@ -11,7 +12,8 @@
 namespace quillonic::catalogue {
 namespace {
 
-constexpr std::size_t greatestDescriptionSize = std::size_t{64} * 1024;
+// Far more than cards write.
+constexpr std::size_t greatestDescriptionSize = std::size_t{1024} * 1024;
 
 // Moves a clip's files to the one that it continues.
 void join(Draft& draft, Draft& continued, std::size_t span) {
@@ -21,6 +23,15 @@ void join(Draft& draft, Draft& continued, std::size_t span) {
   }
   std::ranges::move(draft.problems, std::back_inserter(continued.problems));
   draft.isJoined = true;
+}
+
+// The whole of a card's own file; nothing, and missed, if it cannot be read.
+std::optional<std::string> contentOf(FolderTree::Index file, FolderTree& tree) {
+  auto bytes = tree.firstBytes(file, greatestDescriptionSize);
+  const bool isCut = bytes && bytes->size() == greatestDescriptionSize;
+  if (isCut) bytes = items::systemError(std::errc::file_too_large);
+  if (!bytes) tree.miss(file, bytes.error());
+  return std::move(bytes).asOptional();
 }
 
 // The text of the first element of a name, which machines write without attributes; empty when there is none.
@@ -45,11 +56,8 @@ std::optional<P2Description> descriptionOf(std::size_t number, const Draft& draf
   const auto isXml = [](const DraftFile& each) { return endsInCapitals(each.file.path, ".XML"); };
   const auto file = std::ranges::find_if(draft.files, isXml);
   if (file == draft.files.end()) return std::nullopt;
-  const auto bytes = tree.firstBytes(file->item, greatestDescriptionSize);
-  if (!bytes) {
-    tree.miss(file->item, bytes.error());
-    return std::nullopt;
-  }
+  const auto bytes = contentOf(file->item, tree);
+  if (!bytes) return std::nullopt;
   const auto relation = elementText(*bytes, "Relation");
   const auto neighbour = [&](const char* name) {
     return std::string(elementText(elementText(relation, name), "GlobalClipID"));
@@ -95,6 +103,34 @@ std::vector<PlayItem> playItems(std::string_view bytes) {
 
 }  // namespace
 
+void joinGoProChapters(std::deque<Draft>& drafts) {
+  struct Chapters {
+    Draft* whole;
+    std::uint64_t last;
+  };
+  std::map<std::tuple<std::optional<std::size_t>, std::string, char>, Chapters> earlier;
+  for (auto& draft : drafts) {
+    if (!draft.row || draft.row->layout != CardLayout::goPro) continue;
+    std::vector<std::uint64_t> numbers;
+    char counts = ' ';
+    for (const auto& each : draft.files) {
+      if (each.file.role != ClipRole::video) continue;
+      numbers.push_back(*each.file.number);
+      counts = each.counts;
+    }
+    if (numbers.empty()) continue;
+    const auto [first, last] = std::ranges::minmax(numbers);
+    auto& [whole, end] = earlier[{draft.card, draft.name, counts}];
+    // Another clip of the number has a first chapter of its own.
+    if (whole && first == end + 1) {
+      join(draft, *whole, 0);
+    } else {
+      whole = &draft;
+    }
+    end = last;
+  }
+}
+
 void joinP2Spans(std::deque<Draft>& drafts, FolderTree& tree) {
   std::map<std::string, std::vector<P2Description>> shots;
   std::set<std::string> clips;
@@ -128,11 +164,8 @@ void joinAvchdSpans(std::deque<Draft>& drafts, FolderTree& tree, const std::vect
       byName[{drafts[i].card, drafts[i].name}] = i;
   }
   for (const auto& playList : playLists) {
-    const auto bytes = tree.firstBytes(playList.item, greatestDescriptionSize);
-    if (!bytes) {
-      tree.miss(playList.item, bytes.error());
-      continue;
-    }
+    const auto bytes = contentOf(playList.item, tree);
+    if (!bytes) continue;
     std::optional<std::size_t> whole;
     std::size_t span = 0;
     for (const auto& item : playItems(*bytes)) {

@@ -247,6 +247,20 @@ TEST(Cards, AreGivenInPartWhenStoppedOrPulled) {
   EXPECT_EQ(missing.unread[0].error, std::errc::no_such_file_or_directory);
 }
 
+TEST(Cards, AreReadToADepthThatNoneHas) {
+  // The walk comes back to what is beside each folder after all that is below it.
+  const TemporaryFolder folder;
+  std::string place;
+  for (int depth = 1; depth <= 201; ++depth) {
+    folder.file(place + "z/clip.mov");
+    place += "d/";
+  }
+  const auto contents = contentsOf(folder.path());
+  EXPECT_EQ(contents.clips.size(), 200U);
+  ASSERT_EQ(contents.unread.size(), 1U);
+  EXPECT_EQ(contents.unread[0].error, std::errc::filename_too_long);
+}
+
 TEST(Cards, TakeLinearTimeForHostileNames) {
   // Every layout compares these names; an engine that goes back would not end.
   const TemporaryFolder folder;
@@ -258,6 +272,7 @@ TEST(Cards, TakeLinearTimeForHostileNames) {
     }
   }
   folder.file("MEDIAPRO.XML");
+  folder.file("XDROOT/MEDIAPRO.XML");
   EXPECT_EQ(placesOf(contentsOf(folder.path())), itemsIn(folder.path()));
 }
 
