@@ -1,6 +1,7 @@
 #include <quillonic/catalogue/clip.hpp>
 #include <quillonic/catalogue/identification.hpp>
 #include <quillonic/media/media_format.hpp>
+#include <quillonic/support/coding.hpp>
 
 #include <algorithm>
 #include <deque>
@@ -14,8 +15,6 @@
 #include "catalogue/image_sequences.hpp"
 #include "catalogue/layouts.hpp"
 #include "text/ascii.hpp"
-#include "text/number_text.hpp"
-#include "text/utf8.hpp"
 
 namespace quillonic::catalogue {
 namespace {
@@ -39,36 +38,6 @@ struct OpenCard {
   std::string path;
   std::vector<OpenRule> rules;
 };
-
-// What a rule says of a file.
-struct Captured {
-  std::string folder;
-  std::string key;
-  std::optional<std::uint64_t> number;
-  char counts = ' ';
-};
-
-// Of a file's path, which is a folder with a trailing slash, and a name. Most keys are in the name alone.
-Captured captured(const Pattern& pattern, const PatternMatch::Bounds& bounds, std::string_view folder,
-                  std::string_view name) {
-  Captured found;
-  const auto segments = pattern.segments;
-  for (std::size_t i = 0; i < segments.size(); ++i) {
-    const auto inFolder = [&](std::size_t at) { return std::min(at, folder.size()); };
-    const auto inName = [&](std::size_t at) { return at - inFolder(at); };
-    const auto above = folder.substr(inFolder(bounds[i]), inFolder(bounds[i + 1]) - inFolder(bounds[i]));
-    const auto text = name.substr(inName(bounds[i]), inName(bounds[i + 1]) - inName(bounds[i]));
-    if (segments[i] == 'k') found.key.append(above).append(text);
-    if (segments[i] == 'f') found.folder.append(above).append(text);
-    if (segments[i] == 'p' || segments[i] == 'z' || segments[i] == 'o') {
-      found.counts = segments[i];
-      found.number = number_text::read<std::uint64_t>(text);
-      // The first part often has no number.
-      if (text.empty()) found.number = segments[i] == 'p' ? 1 : 0;
-    }
-  }
-  return found;
-}
 
 ClipRole roleOf(std::optional<FileExtension> extension) noexcept {
   switch (extension ? mainKind(*extension) : FileKind::sidecar) {
@@ -103,17 +72,6 @@ std::string withoutSonySuffix(std::string stem) {
                         suffix.find_first_not_of("0123456789", 1) == std::string_view::npos;
   if (isSuffix) stem.resize(stem.size() - length);
   return stem;
-}
-
-bool isUtf8(std::string_view name) noexcept {
-  const bool isAscii = std::ranges::all_of(name, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (isAscii) return true;
-  while (!name.empty()) {
-    const auto scalar = utf8::decode(name);
-    if (!scalar.valid) return false;
-    name.remove_prefix(scalar.length);
-  }
-  return true;
 }
 
 class Collection {
@@ -221,7 +179,8 @@ class Collection {
       return loose(contents_.bookkeeping, file);
     }
     auto found = captured(rule.match.pattern(), bounds, card.path, name);
-    auto key = std::to_string(card.card) + "/";
+    auto key = std::to_string(card.card);
+    key.push_back('/');
     appendCapitals(key, found.folder);
     key.push_back('\0');
     appendCapitals(key, found.key);
@@ -259,7 +218,9 @@ class Collection {
     bool hasSmall = false;
     for (const auto child : tree_.children(folder)) {
       const auto name = tree_[child].name;
-      if (!isUtf8(name)) contents_.problems.push_back({ProblemKind::nameNotUtf8, pathOf(name)});
+      const auto isOther = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+      if (std::ranges::any_of(name, isOther) && !isUtf8(name))
+        contents_.problems.push_back({ProblemKind::nameNotUtf8, pathOf(name)});
       hasSmall = hasSmall || std::ranges::any_of(name, [](char c) { return c != ascii::raised(c); });
     }
     if (!hasSmall) return;

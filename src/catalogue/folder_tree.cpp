@@ -1,6 +1,7 @@
 #include "catalogue/folder_tree.hpp"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace quillonic::catalogue {
@@ -83,9 +84,13 @@ void FolderTree::list(Index folder) {
   const auto first = items_.size();
   // What was listed before an error counts.
   if (const auto error = readEntries(folder)) miss(folder, error);
-  std::ranges::sort(items_.begin() + static_cast<std::ptrdiff_t>(first), items_.end(), {}, &Item::name);
+  const auto added = std::span(items_).subspan(first);
+  // File systems of cards list items in the order of their creation, some others the last first.
+  const auto isSorted = [&] { return std::ranges::is_sorted(added, {}, &Item::name); };
+  if (!isSorted()) std::ranges::reverse(added);
+  if (!isSorted()) std::ranges::sort(added, {}, &Item::name);
   items_[folder].first = static_cast<Index>(first);
-  items_[folder].count = static_cast<Index>(items_.size() - first);
+  items_[folder].count = static_cast<Index>(added.size());
   progress_(items_.size() - 1, isStopped);
 }
 

@@ -4,6 +4,8 @@
 #include <limits>
 #include <utility>
 
+#include "text/number_text.hpp"
+
 namespace quillonic::catalogue {
 namespace {
 
@@ -75,6 +77,27 @@ std::optional<PatternMatch::Bounds> PatternMatch::finish(std::string_view name, 
   const auto begun = way->taken == 0 ? 0U : pattern_->atoms[way->taken - 1U].segment + 1U;
   std::copy_n(way->starts.begin(), begun, bounds.begin());
   return bounds;
+}
+
+Captured captured(const Pattern& pattern, const PatternMatch::Bounds& bounds, std::string_view folder,
+                  std::string_view name) {
+  Captured found;
+  const auto segments = pattern.segments;
+  for (std::size_t i = 0; i < segments.size(); ++i) {
+    const auto inFolder = [&](std::size_t at) { return std::min(at, folder.size()); };
+    const auto inName = [&](std::size_t at) { return at - inFolder(at); };
+    const auto above = folder.substr(inFolder(bounds[i]), inFolder(bounds[i + 1]) - inFolder(bounds[i]));
+    const auto text = name.substr(inName(bounds[i]), inName(bounds[i + 1]) - inName(bounds[i]));
+    if (segments[i] == 'k') found.key.append(above).append(text);
+    if (segments[i] == 'f') found.folder.append(above).append(text);
+    if (segments[i] == 'p' || segments[i] == 'z' || segments[i] == 'o') {
+      found.counts = segments[i];
+      found.number = number_text::read<std::uint64_t>(text);
+      // The first part often has no number.
+      if (text.empty()) found.number = segments[i] == 'p' ? 1 : 0;
+    }
+  }
+  return found;
 }
 
 bool matches(const Pattern& pattern, std::string_view name) {

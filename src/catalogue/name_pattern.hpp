@@ -99,6 +99,19 @@ class PatternMatch {
   std::vector<Way> next_;
 };
 
+// What a pattern says of a path.
+struct Captured {
+  std::string folder;
+  std::string key;
+  std::optional<std::uint64_t> number;
+  // What the number is: 'p' of a part from 1, 'z' of one from 0, 'o' or ' ' of something else.
+  char counts = ' ';
+};
+
+// Of a path that matches, which is a folder with a trailing slash, and a name. Most keys are in the name.
+Captured captured(const Pattern& pattern, const PatternMatch::Bounds& bounds, std::string_view folder,
+                  std::string_view name);
+
 // Whether a pattern matches a whole name.
 bool matches(const Pattern& pattern, std::string_view name);
 

@@ -69,7 +69,8 @@ struct Card {
 
 /// What could not be read, and why.
 struct UnreadItem {
-  /// Relative to the folder that was searched; the bytes of the names, whether UTF-8 or not.
+  /// Relative to the folder that was searched, and empty for itself; the bytes of the names, whether UTF-8 or
+  /// not.
   std::string path;
   /// The system's reason.
   std::error_code error;
@@ -93,7 +94,7 @@ using WalkProgress = FunctionRef<void(std::uint64_t itemCount, bool& stop)>;
 
 /// The layouts in a folder or up to three levels below it. Lists folders only as deep as markers need, opens
 /// no file, and follows no link but those in `folder` itself. Names are compared without regard to ASCII
-/// case. A folder that cannot be read is among the unread.
+/// case. A folder that cannot be read is among the unread, also `folder` itself.
 QUILLONIC_EXPORT CardSearch cardsIn(const std::filesystem::path& folder);
 
 /// The same, with a progress block.

@@ -168,7 +168,7 @@ struct Clip {
 struct LooseFile {
   /// Relative to the folder that was read, in the bytes of the card.
   std::string path;
-  /// In bytes; 0 for a link, which is not followed.
+  /// In bytes; 0 for a link or a special item, and if it could not be looked at.
   std::uint64_t size = 0;
   /// Whether a desktop left it there, or threw it away; a list of media leaves it out.
   bool isLeftover = false;
@@ -186,7 +186,10 @@ struct CardContents {
   std::vector<LooseFile> bookkeeping;
   /// All other files, and links and special items, none of which is followed or opened.
   std::vector<LooseFile> other;
-  /// What could not be read: a folder, whose content is unknown, or a file that is in its place without size.
+  /// What could not be read: a folder, whose content is unknown in whole or in part; a file that is in its
+  /// place without size; or a clip description or play list, without which a clip may be in parts. A folder
+  /// more than 200 levels down has the error `filename_too_long`, a description of 1 MiB or more
+  /// `file_too_large`. Media are not opened: whether they can be read is not known.
   std::vector<UnreadItem> unread;
   /// What is wrong with names, wherever in the folder the items are.
   std::vector<Problem> problems;
@@ -195,10 +198,11 @@ struct CardContents {
 };
 
 /// The clips in a folder: of the cards in it, and of files outside of them, by stem. Files that alone name a
-/// maker tell of a card at any depth; markers count down to the third level, as in `cardsIn`. Reads the folder
-/// to its end with one look at each file. Opens no file but the short clip descriptions and play lists that
-/// alone tell how P2 and AVCHD cards continue a clip. Follows no link but those in `folder` itself. Parts that
-/// neither their names nor such a list connect are clips of their own.
+/// maker tell of a card at any depth; markers count down to the third level, as in `cardsIn`. Reads the
+/// folder to its end with one look at each file. Opens no file but the short clip descriptions and play lists
+/// that alone tell how P2 and AVCHD cards continue a clip. Follows no link but those in `folder` itself. Parts
+/// that neither their names nor such a list connect are clips of their own. What cannot be read, also `folder`
+/// itself, is among the unread.
 QUILLONIC_EXPORT CardContents contentsOf(const std::filesystem::path& folder);
 
 /// The same, with a progress block.
