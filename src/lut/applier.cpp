@@ -274,7 +274,7 @@ struct Applier::Prepared {
   // By doubles: where a table has an entry for each code, the code's own entry is found.
   void prepareCodes(const Table1D& table) {
     const auto count = codesOf(options.source);
-    const double greatest = static_cast<double>(greatestCode(options.source));
+    const auto greatest = static_cast<double>(greatestCode(options.source));
     const auto bytes = bytesOf(options.target), resultBytes = std::max<std::size_t>(bytes, 2);
     std::vector<std::byte> found(3 * count * resultBytes);
     Block block{};
@@ -303,7 +303,7 @@ struct Applier::Prepared {
     const double at = steps > 0 ? std::min(steps, static_cast<double>(table.size() - 1)) : 0;
     const auto entry = [&](std::size_t i) { return static_cast<double>(table.entries()[i][channel]); };
     if (options.interpolation == Interpolation::nearest)
-      return static_cast<float>(entry(static_cast<std::size_t>(at + 0.5)));
+      return static_cast<float>(entry(static_cast<std::size_t>(std::floor(at + 0.5))));
     const auto i = std::min(static_cast<std::size_t>(at), table.size() - 2);
     const double part = at - static_cast<double>(i);
     return static_cast<float>((1 - part) * entry(i) + part * entry(i + 1));
@@ -364,12 +364,7 @@ void Applier::apply(const ConstPicture& source, const Picture& target) const noe
 }
 
 void Applier::apply(const Picture& picture) const noexcept {
-  ConstPicture source;
-  source.pixelStride = picture.pixelStride;
-  source.size = picture.size;
-  for (std::size_t channel = 0; channel < 4; ++channel)
-    source.planes[channel] = {picture.planes[channel].first, picture.planes[channel].rowStride};
-  apply(source, picture);
+  apply(picture, picture);
 }
 
 void Applier::applyRows(const ConstPicture& source, const Picture& target, std::size_t firstRow,

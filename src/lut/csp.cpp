@@ -7,12 +7,6 @@
 namespace quillonic::lut {
 namespace {
 
-bool isNext(TextLines& lines, std::string_view expected) {
-  if (lines.next()) return true;
-  lines.failCounted({}, expected);
-  return false;
-}
-
 // Free text up to its end, which must be there.
 void readMetadata(TextLines& lines, Draft& draft) {
   lines.word();
@@ -32,7 +26,7 @@ void readMetadata(TextLines& lines, Draft& draft) {
 std::vector<float> readPoints(TextLines& lines, std::size_t count) {
   std::vector<float> points;
   const auto expected = std::to_string(count) + " numbers";
-  if (!isNext(lines, expected)) return points;
+  if (!lines.nextMustBe(expected)) return points;
   const auto line = lines.line();
   while (!lines.peek().empty()) points.push_back(lines.real());
   if (points.size() != count && !lines.fault()) lines.failAt(line, expected);
@@ -41,7 +35,7 @@ std::vector<float> readPoints(TextLines& lines, std::size_t count) {
 
 Curve readCurve(TextLines& lines) {
   Curve curve;
-  if (!isNext(lines, "a number of points")) return curve;
+  if (!lines.nextMustBe("a number of points")) return curve;
   const auto word = lines.peek();
   const auto count = lines.count(0, greatestSize1D);
   lines.end();
@@ -57,14 +51,14 @@ Curve readCurve(TextLines& lines) {
 }  // namespace
 
 void readCsp(TextLines& lines, Draft& draft) {
-  if (!isNext(lines, "CSPLUTV100")) return;
+  if (!lines.nextMustBe("CSPLUTV100")) return;
   lines.literal("CSPLUTV100");
   lines.end();
-  if (!isNext(lines, "1D or 3D")) return;
+  if (!lines.nextMustBe("1D or 3D")) return;
   const bool isCube = isSame(lines.peek(), "3D");
   lines.literal(isCube ? "3D" : "1D");
   lines.end();
-  if (!isNext(lines, "a number of points")) return;
+  if (!lines.nextMustBe("a number of points")) return;
   if (isSame(lines.peek(), "BEGIN")) {
     readMetadata(lines, draft);
   } else {
@@ -76,12 +70,8 @@ void readCsp(TextLines& lines, Draft& draft) {
   if (std::ranges::any_of(curves, [](const Curve& curve) { return !curve.inputs.empty(); }))
     draft.curves = std::move(curves);
 
-  if (!isNext(lines, "the size of the table")) return;
-  const auto sizes = lines.line();
-  const auto size = lines.count(leastSize, isCube ? greatestEdge : greatestSize1D);
-  for (int axis = 1; isCube && axis < 3; ++axis) {
-    if (lines.count(leastSize, greatestEdge) != size) lines.failAt(sizes, "three equal sizes");
-  }
+  if (!lines.nextMustBe("the size of the table")) return;
+  const auto size = isCube ? lines.equalEdges() : lines.count(leastSize, greatestSize1D);
   lines.end();
   if (lines.fault()) return;
   (isCube ? draft.size3D : draft.size1D) = size;

@@ -30,12 +30,6 @@ struct CubeHeader {
   Ends range3D = {};
 };
 
-std::optional<Rgb> triple(TextLines& lines) {
-  Rgb values;
-  for (float& value : values) value = lines.real();
-  return values;
-}
-
 void readTitle(TextLines& lines, CubeHeader& header) {
   auto text = lines.rest();
   const auto first = text.find('"');
@@ -73,12 +67,12 @@ constexpr auto keywords = std::to_array<Keyword>({
     {"DOMAIN_MIN",
      [](auto& lines, auto& header) {
        header.domain.line = lines.line();
-       header.domain.min = triple(lines);
+       header.domain.min = lines.color();
      }},
     {"DOMAIN_MAX",
      [](auto& lines, auto& header) {
        header.domain.line = lines.line();
-       header.domain.max = triple(lines);
+       header.domain.max = lines.color();
      }},
     {"LUT_1D_INPUT_RANGE", [](auto& lines, auto& header) { readInputRange(lines, header.range1D); }},
     {"LUT_3D_INPUT_RANGE", [](auto& lines, auto& header) { readInputRange(lines, header.range3D); }},

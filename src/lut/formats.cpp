@@ -46,4 +46,8 @@ bool isMeantAsNumber(std::string_view word) noexcept {
          word.find_first_not_of("0123456789.,+-eE") == std::string_view::npos;
 }
 
+float scaled(double code, int depth) noexcept {
+  return static_cast<float>(code / ((1 << depth) - 1));
+}
+
 }  // namespace quillonic::lut

@@ -59,9 +59,6 @@ bool isInteger(std::string_view word) noexcept;
 // Whether a word is meant as a number, even as one that is refused: too large, not finite, with a comma.
 bool isMeantAsNumber(std::string_view word) noexcept;
 
-// The depth of integers, from the greatest one: twice the greatest code is still of the depth.
-int depthOf(std::int64_t greatest) noexcept;
-
 // An integer as part of the greatest code of a depth.
 float scaled(double code, int depth) noexcept;
 

@@ -65,7 +65,7 @@ Sizes readSizes(TextLines& lines) {
 
 void readIntegerLut(TextLines& lines, Draft& draft) {
   constexpr std::string_view start = "\"LUT:\" or an integer; this is not a supported .lut";
-  if (!lines.next()) return lines.failCounted({}, start);
+  if (!lines.nextMustBe(start)) return;
   const auto line = lines.line();
   Sizes sizes;
   if (isSame(lines.peek(), "LUT:")) {

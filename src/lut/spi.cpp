@@ -85,25 +85,16 @@ void readSpi1d(TextLines& lines, Draft& draft) {
 }
 
 void readSpi3d(TextLines& lines, Draft& draft) {
-  const auto isNext = [&](std::string_view expected) {
-    if (lines.next()) return true;
-    lines.failCounted({}, expected);
-    return false;
-  };
-  if (!isNext("SPILUT 1.0")) return;
+  if (!lines.nextMustBe("SPILUT 1.0")) return;
   lines.literal("SPILUT");
   lines.literal("1.0");
   lines.end();
-  if (!isNext("3 3")) return;
+  if (!lines.nextMustBe("3 3")) return;
   lines.count(3, 3);
   lines.count(3, 3);
   lines.end();
-  if (!isNext("three equal sizes")) return;
-  const auto sizes = lines.line();
-  const auto edge = lines.count(leastSize, greatestEdge);
-  const bool isGreenEqual = lines.count(leastSize, greatestEdge) == edge;
-  const bool isBlueEqual = lines.count(leastSize, greatestEdge) == edge;
-  if (!isGreenEqual || !isBlueEqual) lines.failAt(sizes, "three equal sizes");
+  if (!lines.nextMustBe("three equal sizes")) return;
+  const auto edge = lines.equalEdges();
   lines.end();
   if (lines.fault()) return;
   draft.size3D = edge;
@@ -120,8 +111,7 @@ void readSpi3d(TextLines& lines, Draft& draft) {
     std::size_t position = 0;
     for (const std::size_t step : {std::size_t{1}, edge, edge * edge})
       position += step * lines.count(0, edge - 1);
-    Rgb entry;
-    for (float& value : entry) value = lines.real();
+    const auto entry = lines.color();
     lines.end();
     if (stored == 0 || lines.fault()) continue;
     if (isRead[position]) return lines.failAt(line, "each position once");

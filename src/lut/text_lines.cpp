@@ -132,6 +132,12 @@ bool TextLines::next() {
   return false;
 }
 
+bool TextLines::nextMustBe(std::string_view expected) {
+  if (next()) return true;
+  failCounted({}, expected);
+  return false;
+}
+
 std::string_view TextLines::line() const noexcept {
   return trimmed(text_.substr(start_, lineEnd(start_) - start_));
 }
@@ -166,6 +172,12 @@ float TextLines::real() {
   return value;
 }
 
+Rgb TextLines::color() {
+  Rgb color;
+  for (float& value : color) value = real();
+  return color;
+}
+
 std::int64_t TextLines::integer() {
   const auto found = peek();
   auto digits = found;
@@ -189,6 +201,15 @@ std::size_t TextLines::count(std::size_t least, std::size_t greatest) {
                     ? std::to_string(least)
                     : "a number from " + std::to_string(least) + " to " + std::to_string(greatest));
   return least;
+}
+
+std::size_t TextLines::equalEdges() {
+  const auto sizes = line();
+  const auto edge = count(leastSize, greatestEdge);
+  for (int axis = 1; axis < 3; ++axis) {
+    if (count(leastSize, greatestEdge) != edge) failAt(sizes, "three equal sizes");
+  }
+  return edge;
 }
 
 void TextLines::literal(std::string_view expected) {
@@ -224,10 +245,8 @@ std::vector<Rgb> TextLines::rows(std::size_t count) {
   // A size is only a promise: the rest of the text decides how much memory is used.
   entries.reserve(std::min(count, mostRows(6)));
   while (entries.size() < count && nextOf(entries.size(), count)) {
-    Rgb entry;
-    for (float& value : entry) value = real();
+    entries.push_back(color());
     end();
-    entries.push_back(entry);
   }
   return entries;
 }

@@ -32,6 +32,8 @@ class TextLines {
   // Goes to the next line that is neither empty nor a comment, and keeps the comments that it passes. The
   // rest of the line before is skipped. False after the last one.
   bool next();
+  // Like it; a fault that says what was expected after the last one.
+  bool nextMustBe(std::string_view expected);
   // Goes to the very next line.
   bool nextOfAny();
   // Lets the next call of `next` find this line again.
@@ -50,9 +52,12 @@ class TextLines {
 
   // Read a word that must be what the name says; without it a fault.
   float real();
+  Rgb color();
   std::int64_t integer();
   // A whole number in a range.
   std::size_t count(std::size_t least, std::size_t greatest);
+  // The size of a cube, once for each axis.
+  std::size_t equalEdges();
   // The word, whatever its case.
   void literal(std::string_view word);
   // Nothing but a comment.

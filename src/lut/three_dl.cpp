@@ -11,6 +11,13 @@ namespace {
 
 constexpr std::size_t greatestRows = greatestEdge * greatestEdge * greatestEdge;
 
+// The depth of integers, from the greatest one: twice the greatest code is still of the depth.
+int depthOf(std::int64_t greatest) noexcept {
+  if (greatest <= 511) return 8;
+  if (greatest <= 2047) return 10;
+  return greatest <= 8191 ? 12 : 16;
+}
+
 struct ThreeDL {
   Draft& draft;
   std::int64_t greatest = 0;
@@ -75,16 +82,6 @@ std::size_t edgeOf(std::size_t rows) noexcept {
 }
 
 }  // namespace
-
-int depthOf(std::int64_t greatest) noexcept {
-  if (greatest <= 511) return 8;
-  if (greatest <= 2047) return 10;
-  return greatest <= 8191 ? 12 : 16;
-}
-
-float scaled(double code, int depth) noexcept {
-  return static_cast<float>(code / ((1 << depth) - 1));
-}
 
 void readThreeDL(TextLines& lines, Draft& draft) {
   ThreeDL file{draft};

@@ -45,7 +45,8 @@ struct ApplierOptions {
 };
 
 /// A look-up table prepared for pictures of one kind. It never changes: any number of threads use it at once.
-/// Copies share what was prepared, which takes about four thirds of the memory of the table.
+/// Copies share what was prepared: about four thirds of the memory of the table, and up to 768 KiB more for
+/// curves on integers.
 class QUILLONIC_EXPORT Applier {
  public:
   /// Keeps nothing of the table itself.

@@ -59,6 +59,15 @@ template <class Byte> struct BasicPicture {
   /// The pixels.
   PictureSize size{};
 
+  /// The same pixels, to be read.
+  // NOLINTNEXTLINE(google-explicit-constructor): what can be written can be read
+  operator BasicPicture<const Byte>() const noexcept requires(!std::is_const_v<Byte>) {
+    BasicPicture<const Byte> picture{.planes = {}, .pixelStride = pixelStride, .size = size};
+    for (std::size_t channel = 0; channel < 4; ++channel)
+      picture.planes[channel] = {planes[channel].first, planes[channel].rowStride};
+    return picture;
+  }
+
   /// RGB (3 channels) or RGBA (4) pixel by pixel. Without a stride of rows, one follows the other.
   static BasicPicture interleaved(Pointer pixels, SampleType type, std::size_t channels, PictureSize size,
                                   std::ptrdiff_t rowStride = 0) noexcept {
