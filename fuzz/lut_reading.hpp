@@ -25,6 +25,7 @@ inline void readAs(std::string_view bytes, std::string_view name) {
     return;
   }
   const auto facts = lut->description();
+  require(decode<lut::Description>(encode(facts)) == facts, "what describes a file can be stored");
   const auto rows = facts.size1D.value_or(0) + (lut->table3D() ? lut->table3D()->entries().size() : 0);
   require(rows <= bytes.size(), "entries take bytes");
   const std::string ended = std::string(bytes) + "\n";

@@ -1,7 +1,6 @@
 #include <quillonic/lut/applier.hpp>
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -9,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "lut/code_curves.hpp"
 #include "lut/kernels.hpp"
 
 namespace quillonic::lut {
@@ -27,70 +27,10 @@ struct Stage {
 
 namespace {
 
-constexpr std::size_t alphaChannel = 3;
-
 const Kernels& kernelsOf(Instructions instructions) noexcept {
   const Kernels* fast = instructions == Instructions::avx2 ? avx2Kernels() : nullptr;
   return fast ? *fast : baselineKernels();
 }
-
-// The greatest code; 0 for floating-point samples.
-std::uint32_t greatestCode(SampleType type) noexcept {
-  switch (type) {
-    case SampleType::uint8:
-      return 255;
-    case SampleType::uint10:
-      return 1023;
-    case SampleType::uint12:
-      return 4095;
-    case SampleType::uint16:
-      return 65535;
-    case SampleType::half:
-    case SampleType::single:
-      break;
-  }
-  return 0;
-}
-
-std::size_t indexOf(SampleType type) noexcept {
-  return static_cast<std::size_t>(type);
-}
-
-// The place of a number of bytes in lists for 1, 2 and 4.
-std::size_t indexOfBytes(SampleType type) noexcept {
-  return static_cast<std::size_t>(std::countr_zero(bytesOf(type)));
-}
-
-// The codes that a sample of integers can hold.
-std::size_t codesOf(SampleType type) noexcept {
-  return std::size_t{1} << (8 * bytesOf(type));
-}
-
-// The results for codes: as few bytes as the target's samples have, but never single bytes, which are slower
-// to load.
-template <class To> using Result = std::conditional_t<sizeof(To) == 1, std::uint16_t, To>;
-
-// Replaces codes by those of a table.
-template <class From, class To>
-void replaceCodes(const std::byte* __restrict table, const std::uint8_t* __restrict from,
-                  std::uint8_t* __restrict to, std::size_t count) noexcept {
-  for (std::size_t i = 0; i < count; ++i) {
-    From code;
-    std::memcpy(&code, from + i * sizeof code, sizeof code);
-    Result<To> wide;
-    std::memcpy(&wide, table + code * sizeof wide, sizeof wide);
-    const auto result = static_cast<To>(wide);
-    std::memcpy(to + i * sizeof result, &result, sizeof result);
-  }
-}
-
-using Replacer = void (*)(const std::byte*, const std::uint8_t*, std::uint8_t*, std::size_t) noexcept;
-constexpr Replacer replacers[2][3]{
-    {replaceCodes<std::uint8_t, std::uint8_t>, replaceCodes<std::uint8_t, std::uint16_t>,
-     replaceCodes<std::uint8_t, std::uint32_t>},
-    {replaceCodes<std::uint16_t, std::uint8_t>, replaceCodes<std::uint16_t, std::uint16_t>,
-     replaceCodes<std::uint16_t, std::uint32_t>},
-};
 
 Floats makeFloats(std::size_t count) {
   return Floats(static_cast<float*>(::operator new[](count * sizeof(float), std::align_val_t(64))));
@@ -198,9 +138,8 @@ struct Applier::Prepared {
   const Kernels& kernels;
   std::optional<Curves> curves;
   std::vector<Stage> stages;
-  // For curves of integers: the bits of the target's sample for each code that a sample holds, a table per
-  // channel.
-  std::vector<std::byte> codes;
+  // Used instead in pictures of integers, if there is no cube.
+  std::optional<CodeCurves> codeCurves;
 
   Prepared(const Lut& lut, const ApplierOptions& chosen)
       : options(chosen), kernels(kernelsOf(chosen.instructions)) {
@@ -210,7 +149,7 @@ struct Applier::Prepared {
       stages.push_back(
           stageOf(*lut.table1D(), kernels, isShaper ? Interpolation::linear : options.interpolation));
     if (lut.table3D()) stages.push_back(stageOf(*lut.table3D(), kernels, options.interpolation));
-    if (lut.kind() == Kind::oneD && greatestCode(options.source) != 0) prepareCodes(*lut.table1D());
+    if (!isShaper && greatestCode(options.source) != 0) codeCurves.emplace(lut, options, kernels);
   }
 
   // The tables applied to the colours of a block.
@@ -238,7 +177,7 @@ struct Applier::Prepared {
     return channelsOf(block, options.source == SampleType::single);
   }
   Channels targetOf(Block& block) const noexcept {
-    return channelsOf(block, options.target == SampleType::single || !codes.empty());
+    return channelsOf(block, options.target == SampleType::single || codeCurves);
   }
 
   void decode(Block& block, std::size_t count) const noexcept {
@@ -271,57 +210,12 @@ struct Applier::Prepared {
     }
   }
 
-  // By doubles: where a table has an entry for each code, the code's own entry is found.
-  void prepareCodes(const Table1D& table) {
-    const auto count = codesOf(options.source);
-    const auto greatest = static_cast<double>(greatestCode(options.source));
-    const auto bytes = bytesOf(options.target), resultBytes = std::max<std::size_t>(bytes, 2);
-    std::vector<std::byte> found(3 * count * resultBytes);
-    Block block{};
-    const auto channels = channelsOf(block, options.target == SampleType::single);
-    const auto handled = std::min(blockPixels, count);
-    for (std::size_t first = 0; first < count; first += handled) {
-      for (std::size_t channel = 0; channel < 3; ++channel) {
-        for (std::size_t i = 0; i < handled; ++i) {
-          double input = std::min(static_cast<double>(first + i) / greatest, 1.0);
-          if (curves) input = static_cast<double>((*curves)[channel](static_cast<float>(input)));
-          block.colors[channel][i] = valueIn(table, stages.front().grid, channel, input);
-        }
-      }
-      encode(block, handled);
-      for (std::size_t channel = 0; channel < 3; ++channel) {
-        for (std::size_t i = 0; i < handled; ++i)
-          std::memcpy(&found[(channel * count + first + i) * resultBytes],
-                      channels.samples[channel] + i * bytes, bytes);
-      }
-    }
-    codes = std::move(found);
-  }
-
-  float valueIn(const Table1D& table, const Grid& grid, std::size_t channel, double input) const noexcept {
-    const double steps = (input - grid.min[channel]) * grid.scale[channel];
-    const double at = steps > 0 ? std::min(steps, static_cast<double>(table.size() - 1)) : 0;
-    const auto entry = [&](std::size_t i) { return static_cast<double>(table.entries()[i][channel]); };
-    if (options.interpolation == Interpolation::nearest)
-      return static_cast<float>(entry(static_cast<std::size_t>(std::floor(at + 0.5))));
-    const auto i = std::min(static_cast<std::size_t>(at), table.size() - 2);
-    const double part = at - static_cast<double>(i);
-    return static_cast<float>((1 - part) * entry(i) + part * entry(i + 1));
-  }
-
   // From the samples of the source to those of the target, which have their places.
   void applyTo(Block& block, std::size_t count) const noexcept {
-    if (codes.empty()) {
-      decode(block, count);
-      transform(block, count);
-      encode(block, count);
-      return;
-    }
-    const auto replace = replacers[indexOfBytes(options.source)][indexOfBytes(options.target)];
-    const auto to = targetOf(block);
-    for (std::size_t channel = 0; channel < 3; ++channel)
-      replace(codes.data() + channel * (codes.size() / 3), block.samples[channel], to.samples[channel],
-              count);
+    if (codeCurves) return codeCurves->apply(sourceOf(block), targetOf(block), count);
+    decode(block, count);
+    transform(block, count);
+    encode(block, count);
   }
 };
 

@@ -4,14 +4,35 @@
 
 #include <quillonic/lut/picture.hpp>
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
 namespace quillonic::lut {
 
+// The greatest code; 0 for floating-point samples.
+constexpr std::uint32_t greatestCode(SampleType type) noexcept {
+  switch (type) {
+    case SampleType::uint8:
+      return 255;
+    case SampleType::uint10:
+      return 1023;
+    case SampleType::uint12:
+      return 4095;
+    case SampleType::uint16:
+      return 65535;
+    case SampleType::half:
+    case SampleType::single:
+      break;
+  }
+  return 0;
+}
+
 // Few enough for the first level of the cache, and a multiple of what a step handles.
 inline constexpr std::size_t blockPixels = 256;
 inline constexpr std::size_t stepPixels = 8;
+
+inline constexpr std::size_t alphaChannel = 3;
 
 // Red, green and blue as floats, and all four channels as the bits of samples.
 struct alignas(64) Block {
@@ -68,6 +89,14 @@ struct Kernels {
   Splitter splitters[3];
   Merger mergers[3];
 };
+
+// The places in these lists.
+constexpr std::size_t indexOf(SampleType type) noexcept {
+  return static_cast<std::size_t>(type);
+}
+constexpr std::size_t indexOfBytes(SampleType type) noexcept {
+  return static_cast<std::size_t>(std::countr_zero(bytesOf(type)));
+}
 
 const Kernels& baselineKernels() noexcept;
 // Null where they were not compiled, or where the processor lacks the instructions.

@@ -36,8 +36,8 @@ bool Domain::isValid() const noexcept {
 }
 
 float gridPoint(const Domain& domain, std::size_t channel, std::size_t position, std::size_t size) noexcept {
-  const double min = static_cast<double>(domain.min[channel]);
-  const double max = static_cast<double>(domain.max[channel]);
+  const auto min = static_cast<double>(domain.min[channel]);
+  const auto max = static_cast<double>(domain.max[channel]);
   const double part = static_cast<double>(position) / static_cast<double>(size - 1);
   // This form is exact at both ends.
   return static_cast<float>((1 - part) * min + part * max);
@@ -102,12 +102,12 @@ bool Curve::isValid() const noexcept {
 
 float Curve::operator()(float input) const noexcept {
   if (inputs.empty()) return input;
-  const double x =
+  const auto x =
       static_cast<double>(input > inputs.front() ? std::min(input, inputs.back()) : inputs.front());
   // The first point above the input begins no segment after the last one.
   const auto above = std::upper_bound(inputs.begin(), inputs.end() - 1, static_cast<float>(x));
   const auto i = static_cast<std::size_t>(above - inputs.begin()) - 1;
-  const double left = static_cast<double>(inputs[i]);
+  const auto left = static_cast<double>(inputs[i]);
   const double f = (x - left) / (static_cast<double>(inputs[i + 1]) - left);
   return static_cast<float>((1 - f) * static_cast<double>(outputs[i]) +
                             f * static_cast<double>(outputs[i + 1]));
