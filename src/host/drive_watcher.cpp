@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -14,6 +15,7 @@
 #include "platform/disk_description_keys.hpp"
 #include "platform/file_system_kinds.hpp"
 #include "platform/kept_file_linux.hpp"
+#include "platform/mount_holding.hpp"
 
 namespace quillonic::host {
 namespace {
@@ -61,6 +63,7 @@ std::optional<VolumeChange> VolumeChange::fromPayload(const NotificationPayload&
 struct DriveWatcher::State {
   struct Volume {
     Mount mount;
+    std::optional<std::uint64_t> number;  // tells it from one that was mounted in its place
     std::vector<std::string> drives;
     VolumeChange change;
   };
@@ -96,9 +99,14 @@ struct DriveWatcher::State {
     std::vector<Notification> arrivals;
     for (const auto& mount : table->mounts()) {
       if (!isWatched(mount)) continue;
-      const auto known = std::ranges::find_if(volumes, [&](const auto& v) { return isSame(v.mount, mount); });
+      // A server that does not answer must not hold the look up.
+      const auto number = isNetworkVolume(mount).value_or(true) ? std::nullopt : lastingIdentifier(mount);
+      const auto known = std::ranges::find_if(volumes, [&](const auto& v) {
+        return isSame(v.mount, mount) && (!number || !v.number || number == v.number);
+      });
       if (known == volumes.end()) {
         current.push_back({mount,
+                           number,
                            drivesBelowMount(mount, *table).drives,
                            {mount.mountPoint, diskDescriptionOfMount(mount), false}});
         arrivals.push_back({std::string(driveMount.text), current.back().change.payload()});

@@ -83,6 +83,8 @@ std::optional<Mount> readMount(std::uint64_t identifier) {
   return std::nullopt;
 }
 
+constexpr unsigned lastingIdentifierPart = 0x4000;  // STATX_MNT_ID_UNIQUE, since Linux 6.8
+
 }  // namespace
 
 MountTable MountTable::current() {
@@ -121,6 +123,16 @@ std::optional<Mount> mountHolding(const std::filesystem::path& item) {
   const auto table = MountTable::current();
   const auto* mount = table.holding(item);
   return mount ? std::optional(*mount) : std::nullopt;
+}
+
+std::optional<std::uint64_t> lastingIdentifier(const Mount& mount) {
+  const auto* const path = mount.mountPoint.c_str();
+  if (whereaboutsOf(path, AT_SYMLINK_NOFOLLOW).mountIdentifier != mount.identifier) return std::nullopt;
+  struct statx item {};
+  const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
+  if (!readStatus(AT_FDCWD, path, flags, lastingIdentifierPart, item)) return std::nullopt;
+  return (item.stx_mask & lastingIdentifierPart) != 0 ? std::optional<std::uint64_t>(item.stx_mnt_id)
+                                                      : std::nullopt;
 }
 
 }  // namespace quillonic

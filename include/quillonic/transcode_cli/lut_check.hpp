@@ -1,6 +1,6 @@
 /// What a transcode's look-up table holds, or why it will fail, before a child is started.
 ///
-///     if (const auto table = colorLutOf(settings); table && !*table) show(table->failure().description());
+///     if (const auto table = colorLutOf(settings); table && !*table) show(table->error().description());
 #pragma once
 
 #include <quillonic/export.hpp>
