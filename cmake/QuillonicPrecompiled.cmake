@@ -1,14 +1,43 @@
-# Precompiles external headers, for fast builds: CMAKE_PROJECT_quillonic_INCLUDE names this file. Daily builds
-# do not use it, since they show whether each source includes what it needs.
+# Precompiles external headers, for fast builds: CMAKE_PROJECT_quillonic_INCLUDE names this file. The presets "clang",
+# "tidy" and "release" do without, which shows whether each source includes what it needs; each public header is
+# checked alone.
 function(quillonic_precompile)
   set(standard <algorithm> <array> <charconv> <chrono> <filesystem> <fstream> <map> <memory> <optional> <ranges> <set>
     <span> <string> <string_view> <system_error> <variant> <vector>)
   target_precompile_headers(quillonic PRIVATE ${standard})
+
+  # The tests share the headers of the first one, and all other programs those of a target without sources.
+  if(QUILLONIC_BUILD_EXAMPLES)
+    get_property(programs DIRECTORY examples PROPERTY BUILDSYSTEM_TARGETS)
+  endif()
   if(QUILLONIC_BUILD_TESTS)
-    get_property(programs DIRECTORY tests PROPERTY BUILDSYSTEM_TARGETS)
-    list(FILTER programs INCLUDE REGEX "_test$")
+    foreach(folder fuzz tests)
+      get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
+      list(APPEND programs ${targets})
+    endforeach()
+  endif()
+  set(tests ${programs})
+  list(FILTER tests INCLUDE REGEX "_test$")
+  list(FILTER programs EXCLUDE REGEX "_test$")
+  if(tests)
+    list(POP_FRONT tests first_test)
+    target_precompile_headers(${first_test} PRIVATE ${standard} <gmock/gmock.h> <gtest/gtest.h>)
+    foreach(test ${tests})
+      target_precompile_headers(${test} REUSE_FROM ${first_test})
+    endforeach()
+  endif()
+  if(programs)
+    set(nothing ${PROJECT_BINARY_DIR}/nothing.cpp)
+    file(CONFIGURE OUTPUT ${nothing} CONTENT "")
+    add_library(quillonic_precompiled OBJECT EXCLUDE_FROM_ALL ${nothing})
+    quillonic_warnings(quillonic_precompiled)  # -Wpedantic decides what is defined
+    target_precompile_headers(quillonic_precompiled PRIVATE ${standard} <iostream>)
+    if(TARGET Quillonic::json)
+      target_link_libraries(quillonic_precompiled PRIVATE Quillonic::json)
+      target_precompile_headers(quillonic_precompiled PRIVATE <nlohmann/json.hpp>)
+    endif()
     foreach(program ${programs})
-      target_precompile_headers(${program} PRIVATE ${standard} <gmock/gmock.h> <gtest/gtest.h>)
+      target_precompile_headers(${program} REUSE_FROM quillonic_precompiled)
     endforeach()
   endif()
 endfunction()
