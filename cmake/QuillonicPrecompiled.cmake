@@ -1,6 +1,6 @@
-# Precompiles external headers, for fast builds: CMAKE_PROJECT_quillonic_INCLUDE names this file. The presets "clang",
-# "tidy" and "release" do without, which shows whether each source includes what it needs; each public header is
-# checked alone.
+# Precompiles external headers, for fast builds: CMAKE_PROJECT_quillonic_INCLUDE names this file. That hides whether
+# each source includes what it needs; tests/check_includes.py tells, each public header is compiled alone, and the
+# presets "clang" and "release" do without.
 function(quillonic_precompile)
   set(standard <algorithm> <array> <charconv> <chrono> <filesystem> <fstream> <map> <memory> <optional> <ranges> <set>
     <span> <string> <string_view> <system_error> <variant> <vector>)

@@ -1,4 +1,6 @@
 // .spi1d: a header in any order and rows in braces. .spi3d: rows that tell their own position.
+
+#include <algorithm>
 #include <array>
 #include <utility>
 
