@@ -170,12 +170,59 @@ void checkProblems(const Model& model) {
   for (const auto& problem : problems) {
     require(problem.description().find('\n') == std::string::npos, "a problem is told in a line");
   }
-  const Model arrival(model.launchArguments());
+  auto words = model.launchArguments();
+  for (auto& word : words)
+    word.resize(std::min(word.find('\0'), word.size()));  // as the system passes them on
+  const Model arrival(words);
+  auto changed = model.flagValueLookup();
   for (const auto& [flag, before, after] : arrival.differencesFrom(model)) {
+    changed.erase(flag);
+    if (after) changed.emplace(flag, *after);
     const auto* row = transcodeFlagRow(flag);
     require(!problems.empty() || (row && !row->fixedValues.empty() &&
                                   CLISanitizationOptions::lowercase.sanitize(*before) == after),
             "what does not arrive is a problem");
+  }
+  auto arrived = arrival.flagValueLookup();
+  for (const auto& [flag, value] : arrival.unknownFlagLookup()) arrived.emplace(flag, value);
+  require(changed == arrived, "the differences are all there are");
+  for (const auto& problem : problems) {
+    if (problem.kind != TranscodeProblemKind::changedOnArrival) continue;
+    const auto found = changed.find(problem.flag);
+    require(problem.arrivesAs ? found != changed.end() && found->second == *problem.arrivesAs
+                              : found == changed.end(),
+            "a problem tells what arrives");
+  }
+}
+
+// Changes make one model of another, and add up.
+void checkChanges(const std::vector<std::string_view>& words,
+                  const std::vector<std::string_view>& otherWords) {
+  using Changes = TranscodeOptionChanges;
+  const auto modelOf = [](const std::vector<std::string_view>& all) {
+    Model model(all);
+    model.setTimecodeIsDropFrame(model.timecodeIsDropFrame());  // gives the timecode its separator
+    return model;
+  };
+  const auto applied = [](std::initializer_list<const Changes*> changes, const Model& model) {
+    auto changed = model.clone();
+    for (const auto* change : changes) change->apply(changed);
+    return changed.flagValueLookup();
+  };
+  const auto a = modelOf(words);
+  const auto b = modelOf(otherWords);
+  const auto half = modelOf({words.begin(), words.begin() + static_cast<std::ptrdiff_t>(words.size() / 2)});
+  const auto toB = Changes::between(a, b);
+  require(applied({&toB}, a) == b.flagValueLookup(), "changes make one model of another");
+  require(Changes::between(a, a) == Changes(), "equal models have no changes");
+  for (const auto& later :
+       {Changes::between(half, a), Changes::between(b, half), Changes::between(half, b)}) {
+    auto sum = toB;
+    sum.add(later);
+    for (const auto* other : {&a, &half}) {
+      require(applied({&sum}, *other) == applied({&toB, &later}, *other), "changes add up");
+    }
+    require(decode<Changes>(encode(sum)) == sum, "coding keeps changes");
   }
 }
 
@@ -234,6 +281,8 @@ void run(std::string_view bytes) {
   checkReading(words);
   checkInputFiles(words);
   checkDetails(words, otherWords);
+  checkChanges(words, otherWords);
+  checkChanges(otherWords, words);
   checkSetting(otherWords);
   checkOrder(words, otherWords);
   checkOrder(otherWords, words);

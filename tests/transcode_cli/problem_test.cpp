@@ -1,9 +1,7 @@
 #include <quillonic/transcode_cli.hpp>
 
 #include <gtest/gtest.h>
-#include <random>
 #include <string>
-#include <vector>
 
 #include "texts.hpp"
 
@@ -41,59 +39,6 @@ TEST(TranscodeProblem, SaysWhatWasFoundAndExpected) {
             "-vprofile: \"p\\x00q\" arrives as \"p\"|-wmt_text: \"For\\nReview \" arrives as "
             "\"for\\nreview\"|no-vn: no flag of the "
             "transcoder, although it contains -vn|no-vn: does not arrive");
-}
-
-// Models of any flags and values: made by setters, or decoded, where flags are unchecked.
-class AnyModel {
- public:
-  Model next() {
-    Model model;
-    for (auto count = pick(7); count > 0; --count) model.setArgumentFlagValue(any(flags_), any(values_));
-    if (pick(2) == 0) return model;
-    CodedRecord lookup;
-    for (const auto& [flag, value] : model.flagValueLookup()) lookup.add(flag, value);
-    lookup.add(any(flags_), any(values_));
-    CodedRecord record;
-    record.add("flagValueLookup", std::move(lookup));
-    return decode<Model>(CodedValue(std::move(record)));
-  }
-
- private:
-  std::size_t pick(std::size_t count) { return random_() % count; }
-  const std::string& any(const std::vector<std::string>& texts) { return texts[pick(texts.size())]; }
-
-  std::mt19937 random_{19};
-  const std::vector<std::string> flags_ =
-      split("-vr|-VR|-c_space|-wmt_text|-out|-in_0_1|-in_0_2|-vn|no-vn|-tc_custom| -vn|--help", '|');
-  const std::vector<std::string> values_ =
-      split("|24|/A|h264|sRGB|-vn|-vr| 24|/A b|\u00c9|\u00e9\u3000|01:00:00;00", '|');
-};
-
-TEST(TranscodeCliArguments, ArrivesEqualWithoutAProblemAndDiffersByWhatItTells) {
-  AnyModel any;
-  int sound = 0;
-  for (int i = 0; i < 20'000; ++i) {
-    const auto model = any.next();
-    EXPECT_EQ(encode(model.clone()), encode(model));
-    Model arrival(model.launchArguments());
-    auto changed = model.flagValueLookup();
-    for (const auto& [flag, was, is] : arrival.differencesFrom(model)) {
-      changed.erase(flag);
-      if (is) changed.emplace(flag, *is);
-    }
-    EXPECT_EQ(changed, arrival.flagValueLookup());
-    const auto problems = model.problems();
-    for (const auto& [kind, flag, value, expected, arrivesAs] : problems) {
-      if (kind != TranscodeProblemKind::changedOnArrival) continue;
-      EXPECT_TRUE(arrivesAs ? changed.at(flag) == *arrivesAs : !changed.contains(flag)) << flag;
-    }
-    if (!problems.empty()) continue;
-    ++sound;
-    EXPECT_EQ(arrival.videoColorSpace(), model.videoColorSpace());
-    arrival.setArgumentFlagValue("-c_space", model.argumentFlagValue("-c_space"));
-    EXPECT_EQ(arrival, model) << joined(model.launchArguments());
-  }
-  EXPECT_GT(sound, 1000);
 }
 
 }  // namespace
