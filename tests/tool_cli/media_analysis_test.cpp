@@ -108,20 +108,12 @@ TEST(MediaAnalysisTool, DoesWhatItsParentAsksFor) {
   const auto work = folder.folder("work");
   folder.file("card/broken \xff.mov");
   // Red for half a second, then green; the sound goes on for another second.
-  ASSERT_EQ(runChild("/usr/bin/ffmpeg",
-                     {"-v",           "error",
-                      "-f",           "lavfi",
-                      "-i",           "color=red:s=160x80:r=50,drawbox=c=lime:t=fill:enable='gte(t,0.5)'",
-                      "-f",           "lavfi",
-                      "-i",           "sine=440:r=48000:d=2",
-                      "-filter:v",    "trim=duration=1",
-                      "-timecode",    "01:02:03:04",
-                      "-c:v",         "libx264",
-                      "-pix_fmt",     "yuv420p",
-                      "-f",           "mov",
-                      "file:" + media})
-                .errors,
-            "");
+  auto making = split(
+      "-v error -f lavfi -i color=red:s=160x80:r=50,drawbox=c=lime:t=fill:enable='gte(t,0.5)' -f lavfi -i "
+      "sine=440:r=48000:d=2 -filter:v trim=duration=1 -timecode 01:02:03:04 -c:v libx264 -pix_fmt yuv420p -f "
+      "mov");
+  making.push_back("file:" + media);
+  ASSERT_EQ(runChild("/usr/bin/ffmpeg", making).errors, "");
   const auto basic = Factory::buildBasicOptions({media, card}, work, results, "A 7", true);
   const auto image = Factory::buildImageOptions({0, 0.4F, 1}, 120, 30, 0.9F, false);
   const auto custodial = Factory::custodialOptions(getpid());

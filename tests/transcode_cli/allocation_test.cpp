@@ -17,6 +17,7 @@
 
 #include "recorded_log.hpp"
 #include "temporary_folder.hpp"
+#include "texts.hpp"
 
 namespace {
 constexpr auto unlimited = std::numeric_limits<std::int64_t>::max();
@@ -52,21 +53,11 @@ namespace {
 
 using Model = TranscodeCliArguments;
 
-const std::vector<std::string> words{"-vcodec",
-                                     "h264",
-                                     "-out",
-                                     "/a/path/that/fits/no/small/buffer",
-                                     "-unknown_and_long_enough",
-                                     "x",
-                                     "-in_0_0",
-                                     "/Volumes/CARD A/A001C002_220101.mov",
-                                     "-ac_omit_0",
-                                     "2",
-                                     "-tc",
-                                     "000000000000000001:00:00:00",
-                                     "-tc_match",
-                                     "-wmt_text",
-                                     "a text that fits no small buffer"};
+const auto words = split(
+    "-vcodec|h264|-out|/a/path/that/fits/no/small/buffer|-unknown_and_long_enough|x|-in_0_0|"
+    "/Volumes/CARD A/A001C002_220101.mov|-ac_omit_0|2|-tc|000000000000000001:00:00:00|-tc_match|-wmt_text|"
+    "a text that fits no small buffer",
+    '|');
 
 // Long enough for tables to grow and for sorting to need space.
 const std::vector<std::string> manyWords = [] {

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "child_process.hpp"
@@ -66,11 +67,10 @@ class Trips : public testing::Test {
   // A clip of a second with sound, and a start timecode if it is given.
   std::filesystem::path clip(const std::string& name, const std::string& picture, const Words& more = {}) {
     const auto file = folder / name;
-    const auto made = ffmpeg(
-        Words{"-f",       "lavfi",   "-i",   picture,   "-f",      "lavfi",     "-i",  "sine=440:r=48000",
-              "-t",       "1",       "-c:v", "libx264", "-preset", "ultrafast", "-qp", "4",
-              "-pix_fmt", "yuv420p", "-c:a", "aac"} +
-        more + Words{"-f", "mov", "file:" + file.native()});
+    const auto made = ffmpeg(Words{"-f", "lavfi", "-i", picture} +
+                             split("-f lavfi -i sine=440:r=48000 -t 1 -c:v libx264 -preset ultrafast -qp 4 "
+                                   "-pix_fmt yuv420p -c:a aac") +
+                             more + Words{"-f", "mov", "file:" + file.native()});
     EXPECT_EQ(made.errors, "");
     return file;
   }
@@ -218,11 +218,9 @@ TEST_F(Trips, BurnInsChangeThePictureInTheirPlacesOnly) {
   const auto image = lowerCase / "mark.png";
   ffmpeg({"-f", "lavfi", "-i", "color=red:s=200x100", "-frames:v", "1", "-update", "1", image});
   TranscodeCliArguments settings(
-      {"-in",           source.native(),    "-wmf_path",  image.native(),  "-wmf_scale",
-       "0.5",           "-tc_burn",         "-tc_custom", "10:00:00:00",   "-tc_burn_font_rgb",
-       "255,255,0",     "-tc_burn_box_rgb", "0,0,255",    "-tc_burn_size", "30",
-       "-wmt_burn",     "-wmt_text",        "text",       "-wmt_size",     "40",
-       "-wmt_font_rgb", "0,255,0"});
+      Words{"-in", source, "-wmf_path", image} +
+      split("-wmf_scale 0.5 -tc_burn -tc_custom 10:00:00:00 -tc_burn_font_rgb 255,255,0 -tc_burn_box_rgb "
+            "0,0,255 -tc_burn_size 30 -wmt_burn -wmt_text text -wmt_size 40 -wmt_font_rgb 0,255,0"));
   const auto anchors = VAVTranscodeArgumentOverlayAnchorValue::allCases();
   for (std::size_t i = 0; i < anchors.size(); i += 2) {
     const std::size_t places[] = {i, (i + 4) % 9, (i + 8) % 9};
@@ -325,39 +323,27 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
   const auto broken = folder.file("broken.mov", "no media");
   const auto existing = folder.file("existing.mov", "kept");
   const auto files = filesIn(folder.path());
-  struct Row {
-    Words words;
-    int status;
-    std::string reason;
-  };
   const auto out = (folder / "out.mov").native();
-  const Row rows[] = {
-      {{"-in", source, "-out", out, "-tc_burn", "-tc_drop"}, 64, "drop frame needs 29.97 or 59.94"},
-      {{"-in", source, "-out", out, "-tc_track", "-tc_custom", "01:00:00:25"},
-       64,
-       "01:00:00:25 is never counted at 25"},
-      {{"-in", source, "-out", out, "-vr", "29.97", "-tc_track", "-tc_custom", "00:01:00;00"},
-       64,
-       "00:01:00;00 is never"},
-      {{"-in", source, "-out", out, "-vr", "12.5", "-tc_burn"}, 64, "no timecode counts 12.5"},
-      {{"-in", source, "-out", out, "-vr", "1001"}, 64, "-vr: from"},
-      {{"-in", source, "-out", out, "-vr", "24fps"}, 64, "-vr: found \"24fps\", expected"},
-      {{"-in", source, "-out", out, "-vcodecc", "h264"}, 64, "-vcodecc: no flag of the transcoder, although"},
-      {{"-in", source, "-out", out, "-file_format", "mp4", "-vcodec", "prores422"},
-       64,
-       "mp4 files do not hold prores422"},
-      {{"-in", source, "-out", out, "-vcodec", "h264", "-vprofile", "'x:y"},
-       64,
-       "'x:y is not one of baseline"},
-      {{"-in", source, "-out", out, "-dims", "63x64"}, 64, "even numbers"},
-      {{"-in", source, "-out", out, "-vn", "-an"}, 64, "nothing is left"},
-      {{"-in", source, "-out", out, "-wmt_burn", "-wmt_text", "\xff"}, 64, "not UTF-8"},
-      {{"-in", source, "-out", out, "-wmt_burn", "-wmt_text", "-i"}, 64, "-i: no flag"},
-      {{"-in", source, "-out", out, "-wmf_path", "/no.png"}, 66, "/no.png"},
-      {{"-in", source, "-out", out, "-clut", "/no.cube"}, 66, "/no.cube"},
-      {{"-in", source, "-out", out, "-clut", broken}, 65, "broken.mov: line 1, column 1: found \"no media\""},
-      {{"-in", source, "-out", out, "-wmt_burn", "-wmt_text", "x", "-wmt_size", "0"}, 64, "without size"},
-      {{"-in", source, "-out", out, "-file_format", "wav", "-acl", "stereo", "-adiscrete"}, 64, "one track"},
+  const Words in{"-in", source, "-out", out};
+  const std::tuple<Words, int, std::string> rows[] = {
+      {in + split("-tc_burn -tc_drop"), 64, "drop frame needs 29.97 or 59.94"},
+      {in + split("-tc_track -tc_custom 01:00:00:25"), 64, "01:00:00:25 is never counted at 25"},
+      {in + split("-vr 29.97 -tc_track -tc_custom 00:01:00;00"), 64, "00:01:00;00 is never"},
+      {in + split("-vr 12.5 -tc_burn"), 64, "no timecode counts 12.5"},
+      {in + split("-vr 1001"), 64, "-vr: from"},
+      {in + split("-vr 24fps"), 64, "-vr: found \"24fps\", expected"},
+      {in + split("-vcodecc h264"), 64, "-vcodecc: no flag of the transcoder, although"},
+      {in + split("-file_format mp4 -vcodec prores422"), 64, "mp4 files do not hold prores422"},
+      {in + split("-vcodec h264 -vprofile 'x:y"), 64, "'x:y is not one of baseline"},
+      {in + split("-dims 63x64"), 64, "even numbers"},
+      {in + split("-vn -an"), 64, "nothing is left"},
+      {in + split("-wmt_burn -wmt_text \xff"), 64, "not UTF-8"},
+      {in + split("-wmt_burn -wmt_text -i"), 64, "-i: no flag"},
+      {in + split("-wmf_path /no.png"), 66, "/no.png"},
+      {in + split("-clut /no.cube"), 66, "/no.cube"},
+      {in + Words{"-clut", broken}, 65, "broken.mov: line 1, column 1: found \"no media\""},
+      {in + split("-wmt_burn -wmt_text x -wmt_size 0"), 64, "without size"},
+      {in + split("-file_format wav -acl stereo -adiscrete"), 64, "one track"},
       {{"-in_0_0", source, "-in_0_1", "/no.mov", "-out", out}, 66, "/no.mov: No such file"},
       {{"-in", broken, "-out", out}, 65, "cannot read " + broken.native()},
       {{"-in_0_0", source, "-in_0_1", broken, "-out", out}, 65, "cannot read " + broken.native()},
@@ -388,28 +374,9 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
 TEST_F(Trips, ASignalOrTheEndOfTheParentEndsTheToolWithoutAFile) {
   const auto source = clip("source.mov", "testsrc2=s=640x360:r=25", {"-t", "20"});
   const auto start = [&](const Words& more) {
-    const auto child = fork();
-    if (child != 0) return child;
-    auto words = Words{tool,
-                       "-in",
-                       source,
-                       "-out",
-                       folder / "out.mov",
-                       "-vcodec",
-                       "prores4444xq",
-                       "-dims",
-                       "1280x720",
-                       "-progress_file",
-                       folder / "progress",
-                       "-work_dir",
-                       folder.folder("work")} +
-                 more;
-    std::vector<char*> argv;
-    for (auto& word : words) argv.push_back(word.data());
-    argv.push_back(nullptr);
-    if (std::freopen("/dev/null", "w", stdout) && std::freopen("/dev/null", "w", stderr))
-      execv(argv[0], argv.data());
-    _exit(127);
+    return startChild(tool, Words{"-in", source, "-out", folder / "out.mov", "-progress_file",
+                                  folder / "progress", "-work_dir", folder.folder("work")} +
+                                split("-vcodec prores4444xq -dims 1280x720") + more);
   };
   const auto awaitProgress = [&] {
     while (contentOf(folder / "progress").empty()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
