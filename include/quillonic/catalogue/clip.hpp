@@ -200,9 +200,9 @@ struct CardContents {
 /// The clips in a folder: of the cards in it, and of files outside of them, by stem. Files that alone name a
 /// maker tell of a card at any depth; markers count down to the third level, as in `cardsIn`. Reads the
 /// folder to its end with one look at each file. Opens no file but the short clip descriptions and play lists
-/// that alone tell how P2 and AVCHD cards continue a clip. Follows no link but those in `folder` itself. Parts
-/// that neither their names nor such a list connect are clips of their own. What cannot be read, also `folder`
-/// itself, is among the unread.
+/// that alone tell how P2 and AVCHD cards continue a clip. Follows no link but those in `folder` itself.
+/// Parts that neither their names nor such a list connect are clips of their own. What cannot be read, also
+/// `folder` itself, is among the unread.
 QUILLONIC_EXPORT CardContents contentsOf(const std::filesystem::path& folder);
 
 /// The same, with a progress block.
