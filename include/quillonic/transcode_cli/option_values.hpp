@@ -17,8 +17,11 @@ namespace quillonic {
 class DecimalNumber {
  public:
   // NOLINTBEGIN(google-explicit-constructor): numbers are passed as they are
+  /// The number itself.
   constexpr DecimalNumber(double value) noexcept : value_(value) {}
+  /// The number that the text of a `float` says.
   DecimalNumber(std::same_as<float> auto value) : value_(ofText(value)) {}
+  /// The number.
   constexpr operator double() const noexcept { return value_; }
   // NOLINTEND(google-explicit-constructor)
 
