@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <limits>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -24,14 +25,19 @@
 namespace {
 
 bool hasNamelessFiles = true;
+int descriptorLimit = std::numeric_limits<int>::max();
 
 }  // namespace
 
-// The library's calls find this first. Some volumes have no files without names.
+// The library's calls find this first. Some volumes have no files without names, some processes few descriptors.
 extern "C" int openat(int folder, const char* name, int flags, ...) {
   static auto* const system = reinterpret_cast<decltype(openat)*>(dlsym(RTLD_NEXT, "openat"));
-  if (hasNamelessFiles || (flags & O_TMPFILE) != O_TMPFILE) return system(folder, name, flags, 0600);
-  errno = EOPNOTSUPP;
+  const bool isRefused = !hasNamelessFiles && (flags & O_TMPFILE) == O_TMPFILE;
+  const int file = isRefused ? -1 : system(folder, name, flags, 0600);
+  if (isRefused) errno = EOPNOTSUPP;
+  if (file < descriptorLimit) return file;
+  close(file);
+  errno = EMFILE;
   return -1;
 }
 
@@ -266,6 +272,19 @@ TEST(OffloadRun, VerifiesWhatReplacesLinks) {
       EXPECT_EQ(report.checksums[i], checksumOfFile(targets[0] / path, sum)) << path;
     }
   }
+}
+
+TEST(OffloadRun, NeedsFewDescriptors) {
+  const TemporaryFolder folder;
+  for (int i = 0; i < 100; ++i) folder.file("card/" + std::to_string(i), "clip");
+  const fs::path targets[] = {folder.folder("a"), folder.folder("b")};
+  OffloadRun run(planOffload(folder / "card", targets), {.checksum = &sum, .verified = {}, .progress = {}});
+  descriptorLimit = 60;
+  for (std::size_t step = 0; step < run.stepCount(); ++step) run.run(step);
+  const auto& report = run.finish();
+  descriptorLimit = std::numeric_limits<int>::max();
+  EXPECT_EQ(report.count(1, CopyState::verified), 100U);
+  EXPECT_TRUE(report.isGood());
 }
 
 TEST(HashList, ReadsWhatItWritesAndRefusesTheRest) {

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/resource.h>
 
 #include "private_process.hpp"
 #include "sum.hpp"
@@ -112,21 +111,6 @@ TEST(Offload, TellsWhatFailsByItem) {
     EXPECT_FALSE(fs::exists(targets[0] / "second name"));
     EXPECT_EQ(partialCount(folder.path()), 0U);
   });
-}
-
-TEST(Offload, NeedsFewDescriptors) {
-  const TemporaryFolder folder;
-  for (int i = 0; i < 100; ++i) folder.file("card/" + std::to_string(i), "clip");
-  const fs::path targets[] = {folder.folder("a"), folder.folder("b")};
-  OffloadRun run(planOffload(folder / "card", targets), {.checksum = &sum, .verified = {}, .progress = {}});
-  rlimit limit{};
-  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
-  const rlimit low{60, limit.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &low), 0);
-  const auto& report = runAll(run);
-  setrlimit(RLIMIT_NOFILE, &limit);
-  EXPECT_EQ(report.count(1, CopyState::verified), 100U);
-  EXPECT_TRUE(report.isGood());
 }
 
 TEST(Offload, StopsAndGoesOn) {
