@@ -247,7 +247,7 @@ class Collection {
       const auto& evidence = contents.cards[card.card].evidence;
       // Files in the root itself mark all of it.
       const bool isWhole = std::ranges::none_of(
-          evidence, [](const std::string& marker) { return marker.find('/') != marker.npos; });
+          evidence, [](const std::string& marker) { return marker.find('/') != std::string::npos; });
       const bool isWithin = isWhole || std::ranges::any_of(evidence, [&](const std::string& marker) {
                               return marker.ends_with('/') && card.path.starts_with(marker);
                             });

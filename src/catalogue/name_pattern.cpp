@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 #include <utility>
 
 #include "text/number_text.hpp"
@@ -15,11 +16,11 @@ namespace {
 
 std::optional<std::size_t> fixedEnd(const Pattern& pattern, std::string_view name) noexcept {
   std::size_t count = 0;
-  for (auto atom = pattern.atoms.rbegin(); atom != pattern.atoms.rend(); ++atom) {
-    if (atom->isOptional || atom->repeats || count == name.size()) break;
+  for (const auto& atom : pattern.atoms | std::views::reverse) {
+    if (atom.isOptional || atom.repeats || count == name.size()) break;
     ++count;
     const auto byte = static_cast<unsigned char>(ascii::raised(name[name.size() - count]));
-    if (!byteSets[atom->set].contains(byte)) return std::nullopt;
+    if (!byteSets[atom.set].contains(byte)) return std::nullopt;
   }
   return count;
 }

@@ -139,7 +139,8 @@ void joinP2Spans(std::deque<Draft>& drafts, FolderTree& tree) {
     auto found = descriptionOf(i, drafts[i], tree);
     if (!found || found->shot.empty()) continue;
     clips.insert(found->clip);
-    shots[found->shot].push_back(*std::move(found));
+    auto& parts = shots[found->shot];
+    parts.push_back(*std::move(found));
   }
   for (auto& [shot, parts] : shots) {
     std::ranges::stable_sort(parts, {}, &P2Description::offset);
