@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <optional>
-#include <random>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -77,29 +76,15 @@ TEST(TimeZone, IsThatOfTheSystem) {
   EXPECT_FALSE(TimeZone::fromName("Town"));
 }
 
-// Old files have one part, and damaged ones are refused or have some answer.
-TEST(TimeZone, ReadsOldAndDamagedFiles) {
+TEST(TimeZone, ReadsOldFiles) {
   const auto whole = contentOf(town);
   const TemporaryFolder folder;
-  const RecordedLog log;
-  const auto read = [&](const std::string& bytes) {
-    std::filesystem::remove(folder / "zone");  // some file systems wait for the disk when it is written again
-    return TimeZone::fromName(folder.file("zone", bytes).native());
-  };
   for (const char version : {'\0', '2', '3', '4'}) {
     auto bytes = whole;
     bytes[4] = version;
-    const auto zone = read(bytes);
+    const auto zone = TimeZone::fromName(folder.file("zone", bytes).native());
     // The oldest have no rule for later years, and slim files nothing in their first part.
     EXPECT_TRUE(zone && (!version || zone->offset(sys_days(2500y / 7 / 1)) == 2h)) << version;
-  }
-  std::mt19937 random(11);
-  for (int round = 0; round < 1000; ++round) {
-    auto bytes = whole;
-    for (auto edits = random() % 4; edits-- > 0;)
-      bytes[random() % (round % 2 ? 100 : whole.size())] = char(random());
-    if (random() % 3 == 0) bytes.resize(random() % bytes.size());
-    if (const auto zone = read(bytes)) expectFirstInstant(*zone, sys_seconds(seconds(random()) - 1'000'000h));
   }
 }
 
