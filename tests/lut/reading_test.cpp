@@ -8,6 +8,7 @@
 #include <sstream>
 #include <string>
 #include <sys/stat.h>
+#include <tuple>
 #include <vector>
 
 #include "recorded_log.hpp"
@@ -44,15 +45,9 @@ std::string summaryOf(const Result<Lut, Failure>& lut) {
   return text + ": " + numbersOf(Applier(*lut).apply({0.25F, 0.5F, 0.75F}));
 }
 
-struct Accepted {
-  std::string name;
-  std::string text;
-  std::string summary;
-};
-
 TEST(Reading, AcceptsWhatProgramsWrite) {
   const std::string same3D = "3D 2: 0.25 0.5 0.75";
-  const std::vector<Accepted> table{
+  const std::tuple<std::string, std::string, std::string> table[] = {
       // .cube, both dialects
       {"a.cube", "LUT_3D_SIZE 2\n" + cube, same3D},
       {"a.CUBE", "\xEF\xBB\xBF\t lut_3d_size\t2 # edge\r\n\r\n# more\r" + cube + " \t\n#", same3D},
@@ -87,8 +82,8 @@ TEST(Reading, AcceptsWhatProgramsWrite) {
       {"log10to8.lut", "LUT: 3 2\n0\n255\n# green\n255\n0\n0\n0\n", "1D 2: 0.25 0.5 0"},
       {"16FPto12.lut", "LUT: 4 2\n0\n4095\n0\n4095\n0\n4095\n7\n7\n", "1D 2: 0.25 0.5 0.75"},
   };
-  for (const auto& row : table)
-    EXPECT_EQ(summaryOf(readText(row.text, row.name)), row.summary) << row.name << row.text;
+  for (const auto& [name, text, summary] : table)
+    EXPECT_EQ(summaryOf(readText(text, name)), summary) << name << text;
 
   std::string plain;
   for (int i = 0; i < 256; ++i) plain += std::to_string(255 - i) + "\n";
@@ -109,18 +104,10 @@ TEST(Reading, KeepsWhatFilesTellBesides) {
   EXPECT_EQ(readText(cube255, "a.3dl")->header.depth, 8);
 }
 
-struct Refused {
-  std::string name;
-  std::string text;
-  std::size_t line;
-  std::string found;
-  std::string expected;
-};
-
 TEST(Reading, RefusesAndTellsWhere) {
   const std::string cubeRows(cube.substr(0, 42));  // seven rows
   const std::string spi1d = "Version 1\nLength 2\nComponents 1\n{\n";
-  const std::vector<Refused> table{
+  const std::tuple<std::string, std::string, std::size_t, std::string, std::string> table[] = {
       // counts and rows
       {"a.cube", "LUT_3D_SIZE 2\n" + cubeRows, 8, "7 rows", "8 rows"},
       {"a.cube", "LUT_3D_SIZE 256\n" + cubeRows, 8, "7 rows", "16777216 rows"},
@@ -186,15 +173,15 @@ TEST(Reading, RefusesAndTellsWhere) {
       {"a.lut", "LUT: 1 256\n65536\n", 2, "65536", "0 to 65535"},
       {"a.lut", "LUT8\n", 1, "LUT8", "not a supported .lut"},
   };
-  for (const auto& row : table) {
-    const auto lut = readText(row.text, row.name);
-    ASSERT_FALSE(lut) << row.text;
-    const auto& failure = lut.error();
-    EXPECT_EQ(failure.reason, Failure::Reason::refused);
-    EXPECT_EQ(failure.where.line, row.line) << row.text << failure.description();
-    EXPECT_TRUE(failure.where.found.starts_with(row.found)) << row.text << failure.description();
-    EXPECT_EQ(failure.where.found.empty(), row.found.empty()) << row.text << failure.description();
-    EXPECT_THAT(failure.where.expected, testing::HasSubstr(row.expected)) << row.text;
+  for (const auto& [name, text, line, found, expected] : table) {
+    const auto lut = readText(text, name);
+    ASSERT_FALSE(lut) << text;
+    const auto& [reason, error, where] = lut.error();
+    EXPECT_EQ(reason, Failure::Reason::refused);
+    EXPECT_EQ(where.line, line) << text << where.description();
+    EXPECT_TRUE(found.empty() ? where.found.empty() : where.found.starts_with(found))
+        << text << where.description();
+    EXPECT_THAT(where.expected, testing::HasSubstr(expected)) << text;
   }
   for (const auto* text : {"", "#\n", "hello\n", "1 2\n", "1.5 2 3\n"})
     EXPECT_EQ(readText(text, "a.txt").error().reason, Failure::Reason::unknownFormat) << text;
@@ -202,11 +189,7 @@ TEST(Reading, RefusesAndTellsWhere) {
 
 TEST(Reading, RefusesWhatIsNoNumberInEveryFormat) {
   // Texts before a word and after it: as the first or another one of a row, and in a header.
-  struct Row {
-    std::string name, before, after;
-    bool isInteger;
-  };
-  const std::vector<Row> rows{
+  const std::tuple<std::string, std::string, std::string, bool> rows[] = {
       {"a.cube", "LUT_1D_SIZE 2\n", " 0 0\n1 1 1\n", false},
       {"a.cube", "LUT_1D_SIZE 2\n0 0 0\n1 1 ", "\n", false},
       {"a.cube", "LUT_3D_SIZE 2\nDOMAIN_MIN -1 ", " -1\n" + cube, false},
@@ -220,23 +203,22 @@ TEST(Reading, RefusesWhatIsNoNumberInEveryFormat) {
       {"a.csp", csp + noShaper + "2 2 2\n", " 0 0\n" + cube.substr(6), false},
       {"a.lut", "LUT: 1 2 256\n", "\n255\n", true},
   };
-  for (const auto& row : rows) {
-    EXPECT_TRUE(row.name == "a.3dl" || readText(row.before + "0" + row.after, row.name)) << row.before;
+  for (const auto& [name, before, after, isInteger] : rows) {
+    EXPECT_TRUE(name == "a.3dl" || readText(before + "0" + after, name)) << before;
     for (const std::string word : {"nan", "-NaN", "inf", "+Infinity", "0x1p0", "1e400", "-1e400", "1e39",
                                    "1e-400", "1e-60", "+", "-", ".", "1,5", "+-1", "1e", "1f", "1.5.2"}) {
-      const auto lut = readText(row.before + word + row.after, row.name);
-      if (word.starts_with("1e-") && !row.isInteger) {
-        EXPECT_TRUE(lut) << row.before << word;
+      const auto lut = readText(before + word + after, name);
+      if (word.starts_with("1e-") && !isInteger) {
+        EXPECT_TRUE(lut) << before << word;
         continue;
       }
       // A .3dl has remarks, which begin with no number.
       const bool isRemark =
-          row.before == cube255 && (word == "0x1p0" || word == "1f" || word == "+" || word == "-");
-      ASSERT_EQ(static_cast<bool>(lut), isRemark) << row.before << word;
+          before == cube255 && (word == "0x1p0" || word == "1f" || word == "+" || word == "-");
+      ASSERT_EQ(static_cast<bool>(lut), isRemark) << before << word;
       if (lut) continue;
-      const auto line = std::ranges::count(row.before, '\n') + 1;
-      EXPECT_EQ(lut.error().where.line, static_cast<std::size_t>(line)) << row.before << word;
-      EXPECT_EQ(lut.error().where.found, word) << row.before;
+      EXPECT_EQ(lut.error().where.line, std::ranges::count(before, '\n') + 1U) << before << word;
+      EXPECT_EQ(lut.error().where.found, word) << before;
     }
   }
 }
@@ -281,18 +263,15 @@ TEST(Reading, DescribesFromTheBeginning) {
   }
   EXPECT_EQ(describeFile(folder / "a.csp")->domain.max, (Rgb{2, 1, 1}));
   EXPECT_EQ(describeFile(folder / "b")->size3D, edge33);
-  for (const auto* key : {"kind", "depth", "size3D", "domainMax"}) {
-    CodedRecord record;
-    record.add(key, CodedList{-1.0, 2.0});
-    EXPECT_THROW(decode<Description>(record), DecodingError) << key;
-    CodedRecord number;
-    number.add(key, std::int64_t{-1});
-    EXPECT_THROW(decode<Description>(number), DecodingError) << key;
+  for (const auto* key : {"kind", "depth", "size3D", "domainMin", "domainMax"}) {
+    for (const CodedValue& value :
+         {CodedValue(std::int64_t{-1}), {CodedList{-1.0, 2.0}}, {CodedList{0.0, 1.0, 0.0}}}) {
+      CodedRecord record;
+      record.add(key, value);
+      EXPECT_THROW(decode<Description>(record), DecodingError) << key;
+    }
   }
   EXPECT_EQ(decode<Description>(CodedRecord()), Description());
-  CodedRecord empty;
-  empty.add("domainMin", CodedList{0.0, 1.0, 0.0});
-  EXPECT_THROW(decode<Description>(empty), DecodingError);
   const auto whole = folder.file("whole.3dl", comments + cube255);
   EXPECT_EQ(*describeFile(whole), readFile(whole)->description());
   EXPECT_FALSE(describeFile(folder.file("bad.cube", "LUT_3D_SIZE 1\n" + comments)));
