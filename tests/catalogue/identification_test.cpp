@@ -9,6 +9,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "temporary_folder.hpp"
 
@@ -31,39 +32,15 @@ TEST(Identification, LetsBytesDecideTheFamilyAndTheNameTheMember) {
     for (int i = 0; i < 3; ++i) bytes[first + static_cast<std::size_t>(i) * step] = 0x47;
     return bytes;
   };
-  const struct {
-    std::string_view name;
-    std::string bytes;
-    std::string_view expected;
-  } cases[] = {
-      {"a.mov",
-       "\0\0\0\x14"
-       "ftypqt  "s,
-       "quickTimeMovie"},
-      {"",
-       "\0\0\0\x14"
-       "ftypqt  "s,
-       "quickTimeMovie"},
-      {"a.MP4",
-       "\0\0\0\x14"
-       "ftypqt  "s,
-       "mpeg4Movie"},
-      {"",
-       "\0\0\0\x14"
-       "ftypheic"s,
-       "heif"},
-      {"",
-       "\0\0\0\x14"
-       "ftypcrx "s,
-       "-"},
-      {"",
-       "\0\0\0\x14"
-       "ftypcrx ....CanonCRM0001"s,
-       "canonRawLight"},
-      {"a.cr3",
-       "\0\0\0\x14"
-       "ftypcrx "s,
-       "canonRaw3"},
+  const auto ftyp = [](const std::string& brand) { return "\0\0\0\24ftyp"s + brand; };
+  const std::tuple<std::string_view, std::string, std::string_view> cases[] = {
+      {"a.mov", ftyp("qt  "), "quickTimeMovie"},
+      {"", ftyp("qt  "), "quickTimeMovie"},
+      {"a.MP4", ftyp("qt  "), "mpeg4Movie"},
+      {"", ftyp("heic"), "heif"},
+      {"", ftyp("crx "), "-"},
+      {"", ftyp("crx ....CanonCRM0001"), "canonRawLight"},
+      {"a.cr3", ftyp("crx "), "canonRaw3"},
       {"a.mov", "\xFF\xD8\xFF\xE0", "quickTimeMovie or jpeg"},
       {"a.nef", "II*\0"s, "nikonRaw"},
       {"a.png", "II*\0"s, "png or tiff"},
@@ -84,10 +61,7 @@ TEST(Identification, LetsBytesDecideTheFamilyAndTheNameTheMember) {
       {"a.txt", "The free\0bytes of a film"s, "plainText or quickTimeMovie"},
       {"a.mpl", "MPLS0100", "avchdPlayList"},
       {"a.xml", "\xEF\xBB\xBF<?xml version=\"1.0\"?><!-- c --><fcpxml version=\"1.9\">", "finalCutXml"},
-      {"a.xml",
-       "\xFF\xFE<\0?\0x\0m\0l\0?\0>\0<\0P\0"
-       "2\0M\0a\0i\0n\0>\0"s,
-       "xml"},
+      {"a.xml", "\xFF\xFE<\0?\0x\0m\0l\0?\0>\0<\0P\0\x32\0M\0a\0i\0n\0>\0"s, "xml"},
       {"a.cube", "LUT_3D_SIZE 33\n", "cubeLut"},
       {"", "LUT_3D_SIZE 33\n", "plainText"},
       {"a.cine", "CI\x2C\0"s, "phantomCine"},
@@ -97,8 +71,8 @@ TEST(Identification, LetsBytesDecideTheFamilyAndTheNameTheMember) {
       {"._a.mov", "\0\5\x16\7"s, "-"},
       {"a.mov", "\0\5\x16\7"s, "-"},
   };
-  for (const auto& each : cases)
-    EXPECT_EQ(told(identify(each.name, each.bytes)), each.expected) << each.name << ' ' << each.bytes;
+  for (const auto& [name, bytes, expected] : cases)
+    EXPECT_EQ(told(identify(name, bytes)), expected) << name << ' ' << bytes;
   EXPECT_EQ(identify("a.xml", "<x:NonRealTimeMeta>").xmlContent, XmlContent::sonyClip);
   EXPECT_EQ(identify("a.xml", "<AssetMap xmlns=''>").xmlContent, XmlContent::assetMap);
   EXPECT_EQ(identify("a.mov", "\0\5\x16\7"s).role, NameRole::companion);

@@ -1,11 +1,9 @@
 // Every extension has a format, a format has its extensions, and names find them whatever their case.
 #include <quillonic/media.hpp>
-#include <quillonic/platform/localization.hpp>
 
 #include <algorithm>
 #include <cctype>
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -56,15 +54,6 @@ TEST(Formats, SayWhatAnExtensionMeans) {
   EXPECT_EQ(ambiguity(FileExtension::r3d), nullptr);
   EXPECT_FALSE(isVerified(formatOf(FileExtension::krw)));
   EXPECT_TRUE(isVerified(formatOf(FileExtension::nev)));
-}
-
-TEST(Formats, AskTheHostForTheirNames) {
-  struct Shouting : Localizer {
-    std::string localized(std::string_view text) const override { return capitals(text); }
-  };
-  Localization::setLocalizer(std::make_shared<const Shouting>());
-  EXPECT_EQ(displayName(FileExtension::mov), "QUICKTIME MOVIE");
-  Localization::setLocalizer(nullptr);
 }
 
 }  // namespace

@@ -99,7 +99,8 @@ TEST(Settings, DisplayTextsAreLookedUpAndTagsAreNot) {
   expectLookedUp(ChannelLayout::allCommonCases());
   EXPECT_EQ(joined(allCases<ColorDepth>(), ';', [](auto depth) { return pickerDescription(depth); }),
             "~8 bpp;~10 bpp;~12 bpp;~16 bpp");
-  EXPECT_EQ(FrameRate::custom(12).description(), "~Custom: 12.0 fps");
+  EXPECT_EQ(displayName(FileExtension::mov) + FrameRate::custom(12).description(),
+            "~QuickTime movie~Custom: 12.0 fps");
   Localization::setLocalizer(nullptr);
   EXPECT_EQ(FrameRate::match.description(), "Match");
 }
