@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <new>
+#include <span>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -69,6 +70,11 @@ const std::vector<std::string> manyWords = [] {
   return made;
 }();
 
+const std::vector<std::int64_t> tracks{1, 2, 3};
+
+// Results that nobody needs.
+void drop(const auto&... /*results*/) {}
+
 struct Operation {
   const char* name;
   // Whether it changes several options, so that a failure may leave some of them changed.
@@ -84,34 +90,19 @@ const Operation operations[] = {
     {"code", false, [](Model& model) { decode<Model>(encode(model)); }},
     {"apply a preset", false,
      [](Model& model) { model.apply(TranscodeCliPreset::vantiroCloud, ApplyLayer::aboveWhatIsSet); }},
-    {"check", false, [](Model& model) { static_cast<void>(model.problems()); }},
-    {"write", false,
-     [](Model& model) {
-       static_cast<void>(model.commandLineArguments());
-       static_cast<void>(model.cliString());
-     }},
-    {"ask", false,
-     [](Model& model) {
-       static_cast<void>(model.unknownFlags());
-       static_cast<void>(model.inputFileGroups());
-       static_cast<void>(model.inputFiles());
-       static_cast<void>(model.watermarkDetail());
-     }},
+    {"check", false, [](Model& model) { drop(model.problems()); }},
+    {"write", false, [](Model& model) { drop(model.commandLineArguments(), model.cliString()); }},
+    {"ask", false, [](Model& model) { drop(model.unknownFlags(), model.inputFileGroups()); }},
+    {"ask for parts", false, [](Model& model) { drop(model.inputFiles(), model.watermarkDetail()); }},
     {"set any flag", false,
      [](Model& model) { model.setArgumentFlagValue(" -IN_1_0_and_so_on ", std::string(40, 'x')); }},
     {"change a path", false, [](Model& model) { model.setOutputFile(std::string(80, 'x')); }},
     {"add a number", false, [](Model& model) { model.setVideoFrameRate(1e22); }},
-    {"warn of a number", false,
-     [](Model& model) {
-       model.setVideoDimensions(FrameSize{-1, 1});
-     }},
+    {"warn of a number", false, [](Model& model) { model.setVideoFrameRate(-1.0); }},
     {"add a colour", false, [](Model& model) { model.setTimecodeBurnFontColor(Color::rgb(1e9, 1e9, 1e9)); }},
     {"drop frames", false, [](Model& model) { model.setTimecodeIsDropFrame(true); }},
     {"count from a date", false, [](Model& model) { model.setTimecodeSource(TimecodeSource::creationDate); }},
-    {"leave tracks out", true,
-     [](Model& model) {
-       model.setIgnoredAudioTracks({1, 2, 3});
-     }},
+    {"leave tracks out", true, [](Model& model) { model.setIgnoredAudioTracks(tracks); }},
     {"number files", true,
      [](Model& model) {
        model.setInputFileGroups(InputFileGroups{{7, {std::string(40, 'a'), "b"}}});
@@ -129,10 +120,10 @@ const Operation operations[] = {
      [](Model&) {
        const auto form = CLISanitizationOptions::lowercase | CLISanitizationOptions::trimWhiteSpace;
        const CLIArgumentSanitizer sanitizer({"-out", "-a_flag_that_fits_no_small_buffer"}, form);
-       const auto drop = [](std::string_view, std::optional<std::string_view>) {};
+       const auto pass = [](std::string_view, std::optional<std::string_view>) {};
        sanitizer.enumerateSanitizedCLIEntries(
-           words, [&](std::string_view) { return form; }, drop, drop);
-       static_cast<void>(sanitizer.splitByValidity(words));
+           words, [&](std::string_view) { return form; }, pass, pass);
+       drop(sanitizer.splitByValidity(words));
      }},
     {"analyse", false,
      [](Model&) {
@@ -140,8 +131,7 @@ const Operation operations[] = {
            {"-pathToAnalyze", "/a/path/that/fits/no/small/buffer", "-workDirectory", "/w", "-resultsFilePath",
             "/r", "-snapshotLocation", "1e30", "2", "-maxImageWidth", "1920", "-parentPid", "1",
             "-no_flag_of_the_tool"});
-       static_cast<void>(read.basic->commandLineArguments());
-       static_cast<void>(read.image->orderedCLITexts());
+       drop(read.basic->commandLineArguments(), read.image->orderedCLITexts());
      }},
 };
 
@@ -177,36 +167,27 @@ TEST(Allocations, LeaveAUsableModelWhereTheyFail) {
   EXPECT_GT(failures, 3 * std::size(operations));
 }
 
-struct Look {
-  const char* name;
-  void (*run)(const std::filesystem::path& folder);
-};
+using std::filesystem::path;
 
-const Look looks[] = {
-    {"drives",
-     [](const std::filesystem::path& folder) {
-       static_cast<void>(FileManager().getUniqueDrives({&folder, 1}));
-     }},
+const std::pair<const char*, void (*)(const path& folder)> looks[] = {
+    {"drives", [](const path& folder) { drop(FileManager().getUniqueDrives(std::span(&folder, 1))); }},
     {"attributes",
-     [](const std::filesystem::path& folder) {
-       for (const auto* name : {"file", "link", "alias"})
-         static_cast<void>(expandedAttributesOfItem(folder / name));
+     [](const path& folder) {
+       for (const auto* name : {"file", "link", "alias"}) drop(expandedAttributesOfItem(folder / name));
      }},
     {"walk",
-     [](const std::filesystem::path& folder) {
+     [](const path& folder) {
        enumerateLinkFileDereferencePairs(folder, [](const auto&, const auto&, bool&) {});
      }},
-    {"link support",
-     [](const std::filesystem::path& folder) { fileSystemSupportsSymbolicLinks(folder / "new"); }},
+    {"link support", [](const path& folder) { fileSystemSupportsSymbolicLinks(folder / "new"); }},
     {"disk",
-     [](const std::filesystem::path& folder) {
-       static_cast<void>(diskDescriptionOfVolume(folder));
+     [](const path& folder) {
        Mount mount;
        mount.deviceMajor = 7;
-       static_cast<void>(diskDescriptionOfMount(mount, folder / "sys"));
+       drop(diskDescriptionOfVolume(folder), diskDescriptionOfMount(mount, folder / "sys"));
      }},
     {"removal",
-     [](const std::filesystem::path& folder) {
+     [](const path& folder) {
        // Other users would be asked for a password.
        if (geteuid() == 0) FileManager().removeItemWithElevatedPermissions(folder);
      }},
@@ -224,18 +205,18 @@ TEST(Allocations, LeaveNoDescriptorAndNoChildWhereTheyFail) {
   };
   const RecordedLog log;
   const auto before = openFiles();
-  for (const auto& look : looks) {
+  for (const auto& [name, look] : looks) {
     bool isDone = false;
     for (std::int64_t memory = 0; !isDone; ++memory) {
       allocationsLeft = memory;
       try {
-        look.run(folder.path());
+        look(folder.path());
         isDone = true;
       } catch (const std::exception&) {
       }
       allocationsLeft = unlimited;
-      EXPECT_EQ(openFiles(), before) << look.name << memory;
-      EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << look.name << memory;
+      EXPECT_EQ(openFiles(), before) << name << memory;
+      EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << name << memory;
     }
   }
 }

@@ -73,16 +73,5 @@ TEST(TranscoderTool, PrintsASentenceForEveryFlag) {
   EXPECT_THAT(help, testing::ContainsRegex("\n  -acodec name .*\n +lpcm aac apple_lossless\n"));
 }
 
-TEST(TranscoderTool, RefusesWhatItCannotDo) {
-  const auto unknown = runTool({"-vcodec", "h264", "-Bogus", "1", "-parentPid", "1", "--what"});
-  EXPECT_EQ(unknown.exitStatus, 64);
-  EXPECT_EQ(unknown.errors,
-            "transcoder_tool: cannot use these settings\n  --what: no flag of the transcoder\n"
-            "  -bogus: no flag of the transcoder\n");
-  EXPECT_EQ(runTool({}).exitStatus, 64);
-  EXPECT_EQ(runTool({"-in", "/nowhere/a.mov", "-out", "/nowhere/b.mov"}).exitStatus, 66);
-  EXPECT_EQ(runTool({"-in", "/dev/null", "-out", "/nowhere/b.mov"}).exitStatus, 66);
-}
-
 }  // namespace
 }  // namespace quillonic

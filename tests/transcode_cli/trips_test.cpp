@@ -333,6 +333,9 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
       {in + split("-vr 1001"), 64, "-vr: from"},
       {in + split("-vr 24fps"), 64, "-vr: found \"24fps\", expected"},
       {in + split("-vcodecc h264"), 64, "-vcodecc: no flag of the transcoder, although"},
+      {split("-vcodec h264 -Zoom 1 -parentPid 1 --what"), 64,
+       "transcoder_tool: cannot use these settings\n  --what: no flag of the transcoder\n"
+       "  -zoom: no flag of the transcoder\n"},
       {in + split("-file_format mp4 -vcodec prores422"), 64, "mp4 files do not hold prores422"},
       {in + split("-vcodec h264 -vprofile 'x:y"), 64, "'x:y is not one of baseline"},
       {in + split("-dims 63x64"), 64, "even numbers"},
@@ -345,6 +348,7 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
       {in + split("-wmt_burn -wmt_text x -wmt_size 0"), 64, "without size"},
       {in + split("-file_format wav -acl stereo -adiscrete"), 64, "one track"},
       {{"-in_0_0", source, "-in_0_1", "/no.mov", "-out", out}, 66, "/no.mov: No such file"},
+      {split("-in /dev/null -out /nowhere/b.mov"), 66, "/dev/null"},
       {{"-in", broken, "-out", out}, 65, "cannot read " + broken.native()},
       {{"-in_0_0", source, "-in_0_1", broken, "-out", out}, 65, "cannot read " + broken.native()},
       {{"-in", source, "-out", existing}, 73, "exists"},
@@ -352,6 +356,7 @@ TEST_F(Trips, RefusalsSayWhyAndLeaveNothing) {
       {{"-in", source, "-out", folder.path(), "-overwrite"}, 73, "is not a file"},
       {{"-in", source, "-out", "/nowhere/out.mov"}, 73, "No such file"},
       {{"-in", source}, 64, "an output file"},
+      {{}, 64, "an output file"},
   };
   for (const auto& [words, status, reason] : rows) {
     const auto result = runChild(tool, words);
