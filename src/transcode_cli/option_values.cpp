@@ -77,8 +77,9 @@ void TranscodeOptionValues::write(std::string_view flag, const std::optional<Val
   if (text) {
     flagValueLookup_.insert_or_assign(std::string(flag), *std::move(text));
   } else {
-    setOn(flag, false);
+    // The warning comes first: where it finds no memory nothing is changed.
     if (value) warnOfNoText(flag, *value);
+    setOn(flag, false);
   }
 }
 

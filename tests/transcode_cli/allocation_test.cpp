@@ -55,8 +55,8 @@ namespace {
 using Model = TranscodeCliArguments;
 
 const auto words = split(
-    "-vcodec|h264|-out|/a/path/that/fits/no/small/buffer|-unknown_and_long_enough|x|-in_0_0|"
-    "/Volumes/CARD A/A001C002_220101.mov|-ac_omit_0|2|-tc|000000000000000001:00:00:00|-tc_match|-wmt_text|"
+    "-vr|24|-vcodec|h264|-out|/a/path/that/fits/no/small/buffer|-unknown_and_long_enough|x|-in_0_0|"
+    "/Volumes/CARD A/A001C002_220101.mov|-ac_omit_0|2|-tc_custom|1234567890:00:00:00|-tc_match|-wmt_text|"
     "a text that fits no small buffer",
     '|');
 
