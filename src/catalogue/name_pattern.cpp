@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 #include <utility>
 
 #include "text/number_text.hpp"
@@ -16,7 +15,8 @@ namespace {
 
 std::optional<std::size_t> fixedEnd(const Pattern& pattern, std::string_view name) noexcept {
   std::size_t count = 0;
-  for (const auto& atom : pattern.atoms | std::views::reverse) {
+  for (auto i = pattern.atoms.size(); i-- > 0;) {
+    const auto& atom = pattern.atoms[i];
     if (atom.isOptional || atom.repeats || count == name.size()) break;
     ++count;
     const auto byte = static_cast<unsigned char>(ascii::raised(name[name.size() - count]));

@@ -35,6 +35,12 @@ std::int64_t countOf(Date date) {
   return date.time_since_epoch().count();
 }
 
+std::string below(const std::string& folder, std::string_view name) {
+  std::string path = folder;
+  if (!folder.empty()) path += '/';
+  return path += name;
+}
+
 // What a target holds of the source already.
 class TargetSurvey {
  public:
@@ -57,9 +63,6 @@ class TargetSurvey {
     const std::string writtenFolder(target_->writtenPath(folder));
     for (std::size_t i = 0; i < names.size(); ++i) {
       if (written[i] == names[i] && writtenFolder == folder) continue;
-      const auto below = [](const std::string& parent, const std::string& name) {
-        return parent.empty() ? name : parent + "/" + name;
-      };
       target_->writtenPaths.emplace(below(folder, names[i]), below(writtenFolder, written[i]));
     }
   }
@@ -96,8 +99,7 @@ class Planner {
     for (const auto& entry : *entries) names.push_back(entry.name);
     for (auto& target : targets_) target.nameItems(path, names);
     for (const auto& name : names) {
-      planItem(folder, name, path.empty() ? name : path + "/" + name,
-               origin.empty() ? origin : origin + "/" + name);
+      planItem(folder, name, below(path, name), origin.empty() ? origin : below(origin, name));
     }
     ancestors_.pop_back();
     return {};
