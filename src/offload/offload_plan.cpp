@@ -216,7 +216,7 @@ class Planner {
     for (auto& target : targets_) target.survey(item, isSymbolic);
     plan_->items.push_back(item);
     ++progress_.items;
-    progress_.bytes += static_cast<std::uint64_t>(item.size);
+    if (item.kind == PlannedKind::file) progress_.bytes += static_cast<std::uint64_t>(item.size);
     if (options_->progress && !options_->progress(progress_)) {
       locations::fail(operation, plan_->source, items::systemError(std::errc::operation_canceled));
     }

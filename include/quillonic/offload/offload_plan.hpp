@@ -89,7 +89,7 @@ struct PlannedTarget {
 struct PlanProgress {
   /// Items of the source.
   std::uint64_t items = 0;
-  /// The sizes of its files.
+  /// The sizes of its files, each counted once.
   std::uint64_t bytes = 0;
 };
 
