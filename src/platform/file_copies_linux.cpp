@@ -26,27 +26,23 @@ bool isLocked(int file) noexcept {
   return errno == EWOULDBLOCK;
 }
 
-bool areSame(const struct stat& a, const struct stat& b) noexcept {
-  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+// Whether a name is that of an open file.
+bool isNamed(int file, int folder, const std::string& name) noexcept {
+  struct stat opened {};
+  struct stat named {};
+  return ::fstat(file, &opened) == 0 && ::fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
 // Removes what a killed program left; EBUSY while a program has it locked, no error when it is gone.
 std::error_code removeLeftover(int folder, const std::string& hidden) {
   const Descriptor file(
       ::openat(folder, hidden.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  struct stat opened {};
-  struct stat named {};
-  if (file) {
-    if (::fstat(file.number(), &opened) != 0) return lastError();
-    if (isLocked(file.number())) return items::systemError(std::errc::device_or_resource_busy);
-  } else if (errno == ENOENT) {
-    return {};
-  }
-  if (::fstatat(folder, hidden.c_str(), &named, AT_SYMLINK_NOFOLLOW) != 0) {
-    return errno == ENOENT ? std::error_code() : lastError();
-  }
+  // A file that cannot be opened may be locked; a link cannot.
+  if (!file && errno != ELOOP) return errno == ENOENT ? std::error_code() : lastError();
+  if (file && isLocked(file.number())) return items::systemError(std::errc::device_or_resource_busy);
   // Its writer may have given it its name before it was locked here.
-  if (file && !areSame(opened, named)) return {};
+  if (file && !isNamed(file.number(), folder, hidden)) return {};
   return ::unlinkat(folder, hidden.c_str(), 0) == 0 || errno == ENOENT ? std::error_code() : lastError();
 }
 
@@ -167,6 +163,8 @@ Result<PartialFile> PartialFile::create(const std::string& name,
       return ::openat(place, hidden.c_str(), exclusively, 0600);
     }));
     if (file && isLocked(file.number())) return items::systemError(std::errc::device_or_resource_busy);
+    // Before it was locked, another program may have taken it for what a killed one left.
+    if (file && !isNamed(file.number(), place, hidden)) continue;
     if (file) {
       static_cast<void>(::fcntl(file.number(), F_SETFL, O_NOATIME));
       return PartialFile(file.release(), std::move(folder), std::move(hidden));
