@@ -1,3 +1,4 @@
+#include <quillonic/filesystem/io_error.hpp>
 #include <quillonic/filesystem/reference_links.hpp>
 #include <quillonic/offload/link_replication.hpp>
 #include <quillonic/offload/offload_error.hpp>
@@ -81,7 +82,8 @@ void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& 
   }
   if (const auto there = items::status(nameOf(path), folder->get())) {
     if (!isMade(replica, *there)) return fail(index, t, OffloadError::nameIsTaken);
-    return set(index, t, CopyState::found);
+    copyOf(index, t) = {.state = CopyState::found};
+    return;
   }
   offload::makeLink(replica);
   if (replica.form != LinkForm::hardName) {
@@ -100,8 +102,8 @@ void OffloadRun::Work::makeLinks() {
   }
   std::erase_if(firstNames_, [this](const auto& first) { return first.second == plan_.items.size(); });
   auto opened = folders();
-  // An alias file can be made when its target is there, which may be another link: those that miss theirs are
-  // tried again until nothing more can be made.
+  // An alias file can be made, and one that is there be compared, when its target is there, which may be
+  // another link: those that miss theirs are tried again until nothing more can be made.
   for (bool isProgress = true; isProgress && !isStopped_;) {
     isProgress = false;
     forEachLink([&](std::size_t item, std::size_t target) {
@@ -109,8 +111,11 @@ void OffloadRun::Work::makeLinks() {
         makeLink(item, target, opened.targets[target]);
         isProgress = true;
       } catch (const std::system_error& error) {
-        fail(item, target, error.code());
-        if (items::isMissing(error.code())) set(item, target, CopyState::waiting);
+        const auto code = error.code();
+        fail(item, target, code);
+        if (items::isMissing(code) || code == FilePathAttributeGenerationError::aliasTargetNotFound) {
+          set(item, target, CopyState::waiting);
+        }
       }
     });
   }

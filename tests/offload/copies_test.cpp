@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
+#include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -271,6 +272,23 @@ TEST(OffloadRun, VerifiesWhatReplacesLinks) {
       if (report.copy(i, 0).state != CopyState::verified) continue;
       EXPECT_EQ(report.checksums[i], checksumOfFile(targets[0] / path, sum)) << path;
     }
+  }
+}
+
+TEST(OffloadRun, MakesLinksAgain) {
+  const TemporaryFolder folder;
+  folder.link("card/link", folder.file("card/clip", "clip"));
+  createAliasForFilePath(folder / "card/link", folder / "card/b");
+  createAliasForFilePath(folder / "card/b", folder / "card/a");
+  const fs::path targets[] = {folder.folder("copy")};
+  const auto plan = planOffload(folder / "card", targets);
+  for (const auto* removed : {"all", "a", "b", "link"}) {
+    SCOPED_TRACE(removed);
+    fs::remove(targets[0] / removed);
+    OffloadRun run(plan, {});
+    const auto& report = runAll(run);
+    EXPECT_EQ(report.count(0, CopyState::copied), removed == std::string_view("all") ? 4U : 1U);
+    for (const auto& copy : report.copies) EXPECT_EQ(copy.error, std::error_code());
   }
 }
 
