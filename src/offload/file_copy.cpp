@@ -2,11 +2,11 @@
 #include <quillonic/offload/file_copy.hpp>
 #include <quillonic/platform/volume_traits.hpp>
 
-#include <memory>
 #include <utility>
 
 #include "filesystem/locations.hpp"
 #include "offload/copying.hpp"
+#include "offload/folders.hpp"
 #include "platform/item_changes.hpp"
 #include "platform/path_text.hpp"
 
@@ -18,12 +18,9 @@ SourceFile openedOrFail(const std::filesystem::path& item) {
 }
 
 // The folder of a target; its links are followed once, here.
-Result<std::shared_ptr<const items::Folder>> folderOf(const std::filesystem::path& target) {
+Result<SharedFolder> folderOf(const std::filesystem::path& target) {
   const auto prefix = path_text::folderPrefix(target.native());
-  const auto place = items::canonical(prefix.empty() ? "." : std::string(prefix));
-  auto folder = place ? items::Folder::open(*place) : place.error();
-  if (!folder) return folder.error();
-  return std::make_shared<const items::Folder>(*std::move(folder));
+  return openedRoot(prefix.empty() ? "." : prefix);
 }
 
 void finish(Copying::Target& target, CopiedFile& copied, bool takesFreeName) {
