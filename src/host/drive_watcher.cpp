@@ -112,6 +112,8 @@ struct DriveWatcher::State {
         arrivals.push_back({std::string(driveMount.text), current.back().change.payload()});
       } else {
         current.push_back(std::move(*known));
+        // A mount that was covered had none.
+        if (number) current.back().number = number;
         volumes.erase(known);
       }
     }

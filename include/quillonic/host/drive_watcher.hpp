@@ -66,11 +66,12 @@ class QUILLONIC_EXPORT DriveWatcher {
   /// does not tell; then call `update()` on a timer.
   int descriptor() const noexcept;
 
-  /// Compares, and posts on this thread: first what went, then what came. What came and went between two calls
-  /// is not told of, nor, before Linux 6.8, a volume that took the device and the mount point of another;
-  /// hosts that must know call this whenever the descriptor tells. Returns after which time it wants to be called even if the descriptor does not
-  /// tell: the system says nothing when a drive is pulled. Nothing while there is no such drive. What
-  /// observers throw comes back as from `NotificationCenter::post`, after everything was posted.
+  /// Compares, and posts on this thread: first what went, then what came. What came and went between two
+  /// calls is not told of, nor, before Linux 6.8, a volume that took the device and the mount point of
+  /// another; hosts that must know call this whenever the descriptor tells. Returns after which time it wants
+  /// to be called even if the descriptor does not tell: the system says nothing when a drive is pulled.
+  /// Nothing while there is no such drive. What observers throw comes back as from
+  /// `NotificationCenter::post`, after everything was posted.
   std::optional<std::chrono::milliseconds> update();
 
   /// The volumes of the last look, in the order in which they were mounted.
