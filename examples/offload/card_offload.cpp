@@ -80,7 +80,7 @@ class Bars {
 offload::HashList verifiedBefore(const fs::path& root) {
   offload::HashList all;
   for (const auto& item : fs::directory_iterator(root)) {
-    if (item.path().extension() != ".mhl") continue;
+    if (item.path().extension() != ".mhl" || !item.is_regular_file()) continue;
     std::ifstream file(item.path(), std::ios::binary);
     std::string text(item.file_size(), '\0');
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
