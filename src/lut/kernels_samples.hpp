@@ -1,5 +1,5 @@
-// The kernels of samples, a part of kernels_body.hpp: pixels are split into channels and merged, samples converted
-// to floats and back.
+// The kernels of samples, a part of kernels_body.hpp: pixels are split into channels and merged, samples are
+// converted to floats and back.
 //
 // NOLINTBEGIN: this is compiled as part of other sources
 

@@ -1,5 +1,5 @@
-// The kernels of tables, a part of kernels_body.hpp: colours are placed in the grid and get what is between its
-// entries.
+// The kernels of tables, a part of kernels_body.hpp: colours are placed in the grid and get what is between
+// its entries.
 //
 // NOLINTBEGIN: this is compiled as part of other sources
 
