@@ -338,8 +338,9 @@ int analyze(const MediaAnalysisCLIArguments& arguments) {
           std::ranges::find(basic.pathsToAnalyze, path.native()) != basic.pathsToAnalyze.end();
       if (const int failure = report(path, isNamed, result)) status = failure;
     }
-    std::ofstream(part.path()) << results.dump(2) << '\n';
-    if (const auto error = part.finish(false)) throw std::system_error(error);
+    const bool isWritten = (std::ofstream(part.path()) << results.dump(2) << '\n').flush().good();
+    const auto error = isWritten ? part.finish(false) : std::make_error_code(std::errc::io_error);
+    if (error) throw std::system_error(error);
     return status;
   } catch (const std::system_error& error) {
     std::cerr << error.what() << '\n';
