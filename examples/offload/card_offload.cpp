@@ -228,6 +228,7 @@ CardOffload offloadCard(const fs::path& card, const std::vector<fs::path>& targe
     bars.end();
   else if (isTerminal())
     std::cerr << "nothing to do: all " << plan.items.size() << " items are there\n";
+  print(plan, report, asJson);
   CardOffload result{.isGood = report.isGood(), .newVideos = {}};
   for (std::size_t i = 0; verifies && i < plan.targets.size(); ++i) {
     auto list = offload::hashListOf(plan, report, i, offload::xxh64);
@@ -239,6 +240,5 @@ CardOffload offloadCard(const fs::path& card, const std::vector<fs::path>& targe
       continue;
     result.newVideos.push_back(fs::path(plan.targets[0].root) / plan.targets[0].writtenPath(path));
   }
-  print(plan, report, asJson);
   return result;
 }

@@ -130,9 +130,15 @@ void OffloadRun::Work::forEachLink(FunctionRef<void(std::size_t item, std::size_
     const auto kind = plan_.items[i].kind;
     if (kind != PlannedKind::link && kind != PlannedKind::hardName) continue;
     for (std::size_t t = 0; t < targets_.size(); ++t) {
-      if (copyOf(i, t).state == CopyState::waiting && !isCopied(plan_.items[i], targets_[t].plan->volume)) {
-        block(i, t);
+      if (copyOf(i, t).state != CopyState::waiting || isCopied(plan_.items[i], targets_[t].plan->volume))
+        continue;
+      // After a stop, the first name of a file may wait too.
+      const auto first = firstNames_.find(plan_.items[i].origin);
+      if (kind == PlannedKind::hardName && first != firstNames_.end() &&
+          copyOf(first->second, t).state == CopyState::waiting) {
+        continue;
       }
+      block(i, t);
     }
   }
 }
