@@ -76,11 +76,16 @@ class Bars {
   bool isShown_ = false;
 };
 
-// The files that earlier runs verified, from the lists beside them.
-offload::HashList verifiedBefore(const fs::path& root) {
+// The files that earlier runs verified, from the lists beside them. A list that came from the card itself says
+// nothing of the copies.
+offload::HashList verifiedBefore(const offload::OffloadPlan& plan, const offload::PlannedTarget& target) {
   offload::HashList all;
-  for (const auto& item : fs::directory_iterator(root)) {
+  for (const auto& item : fs::directory_iterator(target.root)) {
     if (item.path().extension() != ".mhl" || !item.is_regular_file()) continue;
+    const auto isItem = [&](const auto& planned) {
+      return target.writtenPath(planned.path) == item.path().filename().native();
+    };
+    if (std::ranges::any_of(plan.items, isItem)) continue;
     std::ifstream file(item.path(), std::ios::binary);
     std::string text(item.file_size(), '\0');
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
@@ -180,7 +185,8 @@ CardOffload offloadCard(const fs::path& card, const std::vector<fs::path>& targe
   std::vector<fs::path> roots;
   for (const auto& target : targets) {
     roots.push_back(target / name);
-    fs::create_directories(roots.back());
+    // Not the target itself, which may be a volume that is not mounted.
+    fs::create_directory(roots.back());
   }
   offload::PlanOptions planning;
   std::int64_t allBytes = 0;
@@ -197,7 +203,7 @@ CardOffload offloadCard(const fs::path& card, const std::vector<fs::path>& targe
   std::vector<std::int64_t> wanted;
   for (const auto& target : planned.targets) {
     auto& list = options.verified.emplace_back();
-    if (verification == Verification::ofNewFiles) list = verifiedBefore(target.root);
+    if (verification == Verification::ofNewFiles) list = verifiedBefore(planned, target);
     const auto toVerify = list.entries.empty() ? allBytes : target.missingBytes;
     wanted.push_back(target.missingBytes + (verifies ? toVerify : 0));
     if (!target.fits())
@@ -222,6 +228,7 @@ CardOffload offloadCard(const fs::path& card, const std::vector<fs::path>& targe
   }
   const auto& plan = run.plan();
   const auto& report = run.finish();
+  if (isInterrupted) std::cerr << "stopped\n";
   const bool wasDone = std::ranges::all_of(
       report.copies, [](const auto& copy) { return copy.state == offload::CopyState::found; });
   if (!wasDone)

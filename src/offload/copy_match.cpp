@@ -8,11 +8,13 @@ namespace quillonic::offload {
 namespace {
 
 DifferenceReason reasonFor(const FileAttributeKey& key, const AnyValue& source, const AnyValue& copy,
-                           const VolumeTraits& volume) {
+                           const CopyMatchOptions& options) {
+  const auto& volume = options.volume;
   if (key == FileAttributeKey::filePathName) {
     const auto name = source.as<std::string>();
     const auto other = copy.as<std::string>();
-    const bool isWritten = name && other && writtenName(*name, volume.kind) == *other;
+    const bool isWritten =
+        name && other && options.writtenName.value_or(writtenName(*name, volume.kind)) == *other;
     return isWritten ? DifferenceReason::writtenName : DifferenceReason::unexpected;
   }
   const bool isRight = key == FileAttributeKey::NSFilePosixPermissions ||
@@ -64,14 +66,15 @@ CopyMatch matchOfCopy(const FileAttributes& source, const FileAttributes& copy,
     if (!value && !other) continue;
     const bool isAbsent = !value || !other;
     if (!isAbsent && areSame(key, *value, *other, options.volume)) continue;
-    const auto reason = isAbsent ? DifferenceReason::absent : reasonFor(key, *value, *other, options.volume);
+    const auto reason = isAbsent ? DifferenceReason::absent : reasonFor(key, *value, *other, options);
     match.differences.push_back({key, reason});
     match.level = MatchLevel::partial;
   }
   const auto size = source.value<std::uint64_t>(FileAttributeKey::NSFileSize);
+  const bool hasChecksums = options.checksumOfSource && options.checksumOfCopy;
   const bool differs = size != copy.value<std::uint64_t>(FileAttributeKey::NSFileSize) ||
-                       (options.checksumOfSource && options.checksumOfCopy &&
-                        *options.checksumOfSource != *options.checksumOfCopy);
+                       (hasChecksums && *options.checksumOfSource != *options.checksumOfCopy) ||
+                       (!size && !hasChecksums);
   if (differs) match.level = MatchLevel::unmatched;
   return match;
 }

@@ -14,8 +14,8 @@ namespace {
 // What the system copies at once, so that a stop is heard.
 constexpr std::size_t systemPortion = std::size_t{16} << 20;
 
-bool goesOn(const std::optional<ProgressBlock>& progress, std::uint64_t bytes) {
-  return !progress || (*progress)(bytes);
+bool goesOn(const ProgressBlock& progress, std::uint64_t bytes) {
+  return !progress || progress(bytes);
 }
 
 std::span<std::byte> portion(const std::unique_ptr<std::byte[]>& buffer, std::size_t size) {
@@ -33,7 +33,7 @@ void addZeros(Hasher& hasher, std::uint64_t count) {
 }
 
 Result<std::string> checksumOf(const SourceFile& file, const ChecksumKind& kind,
-                               const std::optional<ProgressBlock>& progress) {
+                               const ProgressBlock& progress) {
   const auto hasher = kind.hasher();
   file.forgetCached();
   const auto size = std::max<std::size_t>(
@@ -60,7 +60,8 @@ Unheld copyAttributes(int source, const items::Status& status, int copy, const V
   if (!hasAll) unheld = unheld | Unheld::extendedAttributes;
   if (own->owner != status.owner || own->group != status.group) unheld = unheld | Unheld::owner;
   if (own->permissions != status.permissions) unheld = unheld | Unheld::permissions;
-  if (!areSameDates(own->modified, status.modified, volume)) unheld = unheld | Unheld::date;
+  const bool isInRange = status.modified != Date::min() && status.modified != Date::max();
+  if (!isInRange || !areSameDates(own->modified, status.modified, volume)) unheld = unheld | Unheld::date;
   if (isSparse(status) && !isSparse(*own)) unheld = unheld | Unheld::holes;
   return unheld;
 }
@@ -91,8 +92,7 @@ template <class Operation> void Copying::onTargets(Operation operation) {
   }
 }
 
-std::error_code Copying::writeBytes(const SourceFile& source, Hasher* hasher,
-                                    const std::optional<ProgressBlock>& progress) {
+std::error_code Copying::writeBytes(const SourceFile& source, Hasher* hasher, const ProgressBlock& progress) {
   const auto size = source.status().size;
   // A small file is copied sooner than the volume can be asked.
   bool isSystems = !hasher && targets_.size() == 1 && size > bufferSize;
@@ -102,9 +102,11 @@ std::error_code Copying::writeBytes(const SourceFile& source, Hasher* hasher,
   const auto bufferBytes = static_cast<std::size_t>(std::min<std::uint64_t>(bufferSize, size));
   const auto buffer = std::make_unique_for_overwrite<std::byte[]>(bufferBytes);
   bool hasHoles = false;
+  bool endsInHole = false;
   for (std::uint64_t at = 0; at < size;) {
     const auto data = source.mayHaveHoles() ? source.nextData(at) : SourceFile::Extent{at, size};
     hasHoles = hasHoles || data.begin > at;
+    endsInHole = data.begin == size;
     if (hasher) addZeros(*hasher, data.begin - at);
     for (at = data.begin; at < data.end && isAlive();) {
       std::size_t done = 0;
@@ -132,11 +134,12 @@ std::error_code Copying::writeBytes(const SourceFile& source, Hasher* hasher,
     if (!isAlive()) return {};
   }
   if (hasHoles) onTargets([&](const PartialFile& file) { return file.setSize(size); });
+  if (endsInHole && !goesOn(progress, size)) return items::systemError(std::errc::operation_canceled);
   return {};
 }
 
 std::error_code Copying::write(const SourceFile& source, const ChecksumKind* checksum,
-                               const std::optional<ProgressBlock>& progress) {
+                               const ProgressBlock& progress) {
   const auto hasher = checksum ? checksum->hasher() : nullptr;
   auto error = isAlive() ? writeBytes(source, hasher.get(), progress) : std::error_code();
   if (!error && !source.isUnchanged()) error = OffloadError::sourceChanged;

@@ -22,7 +22,7 @@ void addZeros(Hasher& hasher, std::uint64_t count);
 
 // The checksum of an open file, read from its volume.
 Result<std::string> checksumOf(const SourceFile& file, const ChecksumKind& kind,
-                               const std::optional<ProgressBlock>& progress);
+                               const ProgressBlock& progress);
 
 // Gives an open file or folder what another has beside its content. Returns what it lacks of that.
 Unheld copyAttributes(int source, const items::Status& status, int copy, const VolumeTraits& volume);
@@ -44,15 +44,14 @@ class Copying {
 
   // Writes bytes and attributes. The error is the source's, or that of a stop; a target's own is with it.
   std::error_code write(const SourceFile& source, const ChecksumKind* checksum,
-                        const std::optional<ProgressBlock>& progress);
+                        const ProgressBlock& progress);
   const std::optional<std::string>& checksum() const noexcept { return checksum_; }
 
   // Ends a target with an error, if it is one. Removes its file.
   static void settle(Target& target, std::error_code error);
 
  private:
-  std::error_code writeBytes(const SourceFile& source, Hasher* hasher,
-                             const std::optional<ProgressBlock>& progress);
+  std::error_code writeBytes(const SourceFile& source, Hasher* hasher, const ProgressBlock& progress);
   bool isAlive() const noexcept;
   template <class Operation> void onTargets(Operation operation);
 

@@ -2,6 +2,7 @@
 #include <quillonic/offload/file_copy.hpp>
 #include <quillonic/platform/volume_traits.hpp>
 
+#include <string>
 #include <utility>
 
 #include "filesystem/locations.hpp"
@@ -61,7 +62,14 @@ FileCopy copyFile(const std::filesystem::path& source, std::span<const std::file
       folder = items::systemError(std::errc::file_exists);
     }
     auto volume = folder ? VolumeTraits::at(path) : VolumeTraits();
-    copying.addTarget(name, std::move(folder), std::move(volume));
+    copying.addTarget(name, folder, volume);
+    // Another program that takes a free name for the same name is no reason to fail.
+    for (int i = 1; options.takesFreeName && i < 1000; ++i) {
+      if (copying.targets().back().error != std::errc::device_or_resource_busy) break;
+      copying.targets().pop_back();
+      copying.addTarget(name + "/" + std::to_string(i), folder, volume);
+      copying.targets().back().name = name;
+    }
   }
   if (const auto error = copying.write(file, options.checksum, options.progress)) {
     if (error != std::errc::operation_canceled) locations::fail("cannot copy file", source, error);
@@ -76,7 +84,7 @@ FileCopy copyFile(const std::filesystem::path& source, std::span<const std::file
 }
 
 std::string checksumOfFile(const std::filesystem::path& file, const ChecksumKind& kind,
-                           std::optional<ProgressBlock> progress) {
+                           const ProgressBlock& progress) {
   return locations::valueOrFail(checksumOf(openedOrFail(file), kind, progress), "cannot read file", file);
 }
 

@@ -10,6 +10,7 @@
 
 #include "offload/copying.hpp"
 #include "offload/folders.hpp"
+#include "offload/whole_seconds.hpp"
 #include "support/xml.hpp"
 #include "text/ascii.hpp"
 #include "text/number_text.hpp"
@@ -43,9 +44,10 @@ bool isControl(char c) noexcept {
 // "2026-11-22T10:30:00Z".
 std::string dateText(Date date) {
   using namespace std::chrono;  // NOLINT(google-build-using-namespace): its units are the text
-  const auto day = floor<days>(date);
+  const auto moment = floor<seconds>(date);
+  const auto day = floor<days>(moment);
   const year_month_day calendar(day);
-  const hh_mm_ss time(floor<seconds>(date - day));
+  const hh_mm_ss time(moment - day);
   const auto two = [](auto number) { return number_text::padded(static_cast<std::int64_t>(number), 2); };
   return number_text::padded(int{calendar.year()}, 4) + "-" + two(unsigned{calendar.month()}) + "-" +
          two(unsigned{calendar.day()}) + "T" + two(time.hours().count()) + ":" + two(time.minutes().count()) +
@@ -73,8 +75,7 @@ std::optional<Date> dateOf(std::string_view text) {
   const year_month_day day{year(y), month(static_cast<unsigned>(m)),
                            std::chrono::day(static_cast<unsigned>(d))};
   const bool isDate = text[4] == '-' && text[7] == '-' && text[10] == 'T' && text[13] == ':' &&
-                      text[16] == ':' && day.ok() && y >= 1678 && y <= 2261 && hour < 24 && minute < 60 &&
-                      second < 61;
+                      text[16] == ':' && day.ok() && hour < 24 && minute < 60 && second < 61;
   auto rest = text.substr(19);
   if (rest.starts_with('.'))
     rest.remove_prefix(std::min(rest.find_first_not_of("0123456789", 1), rest.size()));
@@ -87,8 +88,8 @@ std::optional<Date> dateOf(std::string_view text) {
     rest = "Z";
   }
   if (!isDate || (rest != "Z" && !rest.empty())) return std::nullopt;
-  return Date(sys_days(day) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
-              std::chrono::seconds(second) - offset);
+  return nearestDate(sys_days(day) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
+                     std::chrono::seconds(second) - offset);
 }
 
 void addElement(std::string& text, std::string_view indent, std::string_view name, std::string_view value) {
@@ -191,7 +192,7 @@ HashList readList(std::string_view text) {
 }
 
 std::error_code verify(const HashListEntry& entry, FoldersBelow& folders,
-                       std::span<const ChecksumKind* const> kinds, ProgressBlock progress) {
+                       std::span<const ChecksumKind* const> kinds, const ProgressBlock& progress) {
   const auto kind =
       std::ranges::find_if(kinds, [&](const ChecksumKind* known) { return known->name == entry.kind; });
   if (kind == kinds.end() || !isBelow(entry.file)) return std::make_error_code(std::errc::invalid_argument);
@@ -255,12 +256,12 @@ Result<HashList, ParseError> HashList::fromText(std::string_view text) {
 void verifyHashList(const HashList& list, const std::filesystem::path& folder,
                     std::span<const ChecksumKind* const> kinds,
                     FunctionRef<void(const VerifiedEntry& result, bool& stop)> didVerify,
-                    std::optional<ProgressBlock> progress) {
+                    const ProgressBlock& progress) {
   auto root = openedRoot(folder);
   if (!root) throw std::filesystem::filesystem_error("cannot open folder", folder, root.error());
   FoldersBelow folders(*std::move(root));
   std::uint64_t done = 0;
-  const auto goesOn = [&](std::uint64_t bytes) { return !progress || (*progress)(done + bytes); };
+  const auto goesOn = [&](std::uint64_t bytes) { return !progress || progress(done + bytes); };
   bool stop = false;
   for (auto entry = list.entries.begin(); entry != list.entries.end() && !stop; ++entry) {
     const auto error = verify(*entry, folders, kinds, goesOn);

@@ -13,6 +13,7 @@
 #include "offload/folders.hpp"
 #include "offload/planned_items.hpp"
 #include "platform/item_changes.hpp"
+#include "platform/mount_holding.hpp"
 
 namespace quillonic::offload {
 namespace {
@@ -201,7 +202,10 @@ class Planner {
     item.origin = target->native();
     item.modified = countOf(status->modified);
     if (status->type == FileType::directory) {
-      planSubfolder(items::Folder::open(item.origin), item);
+      const bool hasCopy = std::ranges::any_of(
+          plan_->targets, [&](const auto& copy) { return path_text::isWithin(copy.root, item.origin); });
+      if (hasCopy) item.error = static_cast<std::int64_t>(std::errc::too_many_symbolic_link_levels);
+      hasCopy ? add(item) : planSubfolder(items::Folder::open(item.origin), item);
       return true;
     }
     if (status->type == FileType::regular) {
@@ -248,13 +252,17 @@ OffloadPlan planOffload(const fs::path& source, std::span<const fs::path> target
     const auto root = canonicalOrFail(path);
     auto folder = openedRoot(root);
     if (!folder) locations::fail(operation, path, folder.error());
-    if (path_text::isWithin(root, plan.source) || path_text::isWithin(plan.source, root)) {
+    const auto overlaps = [&](const std::string& other) {
+      return path_text::isWithin(root, other) || path_text::isWithin(other, root);
+    };
+    if (overlaps(plan.source) || std::ranges::any_of(plan.targets, overlaps, &PlannedTarget::root)) {
       locations::fail(operation, path, std::make_error_code(std::errc::invalid_argument));
     }
     const auto space = items::freeSpace(**folder);
     PlannedTarget target;
     target.root = root;
     target.volume = VolumeTraits::at(root);
+    if (const auto mount = mountHolding(root)) target.mountPoint = mount->mountPoint.native();
     if (space) target.freeBytes = static_cast<std::int64_t>(*space);
     plan.targets.push_back(std::move(target));
     roots.push_back(*std::move(folder));

@@ -2,13 +2,14 @@
 #include <quillonic/offload/offload_run.hpp>
 
 #include <algorithm>
-#include <chrono>
 #include <stdexcept>
 #include <utility>
 
 #include "offload/planned_items.hpp"
+#include "offload/whole_seconds.hpp"
 #include "offload/work.hpp"
 #include "platform/item_changes.hpp"
+#include "platform/mount_holding.hpp"
 
 namespace quillonic::offload {
 namespace {
@@ -16,8 +17,19 @@ namespace {
 namespace fs = std::filesystem;
 
 // A group shares one wait for its volume. Each of its files keeps a descriptor per target open.
-constexpr std::size_t greatestGroupSize = 192;
+constexpr std::size_t greatestGroupSize = 96;
 constexpr std::int64_t greatestGroupBytes = std::int64_t{256} << 20;
+
+// The folder of a target, if it is on the volume of the plan: else it is what the volume was mounted on.
+Result<SharedFolder> plannedRoot(const PlannedTarget& target) {
+  auto root = openedRoot(target.root);
+  if (!root) return root;
+  const auto mount = mountHolding(target.root);
+  const bool isThere =
+      target.mountPoint.empty() || (mount && mount->mountPoint == target.mountPoint &&
+                                    VolumeTraits::at(target.root).kind == target.volume.kind);
+  return isThere ? std::move(root) : items::systemError(std::errc::no_such_device);
+}
 
 }  // namespace
 
@@ -30,7 +42,7 @@ OffloadRun::Work::Work(OffloadPlan plan, RunOptions options)
   if (!source) throw fs::filesystem_error("cannot open the source", plan_.source, source.error());
   source_ = *std::move(source);
   for (std::size_t i = 0; i < plan_.targets.size(); ++i) {
-    auto& target = targets_.emplace_back(Target{&plan_.targets[i], openedRoot(plan_.targets[i].root), {}});
+    auto& target = targets_.emplace_back(Target{&plan_.targets[i], plannedRoot(plan_.targets[i]), {}});
     if (options_.verified.empty()) continue;
     for (const auto& entry : options_.verified[i].entries)
       target.verified.insert_or_assign(entry.file, &entry);
@@ -124,6 +136,15 @@ void OffloadRun::Work::makeFolders() {
   }
 }
 
+// An error when the path of a target's root no longer names the folder that is open.
+std::error_code OffloadRun::Work::errorOfPlace(const Target& target) {
+  const auto open = items::statusOfOpen((*target.root)->descriptor());
+  const auto place = items::canonical(target.plan->root);
+  const auto named = place ? items::status(*place) : place.error();
+  const bool isSame = open && named && open->device == named->device && open->inode == named->inode;
+  return isSame ? std::error_code() : items::systemError(std::errc::no_such_device);
+}
+
 const OffloadReport& OffloadRun::Work::finish() {
   makeLinks();
   if (!isStopped_) completeFolders();
@@ -131,11 +152,11 @@ const OffloadReport& OffloadRun::Work::finish() {
     const auto& root = targets_[t].root;
     auto error = root ? items::syncVolume(**root) : root.error();
     if (!error && !targets_[t].plan->volume.syncsAtOnce) error = items::syncFolder(**root);
+    if (!error) error = errorOfPlace(targets_[t]);
     if (!error) continue;
-    // Names that a volume may have lost are not called good.
+    // Names that a volume may have lost, or that are no longer there, are not called good.
     for (std::size_t i = 0; i < plan_.items.size(); ++i) {
-      const auto state = copyOf(i, t).state;
-      if (state == CopyState::copied || state == CopyState::verified) fail(i, t, error);
+      if (isThere(copyOf(i, t).state)) fail(i, t, error);
     }
   }
   return report_;
@@ -182,7 +203,7 @@ HashList hashListOf(const OffloadPlan& plan, const OffloadReport& report, std::s
     if (report.copy(i, target).state != CopyState::verified || report.checksums[i].empty()) continue;
     HashListEntry entry{.file = std::string(plan.targets[target].writtenPath(item.path)),
                         .size = static_cast<std::uint64_t>(item.size),
-                        .modified = std::chrono::floor<std::chrono::seconds>(modificationDateOf(item)),
+                        .modified = wholeSeconds(modificationDateOf(item)),
                         .kind = kind.name,
                         .checksum = report.checksums[i],
                         .hashed = report.dates[i]};

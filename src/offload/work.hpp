@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <optional>
+#include <shared_mutex>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -81,12 +82,14 @@ class OffloadRun::Work {
   void copyItems(Group items, Folders& folders);
   void sync(std::vector<Pending>& pending);
   void complete(Pending& pending);
-  std::error_code verify(const SourceFile& copy, std::size_t target, const std::string& checksum);
+  std::error_code verify(const SourceFile& copy, std::size_t item, std::size_t target,
+                         const std::string& checksum);
   void makeLinks();
   void forEachLink(FunctionRef<void(std::size_t item, std::size_t target)> block);
   std::error_code errorOfFirstName(const PlannedItem& item, std::size_t target) const;
   void makeLink(std::size_t item, std::size_t target, FoldersBelow& folders);
   void completeFolders();
+  static std::error_code errorOfPlace(const Target& target);
 
   OffloadPlan plan_;
   RunOptions options_;
@@ -97,6 +100,8 @@ class OffloadRun::Work {
   // The items that hard names refer to, by path.
   std::unordered_map<std::string_view, std::size_t> firstNames_;
   std::atomic<bool> isStopped_{false};
+  // Held by steps while their files are open; alone by a step that found no descriptor left.
+  std::shared_mutex descriptors_;
 };
 
 }  // namespace quillonic::offload

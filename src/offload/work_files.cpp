@@ -1,21 +1,16 @@
 #include <quillonic/offload/offload_error.hpp>
 
 #include <chrono>
+#include <mutex>
+#include <shared_mutex>
 #include <utility>
 
 #include "offload/planned_items.hpp"
+#include "offload/whole_seconds.hpp"
 #include "offload/work.hpp"
 #include "platform/item_changes.hpp"
 
 namespace quillonic::offload {
-namespace {
-
-// As lists of verified files have them.
-Date wholeSeconds(Date date) {
-  return std::chrono::floor<std::chrono::seconds>(date);
-}
-
-}  // namespace
 
 // Whether a file is missing in a target. Adds the target to `unverified` if the file is there.
 bool OffloadRun::Work::isToCopy(std::size_t index, std::size_t t, const Result<SharedFolder>& folder,
@@ -79,11 +74,11 @@ void OffloadRun::Work::copyItem(std::size_t index, Folders& folders, std::vector
     const auto report = [&](std::uint64_t bytes) {
       bool goesOn = true;
       for (const auto t : next.targets)
-        goesOn = progressed({.target = t, .copied = bytes - reported}) && goesOn;
+        goesOn = progressed({.target = t, .item = index, .copied = bytes - reported}) && goesOn;
       reported = bytes;
       return goesOn;
     };
-    if (const auto error = next.copying.write(*source, options_.checksum, ProgressBlock(report))) {
+    if (const auto error = next.copying.write(*source, options_.checksum, report)) {
       return failAll(index, error);
     }
     if (next.copying.checksum()) {
@@ -95,15 +90,15 @@ void OffloadRun::Work::copyItem(std::size_t index, Folders& folders, std::vector
   if (!next.targets.empty()) pending.push_back(std::move(next));
 }
 
-std::error_code OffloadRun::Work::verify(const SourceFile& copy, std::size_t target,
+std::error_code OffloadRun::Work::verify(const SourceFile& copy, std::size_t item, std::size_t target,
                                          const std::string& checksum) {
   std::uint64_t reported = 0;
   const auto report = [&](std::uint64_t bytes) {
-    const bool goesOn = progressed({.target = target, .verified = bytes - reported});
+    const bool goesOn = progressed({.target = target, .item = item, .verified = bytes - reported});
     reported = bytes;
     return goesOn;
   };
-  const auto read = checksumOf(copy, *options_.checksum, ProgressBlock(report));
+  const auto read = checksumOf(copy, *options_.checksum, report);
   if (!read) return read.error();
   return *read == checksum ? std::error_code() : OffloadError::contentDiffers;
 }
@@ -114,8 +109,8 @@ void OffloadRun::Work::verifyFound(std::size_t index, const SourceFile& source,
                                    std::optional<std::string> checksum) {
   if (targets.empty()) return;
   if (!checksum) {
-    const auto goesOn = [&](std::uint64_t) { return progressed({.target = targets.front()}); };
-    auto read = checksumOf(source, *options_.checksum, ProgressBlock(goesOn));
+    const auto goesOn = [&](std::uint64_t) { return progressed({.target = targets.front(), .item = index}); };
+    auto read = checksumOf(source, *options_.checksum, goesOn);
     if (!read || !source.isUnchanged()) {
       return failAll(index, read ? OffloadError::sourceChanged : read.error());
     }
@@ -127,7 +122,7 @@ void OffloadRun::Work::verifyFound(std::size_t index, const SourceFile& source,
     const auto path = targets_[t].plan->writtenPath(plan_.items[index].path);
     const auto folder = folders.targets[t].folderOf(path);
     const auto copy = folder ? SourceFile::open(nameOf(path), folder->get()) : folder.error();
-    const auto error = copy ? verify(*copy, t, *checksum) : copy.error();
+    const auto error = copy ? verify(*copy, index, t, *checksum) : copy.error();
     if (error)
       fail(index, t, error);
     else
@@ -160,10 +155,9 @@ void OffloadRun::Work::complete(Pending& pending) {
     if (!error && options_.checksum && isStopped_) error = items::systemError(std::errc::operation_canceled);
     if (!error && options_.checksum) {
       const auto copy = target.file->reading();
-      error = copy ? verify(*copy, t, *pending.copying.checksum()) : copy.error();
+      error = copy ? verify(*copy, pending.item, t, *pending.copying.checksum()) : copy.error();
     }
     if (!error) error = target.file->publish(target.name);
-    if (error == std::errc::file_exists) error = OffloadError::nameIsTaken;
     if (error) {
       Copying::settle(target, error);
       fail(pending.item, t, error);
@@ -189,17 +183,29 @@ void OffloadRun::Work::copyItems(Group items, Folders& folders) {
 void OffloadRun::Work::run(std::size_t step) {
   const auto group = groups_[step];
   auto opened = folders();
-  copyItems(group, opened);
-  // Files for which the process had no descriptor left are copied one at a time.
+  {
+    const std::shared_lock lock(descriptors_);
+    copyItems(group, opened);
+  }
   for (auto item = group.begin; item < group.end; ++item) {
-    bool isLeft = false;
+    const auto isWaiting = [&](std::size_t t) {
+      const auto error = copyOf(item, t).error;
+      return error == std::errc::too_many_files_open || error == std::errc::file_exists;
+    };
+    // Files for which the process had no descriptor left are copied one at a time, while no other step has any
+    // open. A file whose name was taken meanwhile, by another program that copies it, is compared.
+    bool isAnyWaiting = false;
     for (std::size_t t = 0; t < targets_.size(); ++t) {
-      auto& copy = copyOf(item, t);
-      if (copy.error != std::errc::too_many_files_open) continue;
-      copy = {};
-      isLeft = true;
+      if (!isWaiting(t)) continue;
+      copyOf(item, t) = {};
+      isAnyWaiting = true;
     }
-    if (isLeft) copyItems({item, item + 1}, opened);
+    if (!isAnyWaiting) continue;
+    const std::unique_lock lock(descriptors_);
+    copyItems({item, item + 1}, opened);
+    for (std::size_t t = 0; t < targets_.size(); ++t) {
+      if (copyOf(item, t).error == std::errc::file_exists) fail(item, t, OffloadError::nameIsTaken);
+    }
   }
 }
 

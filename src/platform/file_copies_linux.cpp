@@ -191,16 +191,14 @@ bool takeAttributes(int copy, int source, const items::Status& status) {
   if (::fstat(copy, &own) != 0) return false;
   // The owner first, since a change of owner takes permission bits away; then the attributes, since an access
   // control list changes some; the dates last, since all else may change them.
-  if (own.st_uid != status.owner || own.st_gid != status.group) {
-    if (::fchown(copy, status.owner, status.group) != 0) {
-      static_cast<void>(::fchown(copy, static_cast<uid_t>(-1), status.group));
-    }
-  }
+  bool isOwned = own.st_uid == status.owner && own.st_gid == status.group;
+  if (!isOwned) isOwned = ::fchown(copy, status.owner, status.group) == 0;
+  if (!isOwned) static_cast<void>(::fchown(copy, static_cast<uid_t>(-1), status.group));
   bool hasAll = true;
   for (const auto& name : attributeNames(source))
     hasAll = copyAttribute(source, copy, name.c_str()) && hasAll;
-  // The volume may ignore them without an error.
-  static_cast<void>(::fchmod(copy, status.permissions));
+  // What runs as its owner or group must not run as another. The volume may ignore both without an error.
+  static_cast<void>(::fchmod(copy, isOwned ? status.permissions : status.permissions & 01777U));
   const std::array<timespec, 2> dates{timeOf(status.accessed), timeOf(status.modified)};
   static_cast<void>(::futimens(copy, dates.data()));
   return hasAll;

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 #include "private_process.hpp"
 #include "sum.hpp"
@@ -98,6 +99,9 @@ TEST(Offload, TellsWhatFailsByItem) {
                                                           {"con.txt", OffloadError::sourceChanged},
                                                           {"empty", OffloadError::nameIsTaken},
                                                           {"second name", OffloadError::targetIsMissing}};
+    EXPECT_EQ(report.copy(0, 2).error, std::errc::no_such_device);
+    OffloadRun late(plan, {});
+    EXPECT_EQ(runAll(late).count(2, CopyState::failed), plan.items.size());
     EXPECT_TRUE(fs::is_empty(targets[2]));
     for (std::size_t item = 0; item < plan.items.size(); ++item) {
       const auto& path = plan.items[item].path;
@@ -111,6 +115,19 @@ TEST(Offload, TellsWhatFailsByItem) {
     EXPECT_FALSE(fs::exists(targets[0] / "second name"));
     EXPECT_EQ(partialCount(folder.path()), 0U);
   });
+}
+
+TEST(Offload, ComparesWhatAnotherRunCopiesMeanwhile) {
+  const TemporaryFolder folder;
+  const auto card = oddCard(folder);
+  const fs::path targets[] = {folder.folder("copy")};
+  const auto plan = planOffload(card, targets);
+  OffloadRun other(plan, {.checksum = &sum, .verified = {}, .progress = {}});
+  const auto meanwhile = [&, isFirst = true](const OffloadProgress&) mutable {
+    return !std::exchange(isFirst, false) || runAll(other).isGood();
+  };
+  OffloadRun run(plan, {.checksum = &sum, .verified = {}, .progress = meanwhile});
+  EXPECT_TRUE(runAll(run).isGood());
 }
 
 TEST(Offload, StopsAndGoesOn) {

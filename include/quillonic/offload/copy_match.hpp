@@ -64,6 +64,8 @@ struct CopyMatchOptions {
   VolumeTraits volume = {};
   /// What is compared besides the checksums.
   std::span<const FileAttributeKey> keys = copiedAttributeKeys();
+  /// The name that the copy was given, if not that of its source.
+  std::optional<std::string> writtenName = std::nullopt;
   /// Of both contents; compared as texts if both are present. Without them, equal sizes count as equal
   /// contents.
   std::optional<std::string> checksumOfSource = std::nullopt;
@@ -71,8 +73,8 @@ struct CopyMatchOptions {
   std::optional<std::string> checksumOfCopy = std::nullopt;
 };
 
-/// Compares a copy with its source. Modification dates match if they are nearer than the grain of the
-/// volume's dates.
+/// Compares a copy with its source. An attribute that neither has is no difference. Modification dates match
+/// if they are nearer than the grain of the volume's dates.
 QUILLONIC_EXPORT CopyMatch matchOfCopy(const FileAttributes& source, const FileAttributes& copy,
                                        const CopyMatchOptions& options = {});
 

@@ -8,10 +8,10 @@
 #include <quillonic/export.hpp>
 #include <quillonic/offload/checksum.hpp>
 #include <quillonic/platform/unheld.hpp>
-#include <quillonic/support/function_ref.hpp>
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,7 +21,7 @@
 namespace quillonic::offload {
 
 /// Receives how many bytes of the source are done; returning false stops the operation.
-using ProgressBlock = FunctionRef<bool(std::uint64_t bytes)>;
+using ProgressBlock = std::function<bool(std::uint64_t bytes)>;
 
 /// One copy.
 struct CopiedFile {
@@ -37,7 +37,7 @@ struct CopiedFile {
 struct FileCopy {
   /// Of the source, in bytes.
   std::uint64_t size = 0;
-  /// Of the bytes as they were read from the source; nothing unless one was asked for.
+  /// Of the bytes as they were read from the source; nothing unless one was asked for and all were read.
   std::optional<std::string> checksum;
   /// One per target, in the order of the targets.
   std::vector<CopiedFile> targets;
@@ -47,11 +47,11 @@ struct FileCopy {
 struct FileCopyOptions {
   /// Computed on the way unless null.
   const ChecksumKind* checksum = nullptr;
-  /// Takes the next free name where a target's name is taken, as `FileManager::filePathAdjustedForCollision`
-  /// forms it.
+  /// Takes the next free name where a target's name is taken or written to, as
+  /// `FileManager::filePathAdjustedForCollision` forms it.
   bool takesFreeName = false;
   /// Stops the copy if it says so; the targets then fail with `std::errc::operation_canceled`.
-  std::optional<ProgressBlock> progress = std::nullopt;
+  ProgressBlock progress = {};
 };
 
 /// Reads a regular file once and writes it to every target, whose folders must exist. Follows no link in the
@@ -75,6 +75,6 @@ QUILLONIC_EXPORT FileCopy copyFile(const std::filesystem::path& source,
 /// that; bytes that are not on the volume yet, as from another program, come from memory. Follows no final
 /// link. Throws a `std::system_error` when the file cannot be read, and `operation_canceled` for a stop.
 QUILLONIC_EXPORT std::string checksumOfFile(const std::filesystem::path& file, const ChecksumKind& kind,
-                                            std::optional<ProgressBlock> progress = std::nullopt);
+                                            const ProgressBlock& progress = {});
 
 }  // namespace quillonic::offload

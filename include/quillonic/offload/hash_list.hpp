@@ -96,6 +96,6 @@ struct VerifiedEntry {
 QUILLONIC_EXPORT void verifyHashList(const HashList& list, const std::filesystem::path& folder,
                                      std::span<const ChecksumKind* const> kinds,
                                      FunctionRef<void(const VerifiedEntry& result, bool& stop)> didVerify,
-                                     std::optional<ProgressBlock> progress = std::nullopt);
+                                     const ProgressBlock& progress = {});
 
 }  // namespace quillonic::offload

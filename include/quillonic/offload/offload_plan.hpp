@@ -63,6 +63,9 @@ struct PlannedItem {
 struct PlannedTarget {
   /// The folder of the copy, absolute.
   std::string root;
+  /// Where its volume is mounted. A run writes nothing while a volume is mounted elsewhere, or another kind
+  /// is mounted here.
+  std::string mountPoint;
   /// What its volume holds.
   VolumeTraits volume;
   /// What may be written there, in bytes.
@@ -123,7 +126,7 @@ struct OffloadPlan {
 /// volumes that are mounted below. Looks at each item and at its place in each target, and opens small files
 /// to see whether they are aliases; about 300 bytes of memory per item. An item that cannot be read is
 /// planned as `none`. Changes nothing. Throws a `std::system_error` when the source or a target is not a
-/// folder that can be read, `std::errc::invalid_argument` when one is inside the other, and
+/// folder that can be read, `std::errc::invalid_argument` when one is inside another, and
 /// `std::errc::operation_canceled` for a stop.
 QUILLONIC_EXPORT OffloadPlan planOffload(const std::filesystem::path& source,
                                          std::span<const std::filesystem::path> targets,
@@ -189,10 +192,11 @@ template <> struct Coding<ReplicatedReferenceLinkResolution> {
 /// How targets are stored.
 template <> struct FieldTable<offload::PlannedTarget> {
   using Target = offload::PlannedTarget;
-  static constexpr auto fields = std::tuple(
-      Field{"root", &Target::root}, Field{"volume", &Target::volume}, Field{"freeBytes", &Target::freeBytes},
-      Field{"missingBytes", &Target::missingBytes}, Field{"missingFiles", &Target::missingFiles},
-      Field{"writtenPaths", &Target::writtenPaths}, Field{"unheld", &Target::unheld});
+  static constexpr auto fields =
+      std::tuple(Field{"root", &Target::root}, Field{"mountPoint", &Target::mountPoint},
+                 Field{"volume", &Target::volume}, Field{"freeBytes", &Target::freeBytes},
+                 Field{"missingBytes", &Target::missingBytes}, Field{"missingFiles", &Target::missingFiles},
+                 Field{"writtenPaths", &Target::writtenPaths}, Field{"unheld", &Target::unheld});
 };
 
 /// How plans are stored.

@@ -32,7 +32,8 @@ enum class CopyState : std::uint8_t {
   copied,
   /// It is there, and its bytes were read back from the volume.
   verified,
-  /// It was there before, and was verified then; without a checksum, its size and date agree.
+  /// It was there before: a file that a list calls verified or, without a checksum, has its source's size and
+  /// date; a link that is what would be made; a folder. What else it lacks of its source is not told again.
   found,
   /// The volume cannot hold it.
   unheld,
@@ -77,6 +78,8 @@ struct QUILLONIC_EXPORT OffloadReport {
 struct OffloadProgress {
   /// Its number.
   std::size_t target = 0;
+  /// The number of the item that is worked on.
+  std::size_t item = 0;
   /// Bytes copied.
   std::uint64_t copied = 0;
   /// Bytes read back.
@@ -100,7 +103,8 @@ struct RunOptions {
 /// what is there with size and date is whole, and a later run of the same or a new plan copies only the rest.
 /// Nothing is ever replaced: another item under the name is `OffloadError::nameIsTaken`, unless it is a file
 /// of the same size and, by its checksum, the same bytes. Nothing is written where a target's volume was
-/// pulled.
+/// pulled or is not mounted as planned, and nothing is good in a target that was moved or unmounted
+/// meanwhile.
 ///
 /// A stop costs what each step was copying: without a checksum one file, else its files that are not verified
 /// yet, together at most 256 MiB, or one larger file. Their items wait, with `std::errc::operation_canceled`
@@ -121,7 +125,7 @@ class QUILLONIC_EXPORT OffloadRun {
   /// The number of steps: groups of files, each independent of the others.
   std::size_t stepCount() const noexcept;
   /// Runs one step; several threads may run different ones. Each must be run at most once. Never throws for
-  /// a file's fault; takes one buffer of 256 KiB, and up to 192 descriptors where there are so many.
+  /// a file's fault; takes one buffer of 256 KiB, and up to 96 descriptors where there are so many.
   void run(std::size_t step);
   /// Makes the links, gives folders their attributes, waits until the targets' volumes have everything, and
   /// reports. Call it once, when no step runs any more, also after a stop.
@@ -132,8 +136,8 @@ class QUILLONIC_EXPORT OffloadRun {
   std::unique_ptr<Work> work_;
 };
 
-/// The list of the verified files of one target, to be completed with who made it. Paths are those in the
-/// target. Leaves out what the form cannot hold.
+/// The list of the files that a run verified in one target, without those it found, to be completed with who
+/// made it. Paths are those in the target. Leaves out what the form cannot hold.
 QUILLONIC_EXPORT HashList hashListOf(const OffloadPlan& plan, const OffloadReport& report, std::size_t target,
                                      const ChecksumKind& kind);
 

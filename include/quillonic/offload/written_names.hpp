@@ -18,9 +18,9 @@ namespace quillonic::offload {
 /// "exfat", "ntfs", "ltfs", "hfsplus"): the name itself if such volumes hold it, or if the kind is unknown,
 /// as it is of "fuse". For "fuseblk", a device whose kind is unknown, a name that NTFS and exFAT hold. Never
 /// empty. Each character that is not allowed becomes "_", and so does each trailing full stop or space where
-/// these are not allowed, and each byte that is not UTF-8 where names are Unicode. The name of a device gets a
-/// "_": "con_.txt". A name that is too long, in the units that the kind counts, loses the end of its stem and
-/// keeps its extension. A written name is written as itself.
+/// these are not allowed, and each byte that is not UTF-8 where names are Unicode. The name of a device gets
+/// a "_": "con_.txt". A name that is too long, in the units that the kind counts, loses the end of its stem
+/// and keeps its extension. A written name is written as itself.
 QUILLONIC_EXPORT std::string writtenName(std::string_view name, std::string_view volumeKind);
 
 /// The written names of all items of a folder, in their order, each unique: also without regard to case and
