@@ -1,7 +1,7 @@
+#include <clocale>
 #include <cstdint>
 #include <cstdlib>
 #include <langinfo.h>
-#include <locale.h>
 #include <memory>
 #include <type_traits>
 
@@ -46,7 +46,7 @@ std::optional<chrono::weekday> firstWeekday(const std::string& name) {
       reinterpret_cast<std::uintptr_t>(nl_langinfo_l(_NL_TIME_WEEK_1STDAY, locale.get())));  // NOLINT
   const auto day = chrono::year(static_cast<int>(date / 10000)) / chrono::month(date / 100 % 100) /
                    chrono::day(date % 100);
-  const int place = *nl_langinfo_l(_NL_TIME_FIRST_WEEKDAY, locale.get());
+  const int place = static_cast<unsigned char>(*nl_langinfo_l(_NL_TIME_FIRST_WEEKDAY, locale.get()));
   return chrono::weekday(chrono::sys_days(day)) + chrono::days(place - 1);
 }
 

@@ -85,7 +85,7 @@ Criterion::Criterion(NameCondition condition) {
 
 Criterion::Criterion(DateCondition condition) {
   if (auto* span = std::get_if<TimeSpan>(&condition.when)) *span = bounded(*span);
-  value_ = std::move(condition);
+  value_ = condition;
 }
 
 Criterion::Criterion(SizeCondition condition)

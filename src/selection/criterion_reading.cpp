@@ -23,7 +23,7 @@ class CriterionReader {
     if (token_.form == Form::end) return Criterion();
     auto criterion = disjunction(0);
     if (criterion && token_.form != Form::end)
-      criterion = refuse("\"and\", \"or\", another condition or the end");
+      criterion = refuse(R"("and", "or", another condition or the end)");
     if (!criterion) return error_;
     return *std::move(criterion);
   }
@@ -188,7 +188,7 @@ class CriterionReader {
 
   std::optional<std::string> takenText(std::string_view expected) {
     if (token_.form != Form::word && token_.form != Form::quoted) return refuse(expected);
-    auto text = std::move(token_.value);
+    auto text = std::exchange(token_.value, {});
     advance();
     return text;
   }
@@ -316,7 +316,7 @@ class CriterionReader {
       }
     }
     if (token_.form != Form::word || !moments::readDay(token_.value)) {
-      return refuse("a time frame such as today, this-week or last-7-days, a date, \"since\" or \"before\"");
+      return refuse(R"(a time frame such as today, this-week or last-7-days, a date, "since" or "before")");
     }
     const auto start = token_.start;
     const auto first = takenDay();

@@ -99,7 +99,7 @@ std::string text(const Combination& combination) {
   if (count == 0) return std::string(isAll ? words::everything : words::nothing);
   const auto word = isAll ? words::conjunction : words::disjunction;
   const auto joint = std::string(" ").append(word).append(" ");
-  const auto all = listed(combination.members, joint, [&](const Criterion& member) {
+  auto all = listed(combination.members, joint, [&](const Criterion& member) {
     const auto* inner = std::get_if<Combination>(&member.alternatives());
     // "and" binds closer than "or", and "not" closest.
     const bool isOpen = inner && inner->members.size() > 1 && inner->of != Combination::Of::none &&
