@@ -238,13 +238,13 @@ class CriterionReader {
     const auto start = token_.start;
     constexpr std::string_view expected = "a size such as 1.5 GB, 700MiB or 0";
     if (token_.form != Form::word) return refuse(expected);
-    const auto word = std::move(token_.value);
+    const auto word = std::exchange(token_.value, {});
     const auto numberEnd = std::min(word.find_first_not_of("0123456789."), word.size());
     auto unit = word.substr(numberEnd);
     advance();
     if (isAt(Form::symbol, ",")) return refuse("a decimal point instead");
     if (unit.empty() && token_.form == Form::word && isSizeUnit(token_.value)) {
-      unit = std::move(token_.value);
+      unit = std::exchange(token_.value, {});
       advance();
     }
     const auto size = writtenSize(std::string_view(word).substr(0, numberEnd), unit);
