@@ -70,7 +70,7 @@ struct QUILLONIC_EXPORT OffloadReport {
   }
   /// The number of items of a target in a state.
   std::size_t count(std::size_t target, CopyState state) const noexcept;
-  /// Whether every item is in every target, copied, verified or found.
+  /// Whether every item is in every target, copied, verified or found: none is unheld.
   bool isGood() const noexcept;
 };
 
@@ -92,15 +92,16 @@ struct RunOptions {
   /// outlive the run.
   const ChecksumKind* checksum = nullptr;
   /// By target: lists of earlier runs. A copy that is there with size and date, and in the list with these
-  /// and a checksum, counts as verified. Other copies that are there are verified anew, against the source.
+  /// and a checksum, counts as verified, whoever made the list: one that came with the source says nothing of
+  /// the copies. Other copies that are there are verified anew, against the source.
   std::vector<HashList> verified = {};
   /// Called on the thread of each step, so on several at once if steps run so; without new bytes while only
   /// the source is read. False stops all steps.
   std::function<bool(const OffloadProgress&)> progress = {};
 };
 
-/// One run. An item gets its name and its date in a target when its bytes are on the volume and verified; so
-/// what is there with size and date is whole, and a later run of the same or a new plan copies only the rest.
+/// One run. An item gets its name in a target when its bytes are on the volume and verified; so what is there
+/// with size and date is whole, and a later run of the same or a new plan copies only the rest.
 /// Nothing is ever replaced: another item under the name is `OffloadError::nameIsTaken`, unless it is a file
 /// of the same size and, by its checksum, the same bytes. Nothing is written where a target's volume was
 /// pulled or is not mounted as planned, and nothing is good in a target that was moved or unmounted
