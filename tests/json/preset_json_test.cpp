@@ -1,10 +1,12 @@
 #include <quillonic/preset_json.hpp>
 #include <quillonic/transcode_cli.hpp>
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
 #include <sys/stat.h>
+#include <system_error>
 
 #include "error_of.hpp"
 #include "temporary_folder.hpp"
@@ -84,8 +86,10 @@ TEST(PresetJson, LoadsAFolderAndTellsWhatIsBroken) {
             "d.json: cannot decode 'name': the key is missing\n"
             "e.json: cannot decode '-out': the option belongs to a job, not to a preset\n"
             "i.json: larger than 1 MiB\n"
-            "j.json: No such file or directory\n"
-            "k.json: not a regular file\n");
+            "j.json: " +
+                std::system_category().message(ENOENT) +
+                "\n"
+                "k.json: not a regular file\n");
   EXPECT_EQ(errorOf(loadJsonPresets, folder / "missing"), std::errc::no_such_file_or_directory);
 }
 

@@ -1,9 +1,10 @@
 #include <quillonic/lut.hpp>
 
 #include <algorithm>
-#include <cstdio>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iomanip>
+#include <locale>
 #include <random>
 #include <sstream>
 #include <string>
@@ -29,10 +30,10 @@ const std::string csp = "CSPLUTV100\n3D\n";
 const std::string noShaper = "0\n\n\n0\n0\n";
 
 std::string numbersOf(const Rgb& color) {
-  char text[96];
-  std::snprintf(text, sizeof text, "%.5g %.5g %.5g", static_cast<double>(color[0]),
-                static_cast<double>(color[1]), static_cast<double>(color[2]));
-  return text;
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  text << std::setprecision(5) << color[0] << ' ' << color[1] << ' ' << color[2];
+  return text.str();
 }
 
 // Kind and sizes, and what becomes of a colour.

@@ -1,5 +1,6 @@
 #include <quillonic/transcode_cli.hpp>
 
+#include <charconv>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
@@ -218,7 +219,9 @@ TEST(TranscodeOptions, AFloatIsWrittenByItsOwnShortestText) {
   for (float number = 0.1F; number < 1e9F; number *= 1.37F) {
     model.setVideoBitRate(number);
     const auto text = model.argumentFlagValue("-vbr").value_or("");
-    EXPECT_EQ(std::stof(std::string(text)), number);
+    float read = 0;
+    std::from_chars(text.data(), text.data() + text.size(), read);
+    EXPECT_EQ(read, number);
     EXPECT_LE(text.size(), 12U) << text;  // nine digits are enough
   }
   model.setVideoFrameRate(std::optional(0.1F));
