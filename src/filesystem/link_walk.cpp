@@ -139,8 +139,7 @@ class LinkWalk {
   bool isInPlace(Level& level) {
     const auto there = items::status(level.physical);
     if (!level.status) level.status = items::status(".", folders_.last()).asOptional();
-    const bool isIt =
-        level.status && there && level.status->device == there->device && level.status->inode == there->inode;
+    const bool isIt = level.status && there && items::areSame(*level.status, *there);
     if (!there || isIt) return true;
     missFolder(level.shown, items::systemError(std::errc::no_such_file_or_directory));
     return false;

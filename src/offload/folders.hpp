@@ -25,6 +25,13 @@ inline Result<SharedFolder> openedRoot(const std::filesystem::path& root) {
   return std::make_shared<const items::Folder>(*std::move(folder));
 }
 
+// Whether a path, whose final link is not followed, names an open folder: another volume may be there by now.
+inline bool isNameOf(const std::string& path, const items::Folder& folder) {
+  const auto open = items::status(".", &folder);
+  const auto named = items::status(path);
+  return open && named && items::areSame(*open, *named);
+}
+
 // Remembers the last folder, since items come in the order of their folders.
 class FoldersBelow {
  public:

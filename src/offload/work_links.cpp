@@ -24,7 +24,7 @@ bool isMade(const LinkReplica& replica, const items::Status& there) {
              standardizedResolvedAliasReference(replica.place) == replica.target;
     case LinkForm::hardName: {
       const auto other = items::status(replica.target.native());
-      return other && other->device == there.device && other->inode == there.inode;
+      return other && items::areSame(*other, there);
     }
     case LinkForm::copy:
       break;
@@ -44,8 +44,7 @@ std::error_code OffloadRun::Work::errorOfFirstName(const PlannedItem& item, std:
   const auto one = items::status(plan_.source + "/" + item.origin);
   const auto other = items::status(plan_.source + "/" + item.path);
   if (!one || !other) return one ? other.error() : one.error();
-  const bool isSame = one->device == other->device && one->inode == other->inode;
-  return isSame ? std::error_code() : OffloadError::sourceChanged;
+  return items::areSame(*one, *other) ? std::error_code() : OffloadError::sourceChanged;
 }
 
 void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& folders) {
@@ -54,10 +53,9 @@ void OffloadRun::Work::makeLink(std::size_t index, std::size_t t, FoldersBelow& 
   const auto path = target.writtenPath(item.path);
   // Links are made by paths, which may mean another volume by now.
   const auto folder = folders.folderOf(path);
-  const auto open = items::status(".", folder ? folder->get() : nullptr);
-  const auto named = items::status((fs::path(target.root) / path).parent_path().native());
-  if (!folder || !open || !named || open->device != named->device || open->inode != named->inode) {
-    return fail(index, t, folder ? items::systemError(std::errc::no_such_device) : folder.error());
+  if (!folder) return fail(index, t, folder.error());
+  if (!isNameOf((fs::path(target.root) / path).parent_path(), **folder)) {
+    return fail(index, t, items::systemError(std::errc::no_such_device));
   }
   const LinkReplication how{.source = plan_.source,
                             .copy = target.root,

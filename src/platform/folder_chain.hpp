@@ -39,7 +39,7 @@ class FolderChain {
     const auto status = above ? items::status(".", StatusParts{}, &*above) : above.error();
     if (!status) return status.error();
     auto& place = places_.back();
-    if (!place.status || place.status->device != status->device || place.status->inode != status->inode) {
+    if (!place.status || !areSame(*place.status, *status)) {
       return systemError(std::errc::no_such_file_or_directory);
     }
     place.folder.emplace(*std::move(above));

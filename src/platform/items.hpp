@@ -47,6 +47,11 @@ struct Status {
   std::optional<bool> isMountPoint;
 };
 
+// Whether two statuses are those of one item.
+inline bool areSame(const Status& a, const Status& b) noexcept {
+  return a.device == b.device && a.inode == b.inode;
+}
+
 // What a status is asked for, beside the type and the device. A server need not be asked for the rest.
 struct StatusParts {
   bool size = false;
