@@ -88,7 +88,7 @@ void OffloadRun::Work::makeGroups() {
   std::size_t count = 0;
   for (std::size_t i = 0; i < plan_.items.size(); ++i) {
     const auto& item = plan_.items[i];
-    if (item.kind != PlannedKind::file && item.kind != PlannedKind::hardName) continue;
+    if (!isFile(item)) continue;
     const bool isFull = count == greatestCount || bytes + item.size > greatestGroupBytes;
     if (groups_.empty() || isFull) {
       groups_.push_back({i, i});
@@ -138,11 +138,9 @@ void OffloadRun::Work::makeFolders() {
 
 // An error when the path of a target's root no longer names the folder that is open.
 std::error_code OffloadRun::Work::errorOfPlace(const Target& target) {
-  const auto open = items::statusOfOpen((*target.root)->descriptor());
   const auto place = items::canonical(target.plan->root);
-  const auto named = place ? items::status(*place) : place.error();
-  const bool isSame = open && named && open->device == named->device && open->inode == named->inode;
-  return isSame ? std::error_code() : items::systemError(std::errc::no_such_device);
+  const bool isThere = place && isNameOf(*place, **target.root);
+  return isThere ? std::error_code() : items::systemError(std::errc::no_such_device);
 }
 
 const OffloadReport& OffloadRun::Work::finish() {

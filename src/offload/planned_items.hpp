@@ -15,6 +15,11 @@ inline Date modificationDateOf(const PlannedItem& item) {
   return Date(std::chrono::nanoseconds(item.modified));
 }
 
+// Whether an item is a name of a regular file, whose bytes may have to be copied.
+inline bool isFile(const PlannedItem& item) {
+  return item.kind == PlannedKind::file || item.kind == PlannedKind::hardName;
+}
+
 // Whether a volume gets a copy of an item's bytes: also of a further name of a file, where it holds no links.
 inline bool isCopied(const PlannedItem& item, const VolumeTraits& volume) {
   return item.kind == PlannedKind::file || (item.kind == PlannedKind::hardName && !volume.holdsHardLinks);

@@ -82,6 +82,7 @@ class OffloadRun::Work {
   void copyItems(Group items, Folders& folders);
   void sync(std::vector<Pending>& pending);
   void complete(Pending& pending);
+  void setChecksum(std::size_t item, const std::string& checksum);
   std::error_code verify(const SourceFile& copy, std::size_t item, std::size_t target,
                          const std::string& checksum);
   void makeLinks();

@@ -81,10 +81,7 @@ void OffloadRun::Work::copyItem(std::size_t index, Folders& folders, std::vector
     if (const auto error = next.copying.write(*source, options_.checksum, report)) {
       return failAll(index, error);
     }
-    if (next.copying.checksum()) {
-      report_.checksums[index] = *next.copying.checksum();
-      report_.dates[index] = wholeSeconds(std::chrono::system_clock::now());
-    }
+    if (next.copying.checksum()) setChecksum(index, *next.copying.checksum());
   }
   verifyFound(index, *source, unverified, folders, next.copying.checksum());
   if (!next.targets.empty()) pending.push_back(std::move(next));
@@ -103,6 +100,11 @@ std::error_code OffloadRun::Work::verify(const SourceFile& copy, std::size_t ite
   return *read == checksum ? std::error_code() : OffloadError::contentDiffers;
 }
 
+void OffloadRun::Work::setChecksum(std::size_t item, const std::string& checksum) {
+  report_.checksums[item] = checksum;
+  report_.dates[item] = wholeSeconds(std::chrono::system_clock::now());
+}
+
 // Verifies copies of an earlier run, of which nobody knows whether they were.
 void OffloadRun::Work::verifyFound(std::size_t index, const SourceFile& source,
                                    const std::vector<std::size_t>& targets, Folders& folders,
@@ -115,8 +117,7 @@ void OffloadRun::Work::verifyFound(std::size_t index, const SourceFile& source,
       return failAll(index, read ? OffloadError::sourceChanged : read.error());
     }
     checksum = *std::move(read);
-    report_.checksums[index] = *checksum;
-    report_.dates[index] = wholeSeconds(std::chrono::system_clock::now());
+    setChecksum(index, *checksum);
   }
   for (const auto t : targets) {
     const auto path = targets_[t].plan->writtenPath(plan_.items[index].path);
@@ -172,8 +173,7 @@ void OffloadRun::Work::complete(Pending& pending) {
 void OffloadRun::Work::copyItems(Group items, Folders& folders) {
   std::vector<Pending> pending;
   for (auto item = items.begin; item < items.end && !isStopped_; ++item) {
-    const auto kind = plan_.items[item].kind;
-    if (kind == PlannedKind::file || kind == PlannedKind::hardName) copyItem(item, folders, pending);
+    if (isFile(plan_.items[item])) copyItem(item, folders, pending);
   }
   // After a stop, what still has to be verified is dropped: nothing needs to wait for its volume.
   if (!isStopped_ || !options_.checksum) sync(pending);
@@ -188,19 +188,17 @@ void OffloadRun::Work::run(std::size_t step) {
     copyItems(group, opened);
   }
   for (auto item = group.begin; item < group.end; ++item) {
-    const auto isWaiting = [&](std::size_t t) {
-      const auto error = copyOf(item, t).error;
-      return error == std::errc::too_many_files_open || error == std::errc::file_exists;
-    };
-    // Files for which the process had no descriptor left are copied one at a time, while no other step has any
-    // open. A file whose name was taken meanwhile, by another program that copies it, is compared.
-    bool isAnyWaiting = false;
+    if (!isFile(plan_.items[item])) continue;
+    // Files for which the process had no descriptor left are copied one at a time, while no other step has
+    // any open. A file whose name was taken meanwhile, by another program that copies it, is compared.
+    bool isLeft = false;
     for (std::size_t t = 0; t < targets_.size(); ++t) {
-      if (!isWaiting(t)) continue;
-      copyOf(item, t) = {};
-      isAnyWaiting = true;
+      auto& copy = copyOf(item, t);
+      if (copy.error != std::errc::too_many_files_open && copy.error != std::errc::file_exists) continue;
+      copy = {};
+      isLeft = true;
     }
-    if (!isAnyWaiting) continue;
+    if (!isLeft) continue;
     const std::unique_lock lock(descriptors_);
     copyItems({item, item + 1}, opened);
     for (std::size_t t = 0; t < targets_.size(); ++t) {

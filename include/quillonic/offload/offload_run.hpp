@@ -92,8 +92,8 @@ struct RunOptions {
   /// outlive the run.
   const ChecksumKind* checksum = nullptr;
   /// By target: lists of earlier runs. A copy that is there with size and date, and in the list with these
-  /// and a checksum, counts as verified, whoever made the list: one that came with the source says nothing of
-  /// the copies. Other copies that are there are verified anew, against the source.
+  /// and a checksum, counts as verified. A list that came with the source says nothing of the copies: do not
+  /// pass it. Other copies that are there are verified anew, against the source.
   std::vector<HashList> verified = {};
   /// Called on the thread of each step, so on several at once if steps run so; without new bytes while only
   /// the source is read. False stops all steps.
